@@ -1,0 +1,71 @@
+// What the drawing is painted from. Each entity turns itself into primitives once; the view, previews and
+// files are painters of the same primitives.
+#pragma once
+
+#include <array>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "host/text/layout.h"
+#include "kd/ge/extents.h"
+#include "kd/ge/point3d.h"
+
+class KdDbDatabase;
+class KdDbEntity;
+
+namespace kdhost::draw {
+
+/// Red, green, blue, 0 to 255 each; `foreground` means black on white paper, white on a black screen.
+struct Color {
+    int red = 0;
+    int green = 0;
+    int blue = 0;
+    bool foreground = false;
+
+    friend bool operator==(const Color&, const Color&) = default;
+};
+
+struct Polyline {
+    std::vector<KdGePoint3d> points;
+    Color color;
+    int lineWeight = 0;          ///< hundredths of a millimetre; 0 is the thinnest line
+    std::vector<double> dashes;  ///< drawing units; empty for a continuous line
+};
+
+struct Polygon {
+    std::vector<KdGePoint3d> points;
+    Color color;
+};
+
+struct Text {
+    std::wstring text;
+    KdGePoint3d origin;      ///< left end of the baseline
+    KdGeVector3d direction;  ///< of the baseline, length 1
+    double height = 0.0;     ///< of a capital letter
+    double width = 0.0;      ///< of the run as measured
+    text::Font font;
+    Color color;
+    bool underline = false;
+    bool overline = false;
+    bool strike = false;
+};
+
+using Primitive = std::variant<Polyline, Polygon, Text>;
+using Primitives = std::vector<Primitive>;
+
+/// What an entity's looks depend on beside itself.
+struct Options {
+    bool lineWeights = false;  ///< the variable "LWDISPLAY"
+    bool selections = false;   ///< selected cells show their frame, grips and indicators
+};
+
+/// Primitives of one entity, in the order of painting. An invisible entity has none.
+Primitives primitivesOf(const KdDbEntity& entity, const Options& options);
+
+/// All entities of the model space, in drawing order.
+Primitives primitivesOf(const KdDbDatabase& database, const Options& options);
+
+KdDbExtents extentsOf(const Primitives& primitives);
+
+}  // namespace kdhost::draw

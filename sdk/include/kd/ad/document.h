@@ -1,0 +1,55 @@
+// Documents: the open drawings.
+#pragma once
+
+#include <string>
+
+#include "kd/db/objectid.h"
+#include "kd/rx/errorstatus.h"
+
+class KdApDocument;
+class KdDbDatabase;
+
+/// Told of what happens to documents.
+class KdApDocManagerReactor {
+public:
+    virtual ~KdApDocManagerReactor();
+    virtual void documentCreated(KdApDocument* document);
+    virtual void documentToBeActivated(KdApDocument* document);
+    virtual void documentActivated(KdApDocument* document);
+    virtual void documentToBeDeactivated(KdApDocument* document);
+    virtual void documentToBeDestroyed(KdApDocument* document);
+    virtual void documentDestroyed(const wchar_t* fileName);
+};
+
+/// One open drawing.
+class KdApDocument {
+public:
+    virtual ~KdApDocument();
+    virtual KdDbDatabase* database() const = 0;
+    virtual const wchar_t* fileName() const = 0;
+};
+
+class KdApDocManager {
+public:
+    virtual ~KdApDocManager();
+    /// A reactor is told from now on, once however often it is added. It stays its maker's.
+    virtual void addReactor(KdApDocManagerReactor* reactor) = 0;
+    virtual void removeReactor(KdApDocManagerReactor* reactor) = 0;
+    virtual int documentCount() const = 0;
+    /// Null when no drawing is open.
+    virtual KdApDocument* curDocument() const = 0;
+    /// Puts text into the input queue of the document, ahead of what comes from outside.
+    virtual Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text) = 0;
+};
+
+/// Null before the host has started.
+KdApDocManager* kdDocManagerPtr();
+
+/// What the host keeps about a document for its modules.
+struct KdadDocData {
+    /// The table whose toolbar stands open; null when none does.
+    KdDbObjectId m_tableId;
+};
+
+/// The record of the active document; null when no drawing is open.
+KdadDocData* GetKdadAppCtxActiveDocData();

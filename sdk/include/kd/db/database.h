@@ -1,0 +1,95 @@
+// A drawing: its objects, its tables of names, its variables.
+#pragma once
+
+#include <memory>
+
+#include "kd/db/object.h"
+
+class KdDbBlockTable;
+class KdDbDictionary;
+class KdDbLayerTable;
+class KdDbLinetypeTable;
+class KdDbTextStyleTable;
+
+class KdDbDatabase {
+public:
+    /// `buildDefaults` makes what every drawing holds (the symbol tables with their required records, the
+    /// model and paper space, the dictionaries, table style "Standard"); without it the database stays
+    /// empty for a file to be read into. `noDocument` is true for a drawing that belongs to no document.
+    explicit KdDbDatabase(bool buildDefaults = true, bool noDocument = false);
+    ~KdDbDatabase();
+    KdDbDatabase(const KdDbDatabase&) = delete;
+    KdDbDatabase& operator=(const KdDbDatabase&) = delete;
+
+    /// Each opens the table or dictionary; a failure leaves the pointer null.
+    Kdad::ErrorStatus getBlockTable(KdDbBlockTable*& table, KdDb::OpenMode mode = KdDb::kForRead);
+    Kdad::ErrorStatus getLayerTable(KdDbLayerTable*& table, KdDb::OpenMode mode = KdDb::kForRead);
+    Kdad::ErrorStatus getLinetypeTable(KdDbLinetypeTable*& table, KdDb::OpenMode mode = KdDb::kForRead);
+    Kdad::ErrorStatus getTextStyleTable(KdDbTextStyleTable*& table, KdDb::OpenMode mode = KdDb::kForRead);
+    Kdad::ErrorStatus getNamedObjectsDictionary(KdDbDictionary*& dictionary, KdDb::OpenMode mode = KdDb::kForRead);
+    Kdad::ErrorStatus getTableStyleDictionary(KdDbDictionary*& dictionary, KdDb::OpenMode mode = KdDb::kForRead);
+
+    KdDbObjectId blockTableId() const;
+    KdDbObjectId layerTableId() const;
+    KdDbObjectId linetypeTableId() const;
+    KdDbObjectId textStyleTableId() const;
+    KdDbObjectId namedObjectsDictionaryId() const;
+    KdDbObjectId tableStyleDictionaryId() const;
+
+    /// The current layer, line type, text style and table style of new objects.
+    KdDbObjectId clayer() const;
+    void setClayer(KdDbObjectId layer);
+    KdDbObjectId celtype() const;
+    KdDbObjectId textstyle() const;
+    void setTextstyle(KdDbObjectId style);
+    KdDbObjectId tablestyle() const;
+    void setTablestyle(KdDbObjectId style);
+    KdDbObjectId byLayerLinetype() const;
+    KdDbObjectId byBlockLinetype() const;
+    KdDbObjectId continuousLinetype() const;
+    KdDbObjectId layerZero() const;
+
+    /// True while the model space is the current space.
+    bool tilemode() const;
+    /// The block table record that new entities go to.
+    KdDbObjectId currentSpaceId() const;
+    KdDbObjectId modelSpaceId() const;
+    KdDbObjectId paperSpaceId() const;
+
+    /// True when the drawing's lengths are metric.
+    bool measurementIsMetric() const;
+
+    /// Puts an object without a place of its own into the database. The database owns it from now on, and
+    /// it stays open for write. eAlreadyInDatabase when it has a place.
+    Kdad::ErrorStatus addKdDbObject(KdDbObject* object, KdDbObjectId& id, KdDbObjectId owner = KdDbObjectId::kNull);
+
+private:
+    friend struct KdDbDatabaseAccess;  ///< the host's way in
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+/// What the host as an application offers to the database and to modules.
+class KdCommandLineState;
+
+class KdDbHostApplicationServices {
+public:
+    virtual ~KdDbHostApplicationServices();
+    /// The database that commands work on; null when no document is open.
+    virtual KdDbDatabase* workingDatabase() const = 0;
+    virtual void setWorkingDatabase(KdDbDatabase* database) = 0;
+    /// Null when the host has no command line.
+    virtual const KdCommandLineState* commandLineState() const = 0;
+};
+
+/// Whether the command line is on, so that a command may ask there instead of in a dialog.
+class KdCommandLineState {
+public:
+    virtual ~KdCommandLineState();
+    virtual bool isOn() const = 0;
+};
+
+/// Null before the host has started.
+KdDbHostApplicationServices* kddbHostApplicationServices();
+/// For the host's start and for tests; the services stay the caller's.
+void kddbSetHostApplicationServices(KdDbHostApplicationServices* services);

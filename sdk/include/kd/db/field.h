@@ -1,0 +1,48 @@
+// A field: a code and its evaluated text.
+#pragma once
+
+#include "kd/db/object.h"
+#include "kd/rx/array.h"
+#include "kd/rx/kdstring.h"
+
+class KdDbField : public KdDbObject {
+public:
+    KDRX_DECLARE_MEMBERS(KdDbField)
+
+    /// How a code is read or set.
+    enum FieldCodeFlag : int {
+        kFieldCode = 0,       ///< the code as set
+        kEvaluatedText = 2,   ///< the evaluated text
+        kTextField = 256,     ///< on setting: text with `%<\_FldIdx n>%` marks for the given children
+        kAddChildren = 4096,  ///< the code with the children's codes in place of the marks
+    };
+    enum EvalOption : int {
+        kDisable = 0,
+        kOnOpen = 1,
+        kOnSave = 2,
+        kOnPlot = 4,
+        kOnEtransmit = 8,
+        kOnRegen = 16,
+        kOnDemand = 32,
+        kAutomatic = 63,  ///< on all of these occasions
+    };
+
+    KdDbField();
+
+    /// eInvalidInput for a null code.
+    Kdad::ErrorStatus setFieldCode(const wchar_t* code, FieldCodeFlag flag = kFieldCode,
+                                   KdArray<KdDbField*>* children = nullptr);
+    /// An empty text when there is none.
+    KdString getFieldCode(FieldCodeFlag flag, KdArray<KdDbField*>* children = nullptr,
+                          KdDb::OpenMode mode = KdDb::kForRead) const;
+    /// The same; the caller frees the text with kdutDelBuffer.
+    Kdad::ErrorStatus getFieldCode(wchar_t*& code, FieldCodeFlag flag, KdArray<KdDbField*>* children = nullptr,
+                                   KdDb::OpenMode mode = KdDb::kForRead) const;
+    int childCount() const;
+    /// The child, opened when it is in a database. eInvalidIndex when there is no such child.
+    Kdad::ErrorStatus getChild(int index, KdDbField*& child, KdDb::OpenMode mode) const;
+    Kdad::ErrorStatus setEvaluationOption(EvalOption option);
+    EvalOption evaluationOption() const;
+    /// Puts the field and its children into the database. eAlreadyInDatabase when it has a place.
+    Kdad::ErrorStatus postInDatabase(KdDbDatabase* database);
+};

@@ -1,0 +1,101 @@
+// Objects of a drawing database, and the discipline of opening and closing them.
+//
+// Many readers or one writer. An object is opened by its id, used, and closed in the same scope; a pointer
+// from kddbOpenObject means nothing after close(). An object that is in no database is its maker's: it may
+// be read and written freely, close() does nothing, and its maker deletes it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "kd/db/dbenums.h"
+#include "kd/db/objectid.h"
+#include "kd/rx/errorstatus.h"
+#include "kd/rx/object.h"
+
+class KdDbDatabase;
+class KdDbEntity;
+class KdDbField;
+class KdDbIdMapping;
+class KdDbObject;
+struct KdDbObjectState;  ///< what an object holds; the host's own
+struct KdDbOpenRecord;   ///< who has the object open; the host's own
+
+/// Told of what happens to one object. The host calls it between operations, never while the object is open.
+class KdDbObjectReactor {
+public:
+    virtual ~KdDbObjectReactor();
+    /// Once for each open that changed the object, a table's sub-selection included, at its close.
+    virtual void modified(const KdDbObject* object);
+    virtual void erased(const KdDbObject* object, bool erasing);
+    /// The object is about to leave memory with its database.
+    virtual void goodbye(const KdDbObject* object);
+};
+
+class KdDbObject : public KdRxObject {
+public:
+    KDRX_DECLARE_MEMBERS(KdDbObject)
+    ~KdDbObject() override;
+    KdDbObject(const KdDbObject&) = delete;
+    KdDbObject& operator=(const KdDbObject&) = delete;
+
+    /// Null while the object is in no database.
+    KdDbObjectId objectId() const;
+    KdDbObjectId ownerId() const;
+    KdDbDatabase* database() const;
+    /// Unique in its database, kept by files; 0 while the object is in no database.
+    std::uint64_t handle() const;
+
+    /// Ends one open. eNotOpenForRead when the object isn't open.
+    Kdad::ErrorStatus close();
+    /// From the only read open to a write open. eWasOpenForRead when there are other readers, eOk when it
+    /// is open for write already.
+    Kdad::ErrorStatus upgradeOpen();
+    /// From a write open to a read open; repeating it is harmless.
+    Kdad::ErrorStatus downgradeOpen();
+    bool isReadEnabled() const;
+    bool isWriteEnabled() const;
+    bool isErased() const;
+
+    /// Needs a write open. An erased object can be opened only by those who ask for erased ones; false
+    /// brings it back.
+    Kdad::ErrorStatus erase(bool erasing = true);
+
+    /// Reactors are transient: they may be changed under any open, and are no part of undo or of files.
+    void addReactor(KdDbObjectReactor* reactor) const;
+    void removeReactor(KdDbObjectReactor* reactor) const;
+
+    /// Null when the object has none.
+    KdDbObjectId extensionDictionary() const;
+    /// eOk also when it has one already.
+    Kdad::ErrorStatus createExtensionDictionary();
+    /// Whether a field is attached to the object as a whole.
+    bool hasFields() const;
+    /// The attached field, opened; eKeyNotFound when there is none.
+    Kdad::ErrorStatus getField(KdDbField*& field, KdDb::OpenMode mode) const;
+
+    /// Takes over everything that `source` holds, its identity and place excepted. The two must be of one
+    /// class; eNotThatKindOfClass otherwise.
+    virtual Kdad::ErrorStatus copyFrom(const KdRxObject* source);
+    /// Clones the object into `owner` (a block table record, dictionary or symbol table open for write, of
+    /// the mapping's destination) and enters the pair into the mapping. The clone stays open for write.
+    /// `primary` tells that the object itself was asked for, not one that hangs on it.
+    virtual Kdad::ErrorStatus deepClone(KdDbObject* owner, KdDbObject*& clone, KdDbIdMapping& mapping,
+                                        bool primary = true) const;
+
+protected:
+    explicit KdDbObject(std::unique_ptr<KdDbObjectState> state);
+
+    friend struct KdDbObjectAccess;  ///< the host's way in
+    std::unique_ptr<KdDbObjectState> m_state;
+    std::unique_ptr<KdDbOpenRecord> m_open;
+};
+
+/// Opens an object. Failure values, with `object` null: eNullObjectId, eUnknownId, eWasErased (unless
+/// `openErased`), eWasOpenForWrite, and for a write also eWasOpenForRead.
+Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false);
+/// Fails with eNotThatKindOfClass unless the object is of class `cls`.
+Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
+                                 const KdRxClass* cls);
+/// Fails with eNotThatKindOfClass unless the object is an entity.
+Kdad::ErrorStatus kddbOpenObject(KdDbEntity*& entity, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false);

@@ -1,0 +1,9 @@
+// User and world coordinates.
+#pragma once
+
+#include "kd/ge/point3d.h"
+
+/// From the current user coordinate system to world coordinates. A non-zero third argument converts
+/// positions, 0 directions. False never happens with a drawing open.
+bool kddbUcs2Wcs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint);
+bool kddbWcs2Ucs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint);

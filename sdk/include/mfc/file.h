@@ -1,0 +1,81 @@
+// CFile and CStdioFile: files under the class framework's names.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "win32/types.h"
+
+/// What a file operation throws. `cause` is the errno of the failed call.
+class CFileException {
+public:
+    CFileException(int cause, std::wstring fileName) : m_cause(cause), m_fileName(std::move(fileName)) {}
+    int cause() const { return m_cause; }
+    const std::wstring& fileName() const { return m_fileName; }
+
+private:
+    int m_cause;
+    std::wstring m_fileName;
+};
+
+/// A file of bytes, not buffered.
+class CFile {
+public:
+    /// Bits of the open flags.
+    enum OpenFlags : UINT {
+        modeRead = 0x0000,
+        modeWrite = 0x0001,
+        modeReadWrite = 0x0002,
+        modeCreate = 0x1000,  ///< makes the file, and empties one that is there
+        modeNoTruncate = 0x2000,
+        typeText = 0x4000,
+        typeBinary = 0x8000,
+    };
+    enum SeekPosition : UINT { begin = 0, current = 1, end = 2 };
+
+    CFile();
+    /// Opens the file; throws CFileException when that fails.
+    CFile(const wchar_t* path, UINT flags);
+    /// Closes the file, if open; a failure to write the rest is not reported here.
+    virtual ~CFile();
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+
+    /// False, with the cause in `error` when it isn't null, on failure.
+    virtual bool Open(const wchar_t* path, UINT flags, CFileException* error = nullptr);
+    /// Returns the number of bytes read, less than `count` only at the end of the file. Throws.
+    virtual UINT Read(void* buffer, UINT count);
+    /// Writes all bytes or throws.
+    virtual void Write(const void* buffer, UINT count);
+    /// Returns the new position from the start. Throws.
+    virtual std::uint64_t Seek(std::int64_t offset, UINT from);
+    virtual std::uint64_t GetPosition() const;
+    virtual std::uint64_t GetLength() const;
+    /// Hands everything written so far to the system. Throws.
+    virtual void Flush();
+    /// Flushes and closes. Throws when the rest can't be written; the file is closed all the same.
+    virtual void Close();
+
+    bool isOpen() const;
+    const std::wstring& GetFilePath() const { return m_path; }
+
+protected:
+    struct Handle;
+    /// `buffered` asks for a buffer below the file class, as CStdioFile has.
+    explicit CFile(bool buffered);
+
+private:
+    std::unique_ptr<Handle> m_handle;
+    std::wstring m_path;
+    bool m_buffered = false;
+};
+
+/// A file of text, buffered.
+class CStdioFile : public CFile {
+public:
+    CStdioFile();
+    CStdioFile(const wchar_t* path, UINT flags);
+    ~CStdioFile() override;
+};
