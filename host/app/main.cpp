@@ -1,0 +1,3 @@
+// kdhost: the program.
+
+int main() { return 0; }

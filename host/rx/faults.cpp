@@ -1,0 +1,12 @@
+// The one set of faults.
+
+#include "host/rx/faults.h"
+
+namespace kdhost {
+
+Faults& faults() {
+    static Faults instance;
+    return instance;
+}
+
+}  // namespace kdhost
