@@ -1,0 +1,67 @@
+// Tests of a table's current selection.
+
+#include "kd/db/symboltable.h"
+#include "kd/db/table.h"
+#include "module/core/cellwalk.h"
+#include "module/core/openobject.h"
+#include "module/core/tablecommon.h"
+
+using cellwalk::anyCell;
+
+KdCellRange CVqTableCommon::GetSubSelection(KdDbObjectId table) {
+    const OpenObject<KdDbTable> open(table, KdDb::kForRead);
+    return open ? open->getSubSelection() : KdCellRange{};
+}
+
+bool CVqTableCommon::IsSingleCell(const KdDbTable* table) {
+    if (table == nullptr) return false;
+    const KdCellRange selection = table->getSubSelection();
+    return CKdTableCellRange(selection).numCells() < 2 ||
+           selection == table->getMergeRange(selection.m_topRow, selection.m_leftColumn);
+}
+
+bool CVqTableCommon::CanMergeCells(const KdDbTable* table) {
+    if (table == nullptr || IsSingleCell(table)) return false;
+    const auto isFixed = [&](int row, int column) { return !table->isContentEditable(row, column); };
+    return !anyCell(*table, table->getSubSelection(), isFixed);
+}
+
+bool CVqTableCommon::CanUnMergeCells(const KdDbTable* table) {
+    if (table == nullptr) return false;
+    bool merged = false;
+    bool editable = false;
+    return anyCell(*table, table->getSubSelection(), [&](int row, int column) {
+        merged = merged || table->isMergedCell(row, column);
+        editable = editable || table->isContentEditable(row, column);
+        return merged && editable;
+    });
+}
+
+int CVqTableCommon::CanColumnSizeEqually(const KdDbTable* table) {
+    return table == nullptr ? 0 : CKdTableCellRange(table->getSubSelection()).numColumns();
+}
+
+int CVqTableCommon::CanRowSizeEqually(const KdDbTable* table) {
+    return table == nullptr ? 0 : CKdTableCellRange(table->getSubSelection()).numRows();
+}
+
+bool CVqTableCommon::GetReadOnlyState(const KdDbTable* table, bool& content, bool& format) {
+    content = false;
+    format = false;
+    if (table == nullptr) return false;
+    anyCell(*table, table->getSubSelection(), [&](int row, int column) {
+        content = content || table->isContentEditable(row, column);
+        format = format || table->isFormatEditable(row, column);
+        return content && format;
+    });
+    return true;
+}
+
+bool CVqTableCommon::IsTableLocking(KdDbObjectId table) {
+    OpenObject<KdDbTable> open(table, KdDb::kForRead);
+    if (!open) return false;
+    const KdDbObjectId layerId = open->layerId();
+    open.close();
+    const OpenObject<KdDbLayerTableRecord> layer(layerId, KdDb::kForRead);
+    return layer && layer->isLocked();
+}
