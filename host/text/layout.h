@@ -1,6 +1,6 @@
 // Text of a drawing: parsed once into runs, wrapped into lines, measured. All lengths are drawing units; the
-// height of a text is the height of a capital letter. y counts upwards from the baseline of the last line's
-// box bottom, x from the left edge.
+// height of a text is the height of a capital letter. Measuring needs a running Qt GUI application and
+// belongs to its thread.
 #pragma once
 
 #include <string>
@@ -8,13 +8,13 @@
 
 namespace kdhost::text {
 
-/// A text style's font.
+/// A text style's font. An unknown or empty family falls back on the fonts that the host is shipped with.
 struct Font {
     std::wstring family;
     bool bold = false;
     bool italic = false;
     double widthFactor = 1.0;
-    double obliqueAngle = 0.0;  ///< radians, clockwise from upright
+    double obliqueAngle = 0.0;  ///< radians, clockwise from upright; no part of the measured width
 
     friend bool operator==(const Font&, const Font&) = default;
 };
@@ -44,13 +44,15 @@ struct Layout {
 };
 
 /// `contents` may hold formatting codes; `wrapWidth` 0 wraps nowhere. A word wider than the wrap width stays
-/// whole in a line of its own, except that CJK text breaks between any two characters.
+/// whole in a line of its own, except that CJK text breaks between any two characters. Blanks that a
+/// wrapped line ends with don't count. An empty text has no lines.
 Layout layout(const std::wstring& contents, const Font& font, double textHeight, double wrapWidth);
 
 /// Width of the widest word, which no wrapping gets below.
 double widestWord(const std::wstring& contents, const Font& font, double textHeight);
 
-/// The text as it is read, without formatting codes.
+/// The text as it is read, without formatting codes: a paragraph or line feed as '\n', a stack as "a/b", a
+/// hard blank as a blank.
 std::wstring strip(const std::wstring& contents);
 
 }  // namespace kdhost::text

@@ -1,0 +1,178 @@
+// Texts measured and wrapped.
+
+#include <gtest/gtest.h>
+
+#include <QFontMetricsF>
+#include <chrono>
+
+#include "host/text/layout.h"
+#include "host/text/metrics.h"
+
+using namespace kdhost::text;
+
+namespace {
+
+const Font kFont{L"DejaVu Sans"};
+
+double widthOf(const std::wstring& text, double height = 10.0) {
+    return layout(text, kFont, height, 0.0).width;
+}
+
+std::vector<std::wstring> linesOf(const Layout& layout) {
+    std::vector<std::wstring> texts;
+    for (const Line& line : layout.lines) {
+        texts.emplace_back();
+        for (const auto& run : line.runs) texts.back() += run.text;
+    }
+    return texts;
+}
+
+TEST(Layout, text_height_is_the_height_of_a_capital) {
+    // DejaVu Sans: capitals 1493 of 2048 units high, an "H" 1540 wide.
+    EXPECT_NEAR(widthOf(L"H"), 10.0 * 1540.0 / 1493.0, 0.02);
+}
+
+TEST(Layout, width_grows_with_height_and_width_factor) {
+    const double once = widthOf(L"Bolt M8");
+    EXPECT_GT(once, 0.0);
+    EXPECT_NEAR(widthOf(L"Bolt M8", 25.0), 2.5 * once, 1e-9);
+    Font narrow = kFont;
+    narrow.widthFactor = 0.5;
+    EXPECT_NEAR(layout(L"Bolt M8", narrow, 10.0, 0.0).width, 0.5 * once, 1e-9);
+}
+
+TEST(Layout, width_is_the_sum_of_its_characters) {
+    EXPECT_NEAR(widthOf(L"AVAVA"), 3 * widthOf(L"A") + 2 * widthOf(L"V"), 1e-9);
+}
+
+TEST(Layout, agrees_with_the_font_engine_on_a_whole_text) {
+    const QString text = QStringLiteral("The quick brown fox, 0123456789");
+    const double pixels = QFontMetricsF(qtFont(kFont, 1000)).horizontalAdvance(text);
+    EXPECT_NEAR(widthOf(text.toStdWString(), 1.0), pixels / (1000.0 * capitalRatio(kFont)), 0.01);
+}
+
+TEST(Layout, bold_is_wider) {
+    Font bold = kFont;
+    bold.bold = true;
+    EXPECT_GT(layout(L"Bolt", bold, 10.0, 0.0).width, widthOf(L"Bolt"));
+}
+
+TEST(Layout, lines_stand_five_thirds_of_the_height_apart) {
+    EXPECT_DOUBLE_EQ(layout(L"a", kFont, 3.0, 0.0).height, 3.0);
+    EXPECT_DOUBLE_EQ(layout(L"a\\Pb", kFont, 3.0, 0.0).height, 8.0);
+    EXPECT_DOUBLE_EQ(layout(L"a\\P\\Pb", kFont, 3.0, 0.0).height, 13.0);
+}
+
+TEST(Layout, an_empty_text_has_no_lines) {
+    const Layout empty = layout(L"", kFont, 3.0, 0.0);
+    EXPECT_TRUE(empty.lines.empty());
+    EXPECT_EQ(empty.width, 0.0);
+    EXPECT_EQ(empty.height, 0.0);
+}
+
+TEST(Layout, codes_take_no_width) {
+    EXPECT_NEAR(widthOf(L"{\\H2x;\\fArial|b1;a}\\C1;b"), widthOf(L"ab"), 1e-9);
+}
+
+TEST(Layout, stacks_measure_as_they_are_read) {
+    EXPECT_NEAR(widthOf(L"\\S1#2;"), widthOf(L"1/2"), 1e-9);
+}
+
+TEST(Layout, wraps_between_words_and_drops_the_blanks_there) {
+    const double width = widthOf(L"steel bolt") * 1.001;
+    const Layout wrapped = layout(L"steel bolt  zinc plated", kFont, 10.0, width);
+    EXPECT_EQ(linesOf(wrapped), (std::vector<std::wstring>{L"steel bolt", L"zinc", L"plated"}));
+    EXPECT_NEAR(wrapped.lines[0].width, widthOf(L"steel bolt"), 1e-9);
+    EXPECT_LE(wrapped.width, width);
+}
+
+TEST(Layout, a_text_exactly_as_wide_as_the_wrap_width_stays_whole) {
+    EXPECT_EQ(layout(L"steel bolt", kFont, 10.0, widthOf(L"steel bolt")).lines.size(), 1U);
+}
+
+TEST(Layout, a_word_wider_than_the_wrap_width_stays_whole) {
+    const Layout wrapped = layout(L"a hexagonal b", kFont, 10.0, widthOf(L"hexa"));
+    EXPECT_EQ(linesOf(wrapped), (std::vector<std::wstring>{L"a", L"hexagonal", L"b"}));
+    EXPECT_NEAR(wrapped.width, widthOf(L"hexagonal"), 1e-9);
+}
+
+TEST(Layout, no_line_breaks_at_a_hard_blank) {
+    const Layout wrapped = layout(L"10\\~mm wide", kFont, 10.0, widthOf(L"10 m"));
+    EXPECT_EQ(linesOf(wrapped), (std::vector<std::wstring>{L"10\u00A0mm", L"wide"}));
+}
+
+TEST(Layout, cjk_breaks_between_any_two_characters) {
+    const double one = widthOf(L"中");
+    EXPECT_GT(one, 10.0);
+    const Layout wrapped = layout(L"螺栓螺母垫", kFont, 10.0, 2.0 * one);
+    EXPECT_EQ(linesOf(wrapped), (std::vector<std::wstring>{L"螺栓", L"螺母", L"垫"}));
+}
+
+TEST(Layout, a_word_beside_cjk_breaks_off_whole) {
+    const Layout wrapped = layout(L"bolt螺栓", kFont, 10.0, widthOf(L"bolt螺"));
+    EXPECT_EQ(linesOf(wrapped), (std::vector<std::wstring>{L"bolt螺", L"栓"}));
+}
+
+TEST(Layout, lines_along_the_text_are_flags_of_runs) {
+    const Layout one = layout(L"a\\Lb{\\Oc\\K}d\\le", kFont, 10.0, 0.0);
+    ASSERT_EQ(one.lines.size(), 1U);
+    const auto& runs = one.lines[0].runs;
+    ASSERT_EQ(runs.size(), 5U);
+    EXPECT_FALSE(runs[0].underline);
+    EXPECT_TRUE(runs[1].underline);
+    EXPECT_FALSE(runs[1].overline);
+    EXPECT_TRUE(runs[2].underline && runs[2].overline);
+    EXPECT_TRUE(runs[3].underline) << "lines set inside a group end with it, those before it go on";
+    EXPECT_FALSE(runs[3].overline || runs[3].strike);
+    EXPECT_FALSE(runs[4].underline);
+    EXPECT_NEAR(runs[1].x, widthOf(L"a"), 1e-9);
+    EXPECT_NEAR(runs[4].x + runs[4].width, one.width, 1e-9);
+}
+
+TEST(Layout, every_wrapped_line_keeps_to_the_width_or_is_one_word) {
+    const std::wstring text = L"The host draws 螺栓 and nuts\\Pof stainless steel, M8 × 40, according to the list";
+    for (double width = 5.0; width < 400.0; width += 3.7) {
+        std::wstring joined;
+        for (const Line& line : layout(text, kFont, 10.0, width).lines) {
+            std::wstring content;
+            for (const auto& run : line.runs) content += run.text;
+            EXPECT_TRUE(line.width <= width * 1.000001 || content.find(L' ') == content.npos) << width;
+            joined += content;
+        }
+        std::erase(joined, L' ');
+        std::wstring expected = strip(text);
+        std::erase_if(expected, [](wchar_t c) { return c == L' ' || c == L'\n'; });
+        EXPECT_EQ(joined, expected) << width;
+    }
+}
+
+TEST(WidestWord, is_what_no_wrapping_gets_below) {
+    EXPECT_NEAR(widestWord(L"a hexagonal bolt", kFont, 10.0), widthOf(L"hexagonal"), 1e-9);
+    EXPECT_NEAR(widestWord(L"螺栓螺母", kFont, 10.0), widthOf(L"螺"), 1e-9);
+    EXPECT_EQ(widestWord(L"", kFont, 10.0), 0.0);
+}
+
+TEST(Layout, a_hundred_thousand_short_texts_measure_fast) {
+    const auto start = std::chrono::steady_clock::now();
+    double total = 0.0;
+    for (int i = 0; i < 100000; ++i) {
+        total += layout(L"Part " + std::to_wstring(i) + L", 中", kFont, 2.5, 40.0).width;
+    }
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(total, 0.0);
+    EXPECT_LT(took.count(), 2.0);
+    RecordProperty("seconds", std::to_string(took.count()));
+}
+
+TEST(Layout, a_megabyte_in_one_word_or_many_is_linear) {
+    for (const wchar_t* pattern : {L"a", L"a ", L"中", L" ", L"\\P"}) {
+        std::wstring text;
+        while (text.size() < (1U << 20)) text += pattern;
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_FALSE(layout(text, kFont, 2.5, 100.0).lines.empty());
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+        EXPECT_LT(took.count(), 3.0);
+    }
+}
+
+}  // namespace
