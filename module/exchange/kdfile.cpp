@@ -1,0 +1,265 @@
+// Files of wide text in a chosen encoding.
+
+#include "module/exchange/kdfile.h"
+
+#include <array>
+#include <bit>
+#include <cwchar>
+
+#include "kd/rx/charformatter.h"
+
+namespace {
+
+constexpr std::uint32_t longestCharacter = 8;  ///< bytes that one character can take
+constexpr UINT escapeLength = 7;               ///< of \U+XXXX
+
+bool readBytes(CFile& file, void* bytes, UINT count) {
+    return file.Read(bytes, count) == count;
+}
+
+/// Bytes of the sequence that a lead byte begins; a lone continuation byte stands for itself.
+unsigned utf8Length(unsigned char lead) {
+    if ((lead >> 4) == 0xF) return 4;
+    if ((lead >> 5) == 0x7) return 3;
+    return (lead >> 6) == 0x3 ? 2 : 1;
+}
+
+/// Writes out the rest and closes the file, which happens also when the rest can't be written.
+template <class Base>
+void writeOutAndClose(KdCharacterCoding& coding, Base& file) {
+    try {
+        coding.writeBuffer(file);
+    } catch (...) {
+        file.Base::Close();
+        throw;
+    }
+    file.Base::Close();
+}
+
+/// For destructors, which can report nothing.
+void writeOutSilently(KdCharacterCoding& coding, CFile& file) {
+    try {
+        coding.writeBuffer(file);
+    } catch (...) {
+    }
+}
+
+}  // namespace
+
+KdCharacterCoding::KdCharacterCoding(Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
+    : m_encoding(encoding),
+      m_escapes(escapes),
+      m_lineEnds(lineEnds),
+      m_buffer(bufferSize >= longestCharacter ? std::make_unique_for_overwrite<char[]>(bufferSize) : nullptr),
+      m_bufferSize(bufferSize),
+      m_reserved(longestCharacter) {}
+
+void KdCharacterCoding::write(CFile& file, wchar_t character) {
+    if (m_buffer == nullptr) {
+        std::array<char, longestCharacter> bytes;
+        const int made = encode(character, bytes.data());
+        if (made > 0) file.Write(bytes.data(), static_cast<UINT>(made));
+        return;
+    }
+    m_bufferFill += static_cast<std::uint32_t>(encode(character, m_buffer.get() + m_bufferFill));
+    if (m_bufferSize - m_bufferFill < m_reserved) writeBuffer(file);
+}
+
+void KdCharacterCoding::writeBuffer(CFile& file) {
+    if (m_bufferFill == 0) return;
+    // Emptied first: writing bytes asks for the buffer to be written out before them.
+    const std::uint32_t count = std::exchange(m_bufferFill, 0);
+    file.Write(m_buffer.get(), count);
+}
+
+int KdCharacterCoding::encode(wchar_t character, char* out) const {
+    switch (m_encoding) {
+        case kAnsi:
+        case kUtf8:
+            return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, m_encoding == kAnsi, m_escapes,
+                                                      m_lineEnds);
+        case kUtf16:
+        case kUtf16Swapped:
+            return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, m_encoding == kUtf16, m_lineEnds);
+        default:
+            return 0;
+    }
+}
+
+bool KdCharacterCoding::read(CFile& file, wchar_t& character) {
+    writeBuffer(file);
+    if (!readOne(file, character)) return false;
+    if (m_encoding == kAnsi && m_escapes && character == L'\\')
+        readEscape(file, character);
+    else if (m_lineEnds && character == L'\r')
+        joinLineEnd(file, character);
+    return true;
+}
+
+bool KdCharacterCoding::readOne(CFile& file, wchar_t& character) const {
+    switch (m_encoding) {
+        case kAnsi:
+            return readAnsi(file, character);
+        case kUtf8:
+            return readUtf8(file, character);
+        case kUtf16:
+        case kUtf16Swapped:
+            return readUtf16(file, character);
+        default:
+            return false;
+    }
+}
+
+bool KdCharacterCoding::readUtf8(CFile& file, wchar_t& character) const {
+    std::array<unsigned char, 4> bytes{};
+    if (!readBytes(file, bytes.data(), 1)) return false;
+    const unsigned length = utf8Length(bytes[0]);
+    if (length > 1 && !readBytes(file, bytes.data() + 1, length - 1)) return false;
+    constexpr std::array<unsigned, 5> leadBits = {0, 0xFF, 0x1F, 0x0F, 0x07};
+    std::uint32_t value = bytes[0] & leadBits[length];
+    for (unsigned i = 1; i < length; ++i) value = (value << 6) | (bytes[i] & 0x3FU);
+    character = static_cast<wchar_t>(value);
+    return true;
+}
+
+bool KdCharacterCoding::readUtf16(CFile& file, wchar_t& character) const {
+    std::array<unsigned char, 2> bytes{};
+    if (!readBytes(file, bytes.data(), 2)) return false;
+    const bool littleEnd = (std::endian::native == std::endian::little) == (m_encoding == kUtf16);
+    const auto [high, low] = littleEnd ? std::pair{bytes[1], bytes[0]} : std::pair{bytes[0], bytes[1]};
+    character = static_cast<wchar_t>((high << 8) | low);
+    return true;
+}
+
+bool KdCharacterCoding::readAnsi(CFile& file, wchar_t& character) const {
+    std::array<char, 2> bytes{};
+    if (!readBytes(file, bytes.data(), 1)) return false;
+    unsigned length = 1;
+    if (KfCharFormatter::isAnsiLeadByte(static_cast<unsigned char>(bytes[0]))) {
+        if (!readBytes(file, bytes.data() + 1, 1)) return false;
+        length = 2;
+    }
+    character = KfCharFormatter::ansiToWchar(bytes.data(), length);
+    return true;
+}
+
+/// A backslash was read; when it begins an escape, the escape's character takes its place.
+void KdCharacterCoding::readEscape(CFile& file, wchar_t& character) {
+    std::array<char, escapeLength + 1> text{'\\'};
+    const UINT got = file.Read(text.data() + 1, escapeLength - 1);
+    if (KfCharFormatter::isCIFString(text.data()) && KfCharFormatter::parseCIF(text.data(), character)) return;
+    file.Seek(-static_cast<std::int64_t>(got), CFile::current);
+}
+
+/// A carriage return was read; with a line feed behind it the two are one line feed. What else follows is put
+/// back.
+void KdCharacterCoding::joinLineEnd(CFile& file, wchar_t& character) const {
+    const std::uint64_t behind = file.GetPosition();
+    wchar_t next = 0;
+    if (readOne(file, next) && next == L'\n') {
+        character = next;
+        return;
+    }
+    file.Seek(static_cast<std::int64_t>(behind), CFile::begin);
+}
+
+KdCFile::KdCFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
+    : m_coding(encoding, escapes, lineEnds, bufferSize) {}
+
+KdCFile::KdCFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
+                 std::uint32_t bufferSize)
+    : CFile(path, flags), m_coding(encoding, escapes, lineEnds, bufferSize) {}
+
+KdCFile::~KdCFile() {
+    writeOutSilently(m_coding, *this);
+}
+
+UINT KdCFile::Read(wchar_t* text, unsigned count) {
+    UINT got = 0;
+    while (got < count && m_coding.read(*this, text[got])) ++got;
+    return got;
+}
+
+void KdCFile::Write(const wchar_t* text, unsigned count) {
+    for (unsigned i = 0; i < count; ++i) m_coding.write(*this, text[i]);
+}
+
+void KdCFile::Write(const wchar_t* text) {
+    if (text != nullptr) Write(text, static_cast<unsigned>(std::wcslen(text)));
+}
+
+UINT KdCFile::Read(void* buffer, UINT count) {
+    m_coding.writeBuffer(*this);
+    return CFile::Read(buffer, count);
+}
+
+void KdCFile::Write(const void* buffer, UINT count) {
+    m_coding.writeBuffer(*this);
+    CFile::Write(buffer, count);
+}
+
+std::uint64_t KdCFile::Seek(std::int64_t offset, UINT from) {
+    m_coding.writeBuffer(*this);
+    return CFile::Seek(offset, from);
+}
+
+void KdCFile::Flush() {
+    m_coding.writeBuffer(*this);
+    CFile::Flush();
+}
+
+void KdCFile::Close() {
+    writeOutAndClose<CFile>(m_coding, *this);
+}
+
+KdCStdioFile::KdCStdioFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
+    : m_coding(encoding, escapes, lineEnds, bufferSize) {}
+
+KdCStdioFile::KdCStdioFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes,
+                           bool lineEnds, std::uint32_t bufferSize)
+    : CStdioFile(path, flags), m_coding(encoding, escapes, lineEnds, bufferSize) {}
+
+KdCStdioFile::~KdCStdioFile() {
+    writeOutSilently(m_coding, *this);
+}
+
+void KdCStdioFile::WriteString(const wchar_t* text) {
+    if (text == nullptr) return;
+    for (; *text != 0; ++text) m_coding.write(*this, *text);
+}
+
+wchar_t* KdCStdioFile::ReadString(wchar_t* text, unsigned size) {
+    unsigned got = 0;
+    while (got + 1 < size && m_coding.read(*this, text[got])) {
+        if (text[got++] == L'\n') break;
+    }
+    if (got == 0) return nullptr;
+    text[got] = 0;
+    return text;
+}
+
+bool KdCStdioFile::ReadString(CStdStr<wchar_t>& line) {
+    line.Empty();
+    wchar_t character = 0;
+    bool any = false;
+    while (m_coding.read(*this, character)) {
+        any = true;
+        if (character == L'\n') break;
+        line += character;
+    }
+    return any;
+}
+
+std::uint64_t KdCStdioFile::Seek(std::int64_t offset, UINT from) {
+    m_coding.writeBuffer(*this);
+    return CStdioFile::Seek(offset, from);
+}
+
+void KdCStdioFile::Flush() {
+    m_coding.writeBuffer(*this);
+    CStdioFile::Flush();
+}
+
+void KdCStdioFile::Close() {
+    writeOutAndClose<CStdioFile>(m_coding, *this);
+}
