@@ -11,7 +11,8 @@ public:
 
     static const KdGeMatrix3d kIdentity;
 
-    KdGeMatrix3d();  ///< the identity
+    /// The identity.
+    constexpr KdGeMatrix3d() : entry{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}} {}
 
     static KdGeMatrix3d translation(const KdGeVector3d& by);
     /// Counter-clockwise about `axis` through `center`, in radians.

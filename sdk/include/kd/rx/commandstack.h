@@ -30,7 +30,8 @@ public:
     /// -1; `resource` is the module whose texts belong to the command; `command`, when not null, receives
     /// an opaque pointer to the new entry.
     /// eDuplicateKey when the group already has a command of that global name, eInvalidInput for a missing
-    /// name or function.
+    /// group, global name or function. Without a local name the command answers to its global name alone, so
+    /// that a module without its texts still works.
     virtual Kdad::ErrorStatus addCommand(const wchar_t* group, const wchar_t* globalName, const wchar_t* localName,
                                          int flags, KdEdCommandFunction function, void* uiContext, int fcode,
                                          HINSTANCE resource, void** command) = 0;
