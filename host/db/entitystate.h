@@ -7,6 +7,8 @@
 #include "kd/ge/vector3d.h"
 
 struct KdDbEntityState : KdDbObjectState {
+    void mapIds(const kdhost::IdMapper& map) override;
+
     KdDbObjectId layer;
     KdCmColor color;
     KdDbObjectId linetype;
@@ -16,6 +18,7 @@ struct KdDbEntityState : KdDbObjectState {
 
 struct KdDbBlockReferenceState : KdDbEntityState {
     std::unique_ptr<KdDbObjectState> clone() const override { return std::make_unique<KdDbBlockReferenceState>(*this); }
+    void mapIds(const kdhost::IdMapper& map) override;
 
     KdDbObjectId block;
     KdGePoint3d position;

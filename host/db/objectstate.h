@@ -2,18 +2,42 @@
 //
 // The state of an object is a value: one copy serves undo, cloning and comparison. A setter asks
 // stateForWrite(); that is where the open discipline is checked and where the state from before the first
-// write of a command is kept.
+// write of a command is kept. Ownership and erasure are part of the state, so that undo puts them back too.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "kd/db/object.h"
+
+namespace kdhost {
+
+/// What an id in a state stands for: something that lives and is cloned with the object, or something that
+/// the object only points at.
+enum class IdRole { owned, pointer };
+
+/// Gives the id that is to stand in an id's place.
+using IdMapper = std::function<KdDbObjectId(KdDbObjectId id, IdRole role)>;
+
+}  // namespace kdhost
 
 /// Base of the states. A class's state derives from its base class's state.
 struct KdDbObjectState {
     virtual ~KdDbObjectState() = default;
     virtual std::unique_ptr<KdDbObjectState> clone() const = 0;
 
+    /// Puts every id that the state holds, but for the owner's, through `map`; null ids too. A state with
+    /// ids of its own extends it: cloning finds through it what belongs to an object.
+    virtual void mapIds(const kdhost::IdMapper& map);
+
+    /// Takes from `previous` what belongs to an object's place and not to what it holds.
+    virtual void takePlaceOf(const KdDbObjectState& previous);
+
+    /// The object has just got its place in a database; what hangs on it in memory follows it there.
+    virtual void enterDatabase(KdDbObject& self);
+
+    KdDbObjectId owner;
+    bool erased = false;
     KdDbObjectId extensionDictionary;
 
 protected:
@@ -32,6 +56,15 @@ struct KdDbObjectAccess {
     /// A transient part has changed, such as a table's sub-selection: it needs no write open, yet the close
     /// tells the reactors. On an object that is not open the reactors are told at once.
     static void noteTransientChange(const KdDbObject& object);
+
+    /// For makers and readers of drawings, before anyone else knows of the object: no open is asked for,
+    /// nothing is noted.
+    static KdDbObjectState& stateForMaker(KdDbObject& object) { return *object.m_state; }
+
+    /// Gives an object in no database another state of its class.
+    static void giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state);
+
+    static KdDbOpenRecord& openRecord(const KdDbObject& object) { return *object.m_open; }
 };
 
 /// The state as its own class.
@@ -44,4 +77,13 @@ const State& stateOf(const KdDbObject& object) {
 template <class State>
 State* writableStateOf(KdDbObject& object) {
     return static_cast<State*>(KdDbObjectAccess::stateForWrite(object));
+}
+
+/// Changes the state by `change(state)`; eNotOpenForWrite when the object may not be written now.
+template <class State, class Change>
+Kdad::ErrorStatus changeState(KdDbObject& object, Change&& change) {
+    State* state = writableStateOf<State>(object);
+    if (state == nullptr) return Kdad::eNotOpenForWrite;
+    change(*state);
+    return Kdad::eOk;
 }

@@ -15,7 +15,7 @@ public:
 
     static KdCmColor none() { return withMethod(KdCmEntityColor::kNone); }
     static KdCmColor byBlock() { return withMethod(KdCmEntityColor::kByBlock); }
-    /// 0 is by block, 256 by layer; other values outside 1 to 255 give by layer.
+    /// 0 is by block, 256 by layer, 257 none; other values outside 1 to 255 give by layer.
     static KdCmColor fromIndex(int index);
     static KdCmColor fromRgb(int red, int green, int blue);
 

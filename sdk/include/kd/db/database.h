@@ -36,7 +36,8 @@ public:
     KdDbObjectId namedObjectsDictionaryId() const;
     KdDbObjectId tableStyleDictionaryId() const;
 
-    /// The current layer, line type, text style and table style of new objects.
+    /// The current layer, line type, text style and table style of new objects. A setter passes over what
+    /// this database doesn't have.
     KdDbObjectId clayer() const;
     void setClayer(KdDbObjectId layer);
     KdDbObjectId celtype() const;

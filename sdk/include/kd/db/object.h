@@ -48,8 +48,8 @@ public:
 
     /// Ends one open. eNotOpenForRead when the object isn't open.
     Kdad::ErrorStatus close();
-    /// From the only read open to a write open. eWasOpenForRead when there are other readers, eOk when it
-    /// is open for write already.
+    /// From the only read open to a write open. eWasOpenForRead when there are other readers, eOnLockedLayer
+    /// for an entity whose layer is locked, eOk when it is open for write already.
     Kdad::ErrorStatus upgradeOpen();
     /// From a write open to a read open; repeating it is harmless.
     Kdad::ErrorStatus downgradeOpen();
@@ -57,8 +57,12 @@ public:
     bool isWriteEnabled() const;
     bool isErased() const;
 
+    /// Makes `owner` the owner on record; needs a write open. The owner's own lists stay as they are.
+    Kdad::ErrorStatus setOwnerId(KdDbObjectId owner);
+
     /// Needs a write open. An erased object can be opened only by those who ask for erased ones; false
-    /// brings it back.
+    /// brings it back. eWasErased when it is erased already, eCannotBeErased for what every drawing must
+    /// have, eNotInDatabase for an object in no database.
     Kdad::ErrorStatus erase(bool erasing = true);
 
     /// Reactors are transient: they may be changed under any open, and are no part of undo or of files.
@@ -73,6 +77,9 @@ public:
     bool hasFields() const;
     /// The attached field, opened; eKeyNotFound when there is none.
     Kdad::ErrorStatus getField(KdDbField*& field, KdDb::OpenMode mode) const;
+    /// Attaches a field to the object as a whole, in the place of the one before. Needs a write open. The
+    /// database owns the field from now on, and it stays open for write.
+    Kdad::ErrorStatus setField(KdDbField* field);
 
     /// Takes over everything that `source` holds, its identity and place excepted. The two must be of one
     /// class; eNotThatKindOfClass otherwise.
@@ -92,7 +99,8 @@ protected:
 };
 
 /// Opens an object. Failure values, with `object` null: eNullObjectId, eUnknownId, eWasErased (unless
-/// `openErased`), eWasOpenForWrite, and for a write also eWasOpenForRead.
+/// `openErased`), eWasOpenForWrite, and for a write also eWasOpenForRead, and eOnLockedLayer for an entity
+/// whose layer is locked.
 Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false);
 /// Fails with eNotThatKindOfClass unless the object is of class `cls`.
 Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,

@@ -1,0 +1,68 @@
+// What a database holds, and the host's own way in: for the makers of drawings and for drawing files.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <unordered_set>
+
+#include "kd/db/database.h"
+
+namespace kdhost {
+
+/// The objects that a drawing is entered by.
+struct DatabaseRoots {
+    KdDbObjectId blockTable;
+    KdDbObjectId layerTable;
+    KdDbObjectId linetypeTable;
+    KdDbObjectId textStyleTable;
+    KdDbObjectId namedObjects;
+    KdDbObjectId tableStyles;
+
+    KdDbObjectId modelSpace;
+    KdDbObjectId paperSpace;
+    KdDbObjectId layerZero;
+    KdDbObjectId byLayer;
+    KdDbObjectId byBlock;
+    KdDbObjectId continuous;
+};
+
+/// What new objects take.
+struct CurrentSettings {
+    KdDbObjectId layer;
+    KdDbObjectId linetype;
+    KdDbObjectId textStyle;
+    KdDbObjectId tableStyle;
+    bool modelSpace = true;
+    bool metric = true;
+};
+
+struct DatabaseContents {
+    std::map<std::uint64_t, std::unique_ptr<KdDbObject>> objects;  ///< by handle
+    std::uint64_t nextHandle = 1;                                  ///< greater than every handle in use
+    DatabaseRoots roots;
+    CurrentSettings current;
+    bool noDocument = false;
+    std::unordered_set<KdDbObjectId> required;  ///< what every drawing must have
+    /// Goes up when a name of a symbol table may have come, gone or changed in another way than by adding.
+    std::uint64_t nameGeneration = 0;
+
+    bool isRequired(KdDbObjectId id) const { return required.contains(id); }
+};
+
+/// Makes the tables, dictionaries and records that every drawing has.
+void buildDefaults(KdDbDatabase& database);
+
+}  // namespace kdhost
+
+struct KdDbDatabaseAccess {
+    static kdhost::DatabaseContents& contents(KdDbDatabase& database);
+    static const kdhost::DatabaseContents& contents(const KdDbDatabase& database);
+
+    /// Gives an object its place, not open. `handle` 0 takes the next free one; the null id, with the object
+    /// gone, when the handle is taken.
+    static KdDbObjectId insert(KdDbDatabase& database, std::unique_ptr<KdDbObject> object, KdDbObjectId owner,
+                               std::uint64_t handle = 0);
+    /// The object of that handle, erased ones too; null when there is none.
+    static const KdDbObject* find(const KdDbDatabase& database, std::uint64_t handle);
+};

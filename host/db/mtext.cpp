@@ -1,0 +1,127 @@
+// Texts of several lines.
+
+#include "kd/db/mtext.h"
+
+#include "host/db/access.h"
+#include "host/db/similarity.h"
+#include "host/db/textstate.h"
+#include "host/db/textstyle.h"
+
+KDRX_DEFINE_MEMBERS(KdDbMText, KdDbEntity)
+
+namespace {
+
+using State = KdDbMTextState;
+
+kdhost::text::Layout layoutOf(const State& state) {
+    return kdhost::text::layout(state.contents, kdhost::fontOf(state.textStyle), state.textHeight, state.width);
+}
+
+}  // namespace
+
+void KdDbMTextState::mapIds(const kdhost::IdMapper& map) {
+    KdDbEntityState::mapIds(map);
+    textStyle = map(textStyle, kdhost::IdRole::pointer);
+}
+
+kdhost::text::Font kdhost::fontOf(KdDbObjectId textStyle) {
+    const auto* style = peek<KdDbTextStyleTableRecord>(textStyle);
+    if (style == nullptr) return {L"DejaVu Sans"};
+    return {style->font(), style->isBold(), style->isItalic(), style->xScale(), style->obliquingAngle()};
+}
+
+KdDbMText::KdDbMText() : KdDbEntity(std::make_unique<State>()) {}
+
+KdGePoint3d KdDbMText::location() const {
+    return stateOf<State>(*this).location;
+}
+Kdad::ErrorStatus KdDbMText::setLocation(const KdGePoint3d& point) {
+    return changeState<State>(*this, [&](State& state) { state.location = point; });
+}
+KdGeVector3d KdDbMText::normal() const {
+    return stateOf<State>(*this).normal;
+}
+Kdad::ErrorStatus KdDbMText::setNormal(const KdGeVector3d& normal) {
+    return changeState<State>(*this, [&](State& state) { state.normal = normal; });
+}
+double KdDbMText::rotation() const {
+    return stateOf<State>(*this).rotation;
+}
+Kdad::ErrorStatus KdDbMText::setRotation(double angle) {
+    return changeState<State>(*this, [&](State& state) { state.rotation = angle; });
+}
+double KdDbMText::width() const {
+    return stateOf<State>(*this).width;
+}
+Kdad::ErrorStatus KdDbMText::setWidth(double width) {
+    if (!(width >= 0.0)) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) { state.width = width; });
+}
+KdDbObjectId KdDbMText::textStyle() const {
+    return stateOf<State>(*this).textStyle;
+}
+Kdad::ErrorStatus KdDbMText::setTextStyle(KdDbObjectId style) {
+    return changeState<State>(*this, [&](State& state) { state.textStyle = style; });
+}
+double KdDbMText::textHeight() const {
+    return stateOf<State>(*this).textHeight;
+}
+Kdad::ErrorStatus KdDbMText::setTextHeight(double height) {
+    if (!(height > 0.0)) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) { state.textHeight = height; });
+}
+KdDbMText::AttachmentPoint KdDbMText::attachment() const {
+    return stateOf<State>(*this).attachment;
+}
+Kdad::ErrorStatus KdDbMText::setAttachment(AttachmentPoint attachment) {
+    if (attachment < kTopLeft || attachment > kBottomRight) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) { state.attachment = attachment; });
+}
+const wchar_t* KdDbMText::contents() const {
+    return stateOf<State>(*this).contents.c_str();
+}
+Kdad::ErrorStatus KdDbMText::setContents(const wchar_t* text) {
+    return changeState<State>(*this, [&](State& state) { state.contents = text == nullptr ? L"" : text; });
+}
+
+double KdDbMText::actualWidth() const {
+    return layoutOf(stateOf<State>(*this)).width;
+}
+
+double KdDbMText::actualHeight() const {
+    return layoutOf(stateOf<State>(*this)).height;
+}
+
+Kdad::ErrorStatus KdDbMText::transformBy(const KdGeMatrix3d& matrix) {
+    const std::optional<double> scale = kdhost::evenScale(matrix);
+    if (!scale) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) {
+        const auto [normal, angle] = kdhost::transformed({state.normal, state.rotation}, matrix);
+        state.normal = normal;
+        state.rotation = angle;
+        state.location.transformBy(matrix);
+        state.textHeight *= *scale;
+        state.width *= *scale;
+    });
+}
+
+KdDbExtents KdDbMText::getGeomExtents() const {
+    const State& state = stateOf<State>(*this);
+    KdDbExtents extents;
+    const kdhost::text::Layout layout = layoutOf(state);
+    if (layout.lines.empty()) return extents;
+    // The location is at the left, middle or right of the box, and at its top, middle or bottom.
+    const int place = state.attachment - kTopLeft;
+    const double left = -0.5 * (place % 3) * layout.width;
+    const double bottom = -0.5 * (2 - place / 3) * layout.height;
+    const KdGeMatrix3d toWorld = kdhost::placeInPlane(state.location, {state.normal, state.rotation});
+    for (int corner = 0; corner < 4; ++corner) {
+        extents.addPoint(toWorld * KdGePoint3d((corner & 1) != 0 ? left + layout.width : left,
+                                               (corner & 2) != 0 ? bottom + layout.height : bottom, 0.0));
+    }
+    return extents;
+}
+
+KdString stripMtextFormatting(const KdString& text, KdDbDatabase*, const KdDbObjectId&) {
+    return kdhost::text::strip(text.str());
+}

@@ -1,0 +1,189 @@
+// What every database object has: identity, owner, erasure, reactors, extension dictionary, attached field.
+
+#include "kd/db/object.h"
+
+#include <algorithm>
+
+#include "host/db/access.h"
+#include "host/db/databasecontents.h"
+#include "host/db/objectstate.h"
+#include "host/db/opening.h"
+#include "host/db/openrecord.h"
+#include "kd/db/dictionary.h"
+#include "kd/db/field.h"
+#include "kd/db/symboltable.h"
+
+KDRX_DEFINE_MEMBERS(KdDbObject, KdRxObject)
+
+namespace {
+
+/// Where the extension dictionary keeps the fields of the object as a whole.
+constexpr const wchar_t* kFieldsEntry = L"ACAD_FIELD";
+constexpr const wchar_t* kFieldEntry = L"TEXT";
+
+KdDbObjectId entryOf(KdDbObjectId dictionary, const wchar_t* name) {
+    KdDbObjectId id;
+    const auto* found = kdhost::peek<KdDbDictionary>(dictionary);
+    if (found != nullptr) found->getAt(name, id);
+    return id;
+}
+
+KdDbObjectId attachedField(const KdDbObject& object) {
+    return entryOf(entryOf(object.extensionDictionary(), kFieldsEntry), kFieldEntry);
+}
+
+/// The dictionary of that name in the extension dictionary, made when it isn't there.
+Kdad::ErrorStatus makeFieldsDictionary(KdDbObjectId extension, KdDbObjectId& fields) {
+    fields = entryOf(extension, kFieldsEntry);
+    if (fields.isValid()) return Kdad::eOk;
+    KdDbDictionary* dictionary = nullptr;
+    Kdad::ErrorStatus status = kdhost::openAs(dictionary, extension, KdDb::kForWrite);
+    if (status != Kdad::eOk) return status;
+    auto made = std::make_unique<KdDbDictionary>();
+    status = dictionary->setAt(kFieldsEntry, made.get(), fields);
+    if (status == Kdad::eOk) made.release()->close();
+    dictionary->close();
+    return status;
+}
+
+}  // namespace
+
+KdDbObjectReactor::~KdDbObjectReactor() = default;
+void KdDbObjectReactor::modified(const KdDbObject*) {}
+void KdDbObjectReactor::erased(const KdDbObject*, bool) {}
+void KdDbObjectReactor::goodbye(const KdDbObject*) {}
+
+void KdDbObjectState::mapIds(const kdhost::IdMapper& map) {
+    extensionDictionary = map(extensionDictionary, kdhost::IdRole::owned);
+}
+
+void KdDbObjectState::takePlaceOf(const KdDbObjectState& previous) {
+    owner = previous.owner;
+    erased = previous.erased;
+    extensionDictionary = previous.extensionDictionary;
+}
+
+void KdDbObjectState::enterDatabase(KdDbObject&) {}
+
+void KdDbObjectAccess::giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state) {
+    object.m_state = std::move(state);
+}
+
+KdDbObject::KdDbObject(std::unique_ptr<KdDbObjectState> state)
+    : m_state(std::move(state)), m_open(std::make_unique<KdDbOpenRecord>()) {}
+
+KdDbObject::~KdDbObject() = default;
+
+KdDbObjectId KdDbObject::objectId() const {
+    return m_open->id;
+}
+
+KdDbObjectId KdDbObject::ownerId() const {
+    return m_state->owner;
+}
+
+KdDbDatabase* KdDbObject::database() const {
+    return m_open->database;
+}
+
+std::uint64_t KdDbObject::handle() const {
+    return m_open->handle;
+}
+
+bool KdDbObject::isReadEnabled() const {
+    return m_open->database == nullptr || m_open->isOpen();
+}
+
+bool KdDbObject::isWriteEnabled() const {
+    return m_open->database == nullptr || m_open->writing;
+}
+
+bool KdDbObject::isErased() const {
+    return m_state->erased;
+}
+
+Kdad::ErrorStatus KdDbObject::setOwnerId(KdDbObjectId owner) {
+    return changeState<KdDbObjectState>(*this, [&](KdDbObjectState& state) { state.owner = owner; });
+}
+
+Kdad::ErrorStatus KdDbObject::erase(bool erasing) {
+    if (m_open->database == nullptr) return Kdad::eNotInDatabase;
+    if (erasing && KdDbDatabaseAccess::contents(*m_open->database).isRequired(objectId())) {
+        return Kdad::eCannotBeErased;
+    }
+    if (erasing && isErased()) return Kdad::eWasErased;
+    if (!m_open->writing) {
+        kdhost::noteBreach(*this, L"erased without a write open");
+        return Kdad::eNotOpenForWrite;
+    }
+    if (erasing == isErased()) return Kdad::eOk;
+    // Erasing alone is told as erasing; it makes no change to what the object holds.
+    const bool changed = m_open->changed;
+    KdDbObjectAccess::stateForWrite(*this)->erased = erasing;
+    m_open->changed = changed;
+    m_open->erasureChanged = !m_open->erasureChanged;
+    if (isKindOf(KdDbSymbolTableRecord::desc())) ++KdDbDatabaseAccess::contents(*m_open->database).nameGeneration;
+    return Kdad::eOk;
+}
+
+void KdDbObject::addReactor(KdDbObjectReactor* reactor) const {
+    auto& reactors = m_open->reactors;
+    if (reactor == nullptr || std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) return;
+    reactors.push_back(reactor);
+}
+
+void KdDbObject::removeReactor(KdDbObjectReactor* reactor) const {
+    std::erase(m_open->reactors, reactor);
+}
+
+KdDbObjectId KdDbObject::extensionDictionary() const {
+    const KdDbObjectId id = m_state->extensionDictionary;
+    return kdhost::peekObject(id) != nullptr ? id : KdDbObjectId::kNull;
+}
+
+Kdad::ErrorStatus KdDbObject::createExtensionDictionary() {
+    if (m_open->database == nullptr) return Kdad::eNotInDatabase;
+    if (extensionDictionary().isValid()) return Kdad::eOk;
+    KdDbObjectState* state = KdDbObjectAccess::stateForWrite(*this);
+    if (state == nullptr) return Kdad::eNotOpenForWrite;
+    state->extensionDictionary =
+        KdDbDatabaseAccess::insert(*m_open->database, std::make_unique<KdDbDictionary>(), objectId());
+    return Kdad::eOk;
+}
+
+bool KdDbObject::hasFields() const {
+    return attachedField(*this).isValid();
+}
+
+Kdad::ErrorStatus KdDbObject::getField(KdDbField*& field, KdDb::OpenMode mode) const {
+    field = nullptr;
+    const KdDbObjectId id = attachedField(*this);
+    if (id.isNull()) return Kdad::eKeyNotFound;
+    return kdhost::openAs(field, id, mode);
+}
+
+Kdad::ErrorStatus KdDbObject::setField(KdDbField* field) {
+    if (field == nullptr) return Kdad::eNullObjectPointer;
+    if (field->database() != nullptr) return Kdad::eAlreadyInDatabase;
+    Kdad::ErrorStatus status = createExtensionDictionary();
+    KdDbObjectId fields;
+    if (status == Kdad::eOk) status = makeFieldsDictionary(extensionDictionary(), fields);
+    KdDbDictionary* dictionary = nullptr;
+    if (status == Kdad::eOk) status = kdhost::openAs(dictionary, fields, KdDb::kForWrite);
+    if (status != Kdad::eOk) return status;
+    KdDbObjectId id;
+    status = dictionary->setAt(kFieldEntry, field, id);
+    dictionary->close();
+    return status;
+}
+
+Kdad::ErrorStatus KdDbObject::copyFrom(const KdRxObject* source) {
+    if (source == nullptr) return Kdad::eNullObjectPointer;
+    if (source->isA() != isA()) return Kdad::eNotThatKindOfClass;
+    if (source == this) return Kdad::eOk;
+    if (KdDbObjectAccess::stateForWrite(*this) == nullptr) return Kdad::eNotOpenForWrite;
+    std::unique_ptr<KdDbObjectState> copy = static_cast<const KdDbObject*>(source)->m_state->clone();
+    copy->takePlaceOf(*m_state);
+    m_state = std::move(copy);
+    return Kdad::eOk;
+}

@@ -1,0 +1,233 @@
+// Opening and closing: the register of objects by id, the discipline of readers and writers, the list of
+// what is open and of breaches, and the telling of reactors at the end of an open.
+
+#include "host/db/opening.h"
+
+#include <map>
+#include <unordered_map>
+#include <utility>
+
+#include "host/db/access.h"
+#include "host/db/entitystate.h"
+#include "host/db/openrecord.h"
+#include "host/rx/faults.h"
+#include "kd/db/entity.h"
+#include "kd/db/symboltable.h"
+
+namespace kdhost {
+namespace {
+
+struct Register {
+    std::unordered_map<KdDbObjectId, KdDbObject*> objects;
+    std::map<KdDbObjectId, const KdDbObject*> open;
+    std::wstring currentCommand;
+    std::vector<std::wstring> breaches;
+    DatabaseListener* listener = nullptr;
+};
+
+Register& theRegister() {
+    static Register instance;
+    return instance;
+}
+
+/// A write to an entity is refused while its layer is locked.
+bool isOnLockedLayer(const KdDbObject& object) {
+    if (!object.isKindOf(KdDbEntity::desc())) return false;
+    const auto* layer = peek<KdDbLayerTableRecord>(stateOf<KdDbEntityState>(object).layer);
+    return layer != nullptr && layer->isLocked();
+}
+
+/// True for the one open that a test wants to fail.
+bool faultStrikes() {
+    int& count = faults().failOpenNumber;
+    return count > 0 && --count == 0;
+}
+
+void noteOpen(const KdDbObject& object) {
+    KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
+    if (theRegister().open.emplace(record.id, &object).second) record.command = theRegister().currentCommand;
+}
+
+void tellChange(const KdDbObject& object, bool changed, bool erasureChanged) {
+    const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
+    if (changed) {
+        tellReactors(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.modified(&object); });
+    }
+    if (erasureChanged) {
+        const bool erased = object.isErased();
+        tellReactors(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.erased(&object, erased); });
+    }
+    if (theRegister().listener != nullptr && record.id.isValid()) theRegister().listener->objectChanged(record.id);
+}
+
+}  // namespace
+
+KdDbObject* findObject(KdDbObjectId id) {
+    const auto found = theRegister().objects.find(id);
+    return found == theRegister().objects.end() ? nullptr : found->second;
+}
+
+const KdDbObject* peekObject(KdDbObjectId id, bool erased) {
+    const KdDbObject* object = findObject(id);
+    return object != nullptr && (erased || !object->isErased()) ? object : nullptr;
+}
+
+void rememberObject(KdDbObject& object) {
+    theRegister().objects.emplace(object.objectId(), &object);
+}
+
+void forgetObject(const KdDbObject& object) {
+    theRegister().objects.erase(object.objectId());
+    theRegister().open.erase(object.objectId());
+}
+
+std::vector<OpenObject> openObjects() {
+    std::vector<OpenObject> result;
+    for (const auto& [id, object] : theRegister().open) {
+        const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(*object);
+        result.push_back({id, record.handle, object->isA()->name(), record.readers, record.writing, record.command});
+    }
+    return result;
+}
+
+void setCurrentCommandName(const std::wstring& name) {
+    theRegister().currentCommand = name;
+}
+
+void noteBreach(const KdDbObject& object, const std::wstring& what) {
+    std::wstring line = std::wstring(object.isA()->name()) + L" of handle " + std::to_wstring(object.handle());
+    line += L": " + what;
+    if (!theRegister().currentCommand.empty()) line += L", in " + theRegister().currentCommand;
+    theRegister().breaches.push_back(std::move(line));
+}
+
+std::vector<std::wstring> takeDisciplineBreaches() {
+    return std::exchange(theRegister().breaches, {});
+}
+
+void setDatabaseListener(DatabaseListener* listener) {
+    theRegister().listener = listener;
+}
+
+Kdad::ErrorStatus openConflict(const KdDbObject& object, KdDb::OpenMode mode) {
+    const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
+    if (record.writing) return Kdad::eWasOpenForWrite;
+    if (mode == KdDb::kForWrite && record.readers > 0) return Kdad::eWasOpenForRead;
+    return Kdad::eOk;
+}
+
+void beginOpen(KdDbObject& object, KdDb::OpenMode mode) {
+    KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
+    if (mode == KdDb::kForWrite) {
+        record.writing = true;
+    } else {
+        ++record.readers;
+    }
+    noteOpen(object);
+}
+
+void endOpen(KdDbObject& object) {
+    KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
+    theRegister().open.erase(record.id);
+    record.command.clear();
+    const bool changed = std::exchange(record.changed, false);
+    const bool erasureChanged = std::exchange(record.erasureChanged, false);
+    if (changed || erasureChanged) tellChange(object, changed, erasureChanged);
+}
+
+Kdad::ErrorStatus openObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
+                             const KdRxClass* cls) {
+    object = nullptr;
+    if (id.isNull()) return Kdad::eNullObjectId;
+    KdDbObject* found = findObject(id);
+    if (found == nullptr) return Kdad::eUnknownId;
+    if (found->isErased() && !openErased) return Kdad::eWasErased;
+    if (cls != nullptr && !found->isKindOf(cls)) return Kdad::eNotThatKindOfClass;
+    const Kdad::ErrorStatus conflict = openConflict(*found, mode);
+    if (conflict != Kdad::eOk) return conflict;
+    if (mode == KdDb::kForWrite && isOnLockedLayer(*found)) return Kdad::eOnLockedLayer;
+    beginOpen(*found, mode);
+    object = found;
+    return Kdad::eOk;
+}
+
+}  // namespace kdhost
+
+using namespace kdhost;
+
+KdDbObjectState* KdDbObjectAccess::stateForWrite(KdDbObject& object) {
+    KdDbOpenRecord& record = *object.m_open;
+    if (record.database != nullptr) {
+        if (!record.writing) {
+            noteBreach(object, L"written without a write open");
+            return nullptr;
+        }
+        record.changed = true;
+    }
+    return object.m_state.get();
+}
+
+void KdDbObjectAccess::noteTransientChange(const KdDbObject& object) {
+    KdDbOpenRecord& record = *object.m_open;
+    if (record.isOpen()) {
+        record.changed = true;
+    } else {
+        tellChange(object, true, false);
+    }
+}
+
+Kdad::ErrorStatus KdDbObject::close() {
+    KdDbOpenRecord& record = *m_open;
+    if (record.database == nullptr) return Kdad::eOk;
+    if (!record.isOpen()) {
+        noteBreach(*this, L"closed while it is not open");
+        return Kdad::eNotOpenForRead;
+    }
+    if (record.writing) {
+        record.writing = false;
+    } else {
+        --record.readers;
+    }
+    if (!record.isOpen()) endOpen(*this);
+    return Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbObject::upgradeOpen() {
+    KdDbOpenRecord& record = *m_open;
+    if (record.database == nullptr || record.writing) return Kdad::eOk;
+    if (record.readers == 0) return Kdad::eNotOpenForRead;
+    if (record.readers > 1) return Kdad::eWasOpenForRead;
+    if (isOnLockedLayer(*this)) return Kdad::eOnLockedLayer;
+    record.readers = 0;
+    record.writing = true;
+    return Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbObject::downgradeOpen() {
+    KdDbOpenRecord& record = *m_open;
+    if (record.database == nullptr) return Kdad::eOk;
+    if (!record.isOpen()) return Kdad::eNotOpenForRead;
+    if (record.writing) {
+        record.writing = false;
+        record.readers = 1;
+    }
+    return Kdad::eOk;
+}
+
+Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
+                                 const KdRxClass* cls) {
+    object = nullptr;
+    if (faultStrikes()) return Kdad::eInvalidContext;
+    return openObject(object, id, mode, openErased, cls);
+}
+
+Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased) {
+    return kddbOpenObject(object, id, mode, openErased, nullptr);
+}
+
+Kdad::ErrorStatus kddbOpenObject(KdDbEntity*& entity, KdDbObjectId id, KdDb::OpenMode mode, bool openErased) {
+    KdDbObject* object = nullptr;
+    const Kdad::ErrorStatus status = kddbOpenObject(object, id, mode, openErased, KdDbEntity::desc());
+    entity = static_cast<KdDbEntity*>(object);
+    return status;
+}

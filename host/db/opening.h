@@ -1,0 +1,53 @@
+// The host's own opens, and the steps that begin and end an open.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "kd/db/object.h"
+
+namespace kdhost {
+
+/// As kddbOpenObject, for opens that are part of another operation of the host.
+Kdad::ErrorStatus openObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false,
+                             const KdRxClass* cls = nullptr);
+
+/// The same, as class T; null on failure.
+template <class T>
+Kdad::ErrorStatus openAs(T*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false) {
+    KdDbObject* opened = nullptr;
+    const Kdad::ErrorStatus status = openObject(opened, id, mode, openErased, T::desc());
+    object = static_cast<T*>(opened);
+    return status;
+}
+
+/// Whether the object could be opened in that mode now, as far as other opens go.
+Kdad::ErrorStatus openConflict(const KdDbObject& object, KdDb::OpenMode mode);
+
+/// Enters an open that is known to be allowed.
+void beginOpen(KdDbObject& object, KdDb::OpenMode mode);
+
+/// Nobody has the object open any more: tells whoever wants to know what the open changed.
+void endOpen(KdDbObject& object);
+
+/// The object leaves memory: it is known by its id no longer.
+void forgetObject(const KdDbObject& object);
+/// The object has got its id.
+void rememberObject(KdDbObject& object);
+
+/// As peekObject, to be changed by the host itself.
+KdDbObject* findObject(KdDbObjectId id);
+
+void noteBreach(const KdDbObject& object, const std::wstring& what);
+
+/// Calls `tell(reactor)` for each reactor that is still there when its turn comes.
+template <class Tell>
+void tellReactors(const std::vector<KdDbObjectReactor*>& reactors, Tell&& tell) {
+    const std::vector<KdDbObjectReactor*> asked = reactors;
+    for (KdDbObjectReactor* reactor : asked) {
+        if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) tell(*reactor);
+    }
+}
+
+}  // namespace kdhost

@@ -1,0 +1,196 @@
+// Symbol tables: look-up by name, adding, walking.
+
+#include "kd/db/symboltable.h"
+
+#include "host/db/access.h"
+#include "host/db/databasecontents.h"
+#include "host/db/names.h"
+#include "host/db/opening.h"
+#include "host/db/symbolstate.h"
+#include "kd/ed/resbuf.h"
+
+KDRX_DEFINE_MEMBERS(KdDbSymbolTable, KdDbObject)
+KDRX_DEFINE_MEMBERS(KdDbBlockTable, KdDbSymbolTable)
+KDRX_DEFINE_MEMBERS(KdDbLayerTable, KdDbSymbolTable)
+KDRX_DEFINE_MEMBERS(KdDbLinetypeTable, KdDbSymbolTable)
+KDRX_DEFINE_MEMBERS(KdDbTextStyleTable, KdDbSymbolTable)
+KDRX_DEFINE_MEMBERS(KdDbSymbolTableRecord, KdDbObject)
+
+namespace {
+
+using State = KdDbSymbolTableState;
+using RecordState = KdDbSymbolTableRecordState;
+
+/// Which records go into which table.
+struct Kind {
+    KdRxClass* (*table)();
+    KdRxClass* (*record)();
+};
+constexpr Kind kKinds[] = {
+    {KdDbBlockTable::desc, KdDbBlockTableRecord::desc},
+    {KdDbLayerTable::desc, KdDbLayerTableRecord::desc},
+    {KdDbLinetypeTable::desc, KdDbLinetypeTableRecord::desc},
+    {KdDbTextStyleTable::desc, KdDbTextStyleTableRecord::desc},
+};
+
+bool takes(const KdDbSymbolTable& table, const KdDbSymbolTableRecord& record) {
+    for (const Kind& kind : kKinds) {
+        if (table.isKindOf(kind.table())) return record.isKindOf(kind.record());
+    }
+    return false;
+}
+
+const std::wstring& nameOf(const KdDbObject& record) {
+    return stateOf<RecordState>(record).name;
+}
+
+/// Enters the records that the index lacks. Of two with one name the live one counts, which is the later.
+void bringUpToDate(const KdDbSymbolTable& table) {
+    const State& state = stateOf<State>(table);
+    KdDbSymbolIndex& index = state.index;
+    const std::uint64_t generation = KdDbDatabaseAccess::contents(*table.database()).nameGeneration;
+    if (index.generation != generation || index.indexed > state.records.size()) index = {};
+    index.generation = generation;
+    for (; index.indexed < state.records.size(); ++index.indexed) {
+        const KdDbObjectId id = state.records[index.indexed];
+        const KdDbObject* record = kdhost::peekObject(id, true);
+        if (record == nullptr) continue;
+        const auto [place, isNew] = index.ids.try_emplace(kdhost::foldedName(nameOf(*record).c_str()), id);
+        if (!isNew && !record->isErased()) place->second = id;
+    }
+}
+
+/// The record of that name, an erased one too; the null id when there is none.
+KdDbObjectId find(const KdDbSymbolTable& table, const wchar_t* name) {
+    if (table.database() == nullptr) return KdDbObjectId::kNull;
+    bringUpToDate(table);
+    const KdDbSymbolIndex& index = stateOf<State>(table).index;
+    const auto found = index.ids.find(kdhost::foldedName(name));
+    return found == index.ids.end() ? KdDbObjectId::kNull : found->second;
+}
+
+class Iterator final : public KdDbSymbolTableIterator {
+public:
+    explicit Iterator(const KdDbSymbolTable& table) : m_table(table) { start(); }
+
+    void start() override {
+        m_at = 0;
+        passErased();
+    }
+    bool done() const override { return m_at >= records().size(); }
+    void step() override {
+        if (!done()) ++m_at;
+        passErased();
+    }
+    Kdad::ErrorStatus getRecordId(KdDbObjectId& id) const override {
+        id = done() ? KdDbObjectId::kNull : records()[m_at];
+        return done() ? Kdad::eInvalidIndex : Kdad::eOk;
+    }
+    Kdad::ErrorStatus getRecord(KdDbSymbolTableRecord*& record, KdDb::OpenMode mode) const override {
+        record = nullptr;
+        return done() ? Kdad::eInvalidIndex : kdhost::openAs(record, records()[m_at], mode);
+    }
+
+private:
+    const std::vector<KdDbObjectId>& records() const { return stateOf<State>(m_table).records; }
+    void passErased() {
+        while (!done() && kdhost::peekObject(records()[m_at]) == nullptr) ++m_at;
+    }
+
+    const KdDbSymbolTable& m_table;
+    std::size_t m_at = 0;
+};
+
+}  // namespace
+
+KdDbSymbolTableIterator::~KdDbSymbolTableIterator() = default;
+
+std::unique_ptr<KdDbObjectState> KdDbSymbolTableState::clone() const {
+    auto copy = std::make_unique<KdDbSymbolTableState>(*this);
+    copy->index = {};
+    return copy;
+}
+
+void KdDbSymbolTableState::mapIds(const kdhost::IdMapper& map) {
+    KdDbObjectState::mapIds(map);
+    for (KdDbObjectId& id : records) id = map(id, kdhost::IdRole::owned);
+    std::erase(records, KdDbObjectId::kNull);
+    index = {};
+}
+
+void KdDbSymbolTableRecordState::takePlaceOf(const KdDbObjectState& previous) {
+    KdDbObjectState::takePlaceOf(previous);
+    name = static_cast<const KdDbSymbolTableRecordState&>(previous).name;
+}
+
+KdDbSymbolTable::KdDbSymbolTable(std::unique_ptr<KdDbObjectState> state) : KdDbObject(std::move(state)) {}
+KdDbBlockTable::KdDbBlockTable() : KdDbSymbolTable(std::make_unique<State>()) {}
+KdDbLayerTable::KdDbLayerTable() : KdDbSymbolTable(std::make_unique<State>()) {}
+KdDbLinetypeTable::KdDbLinetypeTable() : KdDbSymbolTable(std::make_unique<State>()) {}
+KdDbTextStyleTable::KdDbTextStyleTable() : KdDbSymbolTable(std::make_unique<State>()) {}
+
+Kdad::ErrorStatus KdDbSymbolTable::getAt(const wchar_t* name, KdDbObjectId& id, bool getErased) const {
+    id = find(*this, name);
+    if (kdhost::peekObject(id, getErased) == nullptr) id.setNull();
+    return id.isNull() ? Kdad::eKeyNotFound : Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbSymbolTable::getAt(const wchar_t* name, KdDbSymbolTableRecord*& record,
+                                         KdDb::OpenMode mode) const {
+    record = nullptr;
+    KdDbObjectId id;
+    const Kdad::ErrorStatus status = getAt(name, id);
+    return status == Kdad::eOk ? kdhost::openAs(record, id, mode) : status;
+}
+
+bool KdDbSymbolTable::has(const wchar_t* name) const {
+    KdDbObjectId id;
+    return getAt(name, id) == Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbSymbolTable::add(KdDbObjectId& id, KdDbSymbolTableRecord* record) {
+    id.setNull();
+    if (record == nullptr) return Kdad::eNullObjectPointer;
+    if (database() == nullptr) return Kdad::eNotInDatabase;
+    if (record->database() != nullptr) return Kdad::eAlreadyInDatabase;
+    if (!takes(*this, *record)) return Kdad::eNotThatKindOfClass;
+    if (nameOf(*record).empty()) return Kdad::eInvalidKey;
+    if (has(nameOf(*record).c_str())) return Kdad::eDuplicateKey;
+    State* state = writableStateOf<State>(*this);
+    if (state == nullptr) return Kdad::eNotOpenForWrite;
+    const Kdad::ErrorStatus status = database()->addKdDbObject(record, id, objectId());
+    if (status == Kdad::eOk) state->records.push_back(id);
+    return status;
+}
+
+Kdad::ErrorStatus KdDbSymbolTable::newIterator(KdDbSymbolTableIterator*& iterator) const {
+    iterator = new Iterator(*this);
+    return Kdad::eOk;
+}
+
+KdDbSymbolTableRecord::KdDbSymbolTableRecord(std::unique_ptr<KdDbObjectState> state) : KdDbObject(std::move(state)) {}
+
+Kdad::ErrorStatus KdDbSymbolTableRecord::getName(std::wstring& name) const {
+    name = nameOf(*this);
+    return Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbSymbolTableRecord::getName(wchar_t*& name) const {
+    name = kdutNewString(nameOf(*this).c_str());
+    return name == nullptr ? Kdad::eOutOfMemory : Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbSymbolTableRecord::setName(const wchar_t* name) {
+    if (name == nullptr || *name == L'\0') return Kdad::eInvalidKey;
+    if (database() != nullptr) {
+        if (KdDbDatabaseAccess::contents(*database()).isRequired(objectId())) return Kdad::eNotApplicable;
+        const auto* table = kdhost::peek<KdDbSymbolTable>(ownerId());
+        KdDbObjectId other;
+        if (table != nullptr && table->getAt(name, other) == Kdad::eOk && other != objectId()) {
+            return Kdad::eDuplicateKey;
+        }
+    }
+    const Kdad::ErrorStatus status = changeState<RecordState>(*this, [&](RecordState& state) { state.name = name; });
+    if (status == Kdad::eOk && database() != nullptr) ++KdDbDatabaseAccess::contents(*database()).nameGeneration;
+    return status;
+}
