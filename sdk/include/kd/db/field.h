@@ -29,10 +29,16 @@ public:
 
     KdDbField();
 
+    /// Sets code and children together, so that without `children` there are none afterwards; what had been
+    /// evaluated is void. A child that is in no database belongs to the field from now on (another field's
+    /// is copied) and goes into the database with it, or at once, open for write, when the field is there
+    /// already. Children in the database that this field owned and no longer has are erased.
     /// eInvalidInput for a null code.
     Kdad::ErrorStatus setFieldCode(const wchar_t* code, FieldCodeFlag flag = kFieldCode,
                                    KdArray<KdDbField*>* children = nullptr);
-    /// An empty text when there is none.
+    /// An empty text when there is none. Appends the children, opened in that mode where they are in a
+    /// database, when an array is given. The evaluated text of a code that has never been evaluated is
+    /// "####", that of a mere text the text with its children's.
     KdString getFieldCode(FieldCodeFlag flag, KdArray<KdDbField*>* children = nullptr,
                           KdDb::OpenMode mode = KdDb::kForRead) const;
     /// The same; the caller frees the text with kdutDelBuffer.
@@ -43,6 +49,7 @@ public:
     Kdad::ErrorStatus getChild(int index, KdDbField*& child, KdDb::OpenMode mode) const;
     Kdad::ErrorStatus setEvaluationOption(EvalOption option);
     EvalOption evaluationOption() const;
-    /// Puts the field and its children into the database. eAlreadyInDatabase when it has a place.
+    /// Puts the field and its children into the database; the field stays open for write, the children
+    /// don't. eAlreadyInDatabase when it has a place, eInvalidInput for a null database.
     Kdad::ErrorStatus postInDatabase(KdDbDatabase* database);
 };
