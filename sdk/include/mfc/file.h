@@ -20,7 +20,7 @@ private:
     std::wstring m_fileName;
 };
 
-/// A file of bytes, not buffered.
+/// A file of bytes, not buffered. An operation on a file that isn't open throws EBADF.
 class CFile {
 public:
     /// Bits of the open flags.
@@ -43,7 +43,7 @@ public:
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
 
-    /// False, with the cause in `error` when it isn't null, on failure.
+    /// False, with the cause in `error` when it isn't null, on failure; a file that is open stays open.
     virtual bool Open(const wchar_t* path, UINT flags, CFileException* error = nullptr);
     /// Returns the number of bytes read, less than `count` only at the end of the file. Throws.
     virtual UINT Read(void* buffer, UINT count);
@@ -55,7 +55,8 @@ public:
     virtual std::uint64_t GetLength() const;
     /// Hands everything written so far to the system. Throws.
     virtual void Flush();
-    /// Flushes and closes. Throws when the rest can't be written; the file is closed all the same.
+    /// Flushes and closes. Throws when the rest can't be written; the file is closed all the same. Nothing
+    /// when the file isn't open.
     virtual void Close();
 
     bool isOpen() const;
@@ -67,6 +68,10 @@ protected:
     explicit CFile(bool buffered);
 
 private:
+    /// Does its work on the open file and turns a failure into the exception.
+    template <class Work>
+    auto onHandle(Work work) const;
+
     std::unique_ptr<Handle> m_handle;
     std::wstring m_path;
     bool m_buffered = false;
