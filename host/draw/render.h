@@ -9,12 +9,16 @@ class QImage;
 
 namespace kdhost::draw {
 
-/// A picture of the primitives, zoomed to their extents with a margin, on white paper. The longer side has
-/// `longSide` pixels.
-QImage paint(const Primitives& primitives, int longSide = 1600);
+/// A picture of the primitives, zoomed to their extents with a margin, on white paper. With `longSide` 0
+/// the size is chosen so that the smallest text can be read, as far as a picture may grow: 16000 pixels on
+/// the longer side, 48 million in all. No primitives give a small blank picture.
+QImage paint(const Primitives& primitives, int longSide = 0);
 
-/// Writes a picture of the model space; the extension tells the kind (".png"). Empty on success, else one
-/// line that says what is wrong. The file is written whole or not at all.
+/// Writes a picture of the model space; the extension tells the kind (".png", ".svg", ".pdf"), in either
+/// case. Empty on success, else one line that says what is wrong. The file is written whole or not at all.
 std::string render(const KdDbDatabase& database, const std::string& path, const Options& options);
+
+/// The same for primitives at hand.
+std::string render(const Primitives& primitives, const std::string& path);
 
 }  // namespace kdhost::draw

@@ -1,0 +1,200 @@
+// The grid lines of a drawn table: each line once, neighbouring pieces of the same looks joined.
+
+#include <array>
+#include <map>
+#include <tuple>
+
+#include "host/draw/tabledrawing.h"
+#include "kd/db/table.h"
+
+namespace kdhost::draw {
+namespace {
+
+/// Looks of an edge; `spacing` is the gap of a double line, 0 for a single one.
+struct EdgeLooks {
+    Color color;
+    int lineWeight = 0;
+    std::vector<double> dashes;
+    double spacing = 0.0;
+};
+
+/// An edge's place in the list of looks; 0 for an edge that isn't drawn.
+using Edge = int;
+constexpr Edge kNoEdge = 0;
+
+/// Which cell and which of its edges tell about a grid edge.
+struct Side {
+    int row;
+    int column;
+    KdDb::GridLineType edge;
+};
+
+/// The edges of a whole table. Lines of rows run along the rows between grid nodes, lines of columns across.
+class Grid {
+public:
+    explicit Grid(const TableDrawing& drawing)
+        : m_drawing(drawing), m_rows(drawing.geometry.rows()), m_columns(drawing.geometry.columns()) {
+        m_edges[0].assign(size(m_rows + 1, m_columns), kNoEdge);
+        m_edges[1].assign(size(m_columns + 1, m_rows), kNoEdge);
+        for (int row = 0; row < m_rows; ++row) {
+            for (int column = 0; column < m_columns; ++column) collectAbove(row, column);
+        }
+        for (int column = 0; column < m_columns; ++column) {
+            set(true, m_rows, column, fromSide({m_rows - 1, column, KdDb::kHorzBottom}));
+        }
+        for (int row = 0; row < m_rows; ++row) {
+            set(false, m_columns, row, fromSide({row, m_columns - 1, KdDb::kVertRight}));
+        }
+    }
+
+    /// Lines that run along rows (`ofRows`) or columns, and the number of edges in each.
+    int lines(bool ofRows) const { return (ofRows ? m_rows : m_columns) + 1; }
+    int length(bool ofRows) const { return ofRows ? m_columns : m_rows; }
+
+    Edge at(bool ofRows, int line, int index) const {
+        if (line < 0 || line >= lines(ofRows) || index < 0 || index >= length(ofRows)) return kNoEdge;
+        return m_edges[ofRows ? 0 : 1][place(ofRows, line, index)];
+    }
+    const EdgeLooks& looks(Edge edge) const { return m_looks[static_cast<std::size_t>(edge)]; }
+
+    /// The edge that leaves a node of a line to one side: -1 towards the lines before, 1 towards those after.
+    Edge across(bool ofRows, int line, int node, int side) const {
+        return at(!ofRows, node, side < 0 ? line - 1 : line);
+    }
+    bool isDouble(Edge edge) const { return edge != kNoEdge && looks(edge).spacing > 0.0; }
+
+private:
+    static std::size_t size(int lines, int length) {
+        return static_cast<std::size_t>(lines) * static_cast<std::size_t>(length);
+    }
+    std::size_t place(bool ofRows, int line, int index) const {
+        return size(line, length(ofRows)) + static_cast<std::size_t>(index);
+    }
+    void set(bool ofRows, int line, int index, Edge edge) {
+        m_edges[ofRows ? 0 : 1][place(ofRows, line, index)] = edge;
+    }
+
+    /// The edges before a cell in both directions; those inside its merge are not drawn.
+    void collectAbove(int row, int column) {
+        const KdCellRange merge = m_drawing.table.getMergeRange(row, column);
+        if (merge.m_topRow == row) {
+            set(true, row, column, between({row - 1, column, KdDb::kHorzBottom}, {row, column, KdDb::kHorzTop}));
+        }
+        if (merge.m_leftColumn == column) {
+            set(false, column, row, between({row, column - 1, KdDb::kVertRight}, {row, column, KdDb::kVertLeft}));
+        }
+    }
+
+    /// The two cells beside an edge may differ by their styles: it is drawn when one of them shows it, with
+    /// the looks that the later cell gives it, or else those of the cell that shows it.
+    Edge between(const Side& before, const Side& after) {
+        const Edge edge = fromSide(after);
+        return edge != kNoEdge || before.row < 0 || before.column < 0 ? edge : fromSide(before);
+    }
+
+    Edge fromSide(const Side& side) {
+        const KdDbTable& table = m_drawing.table;
+        if (table.gridVisibility(side.row, side.column, side.edge) != KdDb::kVisible) return kNoEdge;
+        const Looks& looks = m_drawing.looks;
+        const Color color = looks.color(table.gridColor(side.row, side.column, side.edge)).value_or(looks.color());
+        const int weight = looks.lineWeight(table.gridLineWeight(side.row, side.column, side.edge));
+        const KdDbObjectId linetype = table.gridLinetype(side.row, side.column, side.edge);
+        const bool isDouble = table.gridLineStyle(side.row, side.column, side.edge) == KdDb::kGridLineStyleDouble;
+        const double spacing = isDouble ? table.gridDoubleLineSpacing(side.row, side.column, side.edge) : 0.0;
+        const auto key =
+            std::make_tuple(color.red, color.green, color.blue, color.foreground, weight, linetype, spacing);
+        const auto [known, added] = m_known.try_emplace(key, static_cast<Edge>(m_looks.size()));
+        if (added) m_looks.push_back({color, weight, looks.dashes(linetype), spacing});
+        return known->second;
+    }
+
+    const TableDrawing& m_drawing;
+    int m_rows;
+    int m_columns;
+    std::array<std::vector<Edge>, 2> m_edges;
+    std::vector<EdgeLooks> m_looks{1};
+    std::map<std::tuple<int, int, int, bool, int, KdDbObjectId, double>, Edge> m_known;
+};
+
+/// Draws the lines of one direction.
+class LineDrawer {
+public:
+    LineDrawer(const TableDrawing& drawing, const Grid& grid, bool ofRows)
+        : m_drawing(drawing), m_grid(grid), m_ofRows(ofRows) {}
+
+    void draw() {
+        for (int line = 0; line < m_grid.lines(m_ofRows); ++line) drawLine(line);
+    }
+
+private:
+    void drawLine(int line) {
+        for (int begin = 0; begin < m_grid.length(m_ofRows);) {
+            const Edge edge = m_grid.at(m_ofRows, line, begin);
+            int end = begin + 1;
+            while (edge != kNoEdge && m_grid.at(m_ofRows, line, end) == edge) ++end;
+            if (m_grid.isDouble(edge)) {
+                drawDouble(line, begin, end, -1);
+                drawDouble(line, begin, end, 1);
+            } else if (edge != kNoEdge) {
+                piece(edge, line, 0.0, position(begin), position(end));
+            }
+            begin = end;
+        }
+    }
+
+    // One of the two lines of a double line. Where a double line meets it on its own side, both open towards
+    // each other; at a corner the outer lines run on until they meet:
+    //
+    //     +-----------       ----+ +----
+    //     | +---------       ----+ +----
+    //     | |                ----+ +----
+    //     | |                    | |
+    void drawDouble(int line, int begin, int end, int side) {
+        const Edge edge = m_grid.at(m_ofRows, line, begin);
+        for (int from = begin; from < end;) {
+            int to = from + 1;
+            while (to < end && !m_grid.isDouble(m_grid.across(m_ofRows, line, to, side))) ++to;
+            const double offset = 0.5 * m_grid.looks(edge).spacing * side;
+            piece(edge, line, offset, position(from) + trim(line, from, side, from - 1),
+                  position(to) - trim(line, to, side, to));
+            from = to;
+        }
+    }
+
+    /// How far a line of a double line stays back from a node; negative where it runs on. `beyond` is the
+    /// index of the edge on the node's other side.
+    double trim(int line, int node, int side, int beyond) const {
+        const Edge near = m_grid.across(m_ofRows, line, node, side);
+        if (m_grid.isDouble(near)) return 0.5 * m_grid.looks(near).spacing;
+        const Edge far = m_grid.across(m_ofRows, line, node, -side);
+        const bool corner = m_grid.at(m_ofRows, line, beyond) == kNoEdge;
+        return corner && near == kNoEdge && m_grid.isDouble(far) ? -0.5 * m_grid.looks(far).spacing : 0.0;
+    }
+
+    double position(int node) const {
+        return m_ofRows ? m_drawing.geometry.columnEdge(node) : m_drawing.geometry.rowEdge(node);
+    }
+
+    void piece(Edge edge, int line, double offset, double from, double to) const {
+        const TableGeometry& geometry = m_drawing.geometry;
+        const double fixed = (m_ofRows ? geometry.rowEdge(line) : geometry.columnEdge(line)) + offset;
+        const EdgeLooks& looks = m_grid.looks(edge);
+        const KdGePoint3d start = m_ofRows ? geometry.at(from, fixed) : geometry.at(fixed, from);
+        const KdGePoint3d stop = m_ofRows ? geometry.at(to, fixed) : geometry.at(fixed, to);
+        m_drawing.out.push_back(Polyline{{start, stop}, looks.color, looks.lineWeight, looks.dashes});
+    }
+
+    const TableDrawing& m_drawing;
+    const Grid& m_grid;
+    bool m_ofRows;
+};
+
+}  // namespace
+
+void drawGrid(const TableDrawing& drawing) {
+    const Grid grid(drawing);
+    LineDrawer(drawing, grid, true).draw();
+    LineDrawer(drawing, grid, false).draw();
+}
+
+}  // namespace kdhost::draw

@@ -1,0 +1,163 @@
+// How a table shows that cells of it are selected: indicators with letters and numbers outside the first row
+// and column, a frame around the selection, a grip on each of its sides.
+
+#include <algorithm>
+#include <utility>
+
+#include "host/draw/tabledrawing.h"
+#include "kd/db/table.h"
+
+namespace kdhost::draw {
+namespace {
+
+constexpr Color kBandColor{230, 233, 238, false};
+constexpr Color kSelectedBandColor{255, 213, 140, false};
+constexpr Color kBandLineColor{150, 156, 166, false};
+constexpr Color kBandTextColor{40, 44, 52, false};
+constexpr Color kFrameColor{230, 120, 0, false};
+constexpr Color kGripColor{0, 90, 200, false};
+constexpr int kFrameWeight = 50;
+
+/// Indicators are as high and as wide as twice the text height of data; the other sizes go with it.
+constexpr double kBandInTextHeights = 2.0;
+constexpr double kGripInTextHeights = 0.4;
+constexpr double kLetterInTextHeights = 0.9;
+constexpr double kLetterFill = 0.85;  ///< of the band's width that a label takes at most
+
+/// A range of rows or columns as selected: negative for all of them, in either order, inside the table.
+std::pair<int, int> clamped(int first, int last, int count) {
+    if (first < 0 && last < 0) return {0, count - 1};
+    if (first > last) std::swap(first, last);
+    return {std::clamp(first, 0, count - 1), std::clamp(last, 0, count - 1)};
+}
+
+KdCellRange united(const KdCellRange& a, const KdCellRange& b) {
+    return {std::min(a.m_topRow, b.m_topRow), std::min(a.m_leftColumn, b.m_leftColumn),
+            std::max(a.m_bottomRow, b.m_bottomRow), std::max(a.m_rightColumn, b.m_rightColumn)};
+}
+
+/// The range with every merge that its border cuts taken in whole.
+KdCellRange withWholeMerges(const KdDbTable& table, KdCellRange range) {
+    for (KdCellRange before; before != range;) {
+        before = range;
+        for (int row = before.m_topRow; row <= before.m_bottomRow; ++row) {
+            range = united(range, table.getMergeRange(row, before.m_leftColumn));
+            range = united(range, table.getMergeRange(row, before.m_rightColumn));
+        }
+        for (int column = before.m_leftColumn; column <= before.m_rightColumn; ++column) {
+            range = united(range, table.getMergeRange(before.m_topRow, column));
+            range = united(range, table.getMergeRange(before.m_bottomRow, column));
+        }
+    }
+    return range;
+}
+
+/// A rectangle along the rows and from row to row.
+struct Area {
+    double left;
+    double right;
+    double first;
+    double last;
+};
+
+class SelectionDrawer {
+public:
+    explicit SelectionDrawer(const TableDrawing& drawing)
+        : m_drawing(drawing), m_height(drawing.table.textHeight(KdDb::kDataRow)) {
+        const KdCellRange range = drawing.table.getSubSelection();
+        const auto [top, bottom] = clamped(range.m_topRow, range.m_bottomRow, drawing.geometry.rows());
+        const auto [left, right] = clamped(range.m_leftColumn, range.m_rightColumn, drawing.geometry.columns());
+        m_range = withWholeMerges(drawing.table, {top, left, bottom, right});
+        m_font = fontOf(KdDbObjectId::kNull, drawing.table.database());
+    }
+
+    void draw() {
+        drawIndicators();
+        drawFrame();
+    }
+
+private:
+    void drawIndicators() {
+        const TableGeometry& geometry = m_drawing.geometry;
+        const double band = kBandInTextHeights * m_height;
+        for (int column = 0; column < geometry.columns(); ++column) {
+            const bool selected = column >= m_range.m_leftColumn && column <= m_range.m_rightColumn;
+            drawIndicator({geometry.columnEdge(column), geometry.columnEdge(column + 1), -band, 0.0}, -1, column,
+                          selected);
+        }
+        for (int row = 0; row < geometry.rows(); ++row) {
+            const bool selected = row >= m_range.m_topRow && row <= m_range.m_bottomRow;
+            drawIndicator({-band, 0.0, geometry.rowEdge(row), geometry.rowEdge(row + 1)}, row, -1, selected);
+        }
+    }
+
+    void drawIndicator(const Area& area, int row, int column, bool selected) {
+        const std::vector<KdGePoint3d> corners = cornersOf(area);
+        m_drawing.out.push_back(Polygon{corners, selected ? kSelectedBandColor : kBandColor});
+        outline(corners, kBandLineColor, 0);
+        KdString label;
+        kdadConvertIndexToIndicatorString(row, column, label);
+        drawLabel(label.str(), area);
+    }
+
+    /// In the middle of its area, smaller where it would not fit.
+    void drawLabel(const std::wstring& label, const Area& area) {
+        Text sample;
+        sample.font = m_font;
+        sample.color = kBandTextColor;
+        sample.height = kLetterInTextHeights * m_height;
+        const double room = kLetterFill * (area.right - area.left);
+        const double width = text::layout(label, m_font, sample.height, 0.0).width;
+        if (width > room && room > 0.0) sample.height *= room / width;
+
+        TextPlace place;
+        place.anchor = m_drawing.geometry.at(0.5 * (area.left + area.right), 0.5 * (area.first + area.last));
+        place.right = m_drawing.geometry.right();
+        place.up = m_drawing.geometry.up();
+        place.horizontal = 1;
+        place.vertical = 1;
+        drawText(text::layout(label, m_font, sample.height, 0.0), place, sample, m_drawing.out);
+    }
+
+    void drawFrame() {
+        const TableGeometry& geometry = m_drawing.geometry;
+        const Area area{geometry.columnEdge(m_range.m_leftColumn), geometry.columnEdge(m_range.m_rightColumn + 1),
+                        geometry.rowEdge(m_range.m_topRow), geometry.rowEdge(m_range.m_bottomRow + 1)};
+        outline(cornersOf(area), kFrameColor, kFrameWeight);
+        const double middle = 0.5 * (area.left + area.right);
+        const double half = 0.5 * (area.first + area.last);
+        drawGrip(middle, area.first);
+        drawGrip(area.left, half);
+        drawGrip(area.right, half);
+        drawGrip(middle, area.last);
+    }
+
+    void drawGrip(double along, double next) {
+        const double half = 0.5 * kGripInTextHeights * m_height;
+        m_drawing.out.push_back(Polygon{cornersOf({along - half, along + half, next - half, next + half}), kGripColor});
+    }
+
+    void outline(std::vector<KdGePoint3d> corners, const Color& color, int weight) {
+        corners.push_back(corners.front());
+        m_drawing.out.push_back(Polyline{std::move(corners), color, weight, {}});
+    }
+
+    std::vector<KdGePoint3d> cornersOf(const Area& area) const {
+        const TableGeometry& geometry = m_drawing.geometry;
+        return {geometry.at(area.left, area.first), geometry.at(area.right, area.first),
+                geometry.at(area.right, area.last), geometry.at(area.left, area.last)};
+    }
+
+    const TableDrawing& m_drawing;
+    double m_height;
+    KdCellRange m_range;
+    text::Font m_font;
+};
+
+}  // namespace
+
+void drawSelection(const TableDrawing& drawing) {
+    if (drawing.context.options.selections && drawing.table.hasSubSelection()) SelectionDrawer(drawing).draw();
+}
+
+}  // namespace kdhost::draw
