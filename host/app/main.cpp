@@ -1,3 +1,5 @@
 // kdhost: the program.
 
-int main() { return 0; }
+int main() {
+    return 0;
+}

@@ -1,0 +1,65 @@
+// Start and end of the application.
+
+#include "host/ad/application.h"
+
+#include "host/ed/commandline.h"
+#include "host/ed/display.h"
+#include "host/ed/variables.h"
+#include "host/rx/dynamiclinker.h"
+#include "kd/ad/document.h"
+#include "kd/db/table.h"
+
+namespace kdhost {
+namespace {
+
+Application* running = nullptr;
+
+}  // namespace
+
+Application::Application() : m_documents(m_services) {
+    running = this;
+    resetVariables();
+    commandLine().clear();
+    kddbSetHostApplicationServices(&m_services);
+    setDatabaseListener(this);
+    setOpenDocumentCount([this] { return m_documents.documentCount(); });
+}
+
+Application::~Application() {
+    sendMessage(KdRx::kQuitMsg);
+    while (Document* document = m_documents.at(m_documents.documentCount() - 1)) {
+        if (!m_documents.close(*document)) break;
+    }
+    for (auto module = m_modules.rbegin(); module != m_modules.rend(); ++module) {
+        dynamicLinker().unloadModule(module->c_str());
+    }
+    setOpenDocumentCount({});
+    setDatabaseListener(nullptr);
+    kddbSetHostApplicationServices(nullptr);
+    running = nullptr;
+}
+
+Application* Application::current() {
+    return running;
+}
+
+std::wstring Application::loadModule(const std::wstring& path) {
+    if (!dynamicLinker().loadModule(path.c_str())) return lastLoadError();
+    m_modules.push_back(path);
+    return {};
+}
+
+void Application::objectChanged(KdDbObjectId id) {
+    queueForRedraw(id);
+    const auto* table = peek<KdDbTable>(id);
+    Document* document = table == nullptr ? nullptr : m_documents.documentOf(table->database());
+    const bool isNew = document != nullptr && m_knownTables.insert(id).second;
+    if (isNew) document->editor().pickFirst().setCurrentTable(id);
+}
+
+}  // namespace kdhost
+
+KdApDocManager* kdDocManagerPtr() {
+    kdhost::Application* application = kdhost::Application::current();
+    return application == nullptr ? nullptr : &application->documents();
+}

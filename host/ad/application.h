@@ -1,0 +1,50 @@
+// The host as one running application: its services, its documents and the modules it has loaded. There is
+// one at a time.
+#pragma once
+
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "host/ad/documents.h"
+#include "host/ad/services.h"
+#include "host/db/access.h"
+
+namespace kdhost {
+
+class Application : private DatabaseListener {
+public:
+    /// Starts without a document. Host variables are as a session starts with.
+    Application();
+    /// Closes the documents, then unloads the modules in the reverse order of loading.
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    /// Null while none runs.
+    static Application* current();
+
+    HostServices& services() { return m_services; }
+    DocumentManager& documents() { return m_documents; }
+
+    /// Loads a module; a name without a folder is looked for in the plug-in folder. Empty on success, else
+    /// what is wrong.
+    std::wstring loadModule(const std::wstring& path);
+    /// The modules loaded, in the order of loading.
+    const std::vector<std::wstring>& modules() const { return m_modules; }
+
+    /// Asks the program to end once the running command is done.
+    void requestQuit() { m_quitRequested = true; }
+    bool isQuitRequested() const { return m_quitRequested; }
+
+private:
+    void objectChanged(KdDbObjectId id) override;
+
+    HostServices m_services;
+    DocumentManager m_documents;
+    std::vector<std::wstring> m_modules;
+    std::unordered_set<KdDbObjectId> m_knownTables;
+    bool m_quitRequested = false;
+};
+
+}  // namespace kdhost

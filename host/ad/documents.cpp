@@ -1,0 +1,118 @@
+// Opening, activating and closing of documents, and the order in which reactors learn of it.
+
+#include "host/ad/documents.h"
+
+#include <algorithm>
+
+#include "host/ad/services.h"
+#include "host/ed/commands.h"
+#include "host/rx/dynamiclinker.h"
+
+KdApDocManagerReactor::~KdApDocManagerReactor() = default;
+void KdApDocManagerReactor::documentCreated(KdApDocument*) {}
+void KdApDocManagerReactor::documentToBeActivated(KdApDocument*) {}
+void KdApDocManagerReactor::documentActivated(KdApDocument*) {}
+void KdApDocManagerReactor::documentToBeDeactivated(KdApDocument*) {}
+void KdApDocManagerReactor::documentToBeDestroyed(KdApDocument*) {}
+void KdApDocManagerReactor::documentDestroyed(const wchar_t*) {}
+KdApDocument::~KdApDocument() = default;
+KdApDocManager::~KdApDocManager() = default;
+
+namespace kdhost {
+
+Document::Document(std::wstring fileName)
+    : m_fileName(std::move(fileName)), m_database(std::make_unique<KdDbDatabase>()), m_editor(*m_database) {}
+
+Document::~Document() = default;
+
+DocumentManager::DocumentManager(HostServices& services) : m_services(services) {}
+
+DocumentManager::~DocumentManager() {
+    while (!m_documents.empty() && close(*m_documents.back())) {
+    }
+}
+
+void DocumentManager::addReactor(KdApDocManagerReactor* reactor) {
+    if (reactor == nullptr || std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end()) return;
+    m_reactors.push_back(reactor);
+}
+
+void DocumentManager::removeReactor(KdApDocManagerReactor* reactor) {
+    std::erase(m_reactors, reactor);
+}
+
+/// A reactor may come or go while the others are told.
+template <class... Parameters, class... Arguments>
+void DocumentManager::tell(void (KdApDocManagerReactor::*operation)(Parameters...), Arguments... arguments) {
+    const std::vector<KdApDocManagerReactor*> toTell = m_reactors;
+    for (KdApDocManagerReactor* reactor : toTell) {
+        const bool stillThere = std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end();
+        if (stillThere) (reactor->*operation)(arguments...);
+    }
+}
+
+Kdad::ErrorStatus DocumentManager::sendStringToExecute(KdApDocument* document, const wchar_t* text) {
+    const auto found = std::find_if(m_documents.begin(), m_documents.end(),
+                                    [&](const auto& candidate) { return candidate.get() == document; });
+    if (found == m_documents.end() || text == nullptr) return Kdad::eInvalidInput;
+    (*found)->editor().input().send(text);
+    return Kdad::eOk;
+}
+
+Document* DocumentManager::at(int index) const {
+    return index >= 0 && index < documentCount() ? m_documents[static_cast<std::size_t>(index)].get() : nullptr;
+}
+
+Document* DocumentManager::documentOf(const KdDbDatabase* database) const {
+    const auto found = std::find_if(m_documents.begin(), m_documents.end(),
+                                    [&](const auto& document) { return document->database() == database; });
+    return found == m_documents.end() ? nullptr : found->get();
+}
+
+Document& DocumentManager::openNew() {
+    m_documents.push_back(std::make_unique<Document>(L"Drawing" + std::to_wstring(++m_lastNumber)));
+    Document& document = *m_documents.back();
+    tell(&KdApDocManagerReactor::documentCreated, &document);
+    activate(document);
+    sendMessage(KdRx::kLoadDwgMsg);
+    return document;
+}
+
+void DocumentManager::setCurrent(Document* document) {
+    m_current = document;
+    m_context = document;
+    setCurrentEditor(document == nullptr ? nullptr : &document->editor());
+    m_services.setWorkingDatabase(document == nullptr ? nullptr : document->database());
+}
+
+void DocumentManager::activate(Document& document) {
+    if (&document == m_current) return;
+    if (m_current != nullptr) tell(&KdApDocManagerReactor::documentToBeDeactivated, m_current);
+    m_context = &document;
+    tell(&KdApDocManagerReactor::documentToBeActivated, &document);
+    setCurrent(&document);
+    tell(&KdApDocManagerReactor::documentActivated, &document);
+}
+
+bool DocumentManager::close(Document& document) {
+    if (editorOfRunningCommand() == &document.editor()) return false;
+    // Reactors and modules see the document as it was: active, and still counted.
+    activate(document);
+    tell(&KdApDocManagerReactor::documentToBeDestroyed, &document);
+    sendMessage(KdRx::kUnloadDwgMsg);
+
+    const auto place = std::find_if(m_documents.begin(), m_documents.end(),
+                                    [&](const auto& candidate) { return candidate.get() == &document; });
+    if (m_documents.size() == 1) {
+        tell(&KdApDocManagerReactor::documentToBeDeactivated, &document);
+        setCurrent(nullptr);
+    } else {
+        activate(place == m_documents.begin() ? **(place + 1) : **(place - 1));
+    }
+    const std::wstring fileName = document.fileName();
+    m_documents.erase(place);
+    tell(&KdApDocManagerReactor::documentDestroyed, fileName.c_str());
+    return true;
+}
+
+}  // namespace kdhost

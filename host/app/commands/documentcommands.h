@@ -1,0 +1,18 @@
+// Commands about documents, the program and its variables.
+#pragma once
+
+namespace kdhost {
+
+/// NEW: opens a new drawing.
+void newDocument();
+/// DOCUMENT: makes the drawing of a number, from 1 in the order of opening, the active one.
+void switchDocument();
+/// QUIT: ends the program once the command is done; what was typed ahead is dropped.
+void quit();
+/// SETVAR: shows a host variable and takes a new value.
+void setVariable();
+
+/// False when there is no document of that number.
+bool activateDocument(int number);
+
+}  // namespace kdhost

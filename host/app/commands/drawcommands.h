@@ -1,0 +1,13 @@
+// Commands that make, remove and list entities.
+#pragma once
+
+namespace kdhost {
+
+/// LINE: points, each joined to the one before, until Enter.
+void drawLines();
+/// ERASE: what is selected, or else what the user picks. Entities on locked layers stay.
+void eraseObjects();
+/// LIST: class, handle, layer and size of what is selected or picked.
+void listObjects();
+
+}  // namespace kdhost

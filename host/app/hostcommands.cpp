@@ -1,0 +1,53 @@
+// The table of the host's commands.
+
+#include "host/app/hostcommands.h"
+
+#include "host/app/commands/documentcommands.h"
+#include "host/app/commands/drawcommands.h"
+#include "host/app/commands/layercommand.h"
+#include "host/app/commands/tableimport.h"
+#include "host/app/commands/viewcommands.h"
+#include "host/rx/commandstack.h"
+
+namespace kdhost {
+namespace {
+
+constexpr const wchar_t* kGroup = L"KD_HOST_COMMANDS";
+
+struct HostCommand {
+    const wchar_t* name;
+    int flags;
+    KdEdCommandFunction function;
+};
+
+constexpr int kUsesSelection = KdEdCommandFlag::kUsePickSet;
+constexpr int kKeepsSelection = KdEdCommandFlag::kUsePickSet | KdEdCommandFlag::kRedraw;
+
+constexpr HostCommand kCommands[] = {
+    {L"DOCUMENT", kKeepsSelection, switchDocument},
+    {L"ERASE", kUsesSelection, eraseObjects},
+    {L"LAYER", 0, editLayers},
+    {L"LINE", 0, drawLines},
+    {L"LIST", kUsesSelection, listObjects},
+    {L"NEW", kKeepsSelection, newDocument},
+    {L"QUIT", 0, quit},
+    {L"REGEN", kKeepsSelection, regenerate},
+    {L"SETVAR", kKeepsSelection, setVariable},
+    {L"TABLEIMPORT", 0, importTable},
+    {L"ZOOM", kKeepsSelection, zoom},
+};
+
+}  // namespace
+
+void registerHostCommands() {
+    for (const HostCommand& command : kCommands) {
+        commandStack().addCommand(kGroup, command.name, command.name, command.flags, command.function, nullptr, -1,
+                                  nullptr, nullptr);
+    }
+}
+
+void unregisterHostCommands() {
+    commandStack().removeGroup(kGroup);
+}
+
+}  // namespace kdhost

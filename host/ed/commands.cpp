@@ -1,0 +1,166 @@
+// The command loop.
+
+#include "host/ed/commands.h"
+
+#include <QDebug>
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "host/ed/commandline.h"
+#include "host/ed/display.h"
+#include "host/ed/editor.h"
+#include "host/ed/picking.h"
+#include "host/ed/variableprompt.h"
+#include "host/ed/variables.h"
+#include "host/rx/commandstack.h"
+
+namespace kdhost {
+namespace {
+
+constexpr int kKeepsSelection = KdEdCommandFlag::kUsePickSet | KdEdCommandFlag::kRedraw;
+
+struct Running {
+    std::wstring name;
+    const Editor* editor;
+};
+
+std::vector<Running>& running() {
+    static std::vector<Running> commands;
+    return commands;
+}
+
+std::vector<LeftOpen>& leftOpen() {
+    static std::vector<LeftOpen> list;
+    return list;
+}
+
+/// Notes for a command's time that it runs.
+class RunningScope {
+public:
+    RunningScope(const std::wstring& name, const Editor* editor) {
+        running().push_back({name, editor});
+        setCurrentCommandName(name);
+    }
+    ~RunningScope() {
+        running().pop_back();
+        setCurrentCommandName(running().empty() ? std::wstring() : running().back().name);
+    }
+    RunningScope(const RunningScope&) = delete;
+    RunningScope& operator=(const RunningScope&) = delete;
+};
+
+bool wasOpen(const std::vector<OpenObject>& before, const OpenObject& object) {
+    return std::any_of(before.begin(), before.end(), [&](const OpenObject& other) { return other.id == object.id; });
+}
+
+void logLeftOpen(const std::wstring& command, const std::vector<OpenObject>& before) {
+    std::vector<OpenObject> after = openObjects();
+    std::erase_if(after, [&](const OpenObject& object) { return wasOpen(before, object); });
+    if (after.empty()) return;
+    for (const OpenObject& object : after) {
+        qWarning().noquote() << QString::fromStdWString(command)
+                             << "leaves open:" << QString::fromStdWString(object.className)
+                             << QString::number(object.handle, 16).toUpper();
+    }
+    leftOpen().push_back({command, std::move(after)});
+}
+
+/// An exception that leaves a command ends that command alone.
+void callSafely(const CommandRecord& command) {
+    try {
+        command.function();
+    } catch (const std::exception& error) {
+        commandLine().fail(command.globalName + L" ended by an error: " +
+                           QString::fromUtf8(error.what()).toStdWString());
+    } catch (...) {
+        commandLine().fail(command.globalName + L" ended by an error.");
+    }
+}
+
+void runVariable(const VariableRecord& variable) {
+    const RunningScope scope(variable.name, currentEditor());
+    promptForVariable(variable);
+}
+
+/// "(name)" calls a LISP-side function.
+bool runLispWord(const std::wstring& word) {
+    if (word.size() < 3 || word.front() != L'(' || word.back() != L')') return false;
+    return runLispFunction(word.substr(1, word.size() - 2));
+}
+
+void runWord(const std::wstring& word) {
+    if (const auto command = findCommand(word)) {
+        runCommand(*command);
+    } else if (const VariableRecord* variable = findVariable(word)) {
+        runVariable(*variable);
+    } else if (!runLispWord(word)) {
+        commandLine().fail(L"Unknown command \"" + word + L"\".");
+    }
+}
+
+/// False when nothing comes any more.
+bool runAnswer(Editor& editor, const Answer& answer) {
+    switch (answer.kind) {
+        case Answer::Kind::Text:
+            if (!answer.text.empty()) runWord(answer.text);
+            break;
+        case Answer::Kind::Pick:
+        case Answer::Kind::AddPick:
+            clickAt(editor, answer.point, answer.kind == Answer::Kind::AddPick);
+            break;
+        case Answer::Kind::Escape:
+            editor.pickFirst().clear();
+            break;
+        case Answer::Kind::Cancel:
+            break;
+        case Answer::Kind::End:
+            return false;
+    }
+    updateDisplay();
+    return true;
+}
+
+}  // namespace
+
+void runCommand(const CommandRecord& command) {
+    Editor* editor = currentEditor();
+    if (editor != nullptr && (command.flags & kKeepsSelection) == 0) editor->pickFirst().clear();
+    const std::vector<OpenObject> before = openObjects();
+    {
+        const RunningScope scope(command.globalName, editor);
+        callSafely(command);
+    }
+    // Keywords announced for a prompt that never came are not for the next command.
+    if (Editor* now = currentEditor()) now->takeAnnouncement();
+    logLeftOpen(command.globalName, before);
+}
+
+void runCommands() {
+    // A command may close the document and open another.
+    while (Editor* editor = currentEditor()) {
+        if (!runAnswer(*editor, editor->ask(PromptKind::Command, L"\nCommand: "))) return;
+    }
+}
+
+void runQueuedCommands() {
+    for (Editor* editor = currentEditor(); editor != nullptr && !editor->input().isEmpty(); editor = currentEditor()) {
+        runAnswer(*editor, editor->ask(PromptKind::Command, L"\nCommand: "));
+    }
+}
+
+std::wstring runningCommandNames() {
+    std::wstring names;
+    for (const Running& command : running()) names += (names.empty() ? L"" : L"'") + command.name;
+    return names;
+}
+
+const Editor* editorOfRunningCommand() {
+    return running().empty() ? nullptr : running().back().editor;
+}
+
+std::vector<LeftOpen> takeLeftOpen() {
+    return std::exchange(leftOpen(), {});
+}
+
+}  // namespace kdhost

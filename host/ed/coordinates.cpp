@@ -1,0 +1,29 @@
+// User and world coordinates of the active document.
+
+#include "kd/ed/coordinates.h"
+
+#include "host/ed/editor.h"
+
+namespace {
+
+bool convert(const KdGeMatrix3d& matrix, const KdGePoint3d& from, KdGePoint3d& to, int asPoint) {
+    if (asPoint != 0) {
+        to = matrix * from;
+    } else {
+        const KdGeVector3d direction = matrix * from.asVector();
+        to = {direction.x, direction.y, direction.z};
+    }
+    return true;
+}
+
+}  // namespace
+
+bool kddbUcs2Wcs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint) {
+    const kdhost::Editor* editor = kdhost::currentEditor();
+    return editor != nullptr && convert(editor->ucs(), from, to, asPoint);
+}
+
+bool kddbWcs2Ucs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint) {
+    const kdhost::Editor* editor = kdhost::currentEditor();
+    return editor != nullptr && convert(editor->ucs().inverse(), from, to, asPoint);
+}

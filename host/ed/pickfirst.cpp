@@ -1,0 +1,87 @@
+// The pick-first selection.
+
+#include "host/ed/pickfirst.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "host/db/access.h"
+#include "kd/db/database.h"
+#include "kd/db/symboltable.h"
+#include "kd/db/table.h"
+
+namespace kdhost {
+namespace {
+
+bool contains(const std::vector<KdDbObjectId>& ids, KdDbObjectId id) {
+    return std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
+/// A table's selection is transient and changes under any open. The host selects while a module may hold the
+/// table open, so it goes without an open of its own.
+KdDbTable* tableForSelecting(KdDbObjectId id) {
+    return const_cast<KdDbTable*>(peek<KdDbTable>(id));
+}
+
+}  // namespace
+
+std::vector<KdDbObjectId> entitiesOfCurrentSpace(const KdDbDatabase& database) {
+    std::vector<KdDbObjectId> ids;
+    const auto* space = peek<KdDbBlockTableRecord>(database.currentSpaceId());
+    KdDbBlockTableRecordIterator* iterator = nullptr;
+    if (space == nullptr || space->newIterator(iterator) != Kdad::eOk) return ids;
+    const std::unique_ptr<KdDbBlockTableRecordIterator> owner(iterator);
+    for (iterator->start(); !iterator->done(); iterator->step()) {
+        KdDbObjectId id;
+        if (iterator->getEntityId(id) == Kdad::eOk) ids.push_back(id);
+    }
+    return ids;
+}
+
+std::vector<KdDbObjectId> PickFirst::tablesWithSelectedCells() const {
+    std::vector<KdDbObjectId> ids = entitiesOfCurrentSpace(m_database);
+    std::erase_if(ids, [](KdDbObjectId id) {
+        const auto* table = peek<KdDbTable>(id);
+        return table == nullptr || !table->hasSubSelection();
+    });
+    return ids;
+}
+
+std::vector<KdDbObjectId> PickFirst::objects() const {
+    std::vector<KdDbObjectId> ids = m_picked;
+    std::erase_if(ids, [](KdDbObjectId id) { return peekObject(id) == nullptr; });
+    for (KdDbObjectId id : tablesWithSelectedCells()) {
+        if (!contains(ids, id)) ids.push_back(id);
+    }
+    return ids;
+}
+
+void PickFirst::set(std::vector<KdDbObjectId> ids) {
+    m_picked = std::move(ids);
+    for (KdDbObjectId id : tablesWithSelectedCells()) {
+        if (!contains(m_picked, id)) tableForSelecting(id)->clearSubSelection();
+    }
+    for (KdDbObjectId id : m_picked) {
+        if (peek<KdDbTable>(id) != nullptr) m_currentTable = id;
+    }
+}
+
+void PickFirst::add(KdDbObjectId id) {
+    std::vector<KdDbObjectId> ids = objects();
+    if (!contains(ids, id)) ids.push_back(id);
+    set(std::move(ids));
+}
+
+void PickFirst::selectCells(KdDbObjectId id, const KdCellRange& cells) {
+    KdDbTable* table = tableForSelecting(id);
+    if (table == nullptr) return;
+    set({id});
+    table->setSubSelection(cells);
+}
+
+KdDbObjectId PickFirst::currentTable() const {
+    return peek<KdDbTable>(m_currentTable) != nullptr ? m_currentTable : KdDbObjectId::kNull;
+}
+
+}  // namespace kdhost
