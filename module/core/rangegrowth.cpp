@@ -64,18 +64,23 @@ public:
             merges.addMergesOf(m_table, range);
             return merges.grow(range);
         }
-        if (!m_seen)
-            m_seen = Range{range.m_topRow + 1, range.m_leftColumn + 1, range.m_bottomRow - 1, range.m_rightColumn - 1};
-        if (cellwalk::isReversed(*m_seen)) {
+        if (!m_started) m_seen = within(range);
+        m_started = true;
+        if (cellwalk::isReversed(m_seen)) {
             merges.addMergesOf(m_table, range);
         } else {
-            for (const Range& strip : around(range, *m_seen)) merges.addMergesOf(m_table, strip);
+            for (const Range& strip : around(range, m_seen)) merges.addMergesOf(m_table, strip);
         }
         m_seen = range;
         return merges.grow(range);
     }
 
 private:
+    /// The range without its rim.
+    static Range within(const Range& range) {
+        return {range.m_topRow + 1, range.m_leftColumn + 1, range.m_bottomRow - 1, range.m_rightColumn - 1};
+    }
+
     /// The cells of `outer` that aren't in `inner`: above, below, left and right of it.
     static std::array<Range, 4> around(const Range& outer, const Range& inner) {
         return {{{outer.m_topRow, outer.m_leftColumn, inner.m_topRow - 1, outer.m_rightColumn},
@@ -85,7 +90,8 @@ private:
     }
 
     const KdDbTable& m_table;
-    std::optional<Range> m_seen;
+    Range m_seen;
+    bool m_started = false;
 };
 
 /// Rows or columns from first to last.
