@@ -2,8 +2,6 @@
 
 #include "host/ed/view.h"
 
-#include <algorithm>
-
 #include "host/ed/editor.h"
 #include "host/rx/faults.h"
 
@@ -14,28 +12,40 @@ KdadDwgView::~KdadDwgView() = default;
 namespace kdhost {
 namespace {
 
-constexpr int kStartWidth = 1600;
-constexpr int kStartHeight = 1000;
-// A new drawing shows a sheet of 420 by 297 units whole.
+constexpr double kStartWidth = 1600.0;
+constexpr double kStartHeight = 1000.0;
 constexpr double kSheetWidth = 420.0;
 constexpr double kSheetHeight = 297.0;
-constexpr double kMargin = 1.05;
-constexpr double kSmallestUnitsPerPixel = 1e-9;
+constexpr double kMarginPixels = 20.0;
 
 }  // namespace
 
-View::View() : m_width(kStartWidth), m_height(kStartHeight), m_unitsPerPixel(1.0) {
+View::View() : m_shown(kStartWidth, kStartHeight) {
     zoomTo({{0.0, 0.0, 0.0}, {kSheetWidth, kSheetHeight, 0.0}});
 }
 
+void View::zoomTo(const KdDbExtents& box) {
+    m_shown.zoomExtents(box, kMarginPixels);
+}
+
+void View::zoomBy(double factor) {
+    m_shown.zoom(factor, {m_shown.widthPixels() / 2.0, m_shown.heightPixels() / 2.0});
+}
+
+void View::setOrigin(int x, int y) {
+    m_originX = x;
+    m_originY = y;
+}
+
 void View::worldToScreen(KdGePoint3d& point) const {
-    point.x = m_width / 2.0 + (point.x - m_center.x) / m_unitsPerPixel;
-    point.y = m_height / 2.0 - (point.y - m_center.y) / m_unitsPerPixel;
+    const QPointF pixels = m_shown.toPixels(point);
+    point.set(pixels.x(), pixels.y(), point.z);
 }
 
 void View::screenToWorld(KdGePoint3d& point) const {
-    point.x = m_center.x + (point.x - m_width / 2.0) * m_unitsPerPixel;
-    point.y = m_center.y - (point.y - m_height / 2.0) * m_unitsPerPixel;
+    const double depth = point.z;
+    point = m_shown.toWorld({point.x, point.y});
+    point.z = depth;
 }
 
 KdadViewport* View::getKdadViewport() const {
@@ -46,34 +56,6 @@ KdadViewport* View::getKdadViewport() const {
 void View::screenToClient(int& x, int& y) const {
     x -= m_originX;
     y -= m_originY;
-}
-
-void View::setSize(int width, int height) {
-    m_width = std::max(width, 1);
-    m_height = std::max(height, 1);
-}
-
-void View::setOrigin(int x, int y) {
-    m_originX = x;
-    m_originY = y;
-}
-
-void View::zoomTo(const KdDbExtents& box) {
-    if (!box.isValid()) return;
-    const KdGeVector3d size = box.maxPoint() - box.minPoint();
-    m_center = box.minPoint() + size / 2.0;
-    m_center.z = 0.0;
-    const double needed = std::max(size.x / m_width, size.y / m_height) * kMargin;
-    if (needed > kSmallestUnitsPerPixel) m_unitsPerPixel = needed;
-}
-
-void View::zoomBy(double factor) {
-    if (factor > 0.0) m_unitsPerPixel = std::max(m_unitsPerPixel / factor, kSmallestUnitsPerPixel);
-}
-
-KdDbExtents View::shown() const {
-    const KdGeVector3d half{m_width * m_unitsPerPixel / 2.0, m_height * m_unitsPerPixel / 2.0, 0.0};
-    return {m_center - half, m_center + half};
 }
 
 }  // namespace kdhost
