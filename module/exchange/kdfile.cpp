@@ -125,10 +125,13 @@ bool KdCharacterCoding::readUtf8(CFile& file, wchar_t& character) const {
 bool KdCharacterCoding::readUtf16(CFile& file, wchar_t& character) const {
     std::array<unsigned char, 2> bytes{};
     if (!readBytes(file, bytes.data(), 2)) return false;
-    const bool littleEnd = (std::endian::native == std::endian::little) == (m_encoding == kUtf16);
-    const auto [high, low] = littleEnd ? std::pair{bytes[1], bytes[0]} : std::pair{bytes[0], bytes[1]};
-    character = static_cast<wchar_t>((high << 8) | low);
+    character = fromUtf16(bytes);
     return true;
+}
+
+wchar_t KdCharacterCoding::fromUtf16(const std::array<unsigned char, 2>& bytes) const {
+    const bool lowFirst = (std::endian::native == std::endian::little) == (m_encoding == kUtf16);
+    return static_cast<wchar_t>(lowFirst ? bytes[0] | (bytes[1] << 8) : (bytes[0] << 8) | bytes[1]);
 }
 
 bool KdCharacterCoding::readAnsi(CFile& file, wchar_t& character) const {
@@ -154,13 +157,15 @@ void KdCharacterCoding::readEscape(CFile& file, wchar_t& character) {
 /// A carriage return was read; with a line feed behind it the two are one line feed. What else follows is put
 /// back.
 void KdCharacterCoding::joinLineEnd(CFile& file, wchar_t& character) const {
-    const std::uint64_t behind = file.GetPosition();
-    wchar_t next = 0;
-    if (readOne(file, next) && next == L'\n') {
-        character = next;
+    const bool wide = m_encoding == kUtf16 || m_encoding == kUtf16Swapped;
+    std::array<unsigned char, 2> next{};
+    const UINT unit = wide ? 2 : 1;
+    const UINT got = file.Read(next.data(), unit);
+    if (got == unit && (wide ? fromUtf16(next) : next[0]) == L'\n') {
+        character = L'\n';
         return;
     }
-    file.Seek(static_cast<std::int64_t>(behind), CFile::begin);
+    file.Seek(-static_cast<std::int64_t>(got), CFile::current);
 }
 
 KdCFile::KdCFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)

@@ -1,6 +1,7 @@
 // KdCFile and KdCStdioFile: files of wide text in a chosen encoding.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 
@@ -36,6 +37,7 @@ private:
     bool readOne(CFile& file, wchar_t& character) const;
     bool readUtf8(CFile& file, wchar_t& character) const;
     bool readUtf16(CFile& file, wchar_t& character) const;
+    wchar_t fromUtf16(const std::array<unsigned char, 2>& bytes) const;
     bool readAnsi(CFile& file, wchar_t& character) const;
     static void readEscape(CFile& file, wchar_t& character);
     void joinLineEnd(CFile& file, wchar_t& character) const;
