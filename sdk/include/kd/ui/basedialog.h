@@ -79,6 +79,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void pressDefaultButton();
+
     struct Private;
     std::unique_ptr<Private> m_private;
 };
