@@ -2,10 +2,13 @@
 
 #include "host/draw/render.h"
 
+#include <sys/resource.h>
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
+#include <csignal>
 
 #include "kd/db/mtext.h"
 #include "tests/host/draw/drawing.h"
@@ -89,11 +92,47 @@ TEST_F(Render, a_path_that_cannot_be_written_is_told_in_one_line) {
     }
 }
 
-TEST_F(Render, a_full_disk_is_told) {
-    if (!QFile::exists(QStringLiteral("/dev/full"))) GTEST_SKIP();
-    QFile::link(QStringLiteral("/dev/full"), folder.filePath(QStringLiteral("full.png")));
+TEST_F(Render, a_device_or_a_link_to_one_is_refused_and_stays) {
+    QFile::link(QStringLiteral("/dev/null"), folder.filePath(QStringLiteral("device.png")));
+    const std::string message = render(drawing.database, path("device.png"), {});
+    EXPECT_NE(message.find("no ordinary file"), message.npos) << message;
+    EXPECT_FALSE(QFileInfo(QStringLiteral("/dev/null")).isFile());
+}
+
+/// No file may grow over a few bytes while one of these lives: writing fails as on a full disk.
+class FullDisk {
+public:
+    FullDisk() {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit few{64, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &few);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = nullptr;
+};
+
+TEST_F(Render, a_full_disk_is_told_and_leaves_the_old_picture) {
     addText(10.0);
-    EXPECT_NE(render(drawing.database, path("full.png"), {}), "");
+    for (const char* name : {"a.png", "a.svg", "a.pdf"}) {
+        ASSERT_EQ(render(drawing.database, path(name), {}), "");
+        const QByteArray before = content(name);
+        std::string message;
+        {
+            const FullDisk full;
+            message = render(drawing.database, path(name), {});
+        }
+        EXPECT_NE(message, "") << name;
+        EXPECT_EQ(message.find('\n'), message.npos);
+        EXPECT_EQ(content(name), before) << name;
+    }
+    EXPECT_EQ(files().size(), 3);
 }
 
 TEST_F(Render, the_old_picture_stays_until_the_new_one_is_whole) {
