@@ -8,6 +8,7 @@
 // of it, a getter reads its first cell.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "kd/db/blockreference.h"
@@ -16,6 +17,8 @@
 #include "kd/db/value.h"
 #include "kd/rx/array.h"
 #include "kd/rx/kdstring.h"
+
+struct KdDbTableTransient;  ///< the selection, and what is worked out from the state; the host's own
 
 class KdDbTable : public KdDbBlockReference {
 public:
@@ -66,8 +69,8 @@ public:
     virtual void clearTableStyleOverrides(int options);
     virtual KdDb::CellType cellType(int row, int column) const;
     virtual void setCellType(int row, int column, KdDb::CellType type);
-    /// Appends the corners top left, top right, bottom left, bottom right in world coordinates; a merged
-    /// cell gives its merge. `outer` false takes the margins off.
+    /// Appends the corners top left, top right, bottom left, bottom right in world coordinates, top and bottom
+    /// in the table's own order of rows; a merged cell gives its merge. `outer` false takes the margins off.
     virtual void getCellExtents(int row, int column, bool outer, KdGePoint3dArray& points) const;
     virtual KdDb::CellAlignment alignment(int row, int column) const;
     virtual void setAlignment(int row, int column, KdDb::CellAlignment alignment);
@@ -111,7 +114,8 @@ public:
     /// height of the aperture, 0 for the point alone.
     virtual bool hitTestCell(const KdGePoint3d& point, const KdGeVector3d& viewDirection, double apertureWidth,
                              double apertureHeight, int& row, int& column) const;
-    /// eNoSelection, with 0 in every output that is a whole row's or column's -1, when nothing is selected.
+    /// eNoSelection, with -1 in every output, when nothing is selected. Whole rows and columns are eOk with
+    /// their -1.
     virtual Kdad::ErrorStatus getSubSelection(int& top, int& bottom, int& left, int& right) const;
     /// The selection is transient: it needs no write open, and is no part of undo or of files.
     virtual void setSubSelection(int top, int bottom, int left, int right);
@@ -181,6 +185,10 @@ public:
 
     Kdad::ErrorStatus transformBy(const KdGeMatrix3d& matrix) override;
     KdDbExtents getGeomExtents() const override;
+
+private:
+    friend struct KdDbTableAccess;  ///< the host's way in
+    std::unique_ptr<KdDbTableTransient> m_transient;
 };
 
 /// The letters and number that name a cell in formulas: (0, 0) is "A1", column 26 is "AA". A column of -1

@@ -1,0 +1,249 @@
+// The table entity: its style, its counts and sizes, and its selection.
+
+#include "kd/db/table.h"
+
+#include <algorithm>
+
+#include "host/db/tableaccess.h"
+#include "host/db/tablelayout.h"
+
+using namespace kdhost;
+
+KDRX_DEFINE_MEMBERS(KdDbTable, KdDbBlockReference)
+
+KdDbTable::KdDbTable()
+    : KdDbBlockReference(std::make_unique<TableState>()), m_transient(std::make_unique<KdDbTableTransient>()) {}
+
+KdDbTable::~KdDbTable() = default;
+
+KdDbObjectId KdDbTable::tableStyle() const {
+    return tableState(*this).styles.tableStyle();
+}
+
+void KdDbTable::setTableStyle(const KdDbObjectId& style) {
+    if (TableState* state = editTable(*this)) state->styles.setTableStyle(style);
+}
+
+int KdDbTable::numRows() const {
+    return tableState(*this).rowCount();
+}
+
+void KdDbTable::setNumRows(int rows) {
+    setSize(rows, numColumns());
+}
+
+int KdDbTable::numColumns() const {
+    return tableState(*this).columnCount();
+}
+
+void KdDbTable::setNumColumns(int columns) {
+    setSize(numRows(), columns);
+}
+
+void KdDbTable::setSize(int rows, int columns) {
+    if (rows < 0 || columns < 0) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    // The smaller grid grows last, so that no cell is made only to go.
+    state->setColumnCount(std::min(columns, state->columnCount()));
+    state->setRowCount(rows);
+    state->setColumnCount(columns);
+    clampSelection(*this);
+    state->assertValid();
+}
+
+double KdDbTable::width() const {
+    return columnPositions(*this).back();
+}
+
+double KdDbTable::columnWidth(int column) const {
+    const TableState& state = tableState(*this);
+    const int read = column == -1 ? 0 : column;
+    if (read < 0 || read >= state.columnCount()) return kDefaultColumnWidth;
+    return state.columnWidths[static_cast<std::size_t>(read)];
+}
+
+void KdDbTable::setColumnWidth(int column, double width) {
+    if (column == -1) {
+        setColumnWidth(width);
+        return;
+    }
+    if (column < 0 || column >= numColumns() || !(width >= 0.0)) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->columnWidths[static_cast<std::size_t>(column)] = width;
+    state->touchLayout();
+}
+
+void KdDbTable::setColumnWidth(double width) {
+    if (!(width >= 0.0)) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    std::fill(state->columnWidths.begin(), state->columnWidths.end(), width);
+    state->touchLayout();
+}
+
+double KdDbTable::rowHeight(int row) const {
+    settleGrowth(*this);
+    const TableState& state = tableState(*this);
+    const int read = row == -1 ? 0 : row;
+    if (read >= 0 && read < state.rowCount()) return state.rows[read].height;
+    const CellFormat& data = styleFormat(state, nullptr);
+    return heightOfLines(1, data.textHeight, data.marginVert);
+}
+
+void KdDbTable::setRowHeight(int row, double height) {
+    if (row == -1) {
+        setRowHeight(height);
+        return;
+    }
+    if (row < 0 || row >= numRows() || !(height >= 0.0)) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->rows.setHeight(row, height);
+    state->touchGeometry();
+}
+
+void KdDbTable::setRowHeight(double height) {
+    if (!(height >= 0.0)) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    for (int row = 0; row < state->rowCount(); ++row) state->rows.setHeight(row, height);
+    state->touchGeometry();
+}
+
+double KdDbTable::minimumColumnWidth(int column) const {
+    const int read = column == -1 ? 0 : column;
+    if (read < 0 || read >= numColumns()) return 0.0;
+    return kdhost::minimumColumnWidth(*this, read);
+}
+
+double KdDbTable::minimumRowHeight(int row) const {
+    const int read = row == -1 ? 0 : row;
+    if (read < 0 || read >= numRows()) return 0.0;
+    return kdhost::minimumRowHeight(*this, read);
+}
+
+void KdDbTable::generateLayout() {
+    if (TableState* state = editTable(*this)) growAllRows(*this, *state);
+}
+
+// Whoever draws a table reads it as it stands, so that there is no block to rebuild; what is left is to settle
+// the heights and, in a database, to tell that the table wants drawing.
+void KdDbTable::recomputeTableBlock(bool force) {
+    settleGrowth(*this);
+    if (force && database() != nullptr) KdDbObjectAccess::noteTransientChange(*this);
+}
+
+int KdDbTable::flowDirection() const {
+    return tableState(*this).flow;
+}
+
+void KdDbTable::setFlowDirection(int flow) {
+    if (TableState* state = editTable(*this)) state->flow = flow;
+}
+
+bool KdDbTable::isTitleSuppressed() const {
+    return tableState(*this).titleSuppressed;
+}
+
+bool KdDbTable::isHeaderSuppressed() const {
+    return tableState(*this).headerSuppressed;
+}
+
+void KdDbTable::suppressHeaderRow(bool suppress) {
+    if (TableState* state = editTable(*this)) state->headerSuppressed = suppress;
+}
+
+void KdDbTable::setTableOption(int, int) {}
+
+KdDb::RowType KdDbTable::rowType(int row) const {
+    const TableState& state = tableState(*this);
+    const int read = row == -1 ? 0 : row;
+    if (read < 0 || read >= state.rowCount()) return KdDb::kDataRow;
+    const std::wstring& style = state.styles.name(state.rows[read].style);
+    if (sameName(style, kTitleStyle)) return KdDb::kTitleRow;
+    return sameName(style, kHeaderStyle) ? KdDb::kHeaderRow : KdDb::kDataRow;
+}
+
+double KdDbTable::textHeight(KdDb::RowType rowType) const {
+    const std::uint16_t style = rowType == KdDb::kTitleRow    ? CellStylePool::kTitle
+                                : rowType == KdDb::kHeaderRow ? CellStylePool::kHeader
+                                                              : CellStylePool::kData;
+    return tableState(*this).styles.record(style).format.textHeight;
+}
+
+// ---- the selection
+
+namespace {
+
+constexpr KdCellRange kNothing;
+
+/// The selection as it stands. After rows or columns went, by an undo too, it is held inside the table.
+const KdCellRange& currentSelection(const KdDbTable& table) {
+    KdDbTableTransient& transient = KdDbTableAccess::transient(table);
+    const TableState& state = tableState(table);
+    if (state.rowCount() < transient.selectionRows || state.columnCount() < transient.selectionColumns) {
+        clampSelection(table);
+    }
+    return transient.selection;
+}
+
+void clampTo(int& place, int count) {
+    place = std::min(place, count - 1);
+}
+
+}  // namespace
+
+void kdhost::clampSelection(const KdDbTable& table) {
+    KdDbTableTransient& transient = KdDbTableAccess::transient(table);
+    const TableState& state = tableState(table);
+    KdCellRange& selection = transient.selection;
+    const bool rowsWent = state.rowCount() < transient.selectionRows;
+    const bool columnsWent = state.columnCount() < transient.selectionColumns;
+    transient.selectionRows = state.rowCount();
+    transient.selectionColumns = state.columnCount();
+    if (selection == kNothing) return;
+    if (rowsWent) {
+        clampTo(selection.m_topRow, state.rowCount());
+        clampTo(selection.m_bottomRow, state.rowCount());
+    }
+    if (columnsWent) {
+        clampTo(selection.m_leftColumn, state.columnCount());
+        clampTo(selection.m_rightColumn, state.columnCount());
+    }
+    if (state.rowCount() == 0 || state.columnCount() == 0) selection = kNothing;
+}
+
+KdCellRange KdDbTable::getSubSelection() const {
+    return currentSelection(*this);
+}
+
+Kdad::ErrorStatus KdDbTable::getSubSelection(int& top, int& bottom, int& left, int& right) const {
+    const KdCellRange& selection = currentSelection(*this);
+    top = selection.m_topRow;
+    bottom = selection.m_bottomRow;
+    left = selection.m_leftColumn;
+    right = selection.m_rightColumn;
+    return selection == kNothing ? Kdad::eNoSelection : Kdad::eOk;
+}
+
+void KdDbTable::setSubSelection(int top, int bottom, int left, int right) {
+    setSubSelection(KdCellRange{top, left, bottom, right});
+}
+
+void KdDbTable::setSubSelection(const KdCellRange& range) {
+    if (range == currentSelection(*this)) return;
+    m_transient->selection = range;
+    m_transient->selectionRows = numRows();
+    m_transient->selectionColumns = numColumns();
+    KdDbObjectAccess::noteTransientChange(*this);
+}
+
+void KdDbTable::clearSubSelection() {
+    setSubSelection(kNothing);
+}
+
+bool KdDbTable::hasSubSelection() const {
+    return currentSelection(*this) != kNothing;
+}

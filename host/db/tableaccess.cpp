@@ -1,0 +1,83 @@
+// The gate that changes of a table pass, and the cells they reach.
+
+#include "host/db/tableaccess.h"
+
+#include "host/db/tablelayout.h"
+
+namespace kdhost {
+namespace {
+
+/// A row or column number as a span: -1 is all of them. False for any other number outside.
+bool spanOf(int place, int count, int& first, int& last) {
+    if (place < -1 || place >= count || count == 0) return false;
+    first = place == -1 ? 0 : place;
+    last = place == -1 ? count - 1 : place;
+    return true;
+}
+
+bool unlocked(const TableState& state, int row, int column, unsigned locks) {
+    const unsigned own = state.cell(row, column).state;
+    const unsigned owners = state.owner(row, column).state;
+    return ((own | owners) & locks) == 0;
+}
+
+}  // namespace
+
+TableState* editTable(KdDbTable& table) {
+    settleGrowth(table);
+    return writableStateOf<TableState>(table);
+}
+
+bool targetOf(const TableState& state, int row, int column, KdCellRange& target) {
+    return spanOf(row, state.rowCount(), target.m_topRow, target.m_bottomRow) &&
+           spanOf(column, state.columnCount(), target.m_leftColumn, target.m_rightColumn);
+}
+
+bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cells) {
+    const bool allRows = range.m_topRow < 0 && range.m_bottomRow < 0;
+    const bool allColumns = range.m_leftColumn < 0 && range.m_rightColumn < 0;
+    if (allRows && allColumns) return false;
+    KdCellRange taken = range;
+    if (allRows) {
+        taken.m_topRow = 0;
+        taken.m_bottomRow = state.rowCount() - 1;
+    }
+    if (allColumns) {
+        taken.m_leftColumn = 0;
+        taken.m_rightColumn = state.columnCount() - 1;
+    }
+    if (!state.contains(taken)) return false;
+    cells = taken;
+    return true;
+}
+
+const Cell* contentCell(const TableState& state, int row, int column) {
+    KdCellRange target;
+    if (!targetOf(state, row, column, target)) return nullptr;
+    return &state.cell(target.m_topRow, target.m_leftColumn);
+}
+
+const Cell* formatCell(const TableState& state, int row, int column) {
+    KdCellRange target;
+    if (!targetOf(state, row, column, target)) return nullptr;
+    return &state.owner(target.m_topRow, target.m_leftColumn);
+}
+
+bool contentEditable(const TableState& state, int row, int column) {
+    return unlocked(state, row, column, KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly);
+}
+
+bool hasContentLock(const TableState& state, const KdCellRange& cells) {
+    for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
+        for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
+            if (!contentEditable(state, row, column)) return true;
+        }
+    }
+    return false;
+}
+
+bool formatEditable(const TableState& state, int row, int column) {
+    return unlocked(state, row, column, KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly);
+}
+
+}  // namespace kdhost

@@ -1,0 +1,93 @@
+// What the sources of the table share: the gate that changes pass, the cells that a setter's row and column
+// stand for, and the effective value of a property.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "host/db/tableoverrides.h"
+#include "host/db/tablestate.h"
+#include "host/text/layout.h"
+#include "kd/db/table.h"
+
+/// What a table has beside its state: the selection, which undo leaves alone, and what is worked out once and
+/// kept until the state changes.
+struct KdDbTableTransient {
+    KdCellRange selection;
+    int selectionRows = 0;  ///< size of the table that the selection was made or last seen in
+    int selectionColumns = 0;
+
+    std::uint64_t positionsStamp = 0;
+    std::vector<double> rowPositions;     ///< edges of the rows, from the table's position
+    std::vector<double> columnPositions;  ///< one more than there are columns
+
+    std::map<KdDbObjectId, std::wstring> fieldTexts;   ///< given out as pointers
+    std::map<KdDbObjectId, kdhost::text::Font> fonts;  ///< that rows were measured with, by text style
+    kdhost::OverrideMemo overrideMemo;
+};
+
+struct KdDbTableAccess {
+    static KdDbTableTransient& transient(const KdDbTable& table) { return *table.m_transient; }
+};
+
+namespace kdhost {
+
+inline const TableState& tableState(const KdDbTable& table) {
+    return stateOf<TableState>(table);
+}
+
+/// The state for a change; null when the table may not be written now. Row heights that still follow from
+/// texts written earlier are settled first, so that they don't depend on the change.
+TableState* editTable(KdDbTable& table);
+
+/// Holds the selection inside the table when rows or columns went since it was made.
+void clampSelection(const KdDbTable& table);
+
+/// The cells that a row and a column of -1 or more stand for; nothing for a place outside the table.
+bool targetOf(const TableState& state, int row, int column, KdCellRange& target);
+
+/// A range of cells, whole rows or whole columns as cells; false for one that is reversed or not inside the
+/// table.
+bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cells);
+
+/// The cell whose format a getter reads: of whole rows and columns the first, of a covered cell its owner;
+/// null outside the table.
+const Cell* formatCell(const TableState& state, int row, int column);
+/// The same for content, which each cell has to itself.
+const Cell* contentCell(const TableState& state, int row, int column);
+
+bool contentEditable(const TableState& state, int row, int column);
+bool formatEditable(const TableState& state, int row, int column);
+/// Whether the content of some cell of the range is not editable.
+bool hasContentLock(const TableState& state, const KdCellRange& cells);
+
+/// A place outside the table has the format of a fresh cell of style "_DATA".
+inline const CellFormat& styleFormat(const TableState& state, const Cell* cell) {
+    return state.styles.record(cell == nullptr ? CellStylePool::kData : cell->style).format;
+}
+
+template <class T>
+const T& effective(const TableState& state, const Cell* cell, const FormatProperty<T>& which) {
+    const T* own = cell == nullptr ? nullptr : cell->ownValue(which);
+    if (own != nullptr) return *own;
+    return which.in(styleFormat(state, cell));
+}
+
+/// Calls `change(state, row, column)` for each cell that the row and column stand for and `may(state, row,
+/// column)` allows. Without such a cell the table isn't touched.
+template <class May, class Change, class Gate = TableState* (*)(KdDbTable&)>
+void changeCells(KdDbTable& table, int row, int column, May may, Change change, Gate gate = editTable) {
+    KdCellRange target;
+    if (!targetOf(tableState(table), row, column, target)) return;
+    TableState* state = nullptr;
+    for (int r = target.m_topRow; r <= target.m_bottomRow; ++r) {
+        for (int c = target.m_leftColumn; c <= target.m_rightColumn; ++c) {
+            if (!may(tableState(table), r, c)) continue;
+            if (state == nullptr) state = gate(table);
+            if (state == nullptr) return;
+            change(*state, r, c);
+        }
+    }
+}
+
+}  // namespace kdhost

@@ -1,0 +1,192 @@
+// What the cells of a table hold: text, fields, blocks, and their locks.
+
+#include "host/db/tableaccess.h"
+#include "host/db/tablelayout.h"
+
+using namespace kdhost;
+
+namespace {
+
+/// Texts pile up before anyone asks for heights, so that writing many costs no layout in between.
+TableState* editText(KdDbTable& table) {
+    return writableStateOf<TableState>(table);
+}
+
+/// A covered cell shows nothing, whatever it holds.
+const Cell* visibleContent(const TableState& state, int row, int column) {
+    const Cell* cell = contentCell(state, row, column);
+    return cell != nullptr && cell->merge.covered() ? nullptr : cell;
+}
+
+CellObjects objectsOf(const Cell& cell) {
+    return cell.objects ? *cell.objects : CellObjects{};
+}
+
+void setBlockPart(KdDbTable& table, int row, int column, double CellObjects::*part, double value) {
+    changeCells(table, row, column, contentEditable,
+                [&](TableState& state, int r, int c) { state.rows.writeCell(r, c).objects.write().*part = value; });
+}
+
+}  // namespace
+
+KdDb::CellType KdDbTable::cellType(int row, int column) const {
+    const Cell* cell = contentCell(tableState(*this), row, column);
+    return cell == nullptr ? KdDb::kTextCell : static_cast<KdDb::CellType>(cell->type);
+}
+
+void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
+    if (type < KdDb::kTextCell || type > KdDb::kMultipleContentCell) return;
+    // Content of a kind that the new type can't show goes.
+    changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
+        Cell& cell = state.rows.writeCell(r, c);
+        CellObjects kept = objectsOf(cell);
+        if (type == KdDb::kTextCell) {
+            const KdDbObjectId field = kept.field;
+            kept = {};
+            kept.field = field;
+        }
+        if (type == KdDb::kBlockCell) {
+            cell.text.clear();
+            kept.field.setNull();
+        }
+        cell.objects = kept == CellObjects{} ? CopyOnWrite<CellObjects>() : CopyOnWrite<CellObjects>(kept);
+        cell.type = static_cast<std::uint8_t>(type);
+    });
+}
+
+const wchar_t* KdDbTable::textString(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return cell == nullptr ? L"" : shownText(*this, *cell);
+}
+
+KdString KdDbTable::textString(int row, int column, int content) const {
+    return content == 0 ? KdString(textString(row, column)) : KdString();
+}
+
+void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
+    const auto write = [&](TableState& state, int r, int c) {
+        Cell& cell = state.rows.writeCell(r, c);
+        cell.objects = {};
+        cell.type = KdDb::kTextCell;
+        cell.text = text == nullptr ? L"" : text;
+        noteGrowth(state, r, c);
+    };
+    changeCells(*this, row, column, contentEditable, write, editText);
+}
+
+KdDbObjectId KdDbTable::fieldId(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return cell == nullptr ? KdDbObjectId::kNull : cell->field();
+}
+
+void KdDbTable::setFieldId(int row, int column, const KdDbObjectId& field) {
+    changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
+        Cell& cell = state.rows.writeCell(r, c);
+        cell.clearContent();
+        if (field.isNull()) return;
+        cell.objects.write().field = field;
+        noteGrowth(state, r, c);
+    });
+}
+
+KdDbObjectId KdDbTable::blockTableRecordId(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return cell == nullptr ? KdDbObjectId::kNull : cell->block();
+}
+
+KdDbObjectId KdDbTable::blockTableRecordId(int row, int column, int content) const {
+    return content == 0 ? blockTableRecordId(row, column) : KdDbObjectId::kNull;
+}
+
+void KdDbTable::setBlockTableRecordId(int row, int column, int content, const KdDbObjectId& block, bool autoFit) {
+    if (content != 0) return;
+    changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
+        Cell& cell = state.rows.writeCell(r, c);
+        CellObjects objects = objectsOf(cell);
+        objects.field.setNull();
+        objects.block = block;
+        objects.autoFit = autoFit;
+        cell.text.clear();
+        cell.objects = CopyOnWrite<CellObjects>(objects);
+        cell.type = KdDb::kBlockCell;
+    });
+}
+
+bool KdDbTable::isAutoScale(int row, int column, int content) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return content == 0 && cell != nullptr && cell->objects && cell->objects->autoFit;
+}
+
+double KdDbTable::blockScale(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return cell != nullptr && cell->objects ? cell->objects->blockScale : 1.0;
+}
+
+void KdDbTable::setBlockScale(int row, int column, double scale) {
+    if (scale > 0.0) setBlockPart(*this, row, column, &CellObjects::blockScale, scale);
+}
+
+double KdDbTable::blockRotation(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return cell != nullptr && cell->objects ? cell->objects->blockRotation : 0.0;
+}
+
+void KdDbTable::setBlockRotation(int row, int column, double angle) {
+    setBlockPart(*this, row, column, &CellObjects::blockRotation, angle);
+}
+
+int KdDbTable::contentType(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    if (cell == nullptr) return KdDb::kCellContentTypeValue;
+    if (!cell->field().isNull()) return KdDb::kCellContentTypeField;
+    if (cell->type == KdDb::kBlockCell || !cell->block().isNull()) return KdDb::kCellContentTypeBlock;
+    return KdDb::kCellContentTypeValue;
+}
+
+int KdDbTable::contentType(int row, int column, int content) const {
+    return content == 0 ? contentType(row, column) : KdDb::kCellContentTypeUnknown;
+}
+
+bool KdDbTable::isEmpty(int row, int column) const {
+    const Cell* cell = visibleContent(tableState(*this), row, column);
+    return cell == nullptr || cell->empty();
+}
+
+void KdDbTable::deleteContent(const KdCellRange& range) {
+    KdCellRange cells;
+    if (!cellsOf(tableState(*this), range, cells)) return;
+    for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
+        for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
+            changeCells(*this, row, column, contentEditable,
+                        [](TableState& state, int r, int c) { state.rows.writeCell(r, c).clearContent(); });
+        }
+    }
+}
+
+bool KdDbTable::isContentEditable(int row, int column) const {
+    const TableState& state = tableState(*this);
+    KdCellRange target;
+    return targetOf(state, row, column, target) && contentEditable(state, target.m_topRow, target.m_leftColumn);
+}
+
+bool KdDbTable::isFormatEditable(int row, int column) const {
+    const TableState& state = tableState(*this);
+    KdCellRange target;
+    return targetOf(state, row, column, target) && formatEditable(state, target.m_topRow, target.m_leftColumn);
+}
+
+KdDb::CellState KdDbTable::cellState(int row, int column) const {
+    const Cell* cell = formatCell(tableState(*this), row, column);
+    return cell == nullptr ? KdDb::kCellStateNone : static_cast<KdDb::CellState>(cell->state);
+}
+
+// A lock must not lock itself in: the state may always be set.
+void KdDbTable::setCellState(int row, int column, KdDb::CellState lock) {
+    const auto always = [](const TableState&, int, int) { return true; };
+    changeCells(*this, row, column, always, [&](TableState& state, int r, int c) {
+        state.rows.writeCell(r, c).state = static_cast<std::uint8_t>(lock);
+    });
+}
+
+/// Tables of this host are linked to no data outside: there is nothing to take off.
+void KdDbTable::removeDataLink() {}

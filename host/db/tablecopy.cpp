@@ -1,0 +1,167 @@
+// Cells copied from table to table, and whole tables.
+//
+// A single source cell is spread over the whole target; a larger source is laid down once, its top left cell
+// on the target's. Content and format come along, merges too; sizes don't. Of a cell whose content or format
+// is locked that part stays.
+
+#include <memory>
+
+#include "host/db/access.h"
+#include "host/db/fieldstate.h"
+#include "host/db/tableaccess.h"
+#include "host/db/tablelayout.h"
+#include "kd/db/field.h"
+
+using namespace kdhost;
+
+namespace {
+
+int heightOf(const KdCellRange& range) {
+    return range.m_bottomRow - range.m_topRow + 1;
+}
+
+int widthOf(const KdCellRange& range) {
+    return range.m_rightColumn - range.m_leftColumn + 1;
+}
+
+/// A field in memory that is like `source`, children included.
+std::unique_ptr<KdDbField> copyOfField(const KdDbField& source) {
+    const auto& state = stateOf<KdDbFieldState>(source);
+    KdArray<KdDbField*> children;
+    for (const KdDbFieldChild& child : state.children) {
+        // The new field takes its children over.
+        if (const KdDbField* field = child.field()) children.append(copyOfField(*field).release());
+    }
+    auto copy = std::make_unique<KdDbField>();
+    copy->setFieldCode(state.code.c_str(), KdDbField::kTextField, &children);
+    copy->setEvaluationOption(state.evaluationOption);
+    if (state.evaluated) setEvaluatedText(*copy, *state.evaluated);
+    return copy;
+}
+
+/// A copy of the field in the target's database; the field itself where there is no database to copy it to.
+KdDbObjectId fieldFor(const KdDbTable& target, KdDbObjectId field) {
+    const auto* source = peek<KdDbField>(field);
+    if (source == nullptr || target.database() == nullptr) return field;
+    std::unique_ptr<KdDbField> copy = copyOfField(*source);
+    if (copy->postInDatabase(target.database()) != Kdad::eOk) return KdDbObjectId::kNull;
+    KdDbField* posted = copy.release();  // the database's from now on
+    const KdDbObjectId id = posted->objectId();
+    posted->close();
+    return id;
+}
+
+/// The source cells with their style names, taken before the target changes: it may be the same table.
+struct CopiedCell {
+    Cell cell;
+    std::wstring style;
+};
+
+class CellCopy {
+public:
+    CellCopy(const KdDbTable& source, KdDbTable& target, const KdCellRange& from)
+        : m_table(target), m_rows(heightOf(from)), m_columns(widthOf(from)) {
+        const TableState& state = tableState(source);
+        for (int row = from.m_topRow; row <= from.m_bottomRow; ++row) {
+            for (int column = from.m_leftColumn; column <= from.m_rightColumn; ++column) {
+                const Cell& cell = state.cell(row, column);
+                m_cells.push_back({cell, state.styles.name(cell.style)});
+            }
+        }
+        for (KdCellRange merge : state.mergesIn(from)) {
+            // A merge that the range cuts comes along as far as it lies in the range.
+            merge.m_topRow = std::max(merge.m_topRow, from.m_topRow) - from.m_topRow;
+            merge.m_bottomRow = std::min(merge.m_bottomRow, from.m_bottomRow) - from.m_topRow;
+            merge.m_leftColumn = std::max(merge.m_leftColumn, from.m_leftColumn) - from.m_leftColumn;
+            merge.m_rightColumn = std::min(merge.m_rightColumn, from.m_rightColumn) - from.m_leftColumn;
+            if (heightOf(merge) * widthOf(merge) > 1) m_merges.push_back(merge);
+        }
+    }
+
+    bool changesMerges(const TableState& state, const KdCellRange& to) const {
+        return !single() && !(m_merges.empty() && state.mergesIn(to).empty());
+    }
+    bool single() const { return m_rows == 1 && m_columns == 1; }
+
+    /// Lays the copy over `to`, which has the source's size or takes a single cell everywhere.
+    void layDown(TableState& state, const KdCellRange& to) {
+        if (!single()) rebuildMerges(state, to);
+        for (int row = to.m_topRow; row <= to.m_bottomRow; ++row) {
+            for (int column = to.m_leftColumn; column <= to.m_rightColumn; ++column) {
+                const std::size_t index =
+                    single() ? 0 : static_cast<std::size_t>((row - to.m_topRow) * m_columns + column - to.m_leftColumn);
+                put(state, row, column, m_cells[index]);
+            }
+        }
+    }
+
+private:
+    void rebuildMerges(TableState& state, const KdCellRange& to) {
+        for (const KdCellRange& merge : state.mergesIn(to)) state.unmerge(merge);
+        for (const KdCellRange& merge : m_merges) {
+            state.merge({merge.m_topRow + to.m_topRow, merge.m_leftColumn + to.m_leftColumn,
+                         merge.m_bottomRow + to.m_topRow, merge.m_rightColumn + to.m_leftColumn});
+        }
+    }
+
+    void put(TableState& state, int row, int column, const CopiedCell& from) {
+        const bool content = contentEditable(state, row, column) && !state.cell(row, column).merge.covered();
+        const bool format = formatEditable(state, row, column);
+        if (!content && !format) return;
+        const std::uint16_t style = format ? state.styles.place(from.style) : std::uint16_t{0};
+        Cell& cell = state.rows.writeCell(row, column);
+        if (format) {
+            cell.style = style;
+            cell.overrides = from.cell.overrides;
+        }
+        if (!content) return;
+        cell.text = from.cell.text;
+        cell.objects = from.cell.objects;
+        cell.type = from.cell.type;
+        if (!cell.field().isNull()) cell.objects.write().field = fieldFor(m_table, cell.field());
+        if (!cell.empty()) noteGrowth(state, row, column);
+    }
+
+    const KdDbTable& m_table;
+    int m_rows;
+    int m_columns;
+    std::vector<CopiedCell> m_cells;
+    std::vector<KdCellRange> m_merges;  ///< relative to the source range
+};
+
+/// Where the copy will lie: the target range for a single cell, else the source's size from the target's top
+/// left cell on.
+KdCellRange targetFor(const CellCopy& copy, const KdCellRange& from, const KdCellRange& to) {
+    if (copy.single()) return to;
+    return {to.m_topRow, to.m_leftColumn, to.m_topRow + heightOf(from) - 1, to.m_leftColumn + widthOf(from) - 1};
+}
+
+}  // namespace
+
+Kdad::ErrorStatus KdDbTable::copyFrom(const KdDbTable* source, KdDb::TableCopyOption, const KdCellRange& sourceRange,
+                                      const KdCellRange& targetRange, KdCellRange* outRange) {
+    if (source == nullptr) return Kdad::eNullObjectPointer;
+    const TableState& before = tableState(*this);
+    KdCellRange from;
+    KdCellRange to;
+    if (!cellsOf(tableState(*source), sourceRange, from) || !cellsOf(before, targetRange, to))
+        return Kdad::eInvalidInput;
+    CellCopy copy(*source, *this, from);
+    to = targetFor(copy, from, to);
+    // A merge that sticks out of the target would be torn.
+    if (!before.contains(to)) return Kdad::eInvalidInput;
+    if (!copy.single() && before.grownToMerges(to) != to) return Kdad::eInvalidInput;
+    if (copy.changesMerges(before, to) && hasContentLock(before, to)) return Kdad::eLockViolation;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return Kdad::eNotOpenForWrite;
+    copy.layDown(*state, to);
+    state->assertValid();
+    if (outRange != nullptr) *outRange = to;
+    return Kdad::eOk;
+}
+
+Kdad::ErrorStatus KdDbTable::copyFrom(const KdRxObject* source) {
+    const Kdad::ErrorStatus status = KdDbBlockReference::copyFrom(source);
+    if (status == Kdad::eOk) clampSelection(*this);
+    return status;
+}

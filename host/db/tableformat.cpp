@@ -1,0 +1,122 @@
+// The looks of cells: the effective values that getters give, the overrides that setters make.
+
+#include "host/db/tableaccess.h"
+#include "host/db/tablelayout.h"
+
+using namespace kdhost;
+
+namespace {
+
+template <class T>
+const T& read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
+    const TableState& state = tableState(table);
+    return effective(state, formatCell(state, row, column), which);
+}
+
+template <class T>
+void override(KdDbTable& table, int row, int column, const FormatProperty<T>& which, const T& value) {
+    OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
+    changeCells(table, row, column, formatEditable,
+                [&](TableState& state, int r, int c) { memo.set(state.rows.writeCell(r, c), which, value); });
+}
+
+}  // namespace
+
+KdDb::CellAlignment KdDbTable::alignment(int row, int column) const {
+    return read(*this, row, column, property::alignment);
+}
+
+void KdDbTable::setAlignment(int row, int column, KdDb::CellAlignment alignment) {
+    if (alignment < KdDb::kTopLeft || alignment > KdDb::kBottomRight) return;
+    override(*this, row, column, property::alignment, alignment);
+}
+
+KdCmColor KdDbTable::backgroundColor(int row, int column) const {
+    return read(*this, row, column, property::background);
+}
+
+void KdDbTable::setBackgroundColor(int row, int column, const KdCmColor& color) {
+    override(*this, row, column, property::background, color);
+}
+
+KdCmColor KdDbTable::contentColor(int row, int column) const {
+    return read(*this, row, column, property::color);
+}
+
+void KdDbTable::setContentColor(int row, int column, const KdCmColor& color) {
+    override(*this, row, column, property::color, color);
+}
+
+KdDbObjectId KdDbTable::textStyle(int row, int column) const {
+    return read(*this, row, column, property::textStyle);
+}
+
+void KdDbTable::setTextStyle(int row, int column, const KdDbObjectId& style) {
+    override(*this, row, column, property::textStyle, style);
+}
+
+double KdDbTable::textHeight(int row, int column) const {
+    return read(*this, row, column, property::textHeight);
+}
+
+void KdDbTable::setTextHeight(int row, int column, double height) {
+    if (height > 0.0) override(*this, row, column, property::textHeight, height);
+}
+
+const wchar_t* KdDbTable::format(int row, int column) const {
+    return read(*this, row, column, property::format).c_str();
+}
+
+void KdDbTable::setDataFormat(int row, int column, const wchar_t* format) {
+    override(*this, row, column, property::format, std::wstring(format == nullptr ? L"" : format));
+}
+
+void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, KdValue::UnitType& unitType) const {
+    dataType = read(*this, row, column, property::dataType);
+    unitType = read(*this, row, column, property::unitType);
+}
+
+void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {
+    override(*this, row, column, property::dataType, dataType);
+    override(*this, row, column, property::unitType, unitType);
+}
+
+double KdDbTable::margin(int row, int column, KdDb::CellMargin margin) const {
+    return read(*this, row, column, margin == KdDb::kCellMarginLeft ? property::marginHorz : property::marginVert);
+}
+
+bool KdDbTable::isMergeAllEnabled(int row, int column) const {
+    const TableState& state = tableState(*this);
+    return styleFormat(state, formatCell(state, row, column)).mergeAll;
+}
+
+const wchar_t* KdDbTable::cellStyle(int row, int column) const {
+    const TableState& state = tableState(*this);
+    const Cell* cell = formatCell(state, row, column);
+    return state.styles.name(cell == nullptr ? CellStylePool::kData : cell->style).c_str();
+}
+
+void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
+    if (name == nullptr || *name == L'\0') return;
+    std::uint16_t place = 0;
+    const auto gate = [&](KdDbTable& table) {
+        TableState* state = editTable(table);
+        if (state != nullptr) place = state->styles.place(name);
+        return state;
+    };
+    const auto change = [&](TableState& state, int r, int c) {
+        state.rows.writeCell(r, c).style = place;
+        // The style of a whole row is the row's own too: it tells the row's type.
+        if (column == -1) state.rows.write(r).style = place;
+    };
+    changeCells(*this, row, column, formatEditable, change, gate);
+}
+
+void KdDbTable::clearCellOverrides(int row, int column) {
+    changeCells(*this, row, column, formatEditable,
+                [](TableState& state, int r, int c) { state.rows.writeCell(r, c).overrides = {}; });
+}
+
+void KdDbTable::clearTableStyleOverrides(int) {
+    clearCellOverrides(-1, -1);
+}

@@ -1,0 +1,297 @@
+// Row heights and column widths from what the cells hold.
+//
+// One line of text of height h between margins v needs 2 v + h + h / 3. Text wraps at the width of its cell, or
+// of its merge; a merge over several rows counts for its last row. A row remembers its result until its cells,
+// the widths, the styles or the fonts change.
+
+#include "host/db/tablelayout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/db/access.h"
+#include "host/db/textstyle.h"
+#include "host/text/metrics.h"
+#include "kd/db/database.h"
+#include "kd/db/field.h"
+#include "kd/db/symboltable.h"
+
+namespace kdhost {
+namespace {
+
+/// The font of a text style; a null style is the database's current one.
+text::Font currentFont(const KdDbTable& table, KdDbObjectId textStyle) {
+    if (textStyle.isNull() && table.database() != nullptr) textStyle = table.database()->textstyle();
+    return fontOf(textStyle);
+}
+
+/// Measures cells of one table, and remembers what they share.
+class Measure {
+public:
+    explicit Measure(const KdDbTable& table) : m_table(table), m_state(tableState(table)) {
+        checkFonts();
+        checkStyles();
+    }
+
+    double rowMinimum(int row);
+    double columnMinimum(int column);
+    /// What the cell's content needs, its merge taken as one cell.
+    double heightOf(int row, int column);
+
+private:
+    struct Face {
+        const text::Font* font = nullptr;
+        text::Advances* advances = nullptr;
+    };
+
+    void checkFonts();
+    void checkStyles();
+    template <class T>
+    const T& value(const Cell& cell, const FormatProperty<T>& which) const {
+        if (const T* own = cell.ownValue(which)) return *own;
+        return which.in(m_state.styles.lastRecord(cell.style).format);
+    }
+    const Face& face(KdDbObjectId textStyle);
+    bool surelyOneLine(const std::wstring& text, const Face& face, double room) const;
+    double textHeightOf(const Cell& cell, const std::wstring& text, double width);
+    double widthOf(const Cell& cell);
+    double sumOfHeights(int first, int last) const;
+    double sumOfWidths(int first, int last) const;
+
+    const KdDbTable& m_table;
+    const TableState& m_state;
+    KdDbObjectId m_faceStyle;
+    Face m_face;
+};
+
+void Measure::checkFonts() {
+    for (auto& [style, font] : KdDbTableAccess::transient(m_table).fonts) {
+        text::Font now = currentFont(m_table, style);
+        if (now == font) continue;
+        font = std::move(now);
+        m_state.layoutStamp = newStamp();
+    }
+}
+
+void Measure::checkStyles() {
+    const std::uint64_t revision = m_state.styles.revision();
+    if (m_state.layoutRevision == revision) return;
+    m_state.layoutRevision = revision;
+    m_state.layoutStamp = newStamp();
+}
+
+const Measure::Face& Measure::face(KdDbObjectId textStyle) {
+    if (m_face.font != nullptr && m_faceStyle == textStyle) return m_face;
+    auto& fonts = KdDbTableAccess::transient(m_table).fonts;
+    auto known = fonts.find(textStyle);
+    if (known == fonts.end()) known = fonts.emplace(textStyle, currentFont(m_table, textStyle)).first;
+    m_faceStyle = textStyle;
+    m_face = {&known->second, &text::advancesOf(known->second)};
+    return m_face;
+}
+
+/// True for a plain text that fits into one line of `room` text heights; false says nothing.
+bool Measure::surelyOneLine(const std::wstring& text, const Face& face, double room) const {
+    double width = 0.0;
+    for (const wchar_t character : text) {
+        const bool plain = character >= L' ' && character < 0x7F && character != L'\\' && character != L'{' &&
+                           character != L'}' && character != L'%' && character != L'^';
+        if (!plain) return false;
+        width += face.advances->of(character);
+    }
+    return width * face.font->widthFactor <= room;
+}
+
+double Measure::textHeightOf(const Cell& cell, const std::wstring& text, double width) {
+    const double height = value(cell, property::textHeight);
+    const double marginVert = value(cell, property::marginVert);
+    const double line = heightOfLines(1, height, marginVert);
+    if (text.empty()) return line;
+    const double room = std::max(0.0, width - 2.0 * value(cell, property::marginHorz));
+    const double angle = value(cell, property::rotation);
+    const Face& used = face(value(cell, property::textStyle));
+    const bool level = std::abs(std::sin(angle)) < 1e-6;
+    if (level && surelyOneLine(text, used, room / height)) return line;
+    // Text at a slant doesn't wrap: it runs on, and the row makes room for it.
+    const text::Layout layout = text::layout(text, *used.font, height, level ? room : 0.0);
+    const double high = std::max(height, layout.height) + height / 3.0;
+    if (level) return 2.0 * marginVert + high;
+    return 2.0 * marginVert + std::abs(layout.width * std::sin(angle)) + std::abs(high * std::cos(angle));
+}
+
+KdDbExtents extentsOfBlock(KdDbObjectId block) {
+    KdDbExtents extents;
+    const auto* record = peek<KdDbBlockTableRecord>(block);
+    KdDbBlockTableRecordIterator* made = nullptr;
+    if (record == nullptr || record->newIterator(made) != Kdad::eOk) return extents;
+    const std::unique_ptr<KdDbBlockTableRecordIterator> iterator(made);
+    for (iterator->start(); !iterator->done(); iterator->step()) {
+        KdDbObjectId id;
+        if (iterator->getEntityId(id) != Kdad::eOk) continue;
+        if (const auto* entity = peek<KdDbEntity>(id)) extents.addExt(entity->getGeomExtents());
+    }
+    return extents;
+}
+
+/// Width and height of the cell's block as it is drawn; nothing for one that is fitted into its cell.
+std::pair<double, double> blockSize(const Cell& cell) {
+    if (!cell.objects || cell.objects->autoFit) return {0.0, 0.0};
+    const KdDbExtents extents = extentsOfBlock(cell.block());
+    if (!extents.isValid()) return {0.0, 0.0};
+    const KdGeVector3d size = (extents.maxPoint() - extents.minPoint()) * std::abs(cell.objects->blockScale);
+    const double c = std::abs(std::cos(cell.objects->blockRotation));
+    const double s = std::abs(std::sin(cell.objects->blockRotation));
+    return {size.x * c + size.y * s, size.x * s + size.y * c};
+}
+
+double Measure::heightOf(int row, int column) {
+    const Cell& cell = m_state.cell(row, column);
+    const KdCellRange merge = m_state.mergeOf(row, column);
+    if (!cell.block().isNull()) {
+        const double marginVert = value(cell, property::marginVert);
+        return std::max(textHeightOf(cell, {}, 0.0), blockSize(cell).second + 2.0 * marginVert);
+    }
+    const double width = sumOfWidths(merge.m_leftColumn, merge.m_rightColumn);
+    if (cell.field().isNull()) return textHeightOf(cell, cell.text, width);
+    return textHeightOf(cell, shownText(m_table, cell), width);
+}
+
+double Measure::rowMinimum(int row) {
+    const TableRow& line = m_state.rows[row];
+    const std::uint64_t stamp = m_state.layoutStamp;
+    if (line.minimumStamp == stamp) return line.minimumHeight;
+    double minimum = 0.0;
+    bool alone = true;  // the result depends on the row's own cells only
+    for (int column = 0; column < m_state.columnCount(); ++column) {
+        const MergeLink& merge = m_state.cell(row, column).merge;
+        if (merge.rows > 1) {
+            if (merge.up != merge.rows - 1 || merge.left != 0) continue;
+            alone = false;
+            const int top = row - merge.up;
+            minimum = std::max(minimum, heightOf(top, column) - sumOfHeights(top, row - 1));
+        } else if (merge.left == 0) {
+            if (!m_state.cell(row, column).field().isNull()) alone = false;
+            minimum = std::max(minimum, heightOf(row, column));
+        }
+    }
+    if (alone) {
+        line.minimumHeight = minimum;
+        line.minimumStamp = stamp;
+    }
+    return minimum;
+}
+
+double Measure::widthOf(const Cell& cell) {
+    const double height = value(cell, property::textHeight);
+    const double margins = 2.0 * value(cell, property::marginHorz);
+    if (!cell.block().isNull()) return margins + std::max(height, blockSize(cell).first);
+    const std::wstring text = shownText(m_table, cell);
+    if (text.empty()) return margins + height;
+    const Face& used = face(value(cell, property::textStyle));
+    return margins + std::max(height, text::widestWord(text, *used.font, height));
+}
+
+double Measure::columnMinimum(int column) {
+    double minimum = 0.0;
+    for (int row = 0; row < m_state.rowCount(); ++row) {
+        const MergeLink& merge = m_state.cell(row, column).merge;
+        if (merge.up != 0 || (merge.merged() && merge.left != merge.columns - 1)) continue;
+        const int left = column - merge.left;
+        const double others = column > left ? sumOfWidths(left, column - 1) : 0.0;
+        minimum = std::max(minimum, widthOf(m_state.cell(row, left)) - others);
+    }
+    return minimum;
+}
+
+double Measure::sumOfHeights(int first, int last) const {
+    double sum = 0.0;
+    for (int row = first; row <= last; ++row) sum += m_state.rows[row].height;
+    return sum;
+}
+
+double Measure::sumOfWidths(int first, int last) const {
+    double sum = 0.0;
+    for (int column = first; column <= last; ++column) sum += m_state.columnWidths[static_cast<std::size_t>(column)];
+    return sum;
+}
+
+void growRow(const TableState& state, int row, double height) {
+    if (state.rows[row].height >= height) return;
+    state.rows.setHeight(row, height);
+    state.geometryStamp = newStamp();
+}
+
+}  // namespace
+
+double minimumRowHeight(const KdDbTable& table, int row) {
+    settleGrowth(table);
+    return Measure(table).rowMinimum(row);
+}
+
+double minimumColumnWidth(const KdDbTable& table, int column) {
+    return Measure(table).columnMinimum(column);
+}
+
+void noteGrowth(TableState& state, int row, int column) {
+    state.pendingGrowth.emplace_back(row, column);
+}
+
+void settleGrowth(const KdDbTable& table) {
+    const TableState& state = tableState(table);
+    if (state.pendingGrowth.empty()) return;
+    const std::vector<std::pair<int, int>> pending = std::exchange(state.pendingGrowth, {});
+    Measure measure(table);
+    for (const auto& [row, column] : pending) {
+        const KdCellRange merge = state.mergeOf(row, column);
+        if (merge.m_topRow != row || merge.m_leftColumn != column) continue;
+        double needed = measure.heightOf(row, column);
+        for (int other = row; other < merge.m_bottomRow; ++other) needed -= state.rows[other].height;
+        growRow(state, merge.m_bottomRow, needed);
+    }
+}
+
+void growAllRows(const KdDbTable& table, const TableState& state) {
+    Measure measure(table);
+    for (int row = 0; row < state.rowCount(); ++row) growRow(state, row, measure.rowMinimum(row));
+}
+
+const wchar_t* shownText(const KdDbTable& table, const Cell& cell) {
+    if (cell.field().isNull()) return cell.text.c_str();
+    std::wstring& kept = KdDbTableAccess::transient(table).fieldTexts[cell.field()];
+    const auto* field = peek<KdDbField>(cell.field());
+    std::wstring now = field == nullptr ? std::wstring() : field->getFieldCode(KdDbField::kEvaluatedText).str();
+    if (now != kept) kept = std::move(now);
+    return kept.c_str();
+}
+
+namespace {
+
+void refreshPositions(const KdDbTable& table) {
+    settleGrowth(table);
+    const TableState& state = tableState(table);
+    KdDbTableTransient& kept = KdDbTableAccess::transient(table);
+    if (kept.positionsStamp == state.geometryStamp) return;
+    kept.rowPositions.assign(1, 0.0);
+    for (int row = 0; row < state.rowCount(); ++row) {
+        kept.rowPositions.push_back(kept.rowPositions.back() + state.rows[row].height);
+    }
+    kept.columnPositions.assign(1, 0.0);
+    for (const double width : state.columnWidths) {
+        kept.columnPositions.push_back(kept.columnPositions.back() + width);
+    }
+    kept.positionsStamp = state.geometryStamp;
+}
+
+}  // namespace
+
+const std::vector<double>& rowPositions(const KdDbTable& table) {
+    refreshPositions(table);
+    return KdDbTableAccess::transient(table).rowPositions;
+}
+
+const std::vector<double>& columnPositions(const KdDbTable& table) {
+    refreshPositions(table);
+    return KdDbTableAccess::transient(table).columnPositions;
+}
+
+}  // namespace kdhost

@@ -1,0 +1,27 @@
+// How high rows and how wide columns must be for what stands in them.
+#pragma once
+
+#include "host/db/tableaccess.h"
+
+namespace kdhost {
+
+double minimumRowHeight(const KdDbTable& table, int row);
+double minimumColumnWidth(const KdDbTable& table, int column);
+
+/// A text has been written to the cell: its row is to grow, now or when heights are next asked for.
+void noteGrowth(TableState& state, int row, int column);
+
+/// Grows the rows whose texts were noted. Asked for by whatever depends on row heights.
+void settleGrowth(const KdDbTable& table);
+
+/// Grows every row to what its content needs.
+void growAllRows(const KdDbTable& table, const TableState& state);
+
+/// The text that a cell shows: its own, or its field's. Valid until the next change of the table.
+const wchar_t* shownText(const KdDbTable& table, const Cell& cell);
+
+/// Edges of the rows and columns, from the table's position along and across its rows.
+const std::vector<double>& rowPositions(const KdDbTable& table);
+const std::vector<double>& columnPositions(const KdDbTable& table);
+
+}  // namespace kdhost

@@ -1,0 +1,103 @@
+// What a table holds, as a value: its grid of cells, its merges, its sizes.
+//
+// The structural changes of a grid live here, free of any object: they take valid arguments and know nothing
+// of locks or opens, which the table asks first.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "host/db/entitystate.h"
+#include "host/db/tablecell.h"
+#include "host/db/tablestylepool.h"
+#include "kd/db/cellrange.h"
+
+namespace kdhost {
+
+/// Width of a column that nobody has set.
+inline constexpr double kDefaultColumnWidth = 63.5;
+
+/// Lowest row that holds `lines` lines of that height.
+constexpr double heightOfLines(int lines, double textHeight, double marginVert) {
+    return (textHeight + textHeight / 3.0) * lines + 2.0 * marginVert;
+}
+
+/// A number that no other moment of the process has.
+std::uint64_t newStamp();
+
+struct TableState : KdDbBlockReferenceState {
+    /// One row and one column.
+    TableState();
+    std::unique_ptr<KdDbObjectState> clone() const override { return std::make_unique<TableState>(*this); }
+    void mapIds(const IdMapper& map) override;
+
+    int rowCount() const { return rows.size(); }
+    int columnCount() const { return static_cast<int>(columnWidths.size()); }
+    bool contains(int row, int column) const {
+        return row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
+    }
+    bool contains(const KdCellRange& range) const {
+        return contains(range.m_topRow, range.m_leftColumn) && contains(range.m_bottomRow, range.m_rightColumn) &&
+               range.m_topRow <= range.m_bottomRow && range.m_leftColumn <= range.m_rightColumn;
+    }
+    KdCellRange whole() const { return {0, 0, rowCount() - 1, columnCount() - 1}; }
+
+    const Cell& cell(int row, int column) const { return rows.cell(row, column); }
+    /// The owner of the cell's merge, else the cell itself.
+    const Cell& owner(int row, int column) const {
+        const MergeLink& merge = cell(row, column).merge;
+        return cell(row - merge.up, column - merge.left);
+    }
+
+    void setRowCount(int count);
+    void setColumnCount(int count);
+    /// The new rows look like `row` would in a new table.
+    void insertDefaultRows(int row, int count);
+    void insertRows(int at, int inheritFrom, int count);
+    void insertColumns(int at, int inheritFrom, int count);
+    /// The owner's content moves on to what is left of its merge.
+    void eraseRows(int first, int count);
+    void eraseColumns(int first, int count);
+
+    /// The rectangle of the cell's merge, else the cell.
+    KdCellRange mergeOf(int row, int column) const;
+    /// The smallest rectangle that holds the range and every merge it touches.
+    KdCellRange grownToMerges(KdCellRange range) const;
+    /// The range must be grown to its merges. Clears what the merge covers.
+    void merge(const KdCellRange& range);
+    void unmerge(const KdCellRange& merge);
+    /// The merges that touch the range, each once.
+    std::vector<KdCellRange> mergesIn(const KdCellRange& range) const;
+
+    /// Sizes or structure have changed.
+    void touchGeometry() { geometryStamp = newStamp(); }
+    /// Something has changed that row heights depend on beyond a row's own cells.
+    void touchLayout() { layoutStamp = geometryStamp = newStamp(); }
+
+    /// Stops the program when the state contradicts itself: merges that aren't disjoint rectangles, rows
+    /// that differ in length. Does nothing in release builds.
+    void assertValid() const;
+
+    CellStylePool styles;
+    KdGeVector3d direction{1.0, 0.0, 0.0};
+    int flow = 0;
+    bool titleSuppressed = false;
+    bool headerSuppressed = false;
+    std::vector<double> columnWidths;
+
+    // Text written to a cell makes its row grow, once somebody asks for heights: until then the places stand
+    // here. Settling them changes nothing that could be seen from outside, so it may happen under const.
+    mutable TableRows rows;
+    mutable std::vector<std::pair<int, int>> pendingGrowth;
+    mutable std::uint64_t geometryStamp = 0;
+    mutable std::uint64_t layoutStamp = 0;
+    mutable std::uint64_t layoutRevision = 0;  ///< of the styles under `layoutStamp`
+
+private:
+    TableRow defaultRow(int row) const;
+    void link(const KdCellRange& merge);
+    void relink(const std::vector<KdCellRange>& merges);
+};
+
+}  // namespace kdhost

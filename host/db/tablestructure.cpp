@@ -1,0 +1,113 @@
+// Rows and columns that come and go, and merges: what the table allows, and what the state then does.
+
+#include <algorithm>
+
+#include "host/db/tableaccess.h"
+#include "host/db/tablelayout.h"
+
+using namespace kdhost;
+
+namespace {
+
+/// A span of rows or columns that may go: inside the table, and not all of them.
+bool removable(int first, int count, int total) {
+    return first >= 0 && count > 0 && count < total && first <= total - count;
+}
+
+}  // namespace
+
+void KdDbTable::insertRowsAndInherit(int row, int inheritFrom, int count) {
+    if (row < 0 || row > numRows() || count <= 0) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->insertRows(row, inheritFrom, count);
+    state->assertValid();
+}
+
+void KdDbTable::insertColumnsAndInherit(int column, int inheritFrom, int count) {
+    if (column < 0 || column > numColumns() || count <= 0) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->insertColumns(column, inheritFrom, count);
+    state->assertValid();
+}
+
+// Locks are no bar here: a part of a table is copied by deleting what lies around it. canDelete() is for those
+// who ask on a user's behalf.
+void KdDbTable::deleteRows(int first, int count) {
+    if (!removable(first, count, numRows())) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->eraseRows(first, count);
+    clampSelection(*this);
+    state->assertValid();
+}
+
+void KdDbTable::deleteColumns(int first, int count) {
+    if (!removable(first, count, numColumns())) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->eraseColumns(first, count);
+    clampSelection(*this);
+    state->assertValid();
+}
+
+bool KdDbTable::canInsert(int index, bool row) const {
+    return index >= 0 && index <= (row ? numRows() : numColumns());
+}
+
+bool KdDbTable::canDelete(int index, int count, bool row) const {
+    const TableState& state = tableState(*this);
+    if (!removable(index, count, row ? state.rowCount() : state.columnCount())) return false;
+    KdCellRange cells = state.whole();
+    (row ? cells.m_topRow : cells.m_leftColumn) = index;
+    (row ? cells.m_bottomRow : cells.m_rightColumn) = index + count - 1;
+    return !hasContentLock(state, cells);
+}
+
+void KdDbTable::mergeCells(int top, int bottom, int left, int right) {
+    const TableState& before = tableState(*this);
+    KdCellRange cells;
+    if (!cellsOf(before, {top, left, bottom, right}, cells)) return;
+    cells = before.grownToMerges(cells);
+    if (cells == before.mergeOf(cells.m_topRow, cells.m_leftColumn)) return;
+    if (hasContentLock(before, cells)) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    state->merge(cells);
+    state->assertValid();
+}
+
+void KdDbTable::unmergeCells(int top, int bottom, int left, int right) {
+    const TableState& before = tableState(*this);
+    KdCellRange cells;
+    if (!cellsOf(before, {top, left, bottom, right}, cells)) return;
+    std::vector<KdCellRange> merges = before.mergesIn(cells);
+    std::erase_if(
+        merges, [&](const KdCellRange& merge) { return !contentEditable(before, merge.m_topRow, merge.m_leftColumn); });
+    if (merges.empty()) return;
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    for (const KdCellRange& merge : merges) state->unmerge(merge);
+    state->assertValid();
+}
+
+bool KdDbTable::isMergedCell(int row, int column, int* top, int* bottom, int* left, int* right) const {
+    const TableState& state = tableState(*this);
+    KdCellRange target;
+    if (!targetOf(state, row, column, target)) return false;
+    if (!state.cell(target.m_topRow, target.m_leftColumn).merge.merged()) return false;
+    const KdCellRange merge = state.mergeOf(target.m_topRow, target.m_leftColumn);
+    if (top != nullptr) *top = merge.m_topRow;
+    if (bottom != nullptr) *bottom = merge.m_bottomRow;
+    if (left != nullptr) *left = merge.m_leftColumn;
+    if (right != nullptr) *right = merge.m_rightColumn;
+    return true;
+}
+
+KdCellRange KdDbTable::getMergeRange(int row, int column) const {
+    const TableState& state = tableState(*this);
+    KdCellRange target;
+    if (!targetOf(state, row, column, target)) return {row, column, row, column};
+    return state.mergeOf(target.m_topRow, target.m_leftColumn);
+}

@@ -1,0 +1,82 @@
+// How the names that cells hold find the cell styles of the table's style.
+
+#include "host/db/tablestylepool.h"
+
+#include "host/db/access.h"
+#include "kd/db/tablestyle.h"
+
+namespace kdhost {
+
+CellStylePool::CellStylePool() {
+    for (const wchar_t* name : {kTitleStyle, kHeaderStyle, kDataStyle}) m_entries.push_back({name, 0, nullptr});
+}
+
+const TableStyleState& CellStylePool::style() const {
+    // A table goes on looking like its style when the style was erased.
+    const KdDbObject* object = m_tableStyle.isNull() ? nullptr : peekObject(m_tableStyle, true);
+    if (object == nullptr || !object->isKindOf(KdDbTableStyle::desc())) return standardTableStyle();
+    return static_cast<const TableStyleState&>(KdDbObjectAccess::state(*object));
+}
+
+void CellStylePool::bind(Entry& entry, const TableStyleState& style) {
+    CellStylePtr found = entry.index == 0 ? nullptr : style.find(entry.index);
+    if (found == nullptr) {
+        // A deleted style leaves its cells the name it had last; one made anew under that name gets them.
+        auto last = style.lastName.find(entry.index);
+        if (last != style.lastName.end()) entry.name = last->second;
+        found = style.find(entry.name);
+    }
+    entry.index = found == nullptr ? 0 : found->index;
+    if (found != nullptr) entry.name = found->name;
+    entry.record = found == nullptr ? style.records[2] : found;
+}
+
+void CellStylePool::refresh() const {
+    const TableStyleState& current = style();
+    if (current.revision == m_revision && m_boundTo == m_tableStyle) return;
+    for (Entry& entry : m_entries) {
+        if (m_boundTo != m_tableStyle) entry.index = 0;
+        bind(entry, current);
+    }
+    m_revision = current.revision;
+    m_boundTo = m_tableStyle;
+}
+
+void CellStylePool::setTableStyle(KdDbObjectId style) {
+    refresh();
+    m_tableStyle = style;
+    refresh();
+}
+
+void CellStylePool::mapTableStyle(const IdMapper& map) {
+    refresh();
+    // Names bind anew when they are next asked for: the new style may still be on its way.
+    m_tableStyle = map(m_tableStyle, IdRole::pointer);
+}
+
+std::uint16_t CellStylePool::place(const std::wstring& name) {
+    refresh();
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        if (sameName(m_entries[i].name, name)) return static_cast<std::uint16_t>(i);
+    }
+    m_entries.push_back({name, 0, nullptr});
+    bind(m_entries.back(), style());
+    return static_cast<std::uint16_t>(m_entries.size() - 1);
+}
+
+const CellStyleRecord& CellStylePool::record(std::uint16_t place) const {
+    refresh();
+    return *m_entries[place].record;
+}
+
+const std::wstring& CellStylePool::name(std::uint16_t place) const {
+    refresh();
+    return m_entries[place].name;
+}
+
+std::uint64_t CellStylePool::revision() const {
+    refresh();
+    return m_revision;
+}
+
+}  // namespace kdhost

@@ -1,0 +1,59 @@
+// The cell styles that a table's cells name.
+//
+// A cell holds a small number, the place of its style in this pool; the pool remembers the style's record and
+// looks it up again only when the table style has changed. A place is bound to the style's index, which a
+// rename keeps, so that a renamed cell style carries its cells along.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/db/tablestylestate.h"
+
+namespace kdhost {
+
+class CellStylePool {
+public:
+    static constexpr std::uint16_t kTitle = 0;
+    static constexpr std::uint16_t kHeader = 1;
+    static constexpr std::uint16_t kData = 2;
+
+    CellStylePool();
+
+    const KdDbObjectId& tableStyle() const { return m_tableStyle; }
+    /// Cells keep the names of their styles, whatever the new table style makes of them.
+    void setTableStyle(KdDbObjectId style);
+
+    /// The table goes to another database: its style is the one that stands there in the old one's place.
+    void mapTableStyle(const IdMapper& map);
+
+    /// The place of that name, made when there is none.
+    std::uint16_t place(const std::wstring& name);
+    /// The style as it is now; "_DATA" for a name that the table style doesn't know.
+    const CellStyleRecord& record(std::uint16_t place) const;
+    /// As the last look at the table style found it: for long walks that look once.
+    const CellStyleRecord& lastRecord(std::uint16_t place) const { return *m_entries[place].record; }
+    const std::wstring& name(std::uint16_t place) const;
+
+    /// Changes whenever the values of the styles do.
+    std::uint64_t revision() const;
+
+private:
+    struct Entry {
+        std::wstring name;  ///< as last known
+        int index = 0;      ///< in the table style; 0 while it knows no such name
+        CellStylePtr record;
+    };
+
+    const TableStyleState& style() const;
+    void refresh() const;
+    static void bind(Entry& entry, const TableStyleState& style);
+
+    KdDbObjectId m_tableStyle;
+    // What the entries say of the style is remembered, not held: it follows the style under const too.
+    mutable std::vector<Entry> m_entries;
+    mutable std::uint64_t m_revision = 0;
+    mutable KdDbObjectId m_boundTo;
+};
+
+}  // namespace kdhost
