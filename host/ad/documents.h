@@ -38,6 +38,7 @@ public:
 
     void addReactor(KdApDocManagerReactor* reactor) override;
     void removeReactor(KdApDocManagerReactor* reactor) override;
+    std::size_t reactorCount() const { return m_reactors.size(); }
     int documentCount() const override { return static_cast<int>(m_documents.size()); }
     KdApDocument* curDocument() const override { return m_current; }
     Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text) override;

@@ -178,10 +178,6 @@ KdDbObjectId KdDbDatabase::modelSpaceId() const {
 KdDbObjectId KdDbDatabase::paperSpaceId() const {
     return m_impl->roots.paperSpace;
 }
-bool KdDbDatabase::measurementIsMetric() const {
-    return m_impl->current.metric;
-}
-
 Kdad::ErrorStatus KdDbDatabase::addKdDbObject(KdDbObject* object, KdDbObjectId& id, KdDbObjectId owner) {
     id.setNull();
     if (object == nullptr) return Kdad::eNullObjectPointer;

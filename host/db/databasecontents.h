@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "kd/db/database.h"
+#include "kd/db/headervar.h"
 
 namespace kdhost {
 
@@ -34,20 +35,21 @@ struct CurrentSettings {
     KdDbObjectId textStyle;
     KdDbObjectId tableStyle;
     bool modelSpace = true;
-    bool metric = true;
 };
 
-struct DatabaseContents {
+struct DatabaseContents : KdDbImpDatabase {
     std::map<std::uint64_t, std::unique_ptr<KdDbObject>> objects;  ///< by handle
     std::uint64_t nextHandle = 1;                                  ///< greater than every handle in use
     DatabaseRoots roots;
     CurrentSettings current;
+    KdDbHeaderVar header;
     bool noDocument = false;
     std::unordered_set<KdDbObjectId> required;  ///< what every drawing must have
     /// Goes up when a name of a symbol table may have come, gone or changed in another way than by adding.
     std::uint64_t nameGeneration = 0;
 
     bool isRequired(KdDbObjectId id) const { return required.contains(id); }
+    const KdDbHeaderVar& headerVar() const override { return header; }
 };
 
 /// Makes the tables, dictionaries and records that every drawing has.

@@ -28,9 +28,6 @@ Primitives primitivesOfBlock(KdDbObjectId block, const Context& context);
 
 void transform(Primitives& primitives, const KdGeMatrix3d& matrix);
 
-/// The font of a text style; a null style is the database's current one.
-text::Font fontOf(KdDbObjectId textStyle, const KdDbDatabase* database);
-
 /// The place of a text: its anchor is one of nine places in its box.
 struct TextPlace {
     KdGePoint3d anchor;

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "host/db/access.h"
+#include "host/db/textstyle.h"
 #include "host/draw/entitydrawing.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/database.h"
@@ -40,7 +41,7 @@ void drawMText(const KdDbEntity& entity, const Context& context, Primitives& out
     const auto& mtext = static_cast<const KdDbMText&>(entity);
     Text sample;
     sample.height = mtext.textHeight();
-    sample.font = fontOf(mtext.textStyle(), mtext.database());
+    sample.font = fontOf(mtext.textStyle());
     sample.color = Looks(entity, context.block, context.options).color();
 
     const KdGeVector3d normal = mtext.normal().normal();
@@ -148,13 +149,6 @@ void transform(Primitives& primitives, const KdGeMatrix3d& matrix) {
     for (Primitive& primitive : primitives) {
         std::visit([&](auto& any) { moveBy(any, matrix); }, primitive);
     }
-}
-
-text::Font fontOf(KdDbObjectId textStyle, const KdDbDatabase* database) {
-    if (textStyle.isNull() && database != nullptr) textStyle = database->textstyle();
-    const auto* style = peek<KdDbTextStyleTableRecord>(textStyle);
-    if (style == nullptr) return {};
-    return {style->font(), style->isBold(), style->isItalic(), style->xScale(), style->obliquingAngle()};
 }
 
 void drawText(const text::Layout& layout, const TextPlace& place, const Text& sample, Primitives& out) {

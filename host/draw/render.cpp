@@ -2,6 +2,7 @@
 
 #include "host/draw/render.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -151,14 +152,17 @@ std::string render(const Primitives& primitives, const std::string& path) {
     const QString name = QFile::decodeName(path.c_str());
     const PictureKind* kind = kindOf(name);
     if (kind == nullptr) return unknownKind(path);
+    // Renaming over a device or a folder would take it away, a link to one too.
+    const QFileInfo target(name);
+    if (target.exists() && !target.isFile()) return failure(path, QStringLiteral("it is no ordinary file"));
+    // Made in memory first: the writers don't tell when a device takes less than it was given.
+    QBuffer picture;
+    picture.open(QIODevice::WriteOnly);
+    if (!kind->write(primitives, picture)) return failure(path, QStringLiteral("painting failed"));
     QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly)) return failure(path, file.errorString());
-    const bool written = kind->write(primitives, file);
-    if (written && file.commit()) return {};
-    const QString reason =
-        file.error() == QFileDevice::NoError ? QStringLiteral("painting failed") : file.errorString();
-    file.cancelWriting();
-    return failure(path, reason);
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(picture.data()) == picture.size() &&
+                         file.flush() && file.commit();
+    return written ? std::string() : failure(path, file.errorString());
 }
 
 std::string render(const KdDbDatabase& database, const std::string& path, const Options& options) {

@@ -7,7 +7,9 @@
 #include <unordered_map>
 
 #include "host/db/access.h"
+#include "host/db/textstyle.h"
 #include "host/draw/tabledrawing.h"
+#include "kd/db/database.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
 
@@ -75,8 +77,9 @@ public:
 
         const CellBox free = inner(table, row, column, box);
         const double angle = m_rotations.of(table.cellStyle(row, column));
-        const bool upright = std::abs(std::cos(angle)) < kAngleTolerance;
-        const double wrapWidth = std::max(upright ? free.height() : free.width(), 1e-9);
+        // Text at a slant doesn't wrap: it runs on, and its row has made room for it.
+        const bool level = std::abs(std::sin(angle)) < kAngleTolerance;
+        const double wrapWidth = level ? std::max(free.width(), 0.0) : 0.0;
         const text::Layout layout = text::layout(contents, sample.font, sample.height, wrapWidth);
         drawText(layout, placeOf(layout, free, angle, table.alignment(row, column)), sample, m_drawing.out);
     }
@@ -105,7 +108,7 @@ private:
 
     const text::Font& font(KdDbObjectId style) {
         const auto [place, added] = m_fonts.try_emplace(style);
-        if (added) place->second = fontOf(style, m_drawing.table.database());
+        if (added) place->second = cellFont(m_drawing.table, style);
         return place->second;
     }
 
@@ -172,6 +175,11 @@ private:
 };
 
 }  // namespace
+
+text::Font cellFont(const KdDbTable& table, KdDbObjectId textStyle) {
+    if (textStyle.isNull() && table.database() != nullptr) textStyle = table.database()->textstyle();
+    return fontOf(textStyle);
+}
 
 void drawFills(const TableDrawing& drawing) {
     forEachCell(drawing, [&](int row, int column, const CellBox& box) {

@@ -68,7 +68,7 @@ public:
         const auto [top, bottom] = clamped(range.m_topRow, range.m_bottomRow, drawing.geometry.rows());
         const auto [left, right] = clamped(range.m_leftColumn, range.m_rightColumn, drawing.geometry.columns());
         m_range = withWholeMerges(drawing.table, {top, left, bottom, right});
-        m_font = fontOf(KdDbObjectId::kNull, drawing.table.database());
+        m_font = cellFont(drawing.table, KdDbObjectId::kNull);
     }
 
     void draw() {

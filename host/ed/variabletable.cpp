@@ -1,6 +1,7 @@
 // The table of host variables, and the values of those that live in the drawing or in what the program does.
 
 #include <limits>
+#include <type_traits>
 
 #include "host/db/access.h"
 #include "host/ed/commands.h"
@@ -85,15 +86,30 @@ Value viewport() {
     return std::int32_t(activeDatabase()->tilemode() ? 2 : 1);
 }
 
-Value measurement() {
+/// A header variable of the drawing that is a number, by its getter and setter.
+template <auto get>
+Value header() {
     if (activeDatabase() == nullptr) return std::nullopt;
-    return std::int32_t(activeDatabase()->measurementIsMetric() ? 1 : 0);
+    using Number = decltype((activeDatabase()->*get)());
+    if constexpr (std::is_same_v<Number, double>) {
+        return (activeDatabase()->*get)();
+    } else {
+        return std::int32_t((activeDatabase()->*get)());
+    }
+}
+
+template <class Number, Kdad::ErrorStatus (KdDbDatabase::*set)(Number)>
+bool setHeader(const VariableValue& value) {
+    using Kept = std::conditional_t<std::is_same_v<Number, double>, double, std::int32_t>;
+    return activeDatabase() != nullptr &&
+           (activeDatabase()->*set)(static_cast<Number>(std::get<Kept>(value))) == Kdad::eOk;
 }
 
 Value commandNames() {
     return runningCommandNames();
 }
 
+constexpr double kUnbounded = std::numeric_limits<double>::max();
 constexpr double kLowest = std::numeric_limits<std::int16_t>::min();
 constexpr double kHighest = std::numeric_limits<std::int16_t>::max();
 
@@ -101,21 +117,33 @@ constexpr double kHighest = std::numeric_limits<std::int16_t>::max();
 
 const std::vector<VariableRecord>& variableRecords() {
     using enum VariableHome;
+    using Db = KdDbDatabase;
     constexpr bool kReadOnly = true;
     constexpr bool kOpen = false;
     const std::wstring none;
     static const std::vector<VariableRecord> records = {
+        {L"ANGBASE", RTREAL, Drawing, kOpen, -kUnbounded, kUnbounded, 0.0, header<&Db::angbase>,
+         setHeader<double, &Db::setAngbase>},
+        {L"ANGDIR", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::angdir>, setHeader<bool, &Db::setAngdir>},
+        {L"AUNITS", RTSHORT, Drawing, kOpen, 0, 4, 0, header<&Db::aunits>, setHeader<int, &Db::setAunits>},
+        {L"AUPREC", RTSHORT, Drawing, kOpen, 0, 8, 0, header<&Db::auprec>, setHeader<int, &Db::setAuprec>},
         {L"CLAYER", RTSTR, Drawing, kOpen, 0, 0, none, layer, setLayer},
         {L"CMDNAMES", RTSTR, State, kReadOnly, 0, 0, none, commandNames, nullptr},
         {L"CPROFILE", RTSTR, Session, kReadOnly, 0, 0, std::wstring(L"Default"), nullptr, nullptr},
         {L"CTABLESTYLE", RTSTR, Drawing, kOpen, 0, 0, none, tableStyle, setTableStyle},
         {L"CVPORT", RTSHORT, State, kReadOnly, kLowest, kHighest, 2, viewport, nullptr},
+        {L"DIMZIN", RTSHORT, Drawing, kOpen, 0, 15, 8, header<&Db::dimzin>, setHeader<int, &Db::setDimzin>},
         {L"FILEDIA", RTSHORT, Session, kOpen, 0, 1, 1, nullptr, nullptr},
+        {L"INSUNITS", RTSHORT, Drawing, kOpen, 0, 24, 4, header<&Db::insunits>, setHeader<int, &Db::setInsunits>},
+        {L"LUNITS", RTSHORT, Drawing, kOpen, 1, 5, 2, header<&Db::lunits>, setHeader<int, &Db::setLunits>},
+        {L"LUPREC", RTSHORT, Drawing, kOpen, 0, 8, 4, header<&Db::luprec>, setHeader<int, &Db::setLuprec>},
         {L"LWDISPLAY", RTSHORT, Session, kOpen, 0, 1, 0, nullptr, nullptr},
-        {L"MEASUREMENT", RTSHORT, Drawing, kReadOnly, 0, 1, 1, measurement, nullptr},
+        {L"MEASUREMENT", RTSHORT, Drawing, kOpen, 0, 1, 1, header<&Db::measurement>,
+         setHeader<int, &Db::setMeasurement>},
         {L"TABLETOOLBAR", RTSHORT, Session, kOpen, 0, 2, 1, nullptr, nullptr},
         {L"TEXTSTYLE", RTSTR, Drawing, kOpen, 0, 0, none, textStyle, setTextStyle},
         {L"TILEMODE", RTSHORT, Drawing, kReadOnly, 0, 1, 1, tileMode, nullptr},
+        {L"UNITMODE", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::unitmode>, setHeader<int, &Db::setUnitmode>},
     };
     return records;
 }

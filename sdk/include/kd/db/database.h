@@ -17,7 +17,7 @@ public:
     /// model and paper space, the dictionaries, table style "Standard"); without it the database stays
     /// empty for a file to be read into. `noDocument` is true for a drawing that belongs to no document.
     explicit KdDbDatabase(bool buildDefaults = true, bool noDocument = false);
-    ~KdDbDatabase();
+    virtual ~KdDbDatabase();
     KdDbDatabase(const KdDbDatabase&) = delete;
     KdDbDatabase& operator=(const KdDbDatabase&) = delete;
 
@@ -57,7 +57,30 @@ public:
     KdDbObjectId modelSpaceId() const;
     KdDbObjectId paperSpaceId() const;
 
-    /// True when the drawing's lengths are metric.
+    /// The units that lengths and angles are shown in; meanings and ranges are those of KdDbHeaderVar. A setter
+    /// refuses a value outside its range with eInvalidInput.
+    int lunits() const;
+    Kdad::ErrorStatus setLunits(int unit);
+    int luprec() const;
+    Kdad::ErrorStatus setLuprec(int precision);
+    int aunits() const;
+    Kdad::ErrorStatus setAunits(int unit);
+    int auprec() const;
+    Kdad::ErrorStatus setAuprec(int precision);
+    double angbase() const;
+    Kdad::ErrorStatus setAngbase(double radians);
+    bool angdir() const;
+    Kdad::ErrorStatus setAngdir(bool clockwise);
+    int unitmode() const;
+    Kdad::ErrorStatus setUnitmode(int mode);
+    virtual int dimzin() const;
+    Kdad::ErrorStatus setDimzin(int suppression);
+    int insunits() const;
+    Kdad::ErrorStatus setInsunits(int unit);
+    int measurement() const;
+    Kdad::ErrorStatus setMeasurement(int measurement);
+
+    /// True when the drawing's lengths are metric: measurement 1.
     bool measurementIsMetric() const;
 
     /// Puts an object without a place of its own into the database. The database owns it from now on, and

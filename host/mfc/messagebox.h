@@ -1,0 +1,11 @@
+// What message boxes have shown, for those who watch.
+#pragma once
+
+#include <string>
+
+namespace kdhost {
+
+/// Text of the message box shown last; empty before the first.
+const std::wstring& lastMessageBoxText();
+
+}  // namespace kdhost

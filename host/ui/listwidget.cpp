@@ -1,0 +1,164 @@
+// The list widget: what happens in it reaches its dialog as notifications, in a fixed order.
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QStyledItemDelegate>
+#include <functional>
+#include <optional>
+
+#include "kd/ui/basedialog.h"
+#include "kd/ui/widgets.h"
+
+namespace {
+
+/// Gives a notification to the dialog that the list stands in. Returns what the dialog answered.
+LRESULT notifyDialog(const KdUiListWidget& list, NMHDR* header) {
+    LRESULT result = 0;
+    for (QWidget* parent = list.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+        if (auto* dialog = qobject_cast<KdUiBaseDialog*>(parent)) {
+            dialog->OnListNotify(list.objectName().toUtf8().constData(), header, &result);
+            break;
+        }
+    }
+    return result;
+}
+
+NMLISTVIEW itemNotice(KdUiListWidget& list, int code, int row) {
+    NMLISTVIEW notice;
+    notice.hdr = {&list, code};
+    notice.iItem = row;
+    return notice;
+}
+
+/// The key's number on the platform that the notification's shape comes from.
+WORD virtualKey(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Delete:
+            return VK_DELETE;
+        case Qt::Key_F2:
+            return VK_F2;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return VK_RETURN;
+        case Qt::Key_Escape:
+            return VK_ESCAPE;
+        case Qt::Key_Tab:
+            return VK_TAB;
+        default:
+            return event.key() < 0x100 ? static_cast<WORD>(event.key()) : WORD{0};
+    }
+}
+
+/// Edits a row's text in place; the typed text goes to the dialog, which decides what the row shows.
+class LabelDelegate : public QStyledItemDelegate {
+public:
+    explicit LabelDelegate(KdUiListWidget* list) : QStyledItemDelegate(list), m_list(list) {
+        connect(this, &QAbstractItemDelegate::closeEditor, list, [this](QWidget*, EndEditHint hint) {
+            if (hint == RevertModelCache) finish(std::nullopt);
+        });
+    }
+
+    void begin(int row) { m_row = row; }
+
+    void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const override {
+        if (auto* edit = qobject_cast<QLineEdit*>(editor)) finish(edit->text());
+    }
+
+private:
+    /// Without a text the edit was given up.
+    void finish(const std::optional<QString>& typed) const {
+        if (m_row < 0) return;
+        const int row = m_row;
+        m_row = -1;
+        NMLVDISPINFO notice;
+        notice.hdr = {m_list, LVN_ENDLABELEDIT};
+        notice.iItem = row;
+        const std::wstring text = typed.value_or(QString()).toStdWString();
+        notice.pszText = typed ? text.c_str() : nullptr;
+        QListWidgetItem* item = m_list->item(row);
+        if (item != nullptr) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+        const bool taken = notifyDialog(*m_list, &notice.hdr) != 0;
+        item = m_list->item(row);
+        if (taken && typed && item != nullptr) item->setText(*typed);
+    }
+
+    KdUiListWidget* m_list;
+    mutable int m_row = -1;
+};
+
+}  // namespace
+
+KdUiListWidget::KdUiListWidget(QWidget* parent) : QListWidget(parent) {
+    setItemDelegate(new LabelDelegate(this));
+    // Labels are edited when the dialog says so, not by clicks.
+    setEditTriggers(NoEditTriggers);
+}
+
+bool KdUiListWidget::editLabel(int row) {
+    QListWidgetItem* edited = item(row);
+    if (edited == nullptr) return false;
+    NMLVDISPINFO notice;
+    notice.hdr = {this, LVN_BEGINLABELEDIT};
+    notice.iItem = row;
+    const std::wstring text = edited->text().toStdWString();
+    notice.pszText = text.c_str();
+    if (notifyDialog(*this, &notice.hdr) != 0) return false;
+    static_cast<LabelDelegate*>(itemDelegate())->begin(row);
+    edited->setFlags(edited->flags() | Qt::ItemIsEditable);
+    editItem(edited);
+    return true;
+}
+
+void KdUiListWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListWidget::selectionChanged(selected, deselected);
+    const auto tell = [this](const QItemSelection& changed, UINT newState, UINT oldState) {
+        for (const QModelIndex& index : changed.indexes()) {
+            NMLISTVIEW notice = itemNotice(*this, LVN_ITEMCHANGED, index.row());
+            notice.uNewState = newState;
+            notice.uOldState = oldState;
+            LRESULT result = notifyDialog(*this, &notice.hdr);
+            emit currentItemChanged(&notice.hdr, &result);
+        }
+    };
+    tell(deselected, 0, LVIS_SELECTED);
+    tell(selected, LVIS_SELECTED, 0);
+}
+
+void KdUiListWidget::mousePressEvent(QMouseEvent* event) {
+    const int pressed = row(itemAt(event->pos()));
+    QListWidget::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    NMLISTVIEW notice = itemNotice(*this, NM_CLICK, pressed);
+    notice.ptAction = {event->x(), event->y()};
+    notifyDialog(*this, &notice.hdr);
+}
+
+void KdUiListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    const int pressed = row(itemAt(event->pos()));
+    QListWidget::mouseDoubleClickEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    NMLISTVIEW notice = itemNotice(*this, NM_DBLCLK, pressed);
+    notice.ptAction = {event->x(), event->y()};
+    notifyDialog(*this, &notice.hdr);
+}
+
+void KdUiListWidget::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    NMLISTVIEW notice = itemNotice(*this, NM_RCLICK, byKey ? currentRow() : row(itemAt(event->pos())));
+    notice.ptAction = {event->x(), event->y()};
+    LRESULT result = notifyDialog(*this, &notice.hdr);
+    emit RightClickItem(&notice.hdr, &result);
+    event->accept();
+}
+
+void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
+    const bool editing = state() == EditingState;
+    QListWidget::keyPressEvent(event);
+    if (editing) return;
+    NMLVKEYDOWN notice;
+    notice.hdr = {this, LVN_KEYDOWN};
+    notice.wVKey = virtualKey(*event);
+    notifyDialog(*this, &notice.hdr);
+}

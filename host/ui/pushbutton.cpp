@@ -1,0 +1,73 @@
+// Push buttons with pictures and arrow parts.
+
+#include <QBitmap>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include "kd/ui/widgets.h"
+
+namespace {
+
+constexpr int kFlat = 2;
+constexpr int kFlatWithArrow = 6;
+
+/// The arrow part takes the right 2 fifths of a button twice as wide as high.
+int arrowWidth(const QWidget& button) {
+    return button.width() * 2 / 5;
+}
+
+}  // namespace
+
+KdUiPushButton::KdUiPushButton(QWidget* parent) : QPushButton(parent) {}
+
+void KdUiPushButton::setIcon(const QString& path, const QColor& mask) {
+    QPixmap picture(path);
+    if (picture.isNull()) return;
+    if (!picture.hasAlphaChannel()) picture.setMask(picture.createMaskFromColor(mask));
+    QPushButton::setIcon(QIcon(picture));
+    setIconSize(picture.size() / picture.devicePixelRatio());
+}
+
+void KdUiPushButton::setButtonStyle(int style) {
+    m_style = style;
+    setFlat(style == kFlat || style == kFlatWithArrow);
+}
+
+void KdUiPushButton::clickArrow() {
+    if (isEnabled() && m_style == kFlatWithArrow) emit clickedEventEx();
+}
+
+void KdUiPushButton::paintEvent(QPaintEvent* event) {
+    if (m_style != kFlatWithArrow) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    option.rect.setRight(option.rect.right() - arrowWidth(*this));
+    painter.drawControl(QStyle::CE_PushButtonLabel, option);
+    option.rect = QRect(width() - arrowWidth(*this), 0, arrowWidth(*this), height());
+    painter.drawPrimitive(QStyle::PE_IndicatorArrowDown, option);
+}
+
+void KdUiPushButton::mousePressEvent(QMouseEvent* event) {
+    if (m_style == kFlatWithArrow && event->button() == Qt::LeftButton && event->x() >= width() - arrowWidth(*this)) {
+        clickArrow();
+        return;
+    }
+    QPushButton::mousePressEvent(event);
+}
+
+void KdUiPushButton::keyPressEvent(QKeyEvent* event) {
+    // The arrow part answers to the key that opens a combo box.
+    if (m_style == kFlatWithArrow && event->key() == Qt::Key_Down) {
+        clickArrow();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}

@@ -1,0 +1,150 @@
+// Widget trees from `.ui` files, built with the host's widget classes and in the host's language.
+
+#include "kd/ui/uicreator.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QFile>
+#include <QPointer>
+#include <QTranslator>
+#include <QUiLoader>
+#include <array>
+#include <functional>
+
+#include "host/win32/modules.h"
+#include "kd/ui/menu.h"
+#include "kd/ui/widgets.h"
+
+namespace {
+
+struct WidgetClass {
+    const char* name;
+    QWidget* (*make)(QWidget* parent);
+};
+
+template <class T>
+QWidget* make(QWidget* parent) {
+    return new T(parent);
+}
+
+/// Classes that `.ui` files name and Qt doesn't know. A plain Qt class in a file becomes the host's own, so
+/// that its signals are there.
+constexpr std::array kWidgetClasses = {
+    WidgetClass{"KdUiLineEdit", make<KdUiLineEdit>},
+    WidgetClass{"QLineEdit", make<KdUiLineEdit>},
+    WidgetClass{"KdUiDoubleSpinBox", make<KdUiDoubleSpinBox>},
+    WidgetClass{"KdUiComboBox", make<KdUiComboBox>},
+    WidgetClass{"QComboBox", make<KdUiComboBox>},
+    WidgetClass{"KdUiPushButton", make<KdUiPushButton>},
+    WidgetClass{"KdUiListWidget", make<KdUiListWidget>},
+    WidgetClass{"QListWidget", make<KdUiListWidget>},
+    WidgetClass{"KdUiTreeWidget", make<KdUiTreeWidget>},
+    WidgetClass{"KdUiTabBar", make<KdUiTabBar>},
+    WidgetClass{"KdUiSlider", make<KdUiSlider>},
+    WidgetClass{"KdUiMenu", make<KdUiMenu>},
+    WidgetClass{"QMenu", make<KdUiMenu>},
+    // The tree stands inside its dialog, so that its root is no window.
+    WidgetClass{"QDialog", make<QWidget>},
+};
+
+class Loader : public QUiLoader {
+public:
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+        for (const WidgetClass& known : kWidgetClasses) {
+            if (className != QLatin1String(known.name)) continue;
+            QWidget* widget = known.make(parent);
+            widget->setObjectName(name);
+            return widget;
+        }
+        return QUiLoader::createWidget(className, parent, name);
+    }
+};
+
+/// The texts of a tree in the host's language, while it is being built.
+class TranslationScope {
+public:
+    explicit TranslationScope(const QString& file) {
+        if (kdhost::language() != kdhost::Language::Chinese) return;
+        if (m_translator.load(QStringLiteral(":/") + file + QStringLiteral("/zh_CN.qm"))) {
+            QCoreApplication::installTranslator(&m_translator);
+        }
+    }
+    ~TranslationScope() { QCoreApplication::removeTranslator(&m_translator); }
+    TranslationScope(const TranslationScope&) = delete;
+    TranslationScope& operator=(const TranslationScope&) = delete;
+
+private:
+    QTranslator m_translator;
+};
+
+}  // namespace
+
+struct VqUICreator::Private {
+    QPointer<QWidget> parent;
+    QString file;
+    QPointer<QWidget> root;
+    QList<QPointer<QWidget>> widgets;
+    QList<QPointer<QAction>> actions;
+};
+
+VqUICreator::VqUICreator(QWidget* parent, const QString& file, int) : m_private(std::make_unique<Private>()) {
+    m_private->parent = parent;
+    m_private->file = file;
+}
+
+VqUICreator::~VqUICreator() = default;
+
+bool VqUICreator::generate(const QString& name) {
+    QFile form(QStringLiteral(":/%1/%2.ui").arg(m_private->file, name));
+    if (!form.open(QIODevice::ReadOnly)) return false;
+    TranslationScope translation(m_private->file);
+    Loader loader;
+    loader.setLanguageChangeEnabled(false);
+    QWidget* root = loader.load(&form, m_private->parent);
+    if (root == nullptr) return false;
+
+    m_private->root = root;
+    m_private->widgets = {root};
+    for (QWidget* widget : root->findChildren<QWidget*>()) {
+        if (!widget->objectName().isEmpty()) m_private->widgets.append(widget);
+    }
+    m_private->actions.clear();
+    for (QAction* action : root->findChildren<QAction*>()) m_private->actions.append(action);
+    return true;
+}
+
+QList<QWidget*> VqUICreator::widgets() const {
+    QList<QWidget*> alive;
+    for (const QPointer<QWidget>& widget : m_private->widgets) {
+        if (widget != nullptr) alive.append(widget);
+    }
+    return alive;
+}
+
+QList<QAction*> VqUICreator::actions() const {
+    QList<QAction*> alive;
+    for (const QPointer<QAction>& action : m_private->actions) {
+        if (action != nullptr) alive.append(action);
+    }
+    return alive;
+}
+
+QWidget* VqUICreator::widget(const QString& name) const {
+    for (const QPointer<QWidget>& widget : m_private->widgets) {
+        if (widget != nullptr && widget->objectName() == name) return widget;
+    }
+    return nullptr;
+}
+
+QAction* VqUICreator::action(const QString& name) const {
+    for (const QPointer<QAction>& action : m_private->actions) {
+        if (action != nullptr && action->objectName() == name) return action;
+    }
+    return nullptr;
+}
+
+void VqUICreator::release() {
+    delete m_private->root;
+    m_private->widgets.clear();
+    m_private->actions.clear();
+}

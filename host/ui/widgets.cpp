@@ -1,0 +1,142 @@
+// The small widgets: edits, spin boxes, combo boxes, tabs, sliders, and when each of them loses the focus.
+
+#include "kd/ui/widgets.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/ui/focus.h"
+
+namespace kdhost {
+
+bool losesFocus(const QWidget& widget, Qt::FocusReason reason) {
+    switch (reason) {
+        case Qt::PopupFocusReason:
+        case Qt::MenuBarFocusReason:
+            return false;
+        case Qt::ActiveWindowFocusReason: {
+            // Another program in front is no reason to commit; a dialog over this one is.
+            const QWidget* modal = QApplication::activeModalWidget();
+            return modal != nullptr && modal != widget.window();
+        }
+        default:
+            return true;
+    }
+}
+
+}  // namespace kdhost
+
+KdUiLineEdit::KdUiLineEdit(QWidget* parent) : QLineEdit(parent) {}
+
+void KdUiLineEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (kdhost::losesFocus(*this, event->reason())) emit killFocus();
+}
+
+KdUiDoubleSpinBox::KdUiDoubleSpinBox(QWidget* parent) : QAbstractSpinBox(parent) {
+    connect(lineEdit(), &QLineEdit::textChanged, this, &KdUiDoubleSpinBox::textChanged);
+}
+
+QString KdUiDoubleSpinBox::text() const {
+    return lineEdit()->text();
+}
+
+void KdUiDoubleSpinBox::setText(const QString& text) {
+    lineEdit()->setText(text);
+}
+
+double KdUiDoubleSpinBox::value() const {
+    bool isNumber = false;
+    const double value = lineEdit()->text().trimmed().toDouble(&isNumber);
+    return isNumber ? value : 0.0;
+}
+
+void KdUiDoubleSpinBox::setValue(double value) {
+    lineEdit()->setText(m_integers ? QString::number(std::llround(value)) : QString::number(value, 'g', 15));
+}
+
+void KdUiDoubleSpinBox::setRange(double minimum, double maximum, bool integers, bool wrap) {
+    m_minimum = minimum;
+    m_maximum = std::max(minimum, maximum);
+    m_integers = integers;
+    m_wrap = wrap;
+}
+
+void KdUiDoubleSpinBox::setAutoStep(bool on) {
+    m_autoStep = on;
+}
+
+void KdUiDoubleSpinBox::stepBy(int steps) {
+    if (steps == 0) return;
+    if (m_autoStep) {
+        double stepped = value() + steps;
+        if (stepped > m_maximum) stepped = m_wrap ? m_minimum : m_maximum;
+        if (stepped < m_minimum) stepped = m_wrap ? m_maximum : m_minimum;
+        setValue(stepped);
+    }
+    NMUPDOWN notice;
+    notice.hdr = {this, UDN_DELTAPOS};
+    notice.iPos = static_cast<int>(value());
+    notice.iDelta = -steps;
+    LRESULT result = 0;
+    if (steps > 0) {
+        emit stepUp(&notice.hdr, &result);
+    } else {
+        emit stepDown(&notice.hdr, &result);
+    }
+}
+
+QAbstractSpinBox::StepEnabled KdUiDoubleSpinBox::stepEnabled() const {
+    return StepUpEnabled | StepDownEnabled;
+}
+
+void KdUiDoubleSpinBox::focusOutEvent(QFocusEvent* event) {
+    QAbstractSpinBox::focusOutEvent(event);
+    if (kdhost::losesFocus(*this, event->reason())) emit killFocus();
+}
+
+KdUiComboBox::KdUiComboBox(QWidget* parent) : QComboBox(parent) {}
+
+void KdUiComboBox::setComboBoxStyle(int style) {
+    m_style = style;
+}
+
+void KdUiComboBox::showPopup() {
+    emit boxDropdowm();
+    QComboBox::showPopup();
+}
+
+void KdUiComboBox::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    if (kdhost::losesFocus(*this, event->reason())) emit killFocus();
+}
+
+KdUiTreeWidget::KdUiTreeWidget(QWidget* parent) : QTreeWidget(parent) {
+    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
+        const std::wstring text = item->text(0).toStdWString();
+        NMLVDISPINFO notice;
+        notice.hdr = {this, TVN_ENDLABELEDIT};
+        notice.pszText = text.c_str();
+        LRESULT result = 0;
+        emit editFinished(&notice.hdr, &result);
+    });
+}
+
+KdUiTabBar::KdUiTabBar(QWidget* parent) : QTabBar(parent) {
+    connect(this, &QTabBar::currentChanged, this, [this] {
+        NMHDR header{this, TCN_SELCHANGE};
+        LRESULT result = 0;
+        emit currentChanged(&header, &result);
+    });
+}
+
+KdUiSlider::KdUiSlider(QWidget* parent) : QSlider(parent) {
+    connect(this, &QSlider::valueChanged, this, [this] {
+        NMHDR header{this, NM_CUSTOMDRAW};
+        LRESULT result = 0;
+        emit OnSliderValueChange(&header, &result);
+    });
+}

@@ -1,0 +1,65 @@
+// The scanner of decimal numbers, and what both scanners of lengths stand on.
+
+#include "module/valuetext/numberparse.h"
+
+#include <cmath>
+
+#include "module/valuetext/digits.h"
+
+void GatherValue(wchar_t** cursor, double* value, int* count) {
+    const Digits digits = gatherDigits(*cursor);
+    *value = digits.value;
+    *count = digits.count;
+}
+
+namespace {
+
+constexpr double largestExponent = 99.0;
+
+bool isExponentMark(wchar_t character) {
+    return character == L'E' || character == L'e';
+}
+
+/// What stands behind the mark of the exponent: a sign and digits, both of which may be left out, up to the end.
+bool parseExponent(wchar_t* cursor, double mantissa, double* out) {
+    double sign = 1.0;
+    if (*cursor == L'+' || *cursor == L'-') sign = *cursor++ == L'-' ? -1.0 : 1.0;
+    const double exponent = gatherDigits(cursor).value;
+    if (*cursor != 0 || exponent > largestExponent) return false;
+    *out = exponent <= negligible ? mantissa : std::pow(10.0, sign * exponent) * mantissa;
+    return true;
+}
+
+/// What stands behind the digits of the mantissa: the end, or an exponent.
+bool parseTail(wchar_t* cursor, double mantissa, double* out) {
+    if (*cursor == 0) {
+        *out = mantissa;
+        return true;
+    }
+    return isExponentMark(*cursor) && parseExponent(cursor + 1, mantissa, out);
+}
+
+}  // namespace
+
+int ParseAsDecimal(wchar_t* text, double* out) {
+    *out = 0.0;
+    wchar_t* cursor = text;
+    double whole = 0.0;
+    if (*cursor == L'.') {
+        ++cursor;
+        // An exponent may stand right behind a point that begins the text, which makes the mantissa 0.
+        if (isExponentMark(*cursor)) return parseExponent(cursor + 1, 0.0, out);
+    } else {
+        if (!isDigit(*cursor)) return 0;
+        whole = gatherDigits(cursor).value;
+        if (*cursor != L'.') return parseTail(cursor, whole, out);
+        ++cursor;
+        if (*cursor == 0) {
+            *out = whole;
+            return 1;
+        }
+    }
+    if (!isDigit(*cursor)) return 0;
+    const double fraction = gatherFraction(cursor);
+    return parseTail(cursor, whole + fraction, out);
+}

@@ -1,0 +1,41 @@
+// The simple controls: buttons, edits, static texts, spin buttons, tool tips, tool bars.
+#pragma once
+
+#include "mfc/wnd.h"
+
+class CButton : public CWnd {
+public:
+    /// 1 checked, 0 not.
+    int GetCheck() const;
+    void SetCheck(int check);
+};
+
+class CEdit : public CWnd {
+public:
+    /// Selects characters from `start` up to, not including, `end`; (0, -1) selects all.
+    void SetSel(int start, int end);
+    /// Signals as typing does.
+    void ReplaceSel(const wchar_t* text);
+    void SetReadOnly(bool readOnly);
+};
+
+class CStatic : public CWnd {};
+
+/// The arrows beside an edit. They belong to the edit's own widget; the wrapper is kept for its place in
+/// dialogs.
+class CSpinButtonCtrl : public CWnd {};
+
+/// Tool tips of a dialog's controls.
+class CToolTipCtrl : public CWnd {
+public:
+    bool Create(CWnd* parent);
+    bool AddTool(CWnd* tool, const wchar_t* text);
+    void Activate(bool active);
+    /// Tool tips come by the widgets' own events: nothing has to be relayed.
+    void RelayEvent(MSG* message);
+};
+
+class CToolBar : public CWnd {
+public:
+    virtual void OnUpdateToolBar();
+};
