@@ -5,7 +5,6 @@
 
 #include "host/db/databasecontents.h"
 #include "host/db/dictionarystate.h"
-#include "host/db/names.h"
 #include "host/db/opening.h"
 #include "host/db/symbolstate.h"
 #include "kd/db/dictionary.h"
@@ -74,10 +73,7 @@ private:
 
     KdDbObjectId entry(KdDbObjectId dictionary, std::unique_ptr<KdDbObject> made, const wchar_t* name) {
         const KdDbObjectId id = KdDbDatabaseAccess::insert(m_database, std::move(made), dictionary);
-        auto& held = state<KdDbDictionaryState>(dictionary);
-        const std::wstring key = foldedName(name);
-        held.entries[key] = {name, id};
-        held.keys[id] = key;
+        state<KdDbDictionaryState>(dictionary).put(name, id);
         return id;
     }
 

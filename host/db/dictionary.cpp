@@ -20,16 +20,6 @@ bool isLive(const State::Entry& entry) {
     return kdhost::peekObject(entry.id) != nullptr;
 }
 
-void put(State& state, const std::wstring& key, const wchar_t* name, KdDbObjectId id) {
-    state.entries[key] = {name, id};
-    state.keys[id] = key;
-}
-
-void take(State& state, Entries::iterator entry) {
-    state.keys.erase(entry->second.id);
-    state.entries.erase(entry);
-}
-
 class Iterator final : public KdDbDictionaryIterator {
 public:
     explicit Iterator(const Entries& entries) : m_at(entries.begin()), m_end(entries.end()) { passErased(); }
@@ -63,6 +53,19 @@ Kdad::ErrorStatus eraseReplaced(KdDbObjectId id) {
 }
 
 }  // namespace
+
+void KdDbDictionaryState::put(const wchar_t* name, KdDbObjectId id) {
+    const std::wstring key = kdhost::foldedName(name);
+    const auto former = entries.find(key);
+    if (former != entries.end()) take(former);
+    entries[key] = {name, id};
+    keys[id] = key;
+}
+
+void KdDbDictionaryState::take(std::map<std::wstring, Entry>::iterator entry) {
+    keys.erase(entry->second.id);
+    entries.erase(entry);
+}
 
 void KdDbDictionaryState::mapIds(const kdhost::IdMapper& map) {
     KdDbObjectState::mapIds(map);
@@ -129,11 +132,8 @@ Kdad::ErrorStatus KdDbDictionary::setAt(const wchar_t* name, KdDbObject* object,
         if (status != Kdad::eOk) return status;
     }
     State& state = *writableStateOf<State>(*this);
-    const std::wstring key = kdhost::foldedName(name);
-    const auto former = state.entries.find(key);
-    if (former != state.entries.end()) take(state, former);
     const Kdad::ErrorStatus status = database()->addKdDbObject(object, id, objectId());
-    if (status == Kdad::eOk) put(state, key, name, id);
+    if (status == Kdad::eOk) state.put(name, id);
     return status;
 }
 
@@ -144,18 +144,15 @@ bool KdDbDictionary::setName(const wchar_t* oldName, const wchar_t* newName) {
     if (getAt(newName, other) == Kdad::eOk && other != id) return false;
     State* state = writableStateOf<State>(*this);
     if (state == nullptr) return false;
-    take(*state, state->entries.find(kdhost::foldedName(oldName)));
-    const std::wstring key = kdhost::foldedName(newName);
-    const auto erased = state->entries.find(key);
-    if (erased != state->entries.end()) take(*state, erased);
-    put(*state, key, newName, id);
+    state->take(state->entries.find(kdhost::foldedName(oldName)));
+    state->put(newName, id);
     return true;
 }
 
 Kdad::ErrorStatus KdDbDictionary::remove(const wchar_t* name) {
     KdDbObjectId id;
     if (getAt(name, id) != Kdad::eOk) return Kdad::eKeyNotFound;
-    return changeState<State>(*this, [&](State& state) { take(state, state.entries.find(kdhost::foldedName(name))); });
+    return changeState<State>(*this, [&](State& state) { state.take(state.entries.find(kdhost::foldedName(name))); });
 }
 
 Kdad::ErrorStatus KdDbDictionary::remove(KdDbObjectId id) {

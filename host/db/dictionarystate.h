@@ -16,6 +16,10 @@ struct KdDbDictionaryState : KdDbObjectState {
     std::unique_ptr<KdDbObjectState> clone() const override { return std::make_unique<KdDbDictionaryState>(*this); }
     void mapIds(const kdhost::IdMapper& map) override;
 
+    /// Takes the place of what stands there.
+    void put(const wchar_t* name, KdDbObjectId id);
+    void take(std::map<std::wstring, Entry>::iterator entry);
+
     std::map<std::wstring, Entry> entries;                ///< by folded name
     std::unordered_map<KdDbObjectId, std::wstring> keys;  ///< the folded names of objects
 };

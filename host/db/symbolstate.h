@@ -7,7 +7,15 @@
 
 #include "host/db/objectstate.h"
 #include "kd/db/color.h"
+#include "kd/db/symboltable.h"
 #include "kd/ge/point3d.h"
+
+namespace kdhost {
+
+/// Whether the object is a record of the kind that the table holds.
+bool takesRecord(const KdDbSymbolTable& table, const KdDbObject& record);
+
+}  // namespace kdhost
 
 /// Records by folded name. It only speeds look-ups up and is no part of what a table holds.
 struct KdDbSymbolIndex {

@@ -2,6 +2,9 @@
 
 #include "kd/db/symboltable.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/names.h"
@@ -32,13 +35,6 @@ constexpr Kind kKinds[] = {
     {KdDbLinetypeTable::desc, KdDbLinetypeTableRecord::desc},
     {KdDbTextStyleTable::desc, KdDbTextStyleTableRecord::desc},
 };
-
-bool takes(const KdDbSymbolTable& table, const KdDbSymbolTableRecord& record) {
-    for (const Kind& kind : kKinds) {
-        if (table.isKindOf(kind.table())) return record.isKindOf(kind.record());
-    }
-    return false;
-}
 
 const std::wstring& nameOf(const KdDbObject& record) {
     return stateOf<RecordState>(record).name;
@@ -103,6 +99,12 @@ private:
 
 }  // namespace
 
+bool kdhost::takesRecord(const KdDbSymbolTable& table, const KdDbObject& record) {
+    return std::any_of(std::begin(kKinds), std::end(kKinds), [&](const Kind& kind) {
+        return table.isKindOf(kind.table()) && record.isKindOf(kind.record());
+    });
+}
+
 KdDbSymbolTableIterator::~KdDbSymbolTableIterator() = default;
 
 std::unique_ptr<KdDbObjectState> KdDbSymbolTableState::clone() const {
@@ -153,7 +155,7 @@ Kdad::ErrorStatus KdDbSymbolTable::add(KdDbObjectId& id, KdDbSymbolTableRecord* 
     if (record == nullptr) return Kdad::eNullObjectPointer;
     if (database() == nullptr) return Kdad::eNotInDatabase;
     if (record->database() != nullptr) return Kdad::eAlreadyInDatabase;
-    if (!takes(*this, *record)) return Kdad::eNotThatKindOfClass;
+    if (!kdhost::takesRecord(*this, *record)) return Kdad::eNotThatKindOfClass;
     if (nameOf(*record).empty()) return Kdad::eInvalidKey;
     if (has(nameOf(*record).c_str())) return Kdad::eDuplicateKey;
     State* state = writableStateOf<State>(*this);

@@ -85,8 +85,13 @@ public:
     /// class; eNotThatKindOfClass otherwise.
     virtual Kdad::ErrorStatus copyFrom(const KdRxObject* source);
     /// Clones the object into `owner` (a block table record, dictionary or symbol table open for write, of
-    /// the mapping's destination) and enters the pair into the mapping. The clone stays open for write.
-    /// `primary` tells that the object itself was asked for, not one that hangs on it.
+    /// the mapping's destination) with all that it owns, and enters each pair into the mapping. The clone
+    /// stays open for write; what it owns doesn't. In another database layers, line types, text styles,
+    /// blocks and table styles are those of the same name there, cloned along when there are none.
+    /// `primary` tells that the object itself was asked for, not one that hangs on it: false only names
+    /// the owner, whose lists stay as they are. What the mapping holds already is not cloned again: eOk
+    /// without a clone. eNotThatKindOfClass when the owner can't hold it, eDuplicateKey for a taken name in
+    /// a symbol table, eInvalidContext when the owner is not of the mapping's destination.
     virtual Kdad::ErrorStatus deepClone(KdDbObject* owner, KdDbObject*& clone, KdDbIdMapping& mapping,
                                         bool primary = true) const;
 
