@@ -204,7 +204,9 @@ TEST_F(Dictionaries, thousands_of_random_steps_agree_with_a_plain_map) {
             default: {
                 KdDbObjectId id;
                 EXPECT_EQ(m_dictionary->getAt(lower.c_str(), id) == Kdad::eOk, model.contains(upper));
-                if (id.isValid()) EXPECT_EQ(id, model.at(upper));
+                if (id.isValid()) {
+                    EXPECT_EQ(id, model.at(upper));
+                }
             }
         }
     }
