@@ -69,7 +69,7 @@ TEST(DisciplineModel, random_sequences_agree_with_the_plain_model) {
 
     for (int step = 0; step < 100'000; ++step) {
         SCOPED_TRACE("step " + std::to_string(step));
-        const auto choice = random() % 8;
+        const auto choice = random() % 11;
         if (choice < 3) {
             const KdDb::OpenMode mode = choice == 0 ? KdDb::kForWrite : KdDb::kForRead;
             const bool openErased = random() % 2 == 0;
@@ -82,7 +82,7 @@ TEST(DisciplineModel, random_sequences_agree_with_the_plain_model) {
             ASSERT_EQ(line->upgradeOpen(), model.upgrade());
         } else if (choice == 4) {
             ASSERT_EQ(line->downgradeOpen(), model.downgrade());
-        } else if (choice < 7) {
+        } else if (choice < 9) {
             if (!model.opens.empty()) {
                 ASSERT_EQ(line->close(), model.close());
             }
