@@ -1,0 +1,200 @@
+// Row heights and column widths from what the cells hold.
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "host/text/layout.h"
+#include "kd/db/database.h"
+#include "kd/db/dictionary.h"
+#include "kd/db/line.h"
+#include "kd/db/symboltable.h"
+#include "kd/db/tablestyle.h"
+#include "tests/support/tablebuilder.h"
+
+using kdtest::TableBuilder;
+
+namespace {
+
+/// Height of a row with that many lines of data text, all values standard.
+double dataHeight(int lines) {
+    return 2 * 1.5 + 4.5 + (lines - 1) * 4.5 * kdhost::text::kLinePitch + 4.5 / 3.0;
+}
+
+const std::wstring kLong = L"several words that need more than the one line of their narrow column";
+
+}  // namespace
+
+TEST(TableLayout, one_line_needs_two_margins_and_four_thirds_of_the_text_height) {
+    auto table = TableBuilder(3, 2).text("A3", L"x").build();
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(0), 3.0 + 8.0);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(1), 3.0 + 6.0);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), 3.0 + 6.0);
+    table->setTextHeight(2, 1, 12.0);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), 3.0 + 16.0) << "an empty cell counts for a line too";
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(7), 0.0);
+}
+
+TEST(TableLayout, lines_by_code_and_by_wrapping_make_a_row_higher) {
+    auto table = TableBuilder(3, 2).text("A3", L"one\\Ptwo\\Pthree").build();
+    EXPECT_NEAR(table->minimumRowHeight(2), dataHeight(3), 1e-9);
+    table->setTextString(2, 0, kLong.c_str());
+    const kdhost::text::Layout layout = kdhost::text::layout(kLong, {L"DejaVu Sans"}, 4.5, 63.5 - 3.0);
+    ASSERT_GT(layout.lines.size(), 2U);
+    EXPECT_NEAR(table->minimumRowHeight(2), dataHeight(static_cast<int>(layout.lines.size())), 1e-9);
+    table->setColumnWidth(0, 10000.0);
+    EXPECT_NEAR(table->minimumRowHeight(2), dataHeight(1), 1e-9) << "in a wide column it is one line";
+}
+
+TEST(TableLayout, writing_text_makes_a_low_row_grow_and_none_shrink) {
+    auto table = TableBuilder(4, 2).build();
+    EXPECT_DOUBLE_EQ(table->rowHeight(2), dataHeight(1));
+    table->setTextString(2, 0, L"one\\Ptwo");
+    EXPECT_NEAR(table->rowHeight(2), dataHeight(2), 1e-9);
+    EXPECT_DOUBLE_EQ(table->rowHeight(3), dataHeight(1));
+    table->setTextString(2, 0, L"one");
+    EXPECT_NEAR(table->rowHeight(2), dataHeight(2), 1e-9);
+    table->setRowHeight(3, 1.0);
+    table->setTextString(3, 0, L"one");
+    EXPECT_NEAR(table->rowHeight(3), dataHeight(1), 1e-9);
+    table->setRowHeight(3, 1.0);
+    EXPECT_DOUBLE_EQ(table->rowHeight(3), 1.0) << "kept as set";
+}
+
+TEST(TableLayout, growth_belongs_to_the_moment_of_writing) {
+    // Heights are worked out late, yet as if at once.
+    auto wide = TableBuilder(3, 2).columnWidth(0, 10000.0).build();
+    wide->setTextString(2, 0, kLong.c_str());
+    wide->setColumnWidth(0, 20.0);
+    EXPECT_NEAR(wide->rowHeight(2), dataHeight(1), 1e-9);
+
+    auto set = TableBuilder(3, 2).build();
+    set->setTextString(2, 0, L"one\\Ptwo\\Pthree");
+    set->setRowHeight(2, 2.0);
+    EXPECT_DOUBLE_EQ(set->rowHeight(2), 2.0);
+
+    auto moved = TableBuilder(3, 2).build();
+    moved->setTextString(2, 0, L"one\\Ptwo\\Pthree");
+    moved->insertRowsAndInherit(0, 0, 2);
+    EXPECT_NEAR(moved->rowHeight(4), dataHeight(3), 1e-9);
+
+    auto gone = TableBuilder(4, 2).build();
+    gone->setTextString(2, 0, L"one\\Ptwo\\Pthree");
+    gone->deleteRows(2, 1);
+    EXPECT_DOUBLE_EQ(gone->rowHeight(2), dataHeight(1));
+}
+
+TEST(TableLayout, a_merge_wraps_at_its_whole_width) {
+    auto table = TableBuilder(3, 4).build();
+    table->mergeCells(2, 2, 0, 3);
+    const std::wstring text(kLong);
+    table->setTextString(2, 0, text.c_str());
+    const auto lines = kdhost::text::layout(text, {L"DejaVu Sans"}, 4.5, 4 * 63.5 - 3.0).lines.size();
+    EXPECT_NEAR(table->minimumRowHeight(2), dataHeight(static_cast<int>(lines)), 1e-9);
+}
+
+TEST(TableLayout, a_merge_over_several_rows_counts_for_its_last_row) {
+    auto table = TableBuilder(5, 2).merge("A3:A4").build();
+    table->setTextString(2, 0, L"1\\P2\\P3\\P4\\P5");
+    EXPECT_DOUBLE_EQ(table->rowHeight(2), dataHeight(1));
+    EXPECT_NEAR(table->rowHeight(3), dataHeight(5) - dataHeight(1), 1e-9);
+    EXPECT_NEAR(table->minimumRowHeight(3), dataHeight(5) - dataHeight(1), 1e-9);
+    table->setRowHeight(2, 20.0);
+    EXPECT_NEAR(table->minimumRowHeight(3), dataHeight(5) - 20.0, 1e-9);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), dataHeight(1));
+}
+
+TEST(TableLayout, generateLayout_makes_every_row_grow_and_none_shrink) {
+    auto table = TableBuilder(4, 1).text("A3", kLong).rowHeight(3, 55.0).build();
+    table->setColumnWidth(0, 30.0);
+    const double before = table->rowHeight(2);
+    EXPECT_GT(table->minimumRowHeight(2), before);
+    table->generateLayout();
+    EXPECT_DOUBLE_EQ(table->rowHeight(2), table->minimumRowHeight(2));
+    EXPECT_DOUBLE_EQ(table->rowHeight(3), 55.0);
+    EXPECT_DOUBLE_EQ(table->columnWidth(0), 30.0);
+    table->setRowHeight(0.0);
+    table->generateLayout();
+    EXPECT_DOUBLE_EQ(table->rowHeight(0), 11.0);
+}
+
+TEST(TableLayout, what_was_measured_is_measured_again_after_every_change_it_depends_on) {
+    auto table = TableBuilder(3, 2).text("A3", kLong).build();
+    const double narrow = table->minimumRowHeight(2);
+    table->setColumnWidth(0, 1000.0);
+    EXPECT_LT(table->minimumRowHeight(2), narrow);
+    table->setTextHeight(2, 0, 9.0);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), 3.0 + 12.0);
+    table->clearCellOverrides(2, 0);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), dataHeight(1));
+    table->setCellStyle(2, 0, L"_TITLE");
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), 11.0);
+    table->setColumnWidth(0, 63.5);
+    table->setCellStyle(2, 0, L"_DATA");
+    table->mergeCells(2, 2, 0, 1);
+    EXPECT_LT(table->minimumRowHeight(2), narrow);
+    table->unmergeCells(2, 2, 0, 1);
+    EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), narrow);
+}
+
+TEST(TableLayout, text_at_a_slant_runs_on_and_the_row_makes_room) {
+    KdDbDatabase database;
+    KdDbDictionary* dictionary = nullptr;
+    ASSERT_EQ(database.getTableStyleDictionary(dictionary, KdDb::kForWrite), Kdad::eOk);
+    auto* style = new KdDbTableStyle;
+    style->setRotation(std::numbers::pi / 2.0, L"_DATA");
+    KdDbObjectId id;
+    ASSERT_EQ(dictionary->setAt(L"Upright", style, id), Kdad::eOk);
+    dictionary->close();
+    style->close();
+    auto table = TableBuilder(3, 1).style(id).text("A3", kLong).build();
+    const double width = kdhost::text::layout(kLong, {L"DejaVu Sans"}, 4.5, 0.0).width;
+    EXPECT_NEAR(table->minimumRowHeight(2), width + 3.0, 1e-6);
+}
+
+TEST(TableLayout, a_block_needs_its_own_height_unless_it_is_fitted) {
+    KdDbDatabase database;
+    KdDbBlockTable* blocks = nullptr;
+    ASSERT_EQ(database.getBlockTable(blocks, KdDb::kForWrite), Kdad::eOk);
+    auto* record = new KdDbBlockTableRecord;
+    record->setName(L"Mark");
+    KdDbObjectId block;
+    ASSERT_EQ(blocks->add(block, record), Kdad::eOk);
+    auto* line = new KdDbLine(KdGePoint3d(0, 0, 0), KdGePoint3d(20, 30, 0));
+    ASSERT_EQ(record->appendKdDbEntity(line), Kdad::eOk);
+    line->close();
+    record->close();
+    blocks->close();
+    auto table = TableBuilder(3, 1).build();
+    table->setBlockTableRecordId(2, 0, 0, block, false);
+    EXPECT_NEAR(table->minimumRowHeight(2), 33.0, 1e-9);
+    EXPECT_NEAR(table->minimumColumnWidth(0), 23.0, 1e-9);
+    table->setBlockScale(2, 0, 2.0);
+    EXPECT_NEAR(table->minimumRowHeight(2), 63.0, 1e-9);
+    table->setBlockTableRecordId(2, 0, 0, block, true);
+    EXPECT_NEAR(table->minimumRowHeight(2), dataHeight(1), 1e-9);
+}
+
+TEST(TableLayout, a_column_is_no_narrower_than_its_widest_word) {
+    auto table = TableBuilder(4, 3).text("A3", L"a considerably wide word").text("A4", L"x").build();
+    const double word = kdhost::text::widestWord(L"considerably", {L"DejaVu Sans"}, 4.5);
+    EXPECT_NEAR(table->minimumColumnWidth(0), word + 3.0, 1e-9);
+    EXPECT_NEAR(table->minimumColumnWidth(1), 6.0 + 3.0, 1e-9) << "of an empty column: a character of the title";
+    EXPECT_DOUBLE_EQ(table->minimumColumnWidth(5), 0.0);
+    table->mergeCells(2, 2, 0, 1);
+    table->setColumnWidth(0, 10.0);
+    EXPECT_NEAR(table->minimumColumnWidth(1), std::max(9.0, word + 3.0 - 10.0), 1e-9)
+        << "a merge counts for its last column";
+}
+
+TEST(TableLayout, a_hundred_thousand_texts_cost_no_layout_until_heights_are_asked_for) {
+    auto table = TableBuilder(2, 8).build();
+    table->setSize(12500, 8);
+    for (int row = 0; row < 12500; ++row) {
+        for (int column = 0; column < 8; ++column) table->setTextString(row, column, L"short text");
+    }
+    EXPECT_DOUBLE_EQ(table->rowHeight(12499), dataHeight(1));
+    table->setTextString(7000, 3, kLong.c_str());
+    EXPECT_GT(table->rowHeight(7000), dataHeight(1));
+    EXPECT_DOUBLE_EQ(table->rowHeight(7001), dataHeight(1));
+}
