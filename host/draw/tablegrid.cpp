@@ -4,6 +4,7 @@
 #include <map>
 #include <tuple>
 
+#include "host/db/tableaccess.h"
 #include "host/draw/tabledrawing.h"
 #include "kd/db/table.h"
 
@@ -85,11 +86,28 @@ private:
         }
     }
 
-    /// The two cells beside an edge may differ by their styles: it is drawn when one of them shows it, with
-    /// the looks that the later cell gives it, or else those of the cell that shows it.
+    /// The two cells beside an edge may differ: by their styles, and where a merge lies along several cells,
+    /// each of which may say something else of its part. So the later cell speaks first, but a single cell
+    /// before a merge; and what neither has hidden itself is drawn when the style of one of them shows it.
     Edge between(const Side& before, const Side& after) {
-        const Edge edge = fromSide(after);
-        return edge != kNoEdge || before.row < 0 || before.column < 0 ? edge : fromSide(before);
+        if (before.row < 0 || before.column < 0) return fromSide(after);
+        const bool swapped = isOfMerge(after) && !isOfMerge(before);
+        const Side& first = swapped ? before : after;
+        const Edge edge = fromSide(first);
+        return edge != kNoEdge || isSetByCell(first) ? edge : fromSide(swapped ? after : before);
+    }
+
+    /// Whether the edge is a part of a longer side of a merge.
+    bool isOfMerge(const Side& side) const {
+        const KdCellRange merge = m_drawing.table.getMergeRange(side.row, side.column);
+        const bool ofRows = side.edge == KdDb::kHorzTop || side.edge == KdDb::kHorzBottom;
+        return ofRows ? merge.m_rightColumn > merge.m_leftColumn : merge.m_bottomRow > merge.m_topRow;
+    }
+
+    /// Whether the cell itself, not its style, tells if the edge is visible.
+    bool isSetByCell(const Side& side) const {
+        const Cell& cell = tableState(m_drawing.table).cell(side.row, side.column);
+        return cell.ownValue(property::visibility.at(edgeIndex(side.edge))) != nullptr;
     }
 
     Edge fromSide(const Side& side) {
