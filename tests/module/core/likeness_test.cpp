@@ -138,7 +138,7 @@ TEST(IsIdenticalCellStyle, Compares_names_not_their_places_in_memory) {
     table->setCellStyle(0, 0, std::wstring(L"_TITLE").c_str());
     table->setCellStyle(0, 1, std::wstring(L"_TITLE").c_str());
     EXPECT_TRUE(CVqTableCommon::IsIdenticalCellStyle(table.get(), {0, 0, 0, 1}));
-    table->setCellStyle(0, 1, L"_title");
+    table->setCellStyle(0, 1, L"_TITLES");
     EXPECT_FALSE(CVqTableCommon::IsIdenticalCellStyle(table.get(), {0, 0, 0, 1}));
 }
 
