@@ -8,6 +8,7 @@
 #include "host/rx/dynamiclinker.h"
 #include "kd/ad/document.h"
 #include "kd/db/table.h"
+#include "tvx/exports.h"
 
 namespace kdhost {
 namespace {
@@ -22,6 +23,7 @@ Application::Application() : m_documents(m_services) {
     commandLine().clear();
     kddbSetHostApplicationServices(&m_services);
     setDatabaseListener(this);
+    setCellSelectionListener(this);
     setOpenDocumentCount([this] { return m_documents.documentCount(); });
 }
 
@@ -34,6 +36,7 @@ Application::~Application() {
         dynamicLinker().unloadModule(module->c_str());
     }
     setOpenDocumentCount({});
+    setCellSelectionListener(nullptr);
     setDatabaseListener(nullptr);
     kddbSetHostApplicationServices(nullptr);
     running = nullptr;
@@ -55,6 +58,24 @@ void Application::objectChanged(KdDbObjectId id) {
     Document* document = table == nullptr ? nullptr : m_documents.documentOf(table->database());
     const bool isNew = document != nullptr && m_knownTables.insert(id).second;
     if (isNew) document->editor().pickFirst().setCurrentTable(id);
+}
+
+/// A module that has a table toolbar exports this function.
+void Application::showTableToolBar(KdDbObjectId table, bool show) {
+    for (const std::wstring& module : m_modules) {
+        const auto function = reinterpret_cast<decltype(&::showTableToolBar)>(findExport(module, "showTableToolBar"));
+        if (function != nullptr) function(table, show);
+    }
+}
+
+void Application::cellSelectionStarted(KdDbObjectId table) {
+    m_documents.current()->data().m_tableId = table;
+    showTableToolBar(table, true);
+}
+
+void Application::cellSelectionEnded(KdDbObjectId table) {
+    m_documents.current()->data().m_tableId.setNull();
+    showTableToolBar(table, false);
 }
 
 }  // namespace kdhost

@@ -9,15 +9,16 @@
 #include "host/ad/documents.h"
 #include "host/ad/services.h"
 #include "host/db/access.h"
+#include "host/ed/picking.h"
 
 namespace kdhost {
 
-class Application : private DatabaseListener {
+class Application : private DatabaseListener, private CellSelectionListener {
 public:
     /// Starts without a document. Host variables are as a session starts with.
     Application();
     /// Closes the documents, then unloads the modules in the reverse order of loading.
-    ~Application();
+    ~Application() override;
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
@@ -39,6 +40,9 @@ public:
 
 private:
     void objectChanged(KdDbObjectId id) override;
+    void cellSelectionStarted(KdDbObjectId table) override;
+    void cellSelectionEnded(KdDbObjectId table) override;
+    void showTableToolBar(KdDbObjectId table, bool show);
 
     HostServices m_services;
     DocumentManager m_documents;

@@ -1,5 +1,7 @@
 // kdhost: the program.
 
-int main() {
-    return 0;
+#include "host/app/program.h"
+
+int main(int argc, char** argv) {
+    return kdhost::runProgram(argc, argv);
 }

@@ -110,7 +110,7 @@ bool runAnswer(Editor& editor, const Answer& answer) {
             clickAt(editor, answer.point, answer.kind == Answer::Kind::AddPick);
             break;
         case Answer::Kind::Escape:
-            editor.pickFirst().clear();
+            selectNothingByUser(editor);
             break;
         case Answer::Kind::Cancel:
             break;
@@ -125,7 +125,7 @@ bool runAnswer(Editor& editor, const Answer& answer) {
 
 void runCommand(const CommandRecord& command) {
     Editor* editor = currentEditor();
-    if (editor != nullptr && (command.flags & kKeepsSelection) == 0) editor->pickFirst().clear();
+    if (editor != nullptr && (command.flags & kKeepsSelection) == 0) selectNothingByUser(*editor);
     const std::vector<OpenObject> before = openObjects();
     {
         const RunningScope scope(command.globalName, editor);

@@ -37,6 +37,7 @@ public:
     KdDbDatabase& database() const { return m_database; }
     InputQueue& input() { return m_input; }
     PickFirst& pickFirst() { return m_pickFirst; }
+    const PickFirst& pickFirst() const { return m_pickFirst; }
     View& view() { return m_view; }
     const View& view() const { return m_view; }
     LispFunctions& lispFunctions() { return m_lispFunctions; }

@@ -57,7 +57,56 @@ bool cellAt(KdDbObjectId id, const KdGePoint3d& point, KdCellRange& cells) {
     return true;
 }
 
+CellSelectionListener* cellSelectionListener = nullptr;
+
+/// The table with selected cells; null when there is none.
+KdDbObjectId tableWithCells(const Editor& editor) {
+    for (KdDbObjectId id : editor.pickFirst().objects()) {
+        const auto* table = peek<KdDbTable>(id);
+        if (table != nullptr && table->hasSubSelection()) return id;
+    }
+    return KdDbObjectId::kNull;
+}
+
+/// Carries out what the user does to the selection and tells what became of selected cells.
+template <class Gesture>
+void byUser(Editor& editor, Gesture gesture) {
+    const KdDbObjectId before = tableWithCells(editor);
+    gesture(editor.pickFirst());
+    const KdDbObjectId after = tableWithCells(editor);
+    if (cellSelectionListener == nullptr) return;
+    if (!before.isNull() && before != after) cellSelectionListener->cellSelectionEnded(before);
+    if (!after.isNull()) cellSelectionListener->cellSelectionStarted(after);
+}
+
+void click(PickFirst& selection, const std::vector<KdDbObjectId>& hit, const KdGePoint3d& point, bool add) {
+    const std::vector<KdDbObjectId> selected = selection.objects();
+    KdCellRange cells;
+    const bool onTheSelected = selected.size() == 1 && !hit.empty() && hit.front() == selected.front();
+    if (onTheSelected && cellAt(hit.front(), point, cells)) {
+        selection.selectCells(hit.front(), cells);
+    } else if (hit.empty()) {
+        if (!add) selection.clear();
+    } else if (add) {
+        selection.add(hit.front());
+    } else {
+        selection.set({hit.front()});
+    }
+}
+
 }  // namespace
+
+void setCellSelectionListener(CellSelectionListener* listener) {
+    cellSelectionListener = listener;
+}
+
+void selectCellsByUser(Editor& editor, KdDbObjectId table, const KdCellRange& cells) {
+    byUser(editor, [&](PickFirst& selection) { selection.selectCells(table, cells); });
+}
+
+void selectNothingByUser(Editor& editor) {
+    byUser(editor, [](PickFirst& selection) { selection.clear(); });
+}
 
 std::vector<KdDbObjectId> pickAt(const Editor& editor, const KdGePoint3d& worldPoint) {
     const double halfBox = editor.view().unitsPerPixel() * kPickBoxPixels / 2.0;
@@ -71,20 +120,8 @@ std::vector<KdDbObjectId> pickAt(const Editor& editor, const KdGePoint3d& worldP
 }
 
 void clickAt(Editor& editor, const KdGePoint3d& worldPoint, bool add) {
-    PickFirst& selection = editor.pickFirst();
-    const std::vector<KdDbObjectId> selected = selection.objects();
     const std::vector<KdDbObjectId> hit = pickAt(editor, worldPoint);
-    KdCellRange cells;
-    const bool onTheSelected = selected.size() == 1 && !hit.empty() && hit.front() == selected.front();
-    if (onTheSelected && cellAt(hit.front(), worldPoint, cells)) {
-        selection.selectCells(hit.front(), cells);
-    } else if (hit.empty()) {
-        if (!add) selection.clear();
-    } else if (add) {
-        selection.add(hit.front());
-    } else {
-        selection.set({hit.front()});
-    }
+    byUser(editor, [&](PickFirst& selection) { click(selection, hit, worldPoint, add); });
 }
 
 }  // namespace kdhost

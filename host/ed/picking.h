@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "kd/db/cellrange.h"
 #include "kd/db/objectid.h"
 #include "kd/ge/point3d.h"
 
@@ -16,6 +17,20 @@ inline constexpr double kPickBoxPixels = 10.0;
 /// The entities of the current space under a world point, the one drawn last first. A table is hit anywhere
 /// inside its outline, a line within the pick box, another entity inside its extents.
 std::vector<KdDbObjectId> pickAt(const Editor& editor, const KdGePoint3d& worldPoint);
+
+/// Told when the user starts or ends a selection of cells; what modules select is not told.
+class CellSelectionListener {
+public:
+    virtual ~CellSelectionListener() = default;
+    virtual void cellSelectionStarted(KdDbObjectId table) = 0;
+    virtual void cellSelectionEnded(KdDbObjectId table) = 0;
+};
+/// Null for none. The listener stays the caller's.
+void setCellSelectionListener(CellSelectionListener* listener);
+
+/// The user selects cells, with their table as the sole object; or nothing any more.
+void selectCellsByUser(Editor& editor, KdDbObjectId table, const KdCellRange& cells);
+void selectNothingByUser(Editor& editor);
 
 /// A click while no prompt waits: it selects the object there, or a cell when it falls into the one table
 /// that is selected; in empty space it selects nothing. `add` keeps what is selected.

@@ -2,7 +2,7 @@
 
 #include "host/app/commands/drawcommands.h"
 
-#include <optional>
+#include <cstdarg>
 #include <vector>
 
 #include "host/app/commands/append.h"
@@ -16,6 +16,7 @@
 #include "kd/db/table.h"
 #include "kd/ed/prompts.h"
 #include "kd/ed/selection.h"
+#include "mfc/stdstr.h"
 
 namespace kdhost {
 namespace {
@@ -57,17 +58,26 @@ std::wstring layerName(const KdDbEntity& entity) {
     return name;
 }
 
+CStdStr<wchar_t> formatted(const wchar_t* pattern, ...) {
+    va_list arguments;
+    va_start(arguments, pattern);
+    CStdStr<wchar_t> text(kdFormatV(pattern, arguments));
+    va_end(arguments);
+    return text;
+}
+
 void list(const KdDbEntity& entity) {
-    const KdDbExtents box = entity.getGeomExtents();
-    kdutPrintf(L"\n%ls, handle %llX, layer %ls", entity.isA()->name(), static_cast<unsigned long long>(entity.handle()),
-               layerName(entity).c_str());
+    std::wstring text = formatted(L"%ls, handle %llX, layer %ls", entity.isA()->name(),
+                                  static_cast<unsigned long long>(entity.handle()), layerName(entity).c_str());
     if (entity.isKindOf(KdDbTable::desc())) {
         const auto& table = static_cast<const KdDbTable&>(entity);
-        kdutPrintf(L", %d rows, %d columns", table.numRows(), table.numColumns());
+        text += formatted(L", %d rows, %d columns", table.numRows(), table.numColumns());
     }
-    if (box.isValid()) {
-        kdutPrintf(L", from %g,%g to %g,%g", box.minPoint().x, box.minPoint().y, box.maxPoint().x, box.maxPoint().y);
+    if (const KdDbExtents box = entity.getGeomExtents(); box.isValid()) {
+        text +=
+            formatted(L", from %g,%g to %g,%g", box.minPoint().x, box.minPoint().y, box.maxPoint().x, box.maxPoint().y);
     }
+    kdedPrompt((L"\n" + text).c_str());
 }
 
 }  // namespace

@@ -1,0 +1,46 @@
+// The program's arguments.
+
+#include "host/app/options.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+TEST(ProgramOptions, are_read) {
+    const auto [options, error] =
+        kdhost::parseOptions({"--headless", "--load", "a.tvx", "--load", "b.tvx", "--script", "s.kds", "--lang",
+                              "zh_CN", "--dump", "d.json", "--render", "r.svg"});
+    EXPECT_EQ(error, "");
+    EXPECT_TRUE(options.headless);
+    EXPECT_EQ(options.modules, (Arguments{"a.tvx", "b.tvx"}));
+    EXPECT_EQ(options.script, "s.kds");
+    EXPECT_EQ(options.language, kdhost::Language::Chinese);
+    EXPECT_EQ(options.dump, "d.json");
+    EXPECT_EQ(options.render, "r.svg");
+}
+
+struct Wrong {
+    Arguments arguments;
+    const char* error;
+};
+
+class WrongOptions : public ::testing::TestWithParam<Wrong> {};
+
+TEST_P(WrongOptions, are_told) {
+    EXPECT_EQ(kdhost::parseOptions(GetParam().arguments).error, GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(ProgramOptions, WrongOptions,
+                         ::testing::Values(Wrong{{"--nosuch"}, "--nosuch: there is no such option"},
+                                           Wrong{{"--headless", "file"}, "file: there is no such option"},
+                                           Wrong{{"--script"}, "--script: a value is missing"},
+                                           Wrong{{"--dump", ""}, "--dump: a value is missing"},
+                                           Wrong{{"--lang", "fr"}, "--lang: \"fr\" is neither en nor zh_CN"},
+                                           Wrong{{"--open", "a.dxf"}, "--open: this program handles no drawing files"},
+                                           Wrong{{"--headless", "--save", "a.dxf"},
+                                                 "--save: this program handles no drawing files"},
+                                           Wrong{{}, "this program has no window: start it with --headless"}));
+
+}  // namespace

@@ -1,0 +1,202 @@
+// Scripts: reading, running, and what ends a run.
+
+#include "host/app/script.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include "host/app/cellreference.h"
+#include "host/app/hostcommands.h"
+#include "host/app/scriptrunner.h"
+#include "host/db/access.h"
+#include "host/ed/commands.h"
+#include "host/rx/commandstack.h"
+#include "kd/db/table.h"
+#include "kd/ed/prompts.h"
+#include "tests/support/application.h"
+
+namespace {
+
+using kdhost::Script;
+using kdhost::ScriptLine;
+
+TEST(ScriptReading, comments_are_passed_over_and_marks_can_be_typed) {
+    Script script("s.kds", "; a comment\nLINE\r\n\n@pick 1,2\n\\@text\n\\;text\n\\ text\n\\\\text\n\\n");
+    struct Expected {
+        int number;
+        ScriptLine::Kind kind;
+        const wchar_t* text;
+    };
+    const auto typed = ScriptLine::Kind::Typed;
+    const Expected expected[] = {
+        {2, typed, L"LINE"},   {3, typed, L""},      {4, ScriptLine::Kind::Action, L"pick 1,2"},
+        {5, typed, L"@text"},  {6, typed, L";text"}, {7, typed, L" text"},
+        {8, typed, L"\\text"}, {9, typed, L"\\n"}};
+    for (const Expected& line : expected) {
+        const auto read = script.next();
+        ASSERT_TRUE(read.has_value());
+        EXPECT_EQ(read->number, line.number);
+        EXPECT_EQ(read->kind, line.kind);
+        EXPECT_EQ(read->text, line.text);
+    }
+    EXPECT_FALSE(script.next().has_value());
+    EXPECT_EQ(script.currentLine(), 9);
+}
+
+TEST(ScriptReading, a_missing_file_is_told) {
+    std::string error;
+    EXPECT_FALSE(Script::load("/nonexistent/s.kds", error).has_value());
+    EXPECT_EQ(error.rfind("/nonexistent/s.kds: ", 0), 0u) << error;
+}
+
+struct CellsCase {
+    const wchar_t* text;
+    KdCellRange range;
+};
+
+class CellReferences : public ::testing::TestWithParam<CellsCase> {};
+
+TEST_P(CellReferences, name_cells_of_a_table_of_30_rows_and_28_columns) {
+    EXPECT_EQ(kdhost::parseCells(GetParam().text, 30, 28).value_or(KdCellRange{}), GetParam().range);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Script, CellReferences,
+    ::testing::Values(CellsCase{L"A1", {0, 0, 0, 0}}, CellsCase{L"b2", {1, 1, 1, 1}}, CellsCase{L"AA1", {0, 26, 0, 26}},
+                      CellsCase{L"A1:C3", {0, 0, 2, 2}}, CellsCase{L"C3:A1", {0, 0, 2, 2}},
+                      CellsCase{L"C1:A3", {0, 0, 2, 2}}, CellsCase{L"2:3", {1, 0, 2, 27}},
+                      CellsCase{L"B:C", {0, 1, 29, 2}}, CellsCase{L"AB30", {29, 27, 29, 27}}, CellsCase{L"AB31", {}},
+                      CellsCase{L"AC30", {}}, CellsCase{L"", {}}, CellsCase{L"A", {}}, CellsCase{L"1", {}},
+                      CellsCase{L"A0", {}}, CellsCase{L"0:1", {}}, CellsCase{L"A1:", {}}, CellsCase{L":A1", {}},
+                      CellsCase{L"A:1", {}}, CellsCase{L"A1:B", {}}, CellsCase{L"1A", {}}, CellsCase{L"A1:B2:C3", {}},
+                      CellsCase{L"A-1", {}}, CellsCase{L"ZZZZZZZZZZZ1", {}}, CellsCase{L"A99999999999", {}}));
+
+TEST(DraggedCells, grow_to_the_merges_they_touch) {
+    KdDbTable table;
+    table.setSize(6, 6);
+    table.mergeCells(1, 2, 1, 2);
+    table.mergeCells(2 + 1, 4, 2, 3);
+    EXPECT_EQ(kdhost::grownToMerges(table, {2, 2, 2, 2}), (KdCellRange{1, 1, 2, 2}));
+    EXPECT_EQ(kdhost::grownToMerges(table, {2, 2, 3, 2}), (KdCellRange{1, 1, 4, 3}));
+    EXPECT_EQ(kdhost::grownToMerges(table, {0, 0, 0, 5}), (KdCellRange{0, 0, 0, 5}));
+}
+
+std::vector<std::wstring> answers;
+
+void askForFile() {
+    resbuf* result = nullptr;
+    const bool chosen = kdedGetFileNavDialog(L"Choose", L"", L"csv", nullptr, 0, &result) == RTNORM;
+    answers.push_back(chosen ? result->resval.rstring : L"(cancelled)");
+    kdutRelRb(result);
+}
+
+void askForever() {
+    wchar_t reply[1024];
+    while (kdedGetString(0, L"More: ", reply) == RTNORM) answers.push_back(reply);
+    answers.push_back(L"(cancelled)");
+}
+
+class ScriptRuns : public ::testing::Test {
+protected:
+    ScriptRuns() {
+        answers.clear();
+        kdhost::registerHostCommands();
+        const auto add = [](const wchar_t* name, KdEdCommandFunction function) {
+            kdhost::commandStack().addCommand(L"TEST", name, name, 0, function, nullptr, -1, nullptr, nullptr);
+        };
+        add(L"ASKFILE", askForFile);
+        add(L"ASKFOREVER", askForever);
+        m_application.documents().openNew();
+    }
+    ~ScriptRuns() override {
+        kdhost::unregisterHostCommands();
+        kdhost::commandStack().removeGroup(L"TEST");
+    }
+
+    std::string run(const std::string& text) {
+        return kdhost::ScriptRunner(m_application, Script("s.kds", text)).run();
+    }
+
+    kdhost::Application m_application;
+};
+
+using Texts = std::vector<std::wstring>;
+
+TEST_F(ScriptRuns, the_end_of_the_script_cancels_what_still_prompts) {
+    EXPECT_EQ(run("ASKFOREVER\none\ntwo\n"), "");
+    EXPECT_EQ(answers, (Texts{L"one", L"two", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, a_file_dialog_is_answered) {
+    EXPECT_EQ(run("ASKFILE\n@file a b.csv\nASKFILE\n@file CANCEL\n"), "");
+    EXPECT_EQ(answers, (Texts{L"a b.csv", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, a_failure_ends_the_run_and_nothing_more_is_carried_out) {
+    EXPECT_EQ(run("ASKFOREVER\none\n@nosuch\ntwo\n"), "s.kds:3: there is no action @nosuch.");
+    EXPECT_EQ(answers, (Texts{L"one", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, quit_ends_the_run) {
+    EXPECT_EQ(run("QUIT\nNOSUCH\n"), "");
+    EXPECT_TRUE(m_application.isQuitRequested());
+}
+
+TEST_F(ScriptRuns, keys_press_esc_enter_and_blank) {
+    EXPECT_EQ(run("ASKFOREVER\n@key ENTER\n@key SPACE\n@key ESC\nFILEDIA 0\n"), "");
+    EXPECT_EQ(answers, (Texts{L"", L"", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, the_clipboard_takes_text) {
+    EXPECT_EQ(run("@clipboard one\\ntwo\n"), "");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("one\ntwo"));
+}
+
+TEST_F(ScriptRuns, lists_expectations_that_hold) {
+    EXPECT_EQ(run("@expect prompt Command:\nASKFOREVER\n@expect prompt More:\n@key ESC\n"
+                  "CVPORT\n@message line CVPORT = 2 (read only)\n"),
+              "");
+}
+
+struct Failing {
+    const char* script;
+    const char* failure;
+};
+
+class FailingScripts : public ScriptRuns, public ::testing::WithParamInterface<Failing> {};
+
+TEST_P(FailingScripts, end_with_the_line_and_what_is_wrong) {
+    EXPECT_EQ(run(GetParam().script), GetParam().failure);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Script, FailingScripts,
+    ::testing::Values(Failing{"NOSUCH\n", "s.kds:1: Unknown command \"NOSUCH\"."},
+                      Failing{"ASKFILE\n; nothing more\n", "s.kds:2: the file dialog \"Choose\" is not answered."},
+                      Failing{"ASKFILE\na.csv\n",
+                              "s.kds:2: the file dialog \"Choose\" is open: it takes @file PATH or @file CANCEL."},
+                      Failing{"ASKFILE\n@file\n", "s.kds:2: @file takes a path or CANCEL."},
+                      Failing{"@file a.csv\n", "s.kds:1: nothing is open that @file acts on."},
+                      Failing{"@pick 1\n", "s.kds:1: @pick takes X,Y or +X,Y."},
+                      Failing{"ASKFOREVER\n@pick 1,2\n", "s.kds:2: the prompt takes no pick."},
+                      Failing{"@cells A1\n", "s.kds:1: there is no such table."},
+                      Failing{"@cells #0 A1\n", "s.kds:1: there is no such table."},
+                      Failing{"@document 2\n", "s.kds:1: There is no drawing 2."},
+                      Failing{"@document\n", "s.kds:1: @document takes a number."},
+                      Failing{"ASKFOREVER\n@document 1\n", "s.kds:2: a command runs."},
+                      Failing{"@key F1\n", "s.kds:1: nothing is open that @key F1 acts on."},
+                      Failing{"@message box Done\n", "s.kds:1: no message box was shown."},
+                      Failing{"@message line Done\n", "s.kds:1: the last message is \"\", not \"Done\"."},
+                      Failing{"@message other\n", "s.kds:1: @message takes box or line."},
+                      Failing{"@expect prompt Name:\n", "s.kds:1: the prompt is \"Command:\", not \"Name:\"."},
+                      Failing{"@expect IDOK enabled\n", "s.kds:1: nothing is open that @expect IDOK acts on."},
+                      Failing{"@set IDC_NAME x\n", "s.kds:1: nothing is open that @set acts on."},
+                      Failing{"@menu CANCEL\n", "s.kds:1: nothing is open that @menu acts on."},
+                      Failing{"@edit ENTER x\n", "s.kds:1: nothing is open that @edit acts on."},
+                      Failing{"@close\n", "s.kds:1: nothing is open that @close acts on."},
+                      Failing{"LAYER Set walls\n", "s.kds:1: There is no layer \"walls\"."},
+                      Failing{"DOCUMENT x\n", "s.kds:1: There is no drawing x."},
+                      Failing{"ZOOM -2\n", "s.kds:1: \"-2\" is no factor to zoom by."},
+                      Failing{"TABLEIMPORT\nnothere.csv\n", "s.kds:2: nothere.csv: does not exist."}));
+
+}  // namespace

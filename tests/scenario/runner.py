@@ -1,0 +1,73 @@
+"""Runs one scenario; README.md tells what a scenario is."""
+
+import importlib.util
+import json
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+from types import SimpleNamespace
+
+TIMEOUT_SECONDS = 120
+
+
+def directives(script):
+    """The values of the `; name: value` lines at the head of a script."""
+    values = {}
+    for line in script.read_text(encoding="utf-8").splitlines():
+        if not line.startswith(";"):
+            break
+        name, colon, value = line[1:].partition(":")
+        if colon:
+            values[name.strip()] = value.strip()
+    return values
+
+
+def expected_error(script, wanted):
+    """What standard error must read for the value of a `fails` line."""
+    line, colon, text = wanted.partition(":")
+    if colon and line.isdigit():
+        return f"{script.name}:{line}:{text}"
+    return wanted
+
+
+def run(kdhost, script, folder):
+    expected = directives(script)
+    shutil.copytree(script.parent / "inputs", folder, dirs_exist_ok=True)
+    shutil.copy(script, folder)
+    command = [kdhost, "--headless", "--script", script.name, "--dump", "dump.json"]
+    command += expected.get("arguments", "").split()
+    done = subprocess.run(command, cwd=folder, capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS)
+    print(done.stdout, end="")
+
+    fails = expected.get("fails")
+    status = 0 if fails is None else 1
+    error = "" if fails is None else expected_error(script, fails)
+    assert done.returncode == status, f"status {done.returncode}, not {status}: {done.stderr}"
+    assert done.stderr.strip() == error, f"standard error reads {done.stderr!r}, not {error!r}"
+
+    dump = folder / "dump.json"
+    return SimpleNamespace(
+        folder=folder, output=done.stdout,
+        dump=json.loads(dump.read_text(encoding="utf-8")) if dump.exists() else None)
+
+
+def check(script, result):
+    path = script.with_suffix(".py")
+    if not path.exists():
+        return
+    specification = importlib.util.spec_from_file_location(script.stem, path)
+    module = importlib.util.module_from_spec(specification)
+    specification.loader.exec_module(module)
+    module.check(result)
+
+
+def main():
+    kdhost, script = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
+    with tempfile.TemporaryDirectory() as folder:
+        check(script, run(str(pathlib.Path(kdhost).resolve()), script, pathlib.Path(folder)))
+
+
+if __name__ == "__main__":
+    main()
