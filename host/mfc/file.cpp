@@ -95,7 +95,7 @@ struct CFile::Handle {
     }
 
 private:
-    static constexpr std::size_t kBufferSize = 64 * 1024;
+    static constexpr std::size_t kBufferSize = 0x10000;
 
     std::size_t takeReadAhead(char* out, std::size_t count) {
         const std::size_t taken = std::min(count, m_readEnd - m_readBegin);

@@ -50,7 +50,7 @@ void pushEscape(Bytes& bytes, std::uint32_t code) {
 }
 
 void pushAnsi(Bytes& bytes, wchar_t character, bool escapes) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const std::uint32_t code = kdhost::codeOf(character);
     const unsigned encoded = kdhost::codePage936(character);
     if (encoded >= 0x100) {
         bytes.push(encoded >> 8);
@@ -103,7 +103,7 @@ int KfCharFormatter::wcharToAnsiOrUtf8(wchar_t character, char* out, unsigned si
 
 int KfCharFormatter::wcharToUtf16(wchar_t character, char* out, unsigned size, bool machineOrder, bool lineEnds) {
     Bytes bytes;
-    const auto code = static_cast<std::uint32_t>(character);
+    const std::uint32_t code = kdhost::codeOf(character);
     if (lineEnds && character == L'\n') pushUtf16(bytes, L'\r', machineOrder);
     if (code <= 0xFFFF) {
         pushUtf16(bytes, code, machineOrder);

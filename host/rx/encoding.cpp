@@ -28,7 +28,7 @@ public:
     CodePage936() : m_toBytes(0x10000), m_toCharacter(0x10000) {
         for (unsigned byte = 0; byte < 0x80; ++byte) enter(byte, byte);
         const iconv_t converter = ::iconv_open("UTF-32LE", "GBK");
-        if (converter == reinterpret_cast<iconv_t>(-1)) return;
+        if (reinterpret_cast<std::intptr_t>(converter) == -1) return;
         for (unsigned lead = kFirstLead; lead <= kLastLead; ++lead) {
             for (unsigned trail = kFirstTrail; trail <= kLastTrail; ++trail) {
                 const std::uint32_t code = convert(converter, lead, trail);
@@ -95,7 +95,7 @@ std::uint32_t decodeSequence(std::string_view sequence) {
 }  // namespace
 
 std::size_t encodeUtf8(wchar_t character, char* out) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const std::uint32_t code = codeOf(character);
     if (code > 0x10FFFF || isSurrogate(code)) {
         *out = '?';
         return 1;
@@ -147,7 +147,7 @@ std::wstring fromUtf8(std::string_view bytes) {
 }
 
 unsigned codePage936(wchar_t character) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const std::uint32_t code = codeOf(character);
     return code < 0x80 ? code : tables936().bytesOf(code);
 }
 

@@ -1,7 +1,9 @@
 // Text in bytes and in 32-bit characters: UTF-8, and code page 936.
 #pragma once
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,6 +11,11 @@ namespace kdhost {
 
 /// Bytes that the longest encoded character takes.
 inline constexpr std::size_t kLongestEncoding = 4;
+
+/// A character's number; wide characters are signed on this system.
+constexpr std::uint32_t codeOf(wchar_t character) {
+    return std::bit_cast<std::uint32_t>(character);
+}
 
 /// Encodes one character and returns the number of bytes. Surrogates and values beyond Unicode become '?'.
 std::size_t encodeUtf8(wchar_t character, char* out);

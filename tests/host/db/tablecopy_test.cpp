@@ -168,3 +168,29 @@ TEST(TableStates, are_taken_from_tables_only) {
     KdDbField field;
     EXPECT_EQ(table.copyFrom(&field), Kdad::eNotThatKindOfClass);
 }
+
+TEST(TableStates, put_every_id_they_hold_through_a_map_and_keep_sharing_the_rest) {
+    auto table = TableBuilder(3, 3).style(KdDbObjectId(1)).fill().align("A1:C3", KdDb::kBottomLeft).build();
+    table->setTextStyle(0, 0, KdDbObjectId(2));
+    table->setGridLinetype(0, 1, KdDb::kHorzTop, KdDbObjectId(3));
+    table->setBlockTableRecordId(1, 1, 0, KdDbObjectId(4), false);
+    table->setFieldId(2, 2, KdDbObjectId(5));
+    const std::unique_ptr<KdDbObjectState> mapped = kdhost::tableState(*table).clone();
+    std::vector<KdDbObjectId> owned;
+    mapped->mapIds([&](KdDbObjectId id, kdhost::IdRole role) {
+        if (id.isNull()) return id;
+        if (role == kdhost::IdRole::owned) owned.push_back(id);
+        return KdDbObjectId(static_cast<std::uint64_t>(id.asInteger()) + 100);
+    });
+    EXPECT_EQ(owned, std::vector<KdDbObjectId>{KdDbObjectId(5)});
+    KdDbTable other;
+    *kdhost::editTable(other) = static_cast<const kdhost::TableState&>(*mapped);
+    EXPECT_EQ(other.tableStyle(), KdDbObjectId(101));
+    EXPECT_EQ(other.textStyle(0, 0), KdDbObjectId(102));
+    EXPECT_EQ(other.gridLinetype(0, 1, KdDb::kHorzTop), KdDbObjectId(103));
+    EXPECT_EQ(other.blockTableRecordId(1, 1), KdDbObjectId(104));
+    EXPECT_EQ(other.fieldId(2, 2), KdDbObjectId(105));
+    EXPECT_EQ(other.alignment(2, 0), KdDb::kBottomLeft);
+    EXPECT_EQ(table->textStyle(0, 0), KdDbObjectId(2)) << "the state it came from is untouched";
+    EXPECT_EQ(table->fieldId(2, 2), KdDbObjectId(5));
+}

@@ -257,6 +257,21 @@ TEST(CellsOfStyles, are_carried_along_by_a_rename) {
     EXPECT_DOUBLE_EQ(table->textHeight(0, 0), 4.5);
 }
 
+TEST(CellsOfStyles, follow_a_style_that_goes_back_to_what_it_was) {
+    StyledDatabase drawing;
+    drawing.style->createCellStyle(L"Old", L"_TITLE");
+    auto table = kdtest::TableBuilder(2, 2).style(drawing.id).cellStyle("B2", L"Old").build();
+    KdDbTableStyle kept;
+    ASSERT_EQ(kept.copyFrom(drawing.style), Kdad::eOk);
+    drawing.style->renameCellStyle(L"Old", L"New");
+    drawing.style->setTextHeight(1.0, L"New");
+    EXPECT_STREQ(table->cellStyle(1, 1), L"New");
+    EXPECT_DOUBLE_EQ(table->textHeight(1, 1), 1.0);
+    ASSERT_EQ(drawing.style->copyFrom(&kept), Kdad::eOk);
+    EXPECT_STREQ(table->cellStyle(1, 1), L"Old");
+    EXPECT_DOUBLE_EQ(table->textHeight(1, 1), 6.0);
+}
+
 TEST(CellsOfStyles, keep_the_last_name_of_a_style_that_was_deleted) {
     StyledDatabase drawing;
     drawing.style->createCellStyle(L"First", L"_TITLE");
