@@ -166,14 +166,20 @@ void wrap(const Paragraph& paragraph, double wrapWidth, std::vector<Line>& lines
     lines.push_back(lineOf(paragraph, begin, end));
 }
 
+/// A line end as the last character ends the line before it and opens none of its own: texts that come line
+/// by line from a file keep theirs. A paragraph code does open a line.
+bool endsInLineEnd(const std::wstring& contents) {
+    return contents.back() == L'\n';
+}
+
 }  // namespace
 
 Layout layout(const std::wstring& contents, const Font& font, double textHeight, double wrapWidth) {
     Layout result;
     if (contents.empty()) return result;
-    for (const Paragraph& paragraph : Measurer(font, textHeight).paragraphs(contents)) {
-        wrap(paragraph, wrapWidth, result.lines);
-    }
+    std::vector<Paragraph> paragraphs = Measurer(font, textHeight).paragraphs(contents);
+    if (endsInLineEnd(contents) && paragraphs.size() > 1) paragraphs.pop_back();
+    for (const Paragraph& paragraph : paragraphs) wrap(paragraph, wrapWidth, result.lines);
     for (const Line& line : result.lines) result.width = std::max(result.width, line.width);
     result.height = textHeight * (1.0 + kLinePitch * static_cast<double>(result.lines.size() - 1));
     return result;

@@ -43,9 +43,10 @@ struct Layout {
     double height = 0.0;  ///< from the top of the first line's capitals to the last baseline
 };
 
-/// `contents` may hold formatting codes; `wrapWidth` 0 wraps nowhere. A word wider than the wrap width stays
-/// whole in a line of its own, except that CJK text breaks between any two characters. Blanks that a
-/// wrapped line ends with don't count. An empty text has no lines.
+/// `contents` may hold formatting codes; a line end as its last character opens no line of its own.
+/// `wrapWidth` 0 wraps nowhere. A word wider than the wrap width stays whole in a line of its own, except
+/// that CJK text breaks between any two characters. Blanks that a wrapped line ends with don't count. An
+/// empty text has no lines.
 Layout layout(const std::wstring& contents, const Font& font, double textHeight, double wrapWidth);
 
 /// Width of the widest word, which no wrapping gets below.

@@ -5,6 +5,7 @@
 #include "kd/ed/lispfunctions.h"
 #include "kd/rx/registry.h"
 #include "module/frame/tvxapp.h"
+#include "tests/support/application.h"
 
 namespace {
 
@@ -19,7 +20,12 @@ KdRxClass* childClass() {
 }
 
 int initialised = 0;
-void initialise() {
+void initialiseParent() {
+    parentClass();
+    ++initialised;
+}
+void initialiseChild() {
+    childClass();
     ++initialised;
 }
 
@@ -40,8 +46,8 @@ bool inClassDictionary(const wchar_t* name) {
     return classes != nullptr && classes->has(name);
 }
 
-/// The module's own commands stay out of these tests.
-class FrameTables : public ::testing::Test {
+/// The module's own commands stay out of these tests. LISP-side functions belong to a drawing.
+class FrameTables : public kdtest::ApplicationTest {
 protected:
     void SetUp() override {
         m_commands = commandTable();
@@ -58,8 +64,8 @@ private:
 };
 
 TEST_F(FrameTables, Classes_are_registered_at_message_1_and_gone_after_message_2) {
-    _DBX_REGISTER_OBJECT_ENTRY parent{parentClass, initialise, false};
-    _DBX_REGISTER_OBJECT_ENTRY child{childClass, initialise, false};
+    _DBX_REGISTER_OBJECT_ENTRY parent{parentClass, initialiseParent, false};
+    _DBX_REGISTER_OBJECT_ENTRY child{childClass, initialiseChild, false};
     classTable().append(&parent);
     classTable().append(nullptr);
     classTable().append(&child);
