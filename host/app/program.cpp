@@ -2,6 +2,9 @@
 
 #include "host/app/program.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QTextCodec>
 #include <clocale>
@@ -29,9 +32,20 @@ int complain(ExitStatus status, const std::string& message) {
     return status;
 }
 
+/// Machines without a login session have no runtime folder, which Qt would complain about in each run.
+void provideRuntimeFolder() {
+    if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) return;
+    const std::string folder = "/tmp/kdhost-runtime-" + std::to_string(::getuid());
+    ::mkdir(folder.c_str(), S_IRWXU);
+    qputenv("XDG_RUNTIME_DIR", folder.c_str());
+}
+
 /// What has to be settled before Qt starts: no display is needed, and nothing is scaled but by the host itself.
 void prepareQt(const Options& options) {
-    if (options.headless) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (options.headless) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        provideRuntimeFolder();
+    }
     for (const char* name : {"QT_SCALE_FACTOR", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"}) {
         qunsetenv(name);
     }
