@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "kd/rx/registry.h"
+#include "host/rx/dictionary.h"
 
 namespace {
 
@@ -16,13 +16,9 @@ std::vector<KdRxClass*>& pendingClasses() {
     return *classes;
 }
 
-KdRxDictionary* classDictionary() {
-    return KdRxObject::cast<KdRxDictionary>(kdrxSysRegistry()->at(L"ClassDictionary"));
-}
-
 void forget(KdRxClass* cls) {
     std::erase(pendingClasses(), cls);
-    KdRxDictionary* dictionary = classDictionary();
+    KdRxDictionary* dictionary = &kdhost::classDictionary();
     if (dictionary->at(cls->name()) == cls) dictionary->remove(cls->name());
 }
 
@@ -46,7 +42,7 @@ bool KdRxClass::isDerivedFrom(const KdRxClass* ancestor) const {
 KDRX_DEFINE_MEMBERS(KdRxClass, KdRxObject)
 
 void kdrxBuildClassHierarchy() {
-    KdRxDictionary* dictionary = classDictionary();
+    KdRxDictionary* dictionary = &kdhost::classDictionary();
     for (KdRxClass* cls : std::exchange(pendingClasses(), {})) {
         if (!dictionary->has(cls->name())) dictionary->atPut(cls->name(), cls);
     }

@@ -35,4 +35,9 @@ KdRxObject* ObjectDictionary::remove(const wchar_t* name) {
     return object;
 }
 
+ObjectDictionary& classDictionary() {
+    static auto* const classes = new ObjectDictionary;
+    return *classes;
+}
+
 }  // namespace kdhost

@@ -21,4 +21,8 @@ private:
     std::unordered_map<std::wstring, KdRxObject*> m_objects;
 };
 
+/// The registry's "ClassDictionary". It is never destroyed, and reached without a cast: the descriptions that
+/// leave it at the end of the process are what a cast would ask.
+ObjectDictionary& classDictionary();
+
 }  // namespace kdhost

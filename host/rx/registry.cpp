@@ -12,7 +12,7 @@ namespace {
 /// descriptions reach for it to the very end of the process.
 KdRxDictionary* makeRegistry() {
     auto* const registry = new kdhost::ObjectDictionary;
-    registry->atPut(L"ClassDictionary", new kdhost::ObjectDictionary);
+    registry->atPut(L"ClassDictionary", &kdhost::classDictionary());
     registry->atPut(L"ServiceDictionary", new kdhost::ObjectDictionary);
     registry->atPut(L"KDAD_REGISTERED_COMMANDS", &kdhost::commandStack());
     registry->atPut(L"DynamicLinker", &kdhost::dynamicLinker());
