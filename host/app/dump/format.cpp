@@ -14,6 +14,7 @@ Json edge(const GridLook& look) {
     Json parts = Json::object();
     std::apply([&](const auto&... part) { ((parts[part.name] = value(look.*(part.part))), ...); },
                kdhost::property::kGrid);
+    if (look.linetype.isNull()) parts[kdhost::property::linetype.name] = "ByBlock";
     return parts;
 }
 

@@ -31,12 +31,7 @@ requires std::is_enum_v<Enumeration> Json value(Enumeration enumerator) {
     return static_cast<int>(enumerator);
 }
 
-template <class T>
-Json property(const CellFormat& format, const FormatProperty<T>& which) {
-    return value(which.in(format));
-}
-
-/// Looks of one edge.
+/// Looks of one edge. No line type means by block.
 Json edge(const GridLook& look);
 /// Edge value ("1" to "32") to looks.
 template <class LookOfEdge>

@@ -19,10 +19,20 @@ namespace {
 
 namespace prop = kdhost::property;
 
-Json cellStyle(const CellStyleRecord& record) {
+/// The one id among the plain properties is the text style, and none means the drawing's current one.
+template <class T>
+Json valueIn(const KdDbDatabase* database, const T& of) {
+    if constexpr (std::is_same_v<T, KdDbObjectId>) {
+        return value(of.isNull() && database != nullptr ? database->textstyle() : of);
+    } else {
+        return value(of);
+    }
+}
+
+Json cellStyle(const KdDbDatabase* database, const CellStyleRecord& record) {
     const CellFormat& format = record.format;
     Json json = {{"name", toUtf8(record.name)}};
-    const auto add = [&](const auto&... which) { ((json[which.name] = property(format, which)), ...); };
+    const auto add = [&](const auto&... which) { ((json[which.name] = valueIn(database, which.in(format))), ...); };
     add(prop::cellClass, prop::textHeight, prop::textStyle, prop::alignment, prop::rotation, prop::color,
         prop::background, prop::marginHorz, prop::marginVert, prop::format, prop::dataType, prop::unitType,
         prop::mergeAll);
@@ -32,7 +42,8 @@ Json cellStyle(const CellStyleRecord& record) {
 
 Json tableStyle(const std::wstring& name, const KdDbTableStyle& style) {
     Json cellStyles = Json::array();
-    for (const CellStylePtr& record : stateOf<TableStyleState>(style).records) cellStyles.push_back(cellStyle(*record));
+    for (const CellStylePtr& record : stateOf<TableStyleState>(style).records)
+        cellStyles.push_back(cellStyle(style.database(), *record));
     return {{"name", toUtf8(name)}, {"flow", style.flowDirection()}, {"cellStyles", std::move(cellStyles)}};
 }
 
@@ -85,7 +96,7 @@ Json cell(const KdDbTable& table, int row, int column) {
                  {"field", fieldCode(own)},
                  {"style", toUtf8(table.cellStyle(row, column))}};
     const auto add = [&](const auto&... which) {
-        ((json[which.name] = value(effective(state, formatted, which))), ...);
+        ((json[which.name] = valueIn(table.database(), effective(state, formatted, which))), ...);
     };
     add(prop::alignment);
     json["state"] = static_cast<int>(table.cellState(row, column));

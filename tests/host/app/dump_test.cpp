@@ -98,6 +98,7 @@ TEST_F(Dump, of_a_style_lists_its_cell_styles) {
     EXPECT_EQ(title[QStringLiteral("textHeight")].toDouble(), 6.0);
     EXPECT_EQ(title[QStringLiteral("mergeAll")].toBool(), true);
     EXPECT_EQ(title[QStringLiteral("color")].toString(), QStringLiteral("byblock"));
+    EXPECT_EQ(title[QStringLiteral("textStyle")].toString(), QStringLiteral("Standard"));
     EXPECT_EQ(title[QStringLiteral("grid")].toObject().keys().size(), 6);
     const std::string text = this->text();
     EXPECT_EQ(keys(text.substr(text.find("{\"name\":\"_TITLE\""))),

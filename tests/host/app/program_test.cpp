@@ -1,0 +1,112 @@
+// The program as a process: its exit status and what it writes.
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+class Program : public ::testing::Test {
+protected:
+    struct Result {
+        int status = -1;
+        std::string error;
+        std::string output;
+    };
+
+    Result run(const QStringList& arguments) {
+        QProcess process;
+        process.setWorkingDirectory(m_folder.path());
+        process.start(QStringLiteral(KD_BINARY_DIRECTORY "/bin/kdhost"), arguments);
+        EXPECT_TRUE(process.waitForFinished(60000)) << "the program hangs";
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                process.readAllStandardError().toStdString(), process.readAllStandardOutput().toStdString()};
+    }
+
+    Result headless(const QStringList& arguments) { return run(QStringList(QStringLiteral("--headless")) + arguments); }
+
+    QString write(const char* name, const QByteArray& text) {
+        QFile file(m_folder.filePath(QString::fromUtf8(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return QString::fromUtf8(name);
+    }
+
+    QByteArray read(const char* name) {
+        QFile file(m_folder.filePath(QString::fromUtf8(name)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(Program, wrong_arguments_end_with_status_2_and_one_line) {
+    for (const QStringList& arguments :
+         {QStringList(), QStringList(QStringLiteral("--nosuch")),
+          QStringList{QStringLiteral("--headless"), QStringLiteral("--open"), QStringLiteral("a.dxf")}}) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.error.rfind("kdhost: ", 0), 0u) << result.error;
+        EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << result.error;
+    }
+}
+
+TEST_F(Program, help_tells_the_arguments) {
+    const Result result = run({QStringLiteral("--help")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.output.find("--script FILE"), std::string::npos);
+}
+
+TEST_F(Program, what_can_not_be_read_or_written_ends_with_status_1) {
+    EXPECT_EQ(headless({QStringLiteral("--script"), QStringLiteral("missing.kds")}).error,
+              "missing.kds: No such file or directory\n");
+    EXPECT_EQ(headless({QStringLiteral("--script"), QStringLiteral("missing.kds")}).status, 1);
+    EXPECT_EQ(headless({QStringLiteral("--load"), QStringLiteral("missing.tvx")}).status, 1);
+    EXPECT_EQ(headless({QStringLiteral("--dump"), QStringLiteral("no/such/dump.json")}).status, 1);
+    EXPECT_EQ(headless({QStringLiteral("--render"), QStringLiteral("picture.bmp")}).status, 1);
+}
+
+TEST_F(Program, a_failing_script_line_is_told_and_writes_no_outputs) {
+    const QString script = write("s.kds", "; two lines\nNOSUCH\n");
+    const Result result =
+        headless({QStringLiteral("--script"), script, QStringLiteral("--dump"), QStringLiteral("d.json")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.error, "s.kds:2: Unknown command \"NOSUCH\".\n");
+    EXPECT_FALSE(QFile::exists(m_folder.filePath(QStringLiteral("d.json"))));
+}
+
+TEST_F(Program, a_script_ends_in_a_dump_and_a_picture) {
+    const QString script = write("s.kds", "LINE 0,0 10,5 \n");
+    const Result result = headless({QStringLiteral("--script"), script, QStringLiteral("--dump"),
+                                    QStringLiteral("d.json"), QStringLiteral("--render"), QStringLiteral("图.svg")});
+    EXPECT_EQ(result.status, 0) << result.error;
+    EXPECT_EQ(result.error, "");
+    const QJsonObject dump = QJsonDocument::fromJson(read("d.json")).object();
+    EXPECT_EQ(dump[QStringLiteral("entities")].toArray().size(), 1);
+    EXPECT_TRUE(read("图.svg").contains("<svg"));
+}
+
+TEST_F(Program, what_is_left_open_at_the_end_is_told_with_status_1) {
+    const QString script = write("s.kds", "FORGET\n");
+    const QString module = QStringLiteral(KD_BINARY_DIRECTORY "/test_plugins/Forgetful.tvx");
+    const Result result = headless({QStringLiteral("--load"), module, QStringLiteral("--script"), script,
+                                    QStringLiteral("--dump"), QStringLiteral("d.json")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.error.find("left open: KdDbLayerTable of FORGET\n"), std::string::npos) << result.error;
+    EXPECT_EQ(QJsonDocument::fromJson(read("d.json")).object()[QStringLiteral("open")].toArray().size(), 1);
+}
+
+TEST_F(Program, the_table_module_beside_the_program_is_loaded_unless_another_is_named) {
+    const QString script = write("s.kds", "-TABLE\n");
+    EXPECT_EQ(headless({QStringLiteral("--script"), script}).error, "");
+    const QString module = QStringLiteral(KD_BINARY_DIRECTORY "/test_plugins/Forgetful.tvx");
+    EXPECT_EQ(headless({QStringLiteral("--load"), module, QStringLiteral("--script"), script}).error,
+              "s.kds:1: Unknown command \"-TABLE\".\n");
+}
+
+}  // namespace
