@@ -3,8 +3,7 @@
 #include "host/app/cellreference.h"
 
 #include <algorithm>
-
-#include "kd/db/table.h"
+#include <tuple>
 
 namespace kdhost {
 namespace {
@@ -54,22 +53,6 @@ std::optional<KdCellRange> parseCells(const std::wstring& text, int rows, int co
     const bool inside = range.m_topRow <= range.m_bottomRow && range.m_bottomRow < rows &&
                         range.m_leftColumn <= range.m_rightColumn && range.m_rightColumn < columns;
     return inside ? std::optional(range) : std::nullopt;
-}
-
-KdCellRange grownToMerges(const KdDbTable& table, KdCellRange range) {
-    for (KdCellRange before; !(before == range);) {
-        before = range;
-        for (int row = before.m_topRow; row <= before.m_bottomRow; ++row) {
-            for (int column = before.m_leftColumn; column <= before.m_rightColumn; ++column) {
-                const KdCellRange merge = table.getMergeRange(row, column);
-                range.m_topRow = std::min(range.m_topRow, merge.m_topRow);
-                range.m_leftColumn = std::min(range.m_leftColumn, merge.m_leftColumn);
-                range.m_bottomRow = std::max(range.m_bottomRow, merge.m_bottomRow);
-                range.m_rightColumn = std::max(range.m_rightColumn, merge.m_rightColumn);
-            }
-        }
-    }
-    return range;
 }
 
 }  // namespace kdhost

@@ -1,4 +1,4 @@
-// References to cells as scripts write them, and selections as dragging makes them.
+// References to cells as scripts write them.
 #pragma once
 
 #include <optional>
@@ -6,15 +6,10 @@
 
 #include "kd/db/cellrange.h"
 
-class KdDbTable;
-
 namespace kdhost {
 
 /// "B2", "A1:C3", "2:3" (whole rows) or "B:C" (whole columns), corners in any order, letters in either case.
 /// None for another text and for cells outside a table of that size.
 std::optional<KdCellRange> parseCells(const std::wstring& text, int rows, int columns);
-
-/// The smallest rectangle that holds the range, which must lie in the table, and cuts no merge.
-KdCellRange grownToMerges(const KdDbTable& table, KdCellRange range);
 
 }  // namespace kdhost

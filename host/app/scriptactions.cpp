@@ -11,6 +11,7 @@
 #include "host/app/script.h"
 #include "host/app/scriptrunner.h"
 #include "host/db/access.h"
+#include "host/db/tableaccess.h"
 #include "host/ed/picking.h"
 #include "host/ed/points.h"
 #include "kd/db/table.h"
@@ -82,7 +83,7 @@ void cells(ScriptRunner& runner, const std::wstring& arguments) {
     if (!range) return runner.fail(L"\"" + split.rest + L"\" names no cells of the table.");
 
     if (editor.promptKind() == PromptKind::Command) {
-        selectCellsByUser(editor, id, grownToMerges(*table, *range));
+        selectCellsByUser(editor, id, tableState(*table).grownToMerges(*range));
     } else if (takesPicks(editor.promptKind())) {
         editor.input().put(InputItem::Kind::Pick, centerOf(*table, *range));
     } else {

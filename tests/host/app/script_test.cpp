@@ -6,11 +6,13 @@
 #include <QGuiApplication>
 
 #include "host/app/cellreference.h"
+#include "host/app/commands/append.h"
 #include "host/app/hostcommands.h"
 #include "host/app/scriptrunner.h"
 #include "host/db/access.h"
 #include "host/ed/commands.h"
 #include "host/rx/commandstack.h"
+#include "kd/db/database.h"
 #include "kd/db/table.h"
 #include "kd/ed/prompts.h"
 #include "tests/support/application.h"
@@ -70,16 +72,6 @@ INSTANTIATE_TEST_SUITE_P(
                       CellsCase{L"A0", {}}, CellsCase{L"0:1", {}}, CellsCase{L"A1:", {}}, CellsCase{L":A1", {}},
                       CellsCase{L"A:1", {}}, CellsCase{L"A1:B", {}}, CellsCase{L"1A", {}}, CellsCase{L"A1:B2:C3", {}},
                       CellsCase{L"A-1", {}}, CellsCase{L"ZZZZZZZZZZZ1", {}}, CellsCase{L"A99999999999", {}}));
-
-TEST(DraggedCells, grow_to_the_merges_they_touch) {
-    KdDbTable table;
-    table.setSize(6, 6);
-    table.mergeCells(1, 2, 1, 2);
-    table.mergeCells(2 + 1, 4, 2, 3);
-    EXPECT_EQ(kdhost::grownToMerges(table, {2, 2, 2, 2}), (KdCellRange{1, 1, 2, 2}));
-    EXPECT_EQ(kdhost::grownToMerges(table, {2, 2, 3, 2}), (KdCellRange{1, 1, 4, 3}));
-    EXPECT_EQ(kdhost::grownToMerges(table, {0, 0, 0, 5}), (KdCellRange{0, 0, 0, 5}));
-}
 
 std::vector<std::wstring> answers;
 
@@ -145,6 +137,24 @@ TEST_F(ScriptRuns, quit_ends_the_run) {
 TEST_F(ScriptRuns, keys_press_esc_enter_and_blank) {
     EXPECT_EQ(run("ASKFOREVER\n@key ENTER\n@key SPACE\n@key ESC\nFILEDIA 0\n"), "");
     EXPECT_EQ(answers, (Texts{L"", L"", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, cells_are_selected_as_dragging_would_up_to_whole_merges) {
+    auto table = std::make_unique<KdDbTable>();
+    table->setSize(6, 6);
+    table->mergeCells(1, 2, 1, 2);
+    table->mergeCells(3, 4, 2, 3);
+    KdDbDatabase& database = *m_application.documents().current()->database();
+    ASSERT_TRUE(kdhost::appendToCurrentSpace(database, std::move(table)));
+    const KdDbObjectId id = kdhost::entitiesOfCurrentSpace(database).front();
+    const auto selected = [&] { return kdhost::peek<KdDbTable>(id)->getSubSelection(); };
+    EXPECT_EQ(run("@cells C3\n"), "");
+    EXPECT_EQ(selected(), (KdCellRange{1, 1, 2, 2}));
+    EXPECT_EQ(run("@cells #0 C4:C3\n"), "");
+    EXPECT_EQ(selected(), (KdCellRange{1, 1, 4, 3}));
+    EXPECT_EQ(run("@cells none\n"), "");
+    EXPECT_FALSE(kdhost::peek<KdDbTable>(id)->hasSubSelection());
+    EXPECT_EQ(run("@cells G1\n"), "s.kds:1: \"G1\" names no cells of the table.");
 }
 
 TEST_F(ScriptRuns, the_clipboard_takes_text) {
