@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "bench/peerratio.h"
+#include "kd/db/database.h"
 #include "kd/db/table.h"
 #include "module/core/tablecommon.h"
 
@@ -17,8 +18,11 @@ constexpr int columns = 8;
 constexpr CVqTableCellRange whole{0, 0, rows - 1, columns - 1};
 constexpr int bothLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateFormatLocked;
 
+/// In the style of a drawing, as tables of a drawing are.
 std::unique_ptr<KdDbTable> makeTable(int rowCount, int columnCount) {
+    static KdDbDatabase drawing;
     auto table = std::make_unique<KdDbTable>();
+    table->setTableStyle(drawing.tablestyle());
     table->setSize(rowCount, columnCount);
     for (int row = 0; row < rowCount; ++row) {
         for (int column = 0; column < columnCount; ++column) table->setCellStyle(row, column, L"_DATA");

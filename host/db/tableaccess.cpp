@@ -16,9 +16,9 @@ bool spanOf(int place, int count, int& first, int& last) {
 }
 
 bool unlocked(const TableState& state, int row, int column, unsigned locks) {
-    const unsigned own = state.cell(row, column).state;
-    const unsigned owners = state.owner(row, column).state;
-    return ((own | owners) & locks) == 0;
+    const Cell& cell = state.cell(row, column);
+    if ((cell.state & locks) != 0) return false;
+    return !cell.merge.covered() || (state.owner(row, column).state & locks) == 0;
 }
 
 }  // namespace
@@ -49,18 +49,6 @@ bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cel
     if (!state.contains(taken)) return false;
     cells = taken;
     return true;
-}
-
-const Cell* contentCell(const TableState& state, int row, int column) {
-    KdCellRange target;
-    if (!targetOf(state, row, column, target)) return nullptr;
-    return &state.cell(target.m_topRow, target.m_leftColumn);
-}
-
-const Cell* formatCell(const TableState& state, int row, int column) {
-    KdCellRange target;
-    if (!targetOf(state, row, column, target)) return nullptr;
-    return &state.owner(target.m_topRow, target.m_leftColumn);
 }
 
 bool contentEditable(const TableState& state, int row, int column) {

@@ -50,11 +50,23 @@ bool targetOf(const TableState& state, int row, int column, KdCellRange& target)
 /// table.
 bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cells);
 
+/// Lets a getter's row and column name the first cell of what they stand for; false outside the table.
+/// Getters are asked for every cell of large tables, so that their way to a cell is short and inline.
+inline bool toFirstCell(const TableState& state, int& row, int& column) {
+    if (row == -1) row = 0;
+    if (column == -1) column = 0;
+    return state.contains(row, column);
+}
+
 /// The cell whose format a getter reads: of whole rows and columns the first, of a covered cell its owner;
 /// null outside the table.
-const Cell* formatCell(const TableState& state, int row, int column);
+inline const Cell* formatCell(const TableState& state, int row, int column) {
+    return toFirstCell(state, row, column) ? &state.owner(row, column) : nullptr;
+}
 /// The same for content, which each cell has to itself.
-const Cell* contentCell(const TableState& state, int row, int column);
+inline const Cell* contentCell(const TableState& state, int row, int column) {
+    return toFirstCell(state, row, column) ? &state.cell(row, column) : nullptr;
+}
 
 bool contentEditable(const TableState& state, int row, int column);
 bool formatEditable(const TableState& state, int row, int column);

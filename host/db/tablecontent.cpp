@@ -165,14 +165,12 @@ void KdDbTable::deleteContent(const KdCellRange& range) {
 
 bool KdDbTable::isContentEditable(int row, int column) const {
     const TableState& state = tableState(*this);
-    KdCellRange target;
-    return targetOf(state, row, column, target) && contentEditable(state, target.m_topRow, target.m_leftColumn);
+    return toFirstCell(state, row, column) && contentEditable(state, row, column);
 }
 
 bool KdDbTable::isFormatEditable(int row, int column) const {
     const TableState& state = tableState(*this);
-    KdCellRange target;
-    return targetOf(state, row, column, target) && formatEditable(state, target.m_topRow, target.m_leftColumn);
+    return toFirstCell(state, row, column) && formatEditable(state, row, column);
 }
 
 KdDb::CellState KdDbTable::cellState(int row, int column) const {

@@ -72,8 +72,10 @@ void KdDbTable::setDataFormat(int row, int column, const wchar_t* format) {
 }
 
 void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, KdValue::UnitType& unitType) const {
-    dataType = read(*this, row, column, property::dataType);
-    unitType = read(*this, row, column, property::unitType);
+    const TableState& state = tableState(*this);
+    const Cell* cell = formatCell(state, row, column);
+    dataType = effective(state, cell, property::dataType);
+    unitType = effective(state, cell, property::unitType);
 }
 
 void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {

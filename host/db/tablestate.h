@@ -46,8 +46,8 @@ struct TableState : KdDbBlockReferenceState {
     const Cell& cell(int row, int column) const { return rows.cell(row, column); }
     /// The owner of the cell's merge, else the cell itself.
     const Cell& owner(int row, int column) const {
-        const MergeLink& merge = cell(row, column).merge;
-        return cell(row - merge.up, column - merge.left);
+        const Cell& named = cell(row, column);
+        return named.merge.covered() ? cell(row - named.merge.up, column - named.merge.left) : named;
     }
 
     void setRowCount(int count);

@@ -94,10 +94,8 @@ void KdDbTable::unmergeCells(int top, int bottom, int left, int right) {
 
 bool KdDbTable::isMergedCell(int row, int column, int* top, int* bottom, int* left, int* right) const {
     const TableState& state = tableState(*this);
-    KdCellRange target;
-    if (!targetOf(state, row, column, target)) return false;
-    if (!state.cell(target.m_topRow, target.m_leftColumn).merge.merged()) return false;
-    const KdCellRange merge = state.mergeOf(target.m_topRow, target.m_leftColumn);
+    if (!toFirstCell(state, row, column) || !state.cell(row, column).merge.merged()) return false;
+    const KdCellRange merge = state.mergeOf(row, column);
     if (top != nullptr) *top = merge.m_topRow;
     if (bottom != nullptr) *bottom = merge.m_bottomRow;
     if (left != nullptr) *left = merge.m_leftColumn;

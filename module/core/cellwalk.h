@@ -47,6 +47,7 @@ bool anyCell(const KdDbTable& table, const Range& range, Visit visit) {
     if (isNoCell(range)) return false;
     const Lines rows = worthVisiting(range.m_topRow, range.m_bottomRow, table.numRows());
     const Lines columns = worthVisiting(range.m_leftColumn, range.m_rightColumn, table.numColumns());
+    if (columns.first > columns.last) return false;
     for (int row = rows.first; row <= rows.last; ++row) {
         for (int column = columns.first; column <= columns.last; ++column) {
             if (visit(row, column)) return true;
@@ -72,6 +73,7 @@ bool anyBlock(const KdDbTable& table, const Range& range, Visit visit, BehindMer
     if (isNoCell(range)) return false;
     const Lines rows = worthVisiting(range.m_topRow, range.m_bottomRow, table.numRows());
     const Lines columns = worthVisiting(range.m_leftColumn, range.m_rightColumn, table.numColumns());
+    if (columns.first > columns.last) return false;
     CVqTableCellRange merge;
     for (int row = rows.first; row <= rows.last; ++row) {
         for (int column = columns.first; column <= columns.last; ++column) {

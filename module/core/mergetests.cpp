@@ -20,11 +20,10 @@ bool CVqTableCommon::IsSelectMergedEqual(const KdDbTable* table, const CVqTableC
     return table != nullptr && mergeOfCell(*table, range.m_topRow, range.m_leftColumn, merge) && merge == range;
 }
 
+// A merge that is the range begins at the range's top left cell, the first that a scan row by row meets: where
+// that cell belongs to no such merge, the first merged cell of the range doesn't either.
 bool CVqTableCommon::IsMergeAndSelectEqual(const KdDbTable* table, const CVqTableCellRange& range) {
-    if (table == nullptr) return false;
-    CVqTableCellRange merge;
-    const auto isMerged = [&](int row, int column) { return mergeOfCell(*table, row, column, merge); };
-    return anyCell(*table, range, isMerged) && merge == range;
+    return IsSelectMergedEqual(table, range);
 }
 
 bool CVqTableCommon::IsOnlyCanInsertBlock(const KdDbTable* table, const CVqTableCellRange& range) {
@@ -41,7 +40,7 @@ bool CVqTableCommon::IsColumnMergeCell(const KdDbTable* table, const CVqTableCel
 
 bool CVqTableCommon::IsCanMergeCell(const KdDbTable* table, const CVqTableCellRange& range) {
     if (table == nullptr || isOneCell(range)) return false;
-    return !IsCellRangeHasContentLocked(table, range) && !IsMergeAndSelectEqual(table, range);
+    return !IsMergeAndSelectEqual(table, range) && !IsCellRangeHasContentLocked(table, range);
 }
 
 bool CVqTableCommon::IsCanUnmergeCell(const KdDbTable* table, const CVqTableCellRange& range) {
