@@ -62,6 +62,8 @@ void tellChange(const KdDbObject& object, bool changed, bool erasureChanged) {
 
 }  // namespace
 
+std::uint64_t forgottenObjects = 0;
+
 KdDbObject* findObject(KdDbObjectId id) {
     const auto found = theRegister().objects.find(id);
     return found == theRegister().objects.end() ? nullptr : found->second;
@@ -77,6 +79,7 @@ void rememberObject(KdDbObject& object) {
 }
 
 void forgetObject(const KdDbObject& object) {
+    ++forgottenObjects;
     theRegister().objects.erase(object.objectId());
     theRegister().open.erase(object.objectId());
 }

@@ -15,12 +15,6 @@ bool spanOf(int place, int count, int& first, int& last) {
     return true;
 }
 
-bool unlocked(const TableState& state, int row, int column, unsigned locks) {
-    const Cell& cell = state.cell(row, column);
-    if ((cell.state & locks) != 0) return false;
-    return !cell.merge.covered() || (state.owner(row, column).state & locks) == 0;
-}
-
 }  // namespace
 
 TableState* editTable(KdDbTable& table) {
@@ -51,10 +45,6 @@ bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cel
     return true;
 }
 
-bool contentEditable(const TableState& state, int row, int column) {
-    return unlocked(state, row, column, KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly);
-}
-
 bool hasContentLock(const TableState& state, const KdCellRange& cells) {
     for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
         for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
@@ -62,10 +52,6 @@ bool hasContentLock(const TableState& state, const KdCellRange& cells) {
         }
     }
     return false;
-}
-
-bool formatEditable(const TableState& state, int row, int column) {
-    return unlocked(state, row, column, KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly);
 }
 
 }  // namespace kdhost

@@ -68,8 +68,18 @@ inline const Cell* contentCell(const TableState& state, int row, int column) {
     return toFirstCell(state, row, column) ? &state.cell(row, column) : nullptr;
 }
 
-bool contentEditable(const TableState& state, int row, int column);
-bool formatEditable(const TableState& state, int row, int column);
+/// None of the locks is set, in the cell or in its merge's owner.
+inline bool unlocked(const TableState& state, int row, int column, unsigned locks) {
+    const Cell& cell = state.cell(row, column);
+    if ((cell.state & locks) != 0) return false;
+    return !cell.merge.covered() || (state.owner(row, column).state & locks) == 0;
+}
+inline bool contentEditable(const TableState& state, int row, int column) {
+    return unlocked(state, row, column, KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly);
+}
+inline bool formatEditable(const TableState& state, int row, int column) {
+    return unlocked(state, row, column, KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly);
+}
 /// Whether the content of some cell of the range is not editable.
 bool hasContentLock(const TableState& state, const KdCellRange& cells);
 
@@ -79,10 +89,13 @@ inline const CellFormat& styleFormat(const TableState& state, const Cell* cell) 
 }
 
 template <class T>
-const T& effective(const TableState& state, const Cell* cell, const FormatProperty<T>& which) {
+const T& effective(const CellFormat& inherited, const Cell* cell, const FormatProperty<T>& which) {
     const T* own = cell == nullptr ? nullptr : cell->ownValue(which);
-    if (own != nullptr) return *own;
-    return which.in(styleFormat(state, cell));
+    return own != nullptr ? *own : which.in(inherited);
+}
+template <class T>
+const T& effective(const TableState& state, const Cell* cell, const FormatProperty<T>& which) {
+    return effective(styleFormat(state, cell), cell, which);
 }
 
 /// Calls `change(state, row, column)` for each cell that the row and column stand for and `may(state, row,

@@ -60,7 +60,8 @@ const wchar_t* KdDbTable::textString(int row, int column) const {
 }
 
 KdString KdDbTable::textString(int row, int column, int content) const {
-    return content == 0 ? KdString(textString(row, column)) : KdString();
+    const wchar_t* text = content == 0 ? textString(row, column) : L"";
+    return *text == L'\0' ? KdString() : KdString(text);
 }
 
 void KdDbTable::setTextString(int row, int column, const wchar_t* text) {

@@ -74,8 +74,9 @@ void KdDbTable::setDataFormat(int row, int column, const wchar_t* format) {
 void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, KdValue::UnitType& unitType) const {
     const TableState& state = tableState(*this);
     const Cell* cell = formatCell(state, row, column);
-    dataType = effective(state, cell, property::dataType);
-    unitType = effective(state, cell, property::unitType);
+    const CellFormat& inherited = styleFormat(state, cell);
+    dataType = effective(inherited, cell, property::dataType);
+    unitType = effective(inherited, cell, property::unitType);
 }
 
 void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {

@@ -11,11 +11,12 @@ CellStylePool::CellStylePool() {
     for (const wchar_t* name : {kTitleStyle, kHeaderStyle, kDataStyle}) m_entries.push_back({name, 0, nullptr});
 }
 
-const TableStyleState& CellStylePool::style() const {
+void CellStylePool::find() const {
     // A table goes on looking like its style when the style was erased.
     const KdDbObject* object = m_tableStyle.isNull() ? nullptr : peekObject(m_tableStyle, true);
-    if (object == nullptr || !object->isKindOf(KdDbTableStyle::desc())) return standardTableStyle();
-    return static_cast<const TableStyleState&>(KdDbObjectAccess::state(*object));
+    m_styleObject = object != nullptr && object->isKindOf(KdDbTableStyle::desc()) ? object : nullptr;
+    m_found = m_tableStyle;
+    m_foundAt = forgottenObjects;
 }
 
 void CellStylePool::bind(Entry& entry, const TableStyleState& style) {
@@ -31,9 +32,7 @@ void CellStylePool::bind(Entry& entry, const TableStyleState& style) {
     entry.record = found == nullptr ? style.records[2] : found;
 }
 
-void CellStylePool::refresh() const {
-    const TableStyleState& current = style();
-    if (current.revision == m_revision && m_boundTo == m_tableStyle) return;
+void CellStylePool::bindAll(const TableStyleState& current) const {
     for (Entry& entry : m_entries) {
         if (m_boundTo != m_tableStyle) entry.index = 0;
         bind(entry, current);
@@ -62,16 +61,6 @@ std::uint16_t CellStylePool::place(const std::wstring& name) {
     m_entries.push_back({name, 0, nullptr});
     bind(m_entries.back(), style());
     return static_cast<std::uint16_t>(m_entries.size() - 1);
-}
-
-const CellStyleRecord& CellStylePool::record(std::uint16_t place) const {
-    refresh();
-    return *m_entries[place].record;
-}
-
-const std::wstring& CellStylePool::name(std::uint16_t place) const {
-    refresh();
-    return m_entries[place].name;
 }
 
 std::uint64_t CellStylePool::revision() const {

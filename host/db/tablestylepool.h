@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "host/db/opening.h"
 #include "host/db/tablestylestate.h"
 
 namespace kdhost {
@@ -30,10 +31,16 @@ public:
     /// The place of that name, made when there is none.
     std::uint16_t place(const std::wstring& name);
     /// The style as it is now; "_DATA" for a name that the table style doesn't know.
-    const CellStyleRecord& record(std::uint16_t place) const;
+    const CellStyleRecord& record(std::uint16_t place) const {
+        refresh();
+        return *m_entries[place].record;
+    }
     /// As the last look at the table style found it: for long walks that look once.
     const CellStyleRecord& lastRecord(std::uint16_t place) const { return *m_entries[place].record; }
-    const std::wstring& name(std::uint16_t place) const;
+    const std::wstring& name(std::uint16_t place) const {
+        refresh();
+        return m_entries[place].name;
+    }
 
     /// Changes whenever the values of the styles do.
     std::uint64_t revision() const;
@@ -45,8 +52,19 @@ private:
         CellStylePtr record;
     };
 
-    const TableStyleState& style() const;
-    void refresh() const;
+    // Getters of cell properties come by here for every cell of large tables: as long as the style is in
+    // memory and hasn't changed, all that it costs is two comparisons.
+    const TableStyleState& style() const {
+        if (m_styleObject == nullptr || m_found != m_tableStyle || m_foundAt != forgottenObjects) find();
+        if (m_styleObject == nullptr) return standardTableStyle();
+        return static_cast<const TableStyleState&>(KdDbObjectAccess::state(*m_styleObject));
+    }
+    void refresh() const {
+        const TableStyleState& current = style();
+        if (current.revision != m_revision || m_boundTo != m_tableStyle) bindAll(current);
+    }
+    void find() const;
+    void bindAll(const TableStyleState& current) const;
     static void bind(Entry& entry, const TableStyleState& style);
 
     KdDbObjectId m_tableStyle;
@@ -54,6 +72,9 @@ private:
     mutable std::vector<Entry> m_entries;
     mutable std::uint64_t m_revision = 0;
     mutable KdDbObjectId m_boundTo;
+    mutable const KdDbObject* m_styleObject = nullptr;  ///< of the id `m_found`, good at `m_foundAt`
+    mutable KdDbObjectId m_found;
+    mutable std::uint64_t m_foundAt = 0;
 };
 
 }  // namespace kdhost

@@ -69,7 +69,9 @@ public:
         if (cellwalk::isReversed(m_seen)) {
             merges.addMergesOf(m_table, range);
         } else {
-            for (const Range& strip : around(range, m_seen)) merges.addMergesOf(m_table, strip);
+            for (const Range& strip : around(range, m_seen)) {
+                if (!cellwalk::isReversed(strip)) merges.addMergesOf(m_table, strip);
+            }
         }
         m_seen = range;
         return merges.grow(range);
