@@ -13,8 +13,10 @@ namespace {
 
 constexpr unsigned pickTablePrompt = 2103;
 
-/// The object open for read, if it is a table; an object of another class is closed again.
+/// The object open for read, if it is a table; an object of another class is closed again. The null id is
+/// not even tried.
 KdDbTable* openTable(KdDbObjectId id) {
+    if (id.isNull()) return nullptr;
     KdDbObject* object = nullptr;
     if (kddbOpenObject(object, id, KdDb::kForRead) != Kdad::eOk) return nullptr;
     if (object->isA() == KdDbTable::desc()) return static_cast<KdDbTable*>(object);

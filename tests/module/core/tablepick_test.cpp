@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/ed/editor.h"
+#include "host/rx/faults.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
@@ -171,6 +172,12 @@ TEST_F(TablePick, A_selection_of_none_or_several_objects_or_no_table_is_refused)
         select(ids);
         expectRefused(true, true);
     }
+}
+
+TEST_F(TablePick, Where_nothing_is_selected_nothing_is_opened) {
+    kdhost::faults().failOpenNumber = 1;
+    expectRefused(true, true);
+    EXPECT_EQ(kdhost::faults().failOpenNumber, 1) << "an open has used up the failure";
 }
 
 TEST_F(TablePick, A_table_without_selected_cells_is_no_cell_and_one_with_cells_is_no_table) {
