@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cerrno>
 #include <chrono>
 #include <thread>
 
@@ -60,7 +61,8 @@ Stored read() {
     QFile stored(file());
     if (!stored.open(QIODevice::ReadOnly)) {
         // What isn't there is empty; what is there and stays closed must not be taken for empty.
-        const bool missing = !QFileInfo::exists(stored.fileName()) && !QFileInfo(stored.fileName()).isSymLink();
+        const bool found = access(QFile::encodeName(stored.fileName()).constData(), F_OK) == 0;
+        const bool missing = !found && (errno == ENOENT || errno == ENOTDIR);
         return {{}, missing ? Condition::kSound : Condition::kUnreadable};
     }
     const QByteArray text = stored.readAll();
