@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <cwchar>
+#include <cwctype>
 
 namespace kdtest {
 namespace {
@@ -106,10 +107,12 @@ Scanned modelArchitectural(const std::wstring& text) {
 }
 
 Scanned modelLength(const std::wstring& text) {
-    static const QRegularExpression trimmedForm =
-        whole("[ \\t\\n\\x0b\\f\\r]*(?<sign>[+-]?)(?<rest>(?s:.*?))[ \\t\\n\\x0b\\f\\r]*");
-    const Match trimmed(trimmedForm, text);
-    const std::wstring rest = trimmed.text("rest");
+    const auto isBlank = [](wchar_t character) { return std::iswspace(static_cast<std::wint_t>(character)) != 0; };
+    std::wstring rest = text;
+    while (!rest.empty() && isBlank(rest.back())) rest.pop_back();
+    while (!rest.empty() && isBlank(rest.front())) rest.erase(0, 1);
+    const bool negative = rest.substr(0, 1) == L"-";
+    if (negative || rest.substr(0, 1) == L"+") rest.erase(0, 1);
     Scanned value;
     if (holds(rest, L"eE")) {
         value = modelDecimal(rest);
@@ -117,8 +120,7 @@ Scanned modelLength(const std::wstring& text) {
     } else {
         value = holds(rest, L"'- /\"") ? modelArchitectural(rest) : modelDecimal(rest);
     }
-    if (value && trimmed.text("sign") == L"-") value = -*value;
-    return value;
+    return value && negative ? -*value : value;
 }
 
 Scanned modelDegrees(const std::wstring& text) {
