@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST_F(Registry, a_missing_key_or_value_is_not_found) {
+TEST_F(RegistryStore, a_missing_key_or_value_is_not_found) {
     open(L"A", ERROR_FILE_NOT_FOUND);
     const HKEY key = create(L"A");
     open(L"A\\B", ERROR_FILE_NOT_FOUND);
@@ -15,12 +15,12 @@ TEST_F(Registry, a_missing_key_or_value_is_not_found) {
     EXPECT_EQ(RegDeleteKeyW(key, L"B"), ERROR_FILE_NOT_FOUND);
 }
 
-TEST_F(Registry, looking_makes_no_file) {
+TEST_F(RegistryStore, looking_makes_no_file) {
     open(L"A", ERROR_FILE_NOT_FOUND);
     EXPECT_FALSE(QFile::exists(config.hostFolder()));
 }
 
-TEST_F(Registry, a_key_is_created_with_all_its_levels_once) {
+TEST_F(RegistryStore, a_key_is_created_with_all_its_levels_once) {
     for (const DWORD wanted : {REG_CREATED_NEW_KEY, REG_OPENED_EXISTING_KEY}) {
         HKEY key = nullptr;
         DWORD disposition = 0;
@@ -34,7 +34,7 @@ TEST_F(Registry, a_key_is_created_with_all_its_levels_once) {
     open(L"A\\B\\C");
 }
 
-TEST_F(Registry, names_are_compared_without_regard_to_case_and_kept_as_written) {
+TEST_F(RegistryStore, names_are_compared_without_regard_to_case_and_kept_as_written) {
     const HKEY key = create(L"Soft\\\u00c4rger");
     EXPECT_EQ(set(key, L"Value", 1), ERROR_SUCCESS);
     EXPECT_EQ(set(key, L"VALUE", 2), ERROR_SUCCESS);
@@ -44,7 +44,7 @@ TEST_F(Registry, names_are_compared_without_regard_to_case_and_kept_as_written) 
     EXPECT_TRUE(config.registryText().contains("\"Soft\""));
 }
 
-TEST_F(Registry, paths_end_with_one_backslash_at_most) {
+TEST_F(RegistryStore, paths_end_with_one_backslash_at_most) {
     create(L"A\\B");
     open(L"A\\B\\");
     open(L"\\A", ERROR_BAD_PATHNAME);
@@ -53,7 +53,7 @@ TEST_F(Registry, paths_end_with_one_backslash_at_most) {
     create(L"\\C", ERROR_BAD_PATHNAME);
 }
 
-TEST_F(Registry, an_empty_path_opens_the_key_once_more) {
+TEST_F(RegistryStore, an_empty_path_opens_the_key_once_more) {
     const HKEY key = create(L"A");
     for (const wchar_t* path : {static_cast<const wchar_t*>(nullptr), L""}) {
         HKEY again = nullptr;
@@ -65,7 +65,7 @@ TEST_F(Registry, an_empty_path_opens_the_key_once_more) {
     }
 }
 
-TEST_F(Registry, levels_and_names_have_limits) {
+TEST_F(RegistryStore, levels_and_names_have_limits) {
     create(std::wstring(255, L'a').c_str());
     create(std::wstring(256, L'a').c_str(), ERROR_INVALID_PARAMETER);
     std::wstring deep;
@@ -78,7 +78,7 @@ TEST_F(Registry, levels_and_names_have_limits) {
     EXPECT_EQ(set(HKEY_CURRENT_USER, surrogate, 1), ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(Registry, values_come_back_with_type_and_size) {
+TEST_F(RegistryStore, values_come_back_with_type_and_size) {
     const HKEY key = create(L"A");
     const BYTE bytes[] = {0, 255, 1, 2, 128, 7, 9, 0};
     for (const DWORD type : {DWORD{REG_NONE}, DWORD{REG_SZ}, DWORD{REG_DWORD}, DWORD{REG_QWORD}, DWORD{0xffffffff}}) {
@@ -94,7 +94,7 @@ TEST_F(Registry, values_come_back_with_type_and_size) {
     }
 }
 
-TEST_F(Registry, a_small_buffer_is_told_the_size_and_left_alone) {
+TEST_F(RegistryStore, a_small_buffer_is_told_the_size_and_left_alone) {
     const HKEY key = create(L"A");
     const double value = 63.5;
     RegSetValueExW(key, L"v", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
@@ -106,7 +106,7 @@ TEST_F(Registry, a_small_buffer_is_told_the_size_and_left_alone) {
     EXPECT_EQ(got[3], 4);
 }
 
-TEST_F(Registry, a_larger_buffer_is_told_the_size_too) {
+TEST_F(RegistryStore, a_larger_buffer_is_told_the_size_too) {
     const HKEY key = create(L"A");
     set(key, L"v", 5);
     BYTE got[8] = {};
@@ -115,7 +115,7 @@ TEST_F(Registry, a_larger_buffer_is_told_the_size_too) {
     EXPECT_EQ(size, 4U);
 }
 
-TEST_F(Registry, the_unnamed_value_is_one_of_its_own) {
+TEST_F(RegistryStore, the_unnamed_value_is_one_of_its_own) {
     const HKEY key = create(L"A");
     EXPECT_EQ(set(key, nullptr, 1), ERROR_SUCCESS);
     EXPECT_EQ(get(key, L""), 1);
@@ -127,7 +127,7 @@ TEST_F(Registry, the_unnamed_value_is_one_of_its_own) {
     get(key, nullptr, ERROR_FILE_NOT_FOUND);
 }
 
-TEST_F(Registry, a_handle_does_only_what_it_was_opened_for) {
+TEST_F(RegistryStore, a_handle_does_only_what_it_was_opened_for) {
     set(create(L"A"), L"v", 1);
     const HKEY reading = open(L"A", ERROR_SUCCESS, KEY_READ);
     EXPECT_EQ(get(reading, L"v"), 1);
@@ -139,13 +139,13 @@ TEST_F(Registry, a_handle_does_only_what_it_was_opened_for) {
     EXPECT_EQ(get(reading, L"v"), 3);
 }
 
-TEST_F(Registry, keys_are_created_below_a_handle_that_only_reads) {
+TEST_F(RegistryStore, keys_are_created_below_a_handle_that_only_reads) {
     create(L"A");
     create(L"B\\C", ERROR_SUCCESS, KEY_ALL_ACCESS, open(L"A", ERROR_SUCCESS, KEY_READ));
     open(L"A\\B\\C");
 }
 
-TEST_F(Registry, a_key_is_deleted_when_nothing_lies_below_it) {
+TEST_F(RegistryStore, a_key_is_deleted_when_nothing_lies_below_it) {
     create(L"A\\B");
     EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, L"A"), ERROR_ACCESS_DENIED);
     EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, L"a\\b"), ERROR_SUCCESS);
@@ -154,7 +154,7 @@ TEST_F(Registry, a_key_is_deleted_when_nothing_lies_below_it) {
     EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, L""), ERROR_ACCESS_DENIED);
 }
 
-TEST_F(Registry, a_handle_outlives_its_key_without_its_values) {
+TEST_F(RegistryStore, a_handle_outlives_its_key_without_its_values) {
     const HKEY key = create(L"A");
     set(key, L"v", 1);
     EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, L"A"), ERROR_SUCCESS);
@@ -164,7 +164,7 @@ TEST_F(Registry, a_handle_outlives_its_key_without_its_values) {
     create(L"B", ERROR_KEY_DELETED, KEY_ALL_ACCESS, key);
 }
 
-TEST_F(Registry, a_closed_or_unknown_handle_is_refused) {
+TEST_F(RegistryStore, a_closed_or_unknown_handle_is_refused) {
     HKEY key = nullptr;
     ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"A", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
@@ -182,7 +182,7 @@ TEST_F(Registry, a_closed_or_unknown_handle_is_refused) {
     EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);
 }
 
-TEST_F(Registry, nulls_where_a_place_is_needed_are_refused) {
+TEST_F(RegistryStore, nulls_where_a_place_is_needed_are_refused) {
     const HKEY key = create(L"A");
     BYTE byte = 0;
     HKEY result = nullptr;

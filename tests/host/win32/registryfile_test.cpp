@@ -14,7 +14,7 @@
 
 namespace {
 
-TEST_F(Registry, lies_in_the_users_configuration_folder) {
+TEST_F(RegistryStore, lies_in_the_users_configuration_folder) {
     create(L"A");
     EXPECT_EQ(QString::fromStdString(kdhost::registry::filePath()), config.registryFile());
     EXPECT_EQ(QDir(config.hostFolder()).entryList(QDir::Files, QDir::Name),
@@ -38,7 +38,7 @@ int inOtherProcess(Work work) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST_F(Registry, one_process_reads_what_another_wrote) {
+TEST_F(RegistryStore, one_process_reads_what_another_wrote) {
     EXPECT_EQ(inOtherProcess([&] { return set(create(L"A"), L"v", 77) == ERROR_SUCCESS ? 0 : 1; }), 0);
     const HKEY key = open(L"A");
     EXPECT_EQ(get(key, L"v"), 77);
@@ -47,7 +47,7 @@ TEST_F(Registry, one_process_reads_what_another_wrote) {
     EXPECT_EQ(get(key, L"v"), 78);
 }
 
-TEST_F(Registry, processes_that_write_at_once_lose_nothing) {
+TEST_F(RegistryStore, processes_that_write_at_once_lose_nothing) {
     constexpr int processes = 4;
     constexpr int values = 50;
     const auto name = [](int process, int value) { return std::to_wstring(process) + L"." + std::to_wstring(value); };
@@ -76,7 +76,7 @@ TEST_F(Registry, processes_that_write_at_once_lose_nothing) {
     }
 }
 
-TEST_F(Registry, while_another_process_keeps_the_lock_changes_fail_and_reads_go_on) {
+TEST_F(RegistryStore, while_another_process_keeps_the_lock_changes_fail_and_reads_go_on) {
     const HKEY key = create(L"A");
     set(key, L"v", 1);
     const int lock = ::open(QFile::encodeName(inFolder("registry.lock")).constData(), O_RDWR);
@@ -88,7 +88,7 @@ TEST_F(Registry, while_another_process_keeps_the_lock_changes_fail_and_reads_go_
     EXPECT_EQ(set(key, L"v", 2), ERROR_SUCCESS);
 }
 
-TEST_F(Registry, an_unchanged_tree_is_not_written_again) {
+TEST_F(RegistryStore, an_unchanged_tree_is_not_written_again) {
     const HKEY key = create(L"A");
     set(key, L"v", 1);
     config.writeRegistryText(config.registryText() + "\n\n");
@@ -99,7 +99,7 @@ TEST_F(Registry, an_unchanged_tree_is_not_written_again) {
     EXPECT_NE(config.registryText(), before);
 }
 
-TEST_F(Registry, in_a_read_only_folder_nothing_opens_for_writing_and_nothing_is_lost) {
+TEST_F(RegistryStore, in_a_read_only_folder_nothing_opens_for_writing_and_nothing_is_lost) {
     set(create(L"A"), L"v", 1);
     const HKEY writing = open(L"A");
     const QByteArray before = config.registryText();
@@ -116,7 +116,7 @@ TEST_F(Registry, in_a_read_only_folder_nothing_opens_for_writing_and_nothing_is_
     EXPECT_EQ(config.registryText(), before);
 }
 
-TEST_F(Registry, a_file_that_stays_closed_is_not_taken_for_empty) {
+TEST_F(RegistryStore, a_file_that_stays_closed_is_not_taken_for_empty) {
     set(create(L"A"), L"v", 1);
     const QByteArray before = config.registryText();
     const QByteArray file = QFile::encodeName(config.registryFile());
@@ -133,7 +133,7 @@ TEST_F(Registry, a_file_that_stays_closed_is_not_taken_for_empty) {
     EXPECT_EQ(config.registryText(), before);
 }
 
-TEST_F(Registry, a_folder_that_cannot_be_made_refuses_changes) {
+TEST_F(RegistryStore, a_folder_that_cannot_be_made_refuses_changes) {
     QFile blocker(config.hostFolder());
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     blocker.close();
@@ -142,7 +142,7 @@ TEST_F(Registry, a_folder_that_cannot_be_made_refuses_changes) {
     EXPECT_TRUE(QFile::exists(config.hostFolder()));
 }
 
-TEST_F(Registry, a_damaged_file_reads_as_empty_and_is_set_aside_by_the_first_change) {
+TEST_F(RegistryStore, a_damaged_file_reads_as_empty_and_is_set_aside_by_the_first_change) {
     const HKEY key = create(L"A");
     set(key, L"v", 1);
     const QByteArray whole = config.registryText();
@@ -185,7 +185,7 @@ TEST_F(Registry, a_damaged_file_reads_as_empty_and_is_set_aside_by_the_first_cha
     }
 }
 
-TEST_F(Registry, a_file_deeper_than_any_path_is_damaged) {
+TEST_F(RegistryStore, a_file_deeper_than_any_path_is_damaged) {
     using namespace kdhost::registry;
     const auto nested = [](int levels) {
         Key root;
@@ -197,7 +197,7 @@ TEST_F(Registry, a_file_deeper_than_any_path_is_damaged) {
     EXPECT_FALSE(parse(nested(mostLevels + 1)).has_value());
 }
 
-TEST_F(Registry, what_is_printed_parses_to_the_same_tree) {
+TEST_F(RegistryStore, what_is_printed_parses_to_the_same_tree) {
     using namespace kdhost::registry;
     std::mt19937 random(3);
     const auto name = [&] {

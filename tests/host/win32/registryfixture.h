@@ -10,9 +10,9 @@
 #include "tests/support/configfolder.h"
 #include "win32/registry.h"
 
-class Registry : public ::testing::Test {
+class RegistryStore : public ::testing::Test {
 protected:
-    ~Registry() override {
+    ~RegistryStore() override {
         for (const HKEY key : m_keys) RegCloseKey(key);
     }
 
