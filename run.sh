@@ -17,7 +17,7 @@ TABLEIMPORT
 $csv
 0,0
 TABLEEXPORT
-@cells #1 A1
+@cells #0 A1
 @file $work/$name.csv
 SCRIPT
 

@@ -20,6 +20,16 @@ void override(KdDbTable& table, int row, int column, const FormatProperty<T>& wh
                 [&](TableState& state, int r, int c) { memo.set(state.rows.writeCell(r, c), which, value); });
 }
 
+/// The same for what a text is measured by: the cell's row grows as it does when a text is written.
+template <class T>
+void overrideSize(KdDbTable& table, int row, int column, const FormatProperty<T>& which, const T& value) {
+    OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
+    changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
+        memo.set(state.rows.writeCell(r, c), which, value);
+        noteGrowth(state, r, c);
+    });
+}
+
 }  // namespace
 
 KdDb::CellAlignment KdDbTable::alignment(int row, int column) const {
@@ -52,7 +62,7 @@ KdDbObjectId KdDbTable::textStyle(int row, int column) const {
 }
 
 void KdDbTable::setTextStyle(int row, int column, const KdDbObjectId& style) {
-    override(*this, row, column, property::textStyle, style);
+    overrideSize(*this, row, column, property::textStyle, style);
 }
 
 double KdDbTable::textHeight(int row, int column) const {
@@ -60,7 +70,7 @@ double KdDbTable::textHeight(int row, int column) const {
 }
 
 void KdDbTable::setTextHeight(int row, int column, double height) {
-    if (height > 0.0) override(*this, row, column, property::textHeight, height);
+    if (height > 0.0) overrideSize(*this, row, column, property::textHeight, height);
 }
 
 const wchar_t* KdDbTable::format(int row, int column) const {

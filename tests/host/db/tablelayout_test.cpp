@@ -61,6 +61,17 @@ TEST(TableLayout, writing_text_makes_a_low_row_grow_and_none_shrink) {
     EXPECT_DOUBLE_EQ(table->rowHeight(3), 1.0) << "kept as set";
 }
 
+TEST(TableLayout, a_greater_text_height_makes_a_low_row_grow_and_a_smaller_one_keeps_it) {
+    auto table = TableBuilder(3, 1).text("A3", L"one\\Ptwo").build();
+    const double before = table->rowHeight(2);
+    table->setTextHeight(2, 0, 9.0);
+    const double grown = table->rowHeight(2);
+    EXPECT_GT(grown, before);
+    EXPECT_DOUBLE_EQ(grown, table->minimumRowHeight(2));
+    table->setTextHeight(2, 0, 2.0);
+    EXPECT_DOUBLE_EQ(table->rowHeight(2), grown);
+}
+
 TEST(TableLayout, growth_belongs_to_the_moment_of_writing) {
     // Heights are worked out late, yet as if at once.
     auto wide = TableBuilder(3, 2).columnWidth(0, 10000.0).build();

@@ -87,6 +87,7 @@ public:
     virtual KdDbObjectId fieldId(int row, int column) const;
     virtual void setFieldId(int row, int column, const KdDbObjectId& field);
     virtual KdDbObjectId textStyle(int row, int column) const;
+    /// A row too low for the text grows, as it does with the text height.
     virtual void setTextStyle(int row, int column, const KdDbObjectId& style);
     virtual double textHeight(int row, int column) const;
     virtual void setTextHeight(int row, int column, double height);
