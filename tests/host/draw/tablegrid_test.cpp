@@ -41,7 +41,7 @@ constexpr std::array<KdDb::GridLineType, 4> kSides = {KdDb::kHorzTop, KdDb::kHor
                                                       KdDb::kVertRight};
 
 /// Columns of 10, rows of 6 units, at the origin.
-class TableGrid : public ::testing::Test {
+class DrawnGrid : public ::testing::Test {
 protected:
     void make(int rows, int columns) {
         table.setSize(rows, columns);
@@ -58,14 +58,14 @@ protected:
     KdDbTable table;
 };
 
-TEST_F(TableGrid, runs_through_in_one_piece_for_each_line) {
+TEST_F(DrawnGrid, runs_through_in_one_piece_for_each_line) {
     make(2, 3);
     EXPECT_EQ(gridOf(table),
               sorted({piece(0, 0, 30, 0), piece(0, -6, 30, -6), piece(0, -12, 30, -12), piece(0, 0, 0, -12),
                       piece(10, 0, 10, -12), piece(20, 0, 20, -12), piece(30, 0, 30, -12)}));
 }
 
-TEST_F(TableGrid, follows_position_direction_and_flow) {
+TEST_F(DrawnGrid, follows_position_direction_and_flow) {
     make(1, 2);
     table.setPosition({100, 100, 0});
     table.setDirection({0, 1, 0});
@@ -74,7 +74,7 @@ TEST_F(TableGrid, follows_position_direction_and_flow) {
                                      piece(94, 110, 100, 110), piece(94, 120, 100, 120)}));
 }
 
-TEST_F(TableGrid, has_no_lines_inside_a_merge) {
+TEST_F(DrawnGrid, has_no_lines_inside_a_merge) {
     make(3, 3);
     table.mergeCells(0, 1, 1, 2);
     EXPECT_EQ(gridOf(table),
@@ -82,7 +82,7 @@ TEST_F(TableGrid, has_no_lines_inside_a_merge) {
                       piece(0, 0, 0, -18), piece(10, 0, 10, -18), piece(20, -12, 20, -18), piece(30, 0, 30, -18)}));
 }
 
-TEST_F(TableGrid, leaves_invisible_edges_out) {
+TEST_F(DrawnGrid, leaves_invisible_edges_out) {
     make(1, 3);
     table.setGridVisibility(0, 1, KdDb::kHorzTop, KdDb::kInvisible);
     table.setGridVisibility(0, 1, KdDb::kVertLeft, KdDb::kInvisible);
@@ -90,7 +90,7 @@ TEST_F(TableGrid, leaves_invisible_edges_out) {
                                      piece(20, 0, 20, -6), piece(30, 0, 30, -6)}));
 }
 
-TEST_F(TableGrid, an_edge_hidden_from_either_side_is_hidden) {
+TEST_F(DrawnGrid, an_edge_hidden_from_either_side_is_hidden) {
     make(2, 2);
     for (const auto& [row, side] : {std::pair{0, KdDb::kHorzBottom}, std::pair{1, KdDb::kHorzTop}}) {
         table.setGridVisibility(row, 0, side, KdDb::kInvisible);
@@ -101,7 +101,7 @@ TEST_F(TableGrid, an_edge_hidden_from_either_side_is_hidden) {
     }
 }
 
-TEST_F(TableGrid, an_edge_beside_a_merge_can_be_hidden_cell_by_cell) {
+TEST_F(DrawnGrid, an_edge_beside_a_merge_can_be_hidden_cell_by_cell) {
     make(3, 2);
     table.mergeCells(1, 1, 0, 1);
     table.setGridVisibility(2, 1, KdDb::kHorzTop, KdDb::kInvisible);
@@ -113,7 +113,7 @@ TEST_F(TableGrid, an_edge_beside_a_merge_can_be_hidden_cell_by_cell) {
     }
 }
 
-TEST_F(TableGrid, an_edge_of_a_merge_hidden_on_the_merge_is_hidden_on_its_whole_length) {
+TEST_F(DrawnGrid, an_edge_of_a_merge_hidden_on_the_merge_is_hidden_on_its_whole_length) {
     make(3, 2);
     table.mergeCells(1, 1, 0, 1);
     table.setGridVisibility(1, 0, KdDb::kHorzTop, KdDb::kInvisible);
@@ -122,7 +122,7 @@ TEST_F(TableGrid, an_edge_of_a_merge_hidden_on_the_merge_is_hidden_on_its_whole_
                                      piece(10, 0, 10, -6), piece(10, -12, 10, -18), piece(20, 0, 20, -18)}));
 }
 
-TEST_F(TableGrid, breaks_where_the_looks_change) {
+TEST_F(DrawnGrid, breaks_where_the_looks_change) {
     make(1, 3);
     table.setGridColor(0, 1, KdDb::kHorzTop, KdCmColor::fromIndex(1));
     const auto grid = gridOf(table);
@@ -137,14 +137,14 @@ TEST_F(TableGrid, breaks_where_the_looks_change) {
               1);
 }
 
-TEST_F(TableGrid, has_line_weights_when_they_are_shown) {
+TEST_F(DrawnGrid, has_line_weights_when_they_are_shown) {
     make(1, 1);
     for (const KdDb::GridLineType side : kSides) table.setGridLineWeight(0, 0, side, KdDb::kLnWt070);
     for (const Polyline& line : only<Polyline>(primitivesOf(table, {false, false}))) EXPECT_EQ(line.lineWeight, 0);
     for (const Polyline& line : only<Polyline>(primitivesOf(table, {true, false}))) EXPECT_EQ(line.lineWeight, 70);
 }
 
-TEST_F(TableGrid, by_block_looks_are_the_tables) {
+TEST_F(DrawnGrid, by_block_looks_are_the_tables) {
     make(1, 1);
     table.setColor(KdCmColor::fromRgb(4, 5, 6));
     table.setLineWeight(KdDb::kLnWt100);
@@ -158,7 +158,7 @@ TEST_F(TableGrid, by_block_looks_are_the_tables) {
     }
 }
 
-TEST_F(TableGrid, a_double_frame_is_two_closed_rectangles) {
+TEST_F(DrawnGrid, a_double_frame_is_two_closed_rectangles) {
     make(1, 1);
     makeDouble(0, 0, 2.0);
     EXPECT_EQ(gridOf(table),
@@ -166,7 +166,7 @@ TEST_F(TableGrid, a_double_frame_is_two_closed_rectangles) {
                       piece(1, -1, 9, -1), piece(1, -5, 9, -5), piece(1, -1, 1, -5), piece(9, -1, 9, -5)}));
 }
 
-TEST_F(TableGrid, double_lines_open_where_they_meet) {
+TEST_F(DrawnGrid, double_lines_open_where_they_meet) {
     make(1, 2);
     makeDouble(0, 0, 2.0);
     makeDouble(0, 1, 2.0);
@@ -177,7 +177,7 @@ TEST_F(TableGrid, double_lines_open_where_they_meet) {
                                      piece(19, -1, 19, -5)}));  // each cell's own
 }
 
-TEST_F(TableGrid, a_single_line_ends_at_the_middle_of_a_double_one) {
+TEST_F(DrawnGrid, a_single_line_ends_at_the_middle_of_a_double_one) {
     make(1, 2);
     table.setGridLineStyle(0, 0, KdDb::kVertRight, KdDb::kGridLineStyleDouble);
     table.setGridDoubleLineSpacing(0, 0, KdDb::kVertRight, 2.0);
@@ -186,7 +186,7 @@ TEST_F(TableGrid, a_single_line_ends_at_the_middle_of_a_double_one) {
                             piece(9, 0, 9, -6), piece(11, 0, 11, -6)}));
 }
 
-TEST_F(TableGrid, covers_exactly_the_visible_edges_outside_merges_and_none_twice) {
+TEST_F(DrawnGrid, covers_exactly_the_visible_edges_outside_merges_and_none_twice) {
     std::mt19937 random(5);
     for (int round = 0; round < 200; ++round) {
         const int rows = static_cast<int>(random() % 6) + 1;

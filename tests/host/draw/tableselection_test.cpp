@@ -11,9 +11,9 @@ using kdtest::only;
 namespace {
 
 /// Four rows of 20, three columns of 60 units.
-class TableSelection : public ::testing::Test {
+class DrawnSelection : public ::testing::Test {
 protected:
-    TableSelection() {
+    DrawnSelection() {
         table.setSize(4, 3);
         table.setRowHeight(20.0);
         table.setColumnWidth(60.0);
@@ -39,7 +39,7 @@ protected:
     double band = 0.0;
 };
 
-TEST_F(TableSelection, shows_nothing_without_selected_cells_or_when_not_asked) {
+TEST_F(DrawnSelection, shows_nothing_without_selected_cells_or_when_not_asked) {
     const std::size_t bare = drawn().size();
     table.setSubSelection(1, 1, 1, 1);
     EXPECT_EQ(primitivesOf(table, {}).size(), bare);
@@ -48,7 +48,7 @@ TEST_F(TableSelection, shows_nothing_without_selected_cells_or_when_not_asked) {
     EXPECT_EQ(drawn().size(), bare);
 }
 
-TEST_F(TableSelection, frames_the_selected_cells) {
+TEST_F(DrawnSelection, frames_the_selected_cells) {
     table.setSubSelection(1, 2, 0, 1);
     expectFrame(0, -60, 120, -20);
 }
@@ -58,7 +58,7 @@ struct RangeCase {
     KdDbExtents framed;
 };
 
-TEST_F(TableSelection, frames_whole_rows_columns_reversed_and_overlong_ranges) {
+TEST_F(DrawnSelection, frames_whole_rows_columns_reversed_and_overlong_ranges) {
     const RangeCase cases[] = {{{1, -1, 2, -1}, {{0, -60, 0}, {180, -20, 0}}},
                                {{-1, 1, -1, 1}, {{60, -80, 0}, {120, 0, 0}}},
                                {{2, 1, 1, 0}, {{0, -60, 0}, {120, -20, 0}}},
@@ -70,13 +70,13 @@ TEST_F(TableSelection, frames_whole_rows_columns_reversed_and_overlong_ranges) {
     }
 }
 
-TEST_F(TableSelection, takes_in_a_merge_that_it_cuts) {
+TEST_F(DrawnSelection, takes_in_a_merge_that_it_cuts) {
     table.mergeCells(1, 2, 1, 2);
     table.setSubSelection(2, 3, 0, 1);
     expectFrame(0, -80, 180, -20);
 }
 
-TEST_F(TableSelection, has_a_grip_in_the_middle_of_each_side) {
+TEST_F(DrawnSelection, has_a_grip_in_the_middle_of_each_side) {
     table.setSubSelection(1, 1, 1, 1);
     const auto polygons = only<Polygon>(drawn());
     ASSERT_EQ(polygons.size(), 3U + 4U + 4U) << "an indicator for each column and row, and the grips";
@@ -88,7 +88,7 @@ TEST_F(TableSelection, has_a_grip_in_the_middle_of_each_side) {
     }
 }
 
-TEST_F(TableSelection, indicators_are_bands_outside_the_first_row_and_column) {
+TEST_F(DrawnSelection, indicators_are_bands_outside_the_first_row_and_column) {
     table.setSubSelection(1, 1, 2, 2);
     const auto polygons = only<Polygon>(drawn());
     for (int column = 0; column < 3; ++column) {
@@ -106,7 +106,7 @@ TEST_F(TableSelection, indicators_are_bands_outside_the_first_row_and_column) {
     EXPECT_NE(polygons[3].color, polygons[4].color) << "and the selected row's";
 }
 
-TEST_F(TableSelection, indicators_bear_letters_and_numbers_that_fit) {
+TEST_F(DrawnSelection, indicators_bear_letters_and_numbers_that_fit) {
     table.setSubSelection(0, 0, 0, 0);
     const auto texts = only<Text>(drawn());
     std::vector<std::wstring> labels;
@@ -117,7 +117,7 @@ TEST_F(TableSelection, indicators_bear_letters_and_numbers_that_fit) {
     EXPECT_NEAR(texts[3].origin.x + 0.5 * texts[3].width, -0.5 * band, 1e-9);
 }
 
-TEST_F(TableSelection, a_long_number_is_written_smaller) {
+TEST_F(DrawnSelection, a_long_number_is_written_smaller) {
     table.setSize(12000, 1);
     table.setSubSelection(0, 0, 0, 0);
     const auto texts = only<Text>(drawn());
