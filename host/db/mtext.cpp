@@ -125,3 +125,8 @@ KdDbExtents KdDbMText::getGeomExtents() const {
 KdString stripMtextFormatting(const KdString& text, KdDbDatabase*, const KdDbObjectId&) {
     return kdhost::text::strip(text.str());
 }
+
+KdString stripMtextFormatting(KdString&& text, KdDbDatabase*, const KdDbObjectId&) {
+    if (kdhost::text::isPlain(text.str())) return std::move(text);
+    return kdhost::text::strip(text.str());
+}

@@ -22,8 +22,12 @@ struct CFile::Handle {
         int cause;
     };
 
-    Handle(int descriptor, bool buffered) : m_descriptor(descriptor), m_buffer(buffered ? kBufferSize : 0) {}
-    ~Handle() { ::close(m_descriptor); }
+    Handle(int descriptor, bool buffered, Room& room)
+        : m_descriptor(descriptor), m_buffer(buffered ? kBufferSize : 0), m_room(room) {}
+    ~Handle() {
+        m_room = {};
+        ::close(m_descriptor);
+    }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
 
@@ -45,34 +49,29 @@ struct CFile::Handle {
         return done;
     }
 
+    /// Writes what the room has no place for.
     void write(const char* bytes, std::size_t count) {
         if (count == 0) return;
         dropReadAhead();
-        if (count <= m_buffer.size() - m_unwritten) {
-            std::memcpy(m_buffer.data() + m_unwritten, bytes, count);
-            m_unwritten += count;
-            return;
-        }
         flush();
-        if (count < m_buffer.size()) {
-            std::memcpy(m_buffer.data(), bytes, count);
-            m_unwritten = count;
-        } else {
-            writeAll(bytes, count);
-        }
+        if (count >= m_buffer.size()) return writeAll(bytes, count);
+        m_room = {m_buffer.data(), m_buffer.data() + m_buffer.size()};
+        std::memcpy(m_room.next, bytes, count);
+        m_room.next += count;
     }
 
-    /// Bytes that the system doesn't take stay in the buffer.
+    /// Leaves no room, so that the buffer can serve for reading. Bytes that the system doesn't take stay in it.
     void flush() {
+        const std::size_t count = unwritten();
         std::size_t done = 0;
         try {
-            while (done < m_unwritten) done += writeSome(m_buffer.data() + done, m_unwritten - done);
+            while (done < count) done += writeSome(m_buffer.data() + done, count - done);
         } catch (const Failure&) {
-            std::memmove(m_buffer.data(), m_buffer.data() + done, m_unwritten - done);
-            m_unwritten -= done;
+            std::memmove(m_buffer.data(), m_buffer.data() + done, count - done);
+            m_room.next -= done;
             throw;
         }
-        m_unwritten = 0;
+        m_room = {};
     }
 
     std::uint64_t seek(std::int64_t offset, int whence) {
@@ -84,18 +83,22 @@ struct CFile::Handle {
 
     std::uint64_t position() const {
         const std::uint64_t system = seekSystem(0, SEEK_CUR);
-        return system - (m_readEnd - m_readBegin) + m_unwritten;
+        return system - (m_readEnd - m_readBegin) + unwritten();
     }
 
     std::uint64_t length() const {
         struct stat status {};
         if (::fstat(m_descriptor, &status) != 0) throw Failure{errno};
         const auto onDisk = static_cast<std::uint64_t>(status.st_size);
-        return m_unwritten == 0 ? onDisk : std::max(onDisk, position());
+        return unwritten() == 0 ? onDisk : std::max(onDisk, position());
     }
 
 private:
     static constexpr std::size_t kBufferSize = 0x10000;
+
+    std::size_t unwritten() const {
+        return m_room.next == nullptr ? 0 : static_cast<std::size_t>(m_room.next - m_buffer.data());
+    }
 
     std::size_t takeReadAhead(char* out, std::size_t count) {
         const std::size_t taken = std::min(count, m_readEnd - m_readBegin);
@@ -145,7 +148,7 @@ private:
 
     int m_descriptor;
     std::vector<char> m_buffer;
-    std::size_t m_unwritten = 0;
+    Room& m_room;
     std::size_t m_readBegin = 0;
     std::size_t m_readEnd = 0;
 };
@@ -217,7 +220,7 @@ bool CFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
         if (error != nullptr) *error = CFileException(-descriptor, path == nullptr ? L"" : path);
         return false;
     }
-    m_handle = std::make_unique<Handle>(descriptor, m_buffered);
+    m_handle = std::make_unique<Handle>(descriptor, m_buffered, m_room);
     m_path = path;
     return true;
 }
@@ -236,7 +239,7 @@ UINT CFile::Read(void* buffer, UINT count) {
     return onHandle([&](Handle& file) { return static_cast<UINT>(file.read(static_cast<char*>(buffer), count)); });
 }
 
-void CFile::Write(const void* buffer, UINT count) {
+void CFile::writeThrough(const void* buffer, UINT count) {
     onHandle([&](Handle& file) { file.write(static_cast<const char*>(buffer), count); });
 }
 

@@ -89,7 +89,7 @@ bool KfCharFormatter::parseCIF(const char* text, wchar_t& character) {
     return true;
 }
 
-int KfCharFormatter::wcharToAnsiOrUtf8(wchar_t character, char* out, unsigned size, bool ansi, bool escapes,
+int KfCharFormatter::encodeAnsiOrUtf8(wchar_t character, char* out, unsigned size, bool ansi, bool escapes,
                                        bool lineEnds) {
     Bytes bytes;
     if (lineEnds && character == L'\n') bytes.push("\r");

@@ -56,4 +56,8 @@ double widestWord(const std::wstring& contents, const Font& font, double textHei
 /// hard blank as a blank.
 std::wstring strip(const std::wstring& contents);
 
+/// Whether the text reads as it stands, since nothing in it can begin a code. Most texts of a large table are
+/// such, and taking them apart would cost more than all else that is done with them.
+bool isPlain(const std::wstring& contents);
+
 }  // namespace kdhost::text

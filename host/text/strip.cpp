@@ -1,11 +1,20 @@
 // The text as it is read, without its formatting codes.
 
+#include <algorithm>
+
 #include "host/text/layout.h"
 #include "host/text/tokens.h"
 
 namespace kdhost::text {
 
+bool isPlain(const std::wstring& contents) {
+    return std::none_of(contents.begin(), contents.end(), [](wchar_t c) {
+        return c == L'\\' || c == L'%' || c == L'{' || c == L'}' || c == L'\r';
+    });
+}
+
 std::wstring strip(const std::wstring& contents) {
+    if (isPlain(contents)) return contents;
     std::wstring read;
     read.reserve(contents.size());
     for (const Token& token : parse(contents)) {

@@ -47,22 +47,25 @@ void writeOutSilently(KdCharacterCoding& coding, CFile& file) {
 }  // namespace
 
 KdCharacterCoding::KdCharacterCoding(Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
-    : m_encoding(encoding),
-      m_escapes(escapes),
-      m_lineEnds(lineEnds),
+    : m_form{encoding, escapes, lineEnds},
       m_buffer(bufferSize >= longestCharacter ? std::make_unique_for_overwrite<char[]>(bufferSize) : nullptr),
       m_bufferSize(bufferSize),
       m_reserved(longestCharacter) {}
 
-void KdCharacterCoding::write(CFile& file, wchar_t character) {
-    if (m_buffer == nullptr) {
-        std::array<char, longestCharacter> bytes;
-        const int made = encode(character, bytes.data());
-        if (made > 0) file.Write(bytes.data(), static_cast<UINT>(made));
-        return;
+// The form is copied, since any byte written might otherwise have changed it.
+template <class File>
+void KdCharacterCoding::write(File& file, const wchar_t* text, const wchar_t* end) {
+    const Form form = m_form;
+    for (; text != end; ++text) {
+        if (m_buffer == nullptr) {
+            std::array<char, longestCharacter> bytes;
+            const int made = encode(form, *text, bytes.data());
+            if (made > 0) file.Write(static_cast<const void*>(bytes.data()), static_cast<UINT>(made));
+        } else {
+            m_bufferFill += static_cast<std::uint32_t>(encode(form, *text, m_buffer.get() + m_bufferFill));
+            if (m_bufferSize - m_bufferFill < m_reserved) writeBuffer(file);
+        }
     }
-    m_bufferFill += static_cast<std::uint32_t>(encode(character, m_buffer.get() + m_bufferFill));
-    if (m_bufferSize - m_bufferFill < m_reserved) writeBuffer(file);
 }
 
 void KdCharacterCoding::writeBuffer(CFile& file) {
@@ -72,32 +75,30 @@ void KdCharacterCoding::writeBuffer(CFile& file) {
     file.Write(m_buffer.get(), count);
 }
 
-int KdCharacterCoding::encode(wchar_t character, char* out) const {
-    switch (m_encoding) {
-        case kAnsi:
-        case kUtf8:
-            return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, m_encoding == kAnsi, m_escapes,
-                                                      m_lineEnds);
-        case kUtf16:
-        case kUtf16Swapped:
-            return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, m_encoding == kUtf16, m_lineEnds);
-        default:
-            return 0;
+int KdCharacterCoding::encode(Form form, wchar_t character, char* out) {
+    const auto [encoding, escapes, lineEnds] = form;
+    if (encoding == kAnsi || encoding == kUtf8) {
+        return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, encoding == kAnsi, escapes,
+                                                  lineEnds);
     }
+    if (encoding == kUtf16 || encoding == kUtf16Swapped) {
+        return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, encoding == kUtf16, lineEnds);
+    }
+    return 0;
 }
 
 bool KdCharacterCoding::read(CFile& file, wchar_t& character) {
     writeBuffer(file);
     if (!readOne(file, character)) return false;
-    if (m_encoding == kAnsi && m_escapes && character == L'\\')
+    if (m_form.encoding == kAnsi && m_form.escapes && character == L'\\')
         readEscape(file, character);
-    else if (m_lineEnds && character == L'\r')
+    else if (m_form.lineEnds && character == L'\r')
         joinLineEnd(file, character);
     return true;
 }
 
 bool KdCharacterCoding::readOne(CFile& file, wchar_t& character) const {
-    switch (m_encoding) {
+    switch (m_form.encoding) {
         case kAnsi:
             return readAnsi(file, character);
         case kUtf8:
@@ -130,7 +131,7 @@ bool KdCharacterCoding::readUtf16(CFile& file, wchar_t& character) const {
 }
 
 wchar_t KdCharacterCoding::fromUtf16(const std::array<unsigned char, 2>& bytes) const {
-    const bool lowFirst = (std::endian::native == std::endian::little) == (m_encoding == kUtf16);
+    const bool lowFirst = (std::endian::native == std::endian::little) == (m_form.encoding == kUtf16);
     return static_cast<wchar_t>(lowFirst ? bytes[0] | (bytes[1] << 8) : (bytes[0] << 8) | bytes[1]);
 }
 
@@ -157,7 +158,7 @@ void KdCharacterCoding::readEscape(CFile& file, wchar_t& character) {
 /// A carriage return was read; with a line feed behind it the two are one line feed. What else follows is put
 /// back.
 void KdCharacterCoding::joinLineEnd(CFile& file, wchar_t& character) const {
-    const bool wide = m_encoding == kUtf16 || m_encoding == kUtf16Swapped;
+    const bool wide = m_form.encoding == kUtf16 || m_form.encoding == kUtf16Swapped;
     std::array<unsigned char, 2> next{};
     const UINT unit = wide ? 2 : 1;
     const UINT got = file.Read(next.data(), unit);
@@ -186,7 +187,7 @@ UINT KdCFile::Read(wchar_t* text, unsigned count) {
 }
 
 void KdCFile::Write(const wchar_t* text, unsigned count) {
-    for (unsigned i = 0; i < count; ++i) m_coding.write(*this, text[i]);
+    m_coding.write(*this, text, text + count);
 }
 
 void KdCFile::Write(const wchar_t* text) {
@@ -229,8 +230,7 @@ KdCStdioFile::~KdCStdioFile() {
 }
 
 void KdCStdioFile::WriteString(const wchar_t* text) {
-    if (text == nullptr) return;
-    for (; *text != 0; ++text) m_coding.write(*this, *text);
+    if (text != nullptr) m_coding.write(*this, text, text + std::wcslen(text));
 }
 
 wchar_t* KdCStdioFile::ReadString(wchar_t* text, unsigned size) {

@@ -23,8 +23,10 @@ public:
     /// none: each character is then written on its own.
     KdCharacterCoding(Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize);
 
-    /// Writes one character, or keeps its bytes in the buffer. An encoding that there isn't makes no bytes.
-    void write(CFile& file, wchar_t character);
+    /// Writes characters one by one, or keeps their bytes in the buffer. An encoding that there isn't makes no
+    /// bytes.
+    template <class File>
+    void write(File& file, const wchar_t* text, const wchar_t* end);
     /// Writes out what the buffer holds.
     void writeBuffer(CFile& file);
 
@@ -33,7 +35,14 @@ public:
     bool read(CFile& file, wchar_t& character);
 
 private:
-    int encode(wchar_t character, char* out) const;
+    /// What decides over a character's bytes.
+    struct Form {
+        std::int32_t encoding;
+        bool escapes;
+        bool lineEnds;
+    };
+
+    static int encode(Form form, wchar_t character, char* out);
     bool readOne(CFile& file, wchar_t& character) const;
     bool readUtf8(CFile& file, wchar_t& character) const;
     bool readUtf16(CFile& file, wchar_t& character) const;
@@ -42,9 +51,7 @@ private:
     static void readEscape(CFile& file, wchar_t& character);
     void joinLineEnd(CFile& file, wchar_t& character) const;
 
-    std::int32_t m_encoding;
-    bool m_escapes;
-    bool m_lineEnds;
+    const Form m_form;
     std::unique_ptr<char[]> m_buffer;  ///< null for direct writing
     std::uint32_t m_bufferSize;
     std::uint32_t m_bufferFill = 0;
@@ -53,7 +60,7 @@ private:
 
 /// A file of wide text, read and written in pieces of any length. Every operation throws CFileException when
 /// the file can't carry it out.
-class KdCFile : public CFile {
+class KdCFile final : public CFile {
 public:
     KdCFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize = 0);
     KdCFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
@@ -79,7 +86,7 @@ private:
 
 /// A file of wide text, read and written in lines. It throws as KdCFile does. Bytes written as they are go past
 /// the buffer; Flush() comes first where their order matters.
-class KdCStdioFile : public CStdioFile {
+class KdCStdioFile final : public CStdioFile {
 public:
     KdCStdioFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize = 0);
     KdCStdioFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,

@@ -11,6 +11,7 @@
 #include <clocale>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "kd/db/database.h"
 #include "kd/db/field.h"
@@ -28,6 +29,7 @@ namespace {
 
 constexpr const wchar_t* blank = L" ";
 constexpr wchar_t separator = L',';
+constexpr wchar_t quote = L'"';
 constexpr int fileDialogFlags = 33;
 constexpr UINT fileFlags = 36865;  // create, write, binary
 
@@ -114,7 +116,7 @@ class CellText {
 public:
     explicit CellText(const KdDbTable& table) : m_table(table), m_blockLabel(loadText(2062)) {}
 
-    void append(int row, int column, std::wstring& line) const {
+    void append(int row, int column, std::wstring& line) {
         switch (m_table.cellType(row, column)) {
             case KdDb::kTextCell:
                 return m_table.contentType(row, column) == KdDb::kCellContentTypeValue ? appendText(row, column, line)
@@ -129,7 +131,7 @@ public:
     }
 
 private:
-    void appendFirstContent(int row, int column, std::wstring& line) const {
+    void appendFirstContent(int row, int column, std::wstring& line) {
         switch (m_table.contentType(row, column, 0)) {
             case KdDb::kCellContentTypeValue:
                 return appendText(row, column, line);
@@ -142,22 +144,24 @@ private:
         }
     }
 
-    void appendText(int row, int column, std::wstring& line) const {
+    void appendText(int row, int column, std::wstring& line) {
         const wchar_t* const text = m_table.textString(row, column);
         if (text == nullptr || *text == 0) {
             line += blank;
-        } else {
-            appendQuoted(row, column, text, line);
+            return;
         }
+        m_text.assign(text);
+        appendQuoted(row, column, line);
     }
 
-    void appendField(int row, int column, std::wstring& line) const {
+    void appendField(int row, int column, std::wstring& line) {
         const OpenObject<KdDbField> field(m_table.fieldId(row, column), KdDb::kForRead);
-        if (field) {
-            appendQuoted(row, column, field->getFieldCode(KdDbField::kEvaluatedText, nullptr, KdDb::kForRead), line);
-        } else {
+        if (!field) {
             line += blank;
+            return;
         }
+        m_text = field->getFieldCode(KdDbField::kEvaluatedText, nullptr, KdDb::kForRead);
+        appendQuoted(row, column, line);
     }
 
     void appendBlock(KdDbObjectId id, std::wstring& line) const {
@@ -170,23 +174,26 @@ private:
         }
     }
 
-    void appendQuoted(int row, int column, const KdString& text, std::wstring& line) const {
-        const KdString plain = stripMtextFormatting(text, m_table.database(), m_table.textStyle(row, column));
-        line += L'"';
-        for (const wchar_t character : plain.str()) {
-            if (character == L'"') line += L'"';
-            line += character;
+    /// Appends the text in hand.
+    void appendQuoted(int row, int column, std::wstring& line) {
+        m_text = stripMtextFormatting(std::move(m_text), m_table.database(), m_table.textStyle(row, column));
+        line += quote;
+        std::wstring_view rest = m_text.str();
+        for (std::size_t at = rest.find(quote); at != rest.npos; at = rest.find(quote)) {
+            line.append(rest.substr(0, at + 1)).push_back(quote);
+            rest.remove_prefix(at + 1);
         }
-        line += L'"';
+        line.append(rest).push_back(quote);
     }
 
     const KdDbTable& m_table;
     CStdStr<wchar_t> m_blockLabel;
+    KdString m_text;  ///< in hand; its memory serves from cell to cell
 };
 
 /// Every separator at the end of a line goes, also one that a block's name ends in.
 void writeRows(const KdDbTable& table, KdCStdioFile& file) {
-    const CellText cells(table);
+    CellText cells(table);
     const int rows = table.numRows();
     const int columns = table.numColumns();
     std::wstring line;

@@ -1,7 +1,9 @@
 // CFile and CStdioFile: files under the class framework's names.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
@@ -47,8 +49,16 @@ public:
     virtual bool Open(const wchar_t* path, UINT flags, CFileException* error = nullptr);
     /// Returns the number of bytes read, less than `count` only at the end of the file. Throws.
     virtual UINT Read(void* buffer, UINT count);
-    /// Writes all bytes or throws.
-    virtual void Write(const void* buffer, UINT count);
+    /// Writes all bytes or throws. What fits the buffer costs no call, so that text can be written byte by byte.
+    virtual void Write(const void* buffer, UINT count) {
+        if (count > static_cast<std::size_t>(m_room.end - m_room.next)) return writeThrough(buffer, count);
+        if (count == 1) {
+            *m_room.next++ = *static_cast<const char*>(buffer);
+        } else if (count > 0) {
+            std::memcpy(m_room.next, buffer, count);
+            m_room.next += count;
+        }
+    }
     /// Returns the new position from the start. Throws.
     virtual std::uint64_t Seek(std::int64_t offset, UINT from);
     virtual std::uint64_t GetPosition() const;
@@ -71,7 +81,16 @@ private:
     /// Does its work on the open file and turns a failure into the exception.
     template <class Work>
     auto onHandle(Work work) const;
+    /// Writes what the buffer has no room for.
+    void writeThrough(const void* buffer, UINT count);
 
+    /// Where the next bytes to be written go; none without a buffer, and while the buffer holds bytes read ahead.
+    struct Room {
+        char* next = nullptr;
+        char* end = nullptr;
+    };
+
+    Room m_room;  ///< of the handle's buffer
     std::unique_ptr<Handle> m_handle;
     std::wstring m_path;
     bool m_buffered = false;

@@ -57,3 +57,5 @@ public:
 /// The text without its formatting codes, as it is read: paragraphs become line feeds, stacked fractions
 /// "a/b", "%%d" and its like their characters.
 KdString stripMtextFormatting(const KdString& text, KdDbDatabase* database, const KdDbObjectId& textStyle);
+/// The same for a text that is given away; one without codes comes back without a copy.
+KdString stripMtextFormatting(KdString&& text, KdDbDatabase* database, const KdDbObjectId& textStyle);
