@@ -290,7 +290,6 @@ constexpr Goal goals[] = {
     {"import to rows, 100,000 x 8, to Python csv", "import/100000", "python_read/100000", 0.50, 0.25},
     {"import to rows, 10,000 x 8, to the pattern", "import/10000", "pattern/10000", 0.06, 0.03},
     {"import to rows, 100,000 x 8, to sqlite3 .import", "import/100000", "sqlite/100000", 0.75, 0.35},
-    {"import to rows, 10,000 to 100,000 rows", "import/100000", "import/10000", 11, 10},
     {"import to rows, 100,000 to 1,000,000 rows", "import/1000000", "import/100000", 14, 11},
     {"a line of 1 MB, in ms", "line", "", 20, 8},
     {"import to a table, 10,000 to 100,000 rows", "import_table/100000", "import_table/10000", 11, 10},

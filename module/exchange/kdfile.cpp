@@ -52,6 +52,18 @@ KdCharacterCoding::KdCharacterCoding(Encoding encoding, bool escapes, bool lineE
       m_bufferSize(bufferSize),
       m_reserved(longestCharacter) {}
 
+inline int KdCharacterCoding::encode(Form form, wchar_t character, char* out) {
+    const auto [encoding, escapes, lineEnds] = form;
+    if (encoding == kAnsi || encoding == kUtf8) {
+        return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, encoding == kAnsi, escapes,
+                                                  lineEnds);
+    }
+    if (encoding == kUtf16 || encoding == kUtf16Swapped) {
+        return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, encoding == kUtf16, lineEnds);
+    }
+    return 0;
+}
+
 // The form is copied, since any byte written might otherwise have changed it.
 template <class File>
 void KdCharacterCoding::write(File& file, const wchar_t* text, const wchar_t* end) {
@@ -73,18 +85,6 @@ void KdCharacterCoding::writeBuffer(CFile& file) {
     // Emptied first: writing bytes asks for the buffer to be written out before them.
     const std::uint32_t count = std::exchange(m_bufferFill, 0);
     file.Write(m_buffer.get(), count);
-}
-
-int KdCharacterCoding::encode(Form form, wchar_t character, char* out) {
-    const auto [encoding, escapes, lineEnds] = form;
-    if (encoding == kAnsi || encoding == kUtf8) {
-        return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, encoding == kAnsi, escapes,
-                                                  lineEnds);
-    }
-    if (encoding == kUtf16 || encoding == kUtf16Swapped) {
-        return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, encoding == kUtf16, lineEnds);
-    }
-    return 0;
 }
 
 bool KdCharacterCoding::read(CFile& file, wchar_t& character) {
