@@ -207,16 +207,20 @@ TEST_F(TableExport, A_block_that_cannot_be_opened_is_a_blank) {
     EXPECT_EQ(exportedCell([](KdDbTable& table) { table.setCellType(2, 0, KdDb::kBlockCell); }), " \n");
 }
 
-TEST_F(TableExport, A_field_is_its_quoted_text) {
+TEST_F(TableExport, A_field_is_its_quoted_evaluated_text) {
+    QByteArray evaluated;
     const QByteArray cell = exportedCell([&](KdDbTable& table) {
         auto* const field = new KdDbField;
         field->setFieldCode(L"\\AcExpr (1+2)");
         EXPECT_EQ(field->postInDatabase(&host.database()), Kdad::eOk);
         const KdDbObjectId id = field->objectId();
+        evaluated = QString::fromStdWString(field->getFieldCode(KdDbField::kEvaluatedText).str()).toUtf8();
         field->close();
         table.setFieldId(2, 0, id);
     });
-    EXPECT_EQ(cell, "\"3\"\n");
+    EXPECT_FALSE(evaluated.isEmpty());
+    EXPECT_FALSE(evaluated.contains("AcExpr"));
+    EXPECT_EQ(cell, '"' + evaluated + "\"\n");
 }
 
 TEST_F(TableExport, A_field_that_cannot_be_opened_is_a_blank) {
