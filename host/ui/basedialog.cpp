@@ -176,13 +176,14 @@ void KdUiBaseDialog::setWindowIcon() {
 namespace {
 
 /// Connects a signal given by its name; false when the sender doesn't have it.
-bool connectByName(QObject& sender, const char* signal, QObject& receiver, const char* slot) {
+bool connectByName(QObject& sender, const char* signal, QObject& receiver, const char* slot,
+                   Qt::ConnectionType type = Qt::AutoConnection) {
     const QByteArray signature = QMetaObject::normalizedSignature(signal);
     const int signalIndex = sender.metaObject()->indexOfSignal(signature.constData());
     const int slotIndex = receiver.metaObject()->indexOfSlot(slot);
     if (signalIndex < 0 || slotIndex < 0) return false;
     return QObject::connect(&sender, sender.metaObject()->method(signalIndex), &receiver,
-                            receiver.metaObject()->method(slotIndex));
+                            receiver.metaObject()->method(slotIndex), type);
 }
 
 }  // namespace
@@ -198,11 +199,12 @@ bool KdUiBaseDialog::connectControl(const char* name, const char* signal, std::f
     return true;
 }
 
-bool KdUiBaseDialog::connectNotification(const char* name, const char* signal, NotifyHandler handler) {
+bool KdUiBaseDialog::connectNotification(const char* name, const char* signal, NotifyHandler handler,
+                                         Qt::ConnectionType type) {
     QWidget* control = getWidgetsFromOrignal(name);
     if (control == nullptr) return false;
     auto relay = std::make_unique<SignalRelay>(this, std::move(handler));
-    if (!connectByName(*control, signal, *relay, "notify(NMHDR*,LRESULT*)")) return false;
+    if (!connectByName(*control, signal, *relay, "notify(NMHDR*,LRESULT*)", type)) return false;
     relay.release();  // the dialog is its parent
     return true;
 }

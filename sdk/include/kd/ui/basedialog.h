@@ -70,7 +70,8 @@ public:
     /// control or signal; nothing is connected then.
     bool connectControl(const char* name, const char* signal, std::function<void()> handler);
     using NotifyHandler = std::function<void(NMHDR*, LRESULT*)>;
-    bool connectNotification(const char* name, const char* signal, NotifyHandler handler);
+    bool connectNotification(const char* name, const char* signal, NotifyHandler handler,
+                             Qt::ConnectionType type = Qt::AutoConnection);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
