@@ -4,10 +4,11 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QStyledItemDelegate>
-#include <functional>
 #include <optional>
 
+#include "host/ui/virtualkeys.h"
 #include "kd/ui/basedialog.h"
 #include "kd/ui/widgets.h"
 
@@ -16,6 +17,7 @@ namespace {
 /// Gives a notification to the dialog that the list stands in. Returns what the dialog answered.
 LRESULT notifyDialog(const KdUiListWidget& list, NMHDR* header) {
     LRESULT result = 0;
+    if (list.signalsBlocked()) return result;
     for (QWidget* parent = list.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
         if (auto* dialog = qobject_cast<KdUiBaseDialog*>(parent)) {
             dialog->OnListNotify(list.objectName().toUtf8().constData(), header, &result);
@@ -32,25 +34,6 @@ NMLISTVIEW itemNotice(KdUiListWidget& list, int code, int row) {
     return notice;
 }
 
-/// The key's number on the platform that the notification's shape comes from.
-WORD virtualKey(const QKeyEvent& event) {
-    switch (event.key()) {
-        case Qt::Key_Delete:
-            return VK_DELETE;
-        case Qt::Key_F2:
-            return VK_F2;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return VK_RETURN;
-        case Qt::Key_Escape:
-            return VK_ESCAPE;
-        case Qt::Key_Tab:
-            return VK_TAB;
-        default:
-            return event.key() < 0x100 ? static_cast<WORD>(event.key()) : WORD{0};
-    }
-}
-
 /// Edits a row's text in place; the typed text goes to the dialog, which decides what the row shows.
 class LabelDelegate : public QStyledItemDelegate {
 public:
@@ -61,6 +44,22 @@ public:
     }
 
     void begin(int row) { m_row = row; }
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+        m_editor = qobject_cast<QLineEdit*>(editor);
+        if (m_editor != nullptr) m_editor->setObjectName(QStringLiteral("LabelEdit"));
+        return editor;
+    }
+
+    /// A row that goes away takes its edit with it, untold like all that the program does to rows.
+    void destroyEditor(QWidget* editor, const QModelIndex& index) const override {
+        m_row = -1;
+        QStyledItemDelegate::destroyEditor(editor, index);
+    }
+
+    QLineEdit* editor() const { return m_row < 0 ? nullptr : m_editor.data(); }
 
     void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const override {
         if (auto* edit = qobject_cast<QLineEdit*>(editor)) finish(edit->text());
@@ -86,6 +85,7 @@ private:
 
     KdUiListWidget* m_list;
     mutable int m_row = -1;
+    mutable QPointer<QLineEdit> m_editor;
 };
 
 }  // namespace
@@ -97,6 +97,8 @@ KdUiListWidget::KdUiListWidget(QWidget* parent) : QListWidget(parent) {
 }
 
 bool KdUiListWidget::editLabel(int row) {
+    // The edit that is open loses the focus, which ends it.
+    if (state() == EditingState) setFocus(Qt::OtherFocusReason);
     QListWidgetItem* edited = item(row);
     if (edited == nullptr) return false;
     NMLVDISPINFO notice;
@@ -105,14 +107,21 @@ bool KdUiListWidget::editLabel(int row) {
     const std::wstring text = edited->text().toStdWString();
     notice.pszText = text.c_str();
     if (notifyDialog(*this, &notice.hdr) != 0) return false;
+    edited = item(row);
+    if (edited == nullptr) return false;
     static_cast<LabelDelegate*>(itemDelegate())->begin(row);
     edited->setFlags(edited->flags() | Qt::ItemIsEditable);
     editItem(edited);
     return true;
 }
 
+QLineEdit* KdUiListWidget::labelEditor() const {
+    return static_cast<LabelDelegate*>(itemDelegate())->editor();
+}
+
 void KdUiListWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListWidget::selectionChanged(selected, deselected);
+    if (signalsBlocked()) return;
     const auto tell = [this](const QItemSelection& changed, UINT newState, UINT oldState) {
         for (const QModelIndex& index : changed.indexes()) {
             NMLISTVIEW notice = itemNotice(*this, LVN_ITEMCHANGED, index.row());
@@ -159,6 +168,6 @@ void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
     if (editing) return;
     NMLVKEYDOWN notice;
     notice.hdr = {this, LVN_KEYDOWN};
-    notice.wVKey = virtualKey(*event);
+    notice.wVKey = kdhost::virtualKey(*event);
     notifyDialog(*this, &notice.hdr);
 }
