@@ -132,6 +132,7 @@ KdUiComboBox::KdUiComboBox(QWidget* parent) : QComboBox(parent) {}
 
 void KdUiComboBox::setComboBoxStyle(int style) {
     m_style = style;
+    update();  // the samples of another style
 }
 
 void KdUiComboBox::showPopup() {
