@@ -15,8 +15,7 @@
 namespace kdhost {
 
 HostDialog::HostDialog(const char* name, HostText title, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      m_content(new QVBoxLayout(this)) {
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint), m_content(new QVBoxLayout(this)) {
     setObjectName(QString::fromLatin1(name));
     setWindowTitle(hostText(title));
     setWindowIcon(QApplication::windowIcon());

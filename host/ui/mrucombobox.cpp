@@ -61,8 +61,7 @@ bool CKdUiMRUComboBox::Create(QWidget* widget, unsigned control) {
     if (qobject_cast<QComboBox*>(widget) == nullptr && qobject_cast<QListWidget*>(widget) == nullptr) return false;
     Attach(widget);
     std::array<wchar_t, 1024> tip{};
-    if (control != 0 &&
-        LoadStringW(AfxGetResourceHandle(), control, tip.data(), static_cast<int>(tip.size())) > 0) {
+    if (control != 0 && LoadStringW(AfxGetResourceHandle(), control, tip.data(), static_cast<int>(tip.size())) > 0) {
         widget->setToolTip(QString::fromWCharArray(tip.data()));
     }
     return true;

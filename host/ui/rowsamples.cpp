@@ -81,9 +81,8 @@ void paintColor(QPainter& painter, const QRect& rect, const std::optional<KdCmCo
 }  // namespace
 
 QIcon colorSample(QWidget* box, const std::optional<KdCmColor>& color) {
-    return sample(box, SampleStyle::Color, [color](QPainter& painter, const QRect& rect) {
-        paintColor(painter, rect, color);
-    });
+    return sample(box, SampleStyle::Color,
+                  [color](QPainter& painter, const QRect& rect) { paintColor(painter, rect, color); });
 }
 
 QIcon lineWeightSample(QWidget* box, int weight) {

@@ -160,8 +160,7 @@ private:
         m_italic->setChecked(values.italic);
         m_height->setText(QString::number(values.height, 'g', 12));
         m_width->setText(QString::number(values.widthFactor, 'g', 12));
-        m_current->setText(
-            hostText(HostText::TextStyleCurrent).arg(QString::fromStdWString(m_styles.current())));
+        m_current->setText(hostText(HostText::TextStyleCurrent).arg(QString::fromStdWString(m_styles.current())));
         showSample();
     }
 

@@ -23,6 +23,7 @@ bool losesFocus(const QWidget& widget, Qt::FocusReason reason) {
             const QWidget* own = widget.window();
             if (own->isHidden()) return false;
             const QWidget* active = QApplication::activeWindow();
+            if (active != nullptr && active->windowType() == Qt::Popup) return false;
             const QWidget* modal = QApplication::activeModalWidget();
             return (active != nullptr && active != own) || (modal != nullptr && modal != own);
         }

@@ -9,12 +9,12 @@ inline constexpr int KD_MAX_PATH = 260;
 /// Why a function of this layer that tells so failed, as the platform numbers it; 0 after a success.
 enum LastError : DWORD {
     LAST_NO_ERROR = 0,
-    LAST_PATH_NOT_FOUND = 3,     ///< the folder isn't there
-    LAST_ACCESS_DENIED = 5,      ///< the folder can't be written
-    LAST_FILE_EXISTS = 80,       ///< every name is taken
-    LAST_INVALID_PARAMETER = 87, ///< a null where a text or place is needed
-    LAST_BUFFER_OVERFLOW = 111,  ///< the name would be longer than KD_MAX_PATH
-    LAST_INVALID_NAME = 123,     ///< the prefix holds a path separator
+    LAST_PATH_NOT_FOUND = 3,      ///< the folder isn't there
+    LAST_ACCESS_DENIED = 5,       ///< the folder can't be written
+    LAST_FILE_EXISTS = 80,        ///< every name is taken
+    LAST_INVALID_PARAMETER = 87,  ///< a null where a text or place is needed
+    LAST_BUFFER_OVERFLOW = 111,   ///< the name would be longer than KD_MAX_PATH
+    LAST_INVALID_NAME = 123,      ///< the prefix holds a path separator
 };
 DWORD GetLastError();
 void SetLastError(DWORD code);
