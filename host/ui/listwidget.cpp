@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <optional>
+#include <utility>
 
 #include "host/ui/virtualkeys.h"
 #include "kd/ui/basedialog.h"
@@ -155,11 +156,16 @@ void KdUiListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void KdUiListWidget::contextMenuEvent(QContextMenuEvent* event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    NMLISTVIEW notice = itemNotice(*this, NM_RCLICK, byKey ? currentRow() : row(itemAt(event->pos())));
-    notice.ptAction = {event->x(), event->y()};
+    m_menuKeyServed = byKey;
+    tellRightClick(byKey ? currentRow() : row(itemAt(event->pos())), event->pos());
+    event->accept();
+}
+
+void KdUiListWidget::tellRightClick(int row, const QPoint& place) {
+    NMLISTVIEW notice = itemNotice(*this, NM_RCLICK, row);
+    notice.ptAction = {place.x(), place.y()};
     LRESULT result = notifyDialog(*this, &notice.hdr);
     emit RightClickItem(&notice.hdr, &result);
-    event->accept();
 }
 
 void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
@@ -170,4 +176,10 @@ void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
     notice.hdr = {this, LVN_KEYDOWN};
     notice.wVKey = kdhost::virtualKey(*event);
     notifyDialog(*this, &notice.hdr);
+    // Some platforms make a context menu of the menu key, others leave it at the key.
+    const bool menuKey = event->key() == Qt::Key_Menu ||
+                         (event->key() == Qt::Key_F10 && (event->modifiers() & Qt::ShiftModifier) != 0);
+    if (!menuKey || std::exchange(m_menuKeyServed, false)) return;
+    event->accept();
+    tellRightClick(currentRow(), visualItemRect(currentItem()).center());
 }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -13,6 +14,8 @@
 namespace kdhost {
 
 bool losesFocus(const QWidget& widget, Qt::FocusReason reason) {
+    const QWidget* next = QApplication::focusWidget();
+    if (next != nullptr && next->window()->windowType() == Qt::Popup) return false;
     switch (reason) {
         case Qt::PopupFocusReason:
         case Qt::MenuBarFocusReason:
@@ -23,7 +26,6 @@ bool losesFocus(const QWidget& widget, Qt::FocusReason reason) {
             const QWidget* own = widget.window();
             if (own->isHidden()) return false;
             const QWidget* active = QApplication::activeWindow();
-            if (active != nullptr && active->windowType() == Qt::Popup) return false;
             const QWidget* modal = QApplication::activeModalWidget();
             return (active != nullptr && active != own) || (modal != nullptr && modal != own);
         }
@@ -129,7 +131,10 @@ void KdUiDoubleSpinBox::focusOutEvent(QFocusEvent* event) {
     if (kdhost::losesFocus(*this, event->reason())) emit killFocus();
 }
 
-KdUiComboBox::KdUiComboBox(QWidget* parent) : QComboBox(parent) {}
+KdUiComboBox::KdUiComboBox(QWidget* parent) : QComboBox(parent) {
+    // The style's own delegate has no ear for heights of rows.
+    setItemDelegate(new QStyledItemDelegate(this));
+}
 
 void KdUiComboBox::setComboBoxStyle(int style) {
     m_style = style;

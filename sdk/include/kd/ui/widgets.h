@@ -135,6 +135,12 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+private:
+    void tellRightClick(int row, const QPoint& place);
+
+    /// Set while a menu key has had its menu already, by way of the platform.
+    bool m_menuKeyServed = false;
 };
 
 class KdUiTreeWidget : public QTreeWidget {
