@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <algorithm>
 
 namespace {
@@ -13,6 +14,9 @@ namespace {
 QString qtText(const wchar_t* text) {
     return QString::fromWCharArray(text == nullptr ? L"" : text);
 }
+
+constexpr const char* kEditHeight = "editHeight";
+constexpr const char* kItemHeight = "itemHeight";
 
 /// The rows of either widget, behind one face.
 class Rows {
@@ -39,6 +43,21 @@ public:
     void setData(int row, const QVariant& data) {
         if (m_combo != nullptr) m_combo->setItemData(row, data);
         if (m_list != nullptr) m_list->item(row)->setData(Qt::UserRole, data);
+    }
+
+    /// 0 leaves the height to the widget.
+    void setHeight(int row, int height) {
+        if (height <= 0) return;
+        if (m_combo != nullptr) m_combo->setItemData(row, QSize(0, height), Qt::SizeHintRole);
+        if (m_list != nullptr) m_list->item(row)->setSizeHint(QSize(0, height));
+    }
+
+    /// What stands in the edit part of a box that has one.
+    QString typedText() const {
+        return m_combo != nullptr && m_combo->isEditable() ? m_combo->currentText() : QString();
+    }
+    void setTypedText(const QString& text) {
+        if (m_combo != nullptr && m_combo->isEditable()) m_combo->setEditText(text);
     }
 
     void insert(int row, const QString& text) {
@@ -100,10 +119,14 @@ int CComboBox::InsertString(int row, const wchar_t* text) {
     if (!rows.exist()) return -1;
     const int place = row < 0 || row > rows.count() ? rows.count() : row;
     const int current = rows.current();
-    // A box into which a first row comes shows no row until one is chosen; other rows keep their choice.
+    // A box into which a first row comes shows no row until one is chosen; other rows keep their choice, and
+    // an edit part what was typed.
     const QSignalBlocker quiet(rows.widget());
+    const QString typed = rows.typedText();
     rows.insert(place, qtText(text));
+    rows.setHeight(place, rows.widget()->property(kItemHeight).toInt());
     rows.setCurrent(current >= place ? current + 1 : current);
+    rows.setTypedText(typed);
     return place;
 }
 
@@ -166,23 +189,21 @@ bool CComboBox::GetDroppedState() const {
 }
 
 int CComboBox::SetItemHeight(int row, unsigned height) {
-    auto* combo = widgetAs<QComboBox>();
-    if (combo == nullptr) return -1;
+    Rows rows(*this);
+    if (!rows.exist()) return -1;
+    QWidget& box = *rows.widget();
     const int pixels = static_cast<int>(height);
     if (row < 0) {
-        combo->setProperty("editHeight", pixels);
-        // The frame around the edit part belongs to the style.
-        const int frame = combo->sizeHint().height() - combo->fontMetrics().height();
-        combo->setMinimumHeight(pixels + std::max(0, frame) / 2);
-    } else {
-        combo->setProperty("itemHeight", pixels);
-        combo->setItemData(row, QSize(0, pixels), Qt::SizeHintRole);
+        box.setProperty(kEditHeight, pixels);
+        const int frame = box.style()->pixelMetric(QStyle::PM_ComboBoxFrameWidth, nullptr, &box);
+        if (widgetAs<QComboBox>() != nullptr) box.setMinimumHeight(pixels + 2 * frame);
+        return 0;
     }
+    box.setProperty(kItemHeight, pixels);
+    for (int each = 0; each < rows.count(); ++each) rows.setHeight(each, pixels);
     return 0;
 }
 
 unsigned CComboBox::GetItemHeight(int row) const {
-    const auto* combo = widgetAs<QComboBox>();
-    if (combo == nullptr) return 0;
-    return combo->property(row < 0 ? "editHeight" : "itemHeight").toUInt();
+    return widget() == nullptr ? 0 : widget()->property(row < 0 ? kEditHeight : kItemHeight).toUInt();
 }

@@ -4,7 +4,9 @@
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QButtonGroup>
 #include <QLineEdit>
+#include <algorithm>
 
 namespace {
 
@@ -22,13 +24,27 @@ int CButton::GetCheck() const {
 }
 
 void CButton::SetCheck(int check) {
-    if (auto* button = widgetAs<QAbstractButton>()) button->setChecked(check != 0);
+    auto* button = widgetAs<QAbstractButton>();
+    if (button == nullptr) return;
+    // Qt never unchecks the one checked button of an exclusive group; the program may.
+    QButtonGroup* group = button->group();
+    const bool groupIsExclusive = group != nullptr && group->exclusive();
+    const bool isExclusive = button->autoExclusive();
+    if (check == 0) {
+        if (groupIsExclusive) group->setExclusive(false);
+        button->setAutoExclusive(false);
+    }
+    button->setChecked(check != 0);
+    button->setAutoExclusive(isExclusive);
+    if (groupIsExclusive) group->setExclusive(true);
 }
 
 void CEdit::SetSel(int start, int end) {
     QLineEdit* edit = lineEditOf(widget());
     if (edit == nullptr) return;
-    if (end < 0) {
+    if (start < 0) {
+        edit->deselect();
+    } else if (end < 0) {
         edit->setSelection(start, static_cast<int>(edit->text().size()) - start);
     } else {
         edit->setSelection(start, end - start);
@@ -50,11 +66,24 @@ bool CToolTipCtrl::Create(CWnd* parent) {
 
 bool CToolTipCtrl::AddTool(CWnd* tool, const wchar_t* text) {
     if (tool == nullptr || tool->widget() == nullptr) return false;
-    tool->widget()->setToolTip(QString::fromWCharArray(text == nullptr ? L"" : text));
+    const QString tip = QString::fromWCharArray(text == nullptr ? L"" : text);
+    const auto known =
+        std::find_if(m_tools.begin(), m_tools.end(), [&](const Tool& added) { return added.widget == tool->widget(); });
+    if (known != m_tools.end()) {
+        known->text = tip;
+    } else {
+        m_tools.push_back({tool->widget(), tip});
+    }
+    tool->widget()->setToolTip(m_active ? tip : QString());
     return true;
 }
 
-void CToolTipCtrl::Activate(bool) {}
+void CToolTipCtrl::Activate(bool active) {
+    m_active = active;
+    for (const Tool& tool : m_tools) {
+        if (tool.widget != nullptr) tool.widget->setToolTip(active ? tool.text : QString());
+    }
+}
 
 void CToolTipCtrl::RelayEvent(MSG*) {}
 

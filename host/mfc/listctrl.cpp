@@ -38,7 +38,7 @@ int CListCtrl::InsertItem(int row, const wchar_t* text) {
     auto* list = widgetAs<QListWidget>();
     if (list == nullptr) return -1;
     const int place = std::clamp(row, 0, list->count());
-    const QSignalBlocker quiet(list->selectionModel());
+    const QSignalBlocker quiet(list);
     list->insertItem(place, qtText(text));
     const int mark = GetSelectionMark();
     if (mark >= place) SetSelectionMark(mark + 1);
@@ -50,12 +50,11 @@ bool CListCtrl::DeleteItem(int row) {
     if (list == nullptr || list->item(row) == nullptr) return false;
     const int mark = GetSelectionMark();
     {
-        const QSignalBlocker quiet(list->selectionModel());
+        const QSignalBlocker quiet(list);
         // Otherwise Qt selects the neighbour.
         if (list->currentRow() == row) list->setCurrentItem(nullptr);
         delete list->takeItem(row);
     }
-    list->viewport()->update();
     if (mark == row) SetSelectionMark(-1);
     if (mark > row) SetSelectionMark(mark - 1);
     return true;
@@ -64,7 +63,7 @@ bool CListCtrl::DeleteItem(int row) {
 bool CListCtrl::DeleteAllItems() {
     auto* list = widgetAs<QListWidget>();
     if (list == nullptr) return false;
-    const QSignalBlocker quiet(list->selectionModel());
+    const QSignalBlocker quiet(list);
     list->clear();
     SetSelectionMark(-1);
     return true;
@@ -165,13 +164,15 @@ bool CListCtrl::SortItems(Compare compare, std::int64_t extra) {
     });
     if (rows == before) return true;
 
-    // Rows are moved with what they bear; the choice goes along.
-    const QSignalBlocker quiet(list->selectionModel());
+    // Rows are moved with what they bear; choice and mark go along.
+    const QSignalBlocker quiet(list);
     QListWidgetItem* current = list->currentItem();
+    QListWidgetItem* marked = list->item(GetSelectionMark());
     const QList<QListWidgetItem*> selected = list->selectedItems();
     while (list->count() > 0) list->takeItem(list->count() - 1);
     for (QListWidgetItem* item : rows) list->addItem(item);
     list->setCurrentItem(current, QItemSelectionModel::NoUpdate);
     for (QListWidgetItem* item : selected) item->setSelected(true);
+    if (marked != nullptr) SetSelectionMark(list->row(marked));
     return true;
 }

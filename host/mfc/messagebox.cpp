@@ -76,6 +76,8 @@ int kdMessageBox(QWidget* parent, const wchar_t* text, const wchar_t* caption, U
         if (known.type == (type & kIconMask)) box.setIcon(known.icon);
     }
     const int pressed = box.exec();
+    // The window below is active again, also where no window manager sees to it.
+    if (parent != nullptr) parent->window()->activateWindow();
     for (const Result& known : kResults) {
         if (known.button == pressed) return known.result;
     }

@@ -2,7 +2,6 @@
 
 #include "mfc/wnd.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVariant>
@@ -18,7 +17,7 @@ namespace {
 
 /// The property that holds a widget's text, by the first that it has.
 const char* textProperty(const QWidget& widget) {
-    constexpr std::array kProperties = {"text", "currentText", "title"};
+    constexpr std::array kProperties = {"text", "currentText", "title", "plainText"};
     if (widget.isWindow()) return "windowTitle";
     for (const char* name : kProperties) {
         if (widget.metaObject()->indexOfProperty(name) >= 0) return name;
@@ -38,6 +37,8 @@ QWidget* textWidget(QWidget* widget) {
 void CWnd::SetWindowTextW(const wchar_t* text) {
     if (m_widget == nullptr) return;
     QWidget* widget = textWidget(m_widget);
+    // Names of the drawing may look like markup.
+    if (auto* label = qobject_cast<QLabel*>(widget)) label->setTextFormat(Qt::PlainText);
     widget->setProperty(textProperty(*widget), QString::fromWCharArray(text == nullptr ? L"" : text));
 }
 
@@ -62,6 +63,7 @@ bool CWnd::IsWindowEnabled() const {
 bool CWnd::ShowWindow(int command) {
     if (m_widget == nullptr) return false;
     const bool wasVisible = m_widget->isVisible();
+    m_widget->setAttribute(Qt::WA_ShowWithoutActivating, command == SW_SHOWNOACTIVATE);
     m_widget->setVisible(command != SW_HIDE);
     return wasVisible;
 }

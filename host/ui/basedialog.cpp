@@ -2,18 +2,19 @@
 
 #include "kd/ui/basedialog.h"
 
-#include <QAction>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QMessageBox>
+#include <QLineEdit>
 #include <QMetaMethod>
 #include <QPushButton>
 #include <QWheelEvent>
 #include <map>
 
+#include "host/ui/keywatcher.h"
 #include "host/ui/signalrelay.h"
 #include "kd/ui/uicreator.h"
 #include "kd/ui/widgets.h"
@@ -26,6 +27,8 @@ struct KdUiBaseDialog::Private {
     bool built = false;
     bool isPage = false;
     bool initialised = false;
+    /// Set by done, so that an end within OnInitDialog is noticed.
+    bool ended = false;
     /// Buttons that the class has connected itself.
     bool connectedOk = false;
     bool connectedCancel = false;
@@ -35,36 +38,51 @@ struct KdUiBaseDialog::Private {
 KdUiBaseDialog::KdUiBaseDialog(CWnd* parent)
     : QDialog(parent != nullptr ? parent->widget() : nullptr), CWnd(this), m_private(std::make_unique<Private>()) {
     m_private->parent = parent;
+    kdhost::KeyWatcher::attach();
 }
 
-KdUiBaseDialog::~KdUiBaseDialog() = default;
+KdUiBaseDialog::~KdUiBaseDialog() {
+    kdhost::KeyWatcher::detach();
+    // A control that loses the focus while Qt takes the window down would call a handler of a class that is gone.
+    qDeleteAll(findChildren<SignalRelay*>(QString(), Qt::FindDirectChildrenOnly));
+}
 
 namespace {
 
-/// The tree's layout and widgets become the dialog's own, so that a control's parent is its dialog.
+/// A widget goes to the dialog as it is: place and hiddenness are kept.
+void adoptWidget(QDialog& dialog, QWidget& widget) {
+    const QRect place = widget.geometry();
+    const bool hidden = widget.isHidden();
+    widget.setParent(&dialog);
+    widget.setGeometry(place);
+    widget.setVisible(!hidden);
+}
+
+/// The tree's layout, widgets and other objects (button groups, actions) become the dialog's own, so that a
+/// control's parent is its dialog.
 void adoptContent(QDialog& dialog, QWidget& root) {
     dialog.setWindowTitle(root.windowTitle());
+    dialog.setAccessibleName(root.accessibleName());
+    dialog.setStyleSheet(root.styleSheet());
+    dialog.setSizePolicy(root.sizePolicy());
     dialog.setMinimumSize(root.minimumSize());
     dialog.setMaximumSize(root.maximumSize());
     dialog.resize(root.size());
-    if (QLayout* layout = root.layout()) {
-        dialog.setLayout(layout);
-        return;
-    }
-    for (QObject* child : root.children()) {
-        auto* widget = qobject_cast<QWidget*>(child);
-        if (widget == nullptr) continue;
-        const QRect place = widget->geometry();
-        const bool hidden = widget->isHidden();
-        widget->setParent(&dialog);
-        widget->setGeometry(place);
-        widget->setVisible(!hidden);
+    if (QLayout* layout = root.layout()) dialog.setLayout(layout);
+    const QObjectList left = root.children();
+    for (QObject* child : left) {
+        if (auto* widget = qobject_cast<QWidget*>(child)) {
+            adoptWidget(dialog, *widget);
+        } else {
+            child->setParent(&dialog);
+        }
     }
 }
 
 }  // namespace
 
 bool KdUiBaseDialog::generateUICtrls(const char* resourcePath, const char* name, int kind, int, int) {
+    if (m_private->built) return false;
     setObjectName(QString::fromUtf8(name));
     m_private->creator = std::make_unique<VqUICreator>(this, QString::fromUtf8(resourcePath), kind);
     m_private->built = m_private->creator->generate(QString::fromUtf8(name));
@@ -72,7 +90,6 @@ bool KdUiBaseDialog::generateUICtrls(const char* resourcePath, const char* name,
     QWidget* root = m_private->creator->widgets().first();
     adoptContent(*this, *root);
     delete root;
-    for (QWidget* widget : m_private->creator->widgets()) widget->installEventFilter(this);
     return true;
 }
 
@@ -90,13 +107,19 @@ CWnd* KdUiBaseDialog::GetDlgItem(const char* name) const {
 
 int KdUiBaseDialog::DoModal() {
     if (!m_private->built) return -1;
+    m_private->ended = false;
     if (!m_private->initialised) {
         m_private->initialised = true;
         OnInitDialog();
     }
-    const int closed = exec();
+    if (!m_private->ended) exec();
     OnDestroy();
-    return closed == QDialog::Accepted ? IDOK : IDCANCEL;
+    return result() == QDialog::Accepted ? IDOK : IDCANCEL;
+}
+
+void KdUiBaseDialog::done(int result) {
+    m_private->ended = true;
+    QDialog::done(result);
 }
 
 void KdUiBaseDialog::becomePage(CWnd* parent, QWidget* host) {
@@ -128,7 +151,10 @@ int KdUiBaseDialog::MessageBoxW(const wchar_t* text, const wchar_t* caption, UIN
 }
 
 void KdUiBaseDialog::GotoDlgCtrl(CWnd* control) {
-    if (control != nullptr) control->SetFocus();
+    if (control == nullptr) return;
+    control->SetFocus();
+    if (auto* edit = control->widgetAs<QLineEdit>()) edit->selectAll();
+    if (auto* box = control->widgetAs<QAbstractSpinBox>()) box->selectAll();
 }
 
 void KdUiBaseDialog::NextDlgCtrl() {
@@ -176,13 +202,15 @@ void KdUiBaseDialog::setWindowIcon() {
 namespace {
 
 /// Connects a signal given by its name; false when the sender doesn't have it.
-bool connectByName(QObject& sender, const char* signal, QObject& receiver, const char* slot) {
+bool connectByName(QObject& sender, const char* signal, QObject& receiver, const char* slot,
+                   Qt::ConnectionType type = Qt::AutoConnection) {
     const QByteArray signature = QMetaObject::normalizedSignature(signal);
     const int signalIndex = sender.metaObject()->indexOfSignal(signature.constData());
     const int slotIndex = receiver.metaObject()->indexOfSlot(slot);
     if (signalIndex < 0 || slotIndex < 0) return false;
-    return QObject::connect(&sender, sender.metaObject()->method(signalIndex), &receiver,
-                            receiver.metaObject()->method(slotIndex));
+    const QMetaMethod from = sender.metaObject()->method(signalIndex);
+    const QMetaMethod to = receiver.metaObject()->method(slotIndex);
+    return QMetaObject::checkConnectArgs(from, to) && QObject::connect(&sender, from, &receiver, to, type);
 }
 
 }  // namespace
@@ -198,40 +226,27 @@ bool KdUiBaseDialog::connectControl(const char* name, const char* signal, std::f
     return true;
 }
 
-bool KdUiBaseDialog::connectNotification(const char* name, const char* signal, NotifyHandler handler) {
+bool KdUiBaseDialog::connectNotification(const char* name, const char* signal, NotifyHandler handler,
+                                         Qt::ConnectionType type) {
     QWidget* control = getWidgetsFromOrignal(name);
     if (control == nullptr) return false;
     auto relay = std::make_unique<SignalRelay>(this, std::move(handler));
-    if (!connectByName(*control, signal, *relay, "notify(NMHDR*,LRESULT*)")) return false;
+    if (!connectByName(*control, signal, *relay, "notify(NMHDR*,LRESULT*)", type)) return false;
     relay.release();  // the dialog is its parent
     return true;
 }
 
-bool KdUiBaseDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        MSG message;
-        message.hwnd = qobject_cast<QWidget*>(watched);
-        message.message = WM_KEYDOWN;
-        switch (key->key()) {
-            case Qt::Key_Return:
-            case Qt::Key_Enter:
-                message.wParam = VK_RETURN;
-                break;
-            case Qt::Key_Escape:
-                message.wParam = VK_ESCAPE;
-                break;
-            default:
-                message.wParam = static_cast<WPARAM>(key->key());
-        }
-        if (PreTranslateMessage(&message)) return true;
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
 void KdUiBaseDialog::closeEvent(QCloseEvent* event) {
     event->ignore();
-    OnCancel();
+    cancelByUser();
+}
+
+void KdUiBaseDialog::cancelByUser() {
+    if (auto* cancel = qobject_cast<QPushButton*>(getWidgetsFromOrignal("IDCANCEL"))) {
+        cancel->click();
+    } else {
+        OnCancel();
+    }
 }
 
 void KdUiBaseDialog::keyPressEvent(QKeyEvent* event) {
@@ -246,11 +261,7 @@ void KdUiBaseDialog::keyPressEvent(QKeyEvent* event) {
             pressDefaultButton();
             break;
         case Qt::Key_Escape:
-            if (auto* cancel = qobject_cast<QPushButton*>(getWidgetsFromOrignal("IDCANCEL"))) {
-                cancel->click();
-            } else {
-                OnCancel();
-            }
+            cancelByUser();
             break;
         case Qt::Key_F1:
             OnHelp();
@@ -260,20 +271,23 @@ void KdUiBaseDialog::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void KdUiBaseDialog::pressDefaultButton() {
+/// The button that has the focus, else the one marked as default, else "IDOK"; null when there is none.
+QPushButton* KdUiBaseDialog::defaultButton() const {
     auto* focused = qobject_cast<QPushButton*>(focusWidget());
-    QPushButton* pressed = focused != nullptr && focused->autoDefault() ? focused : nullptr;
-    if (pressed == nullptr) {
-        for (QPushButton* button : findChildren<QPushButton*>()) {
-            if (button->isDefault()) pressed = button;
-        }
+    if (focused != nullptr && focused->autoDefault()) return focused;
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        if (button->isDefault() && button->isVisibleTo(this)) return button;
     }
-    if (pressed == nullptr) pressed = qobject_cast<QPushButton*>(getWidgetsFromOrignal("IDOK"));
+    return qobject_cast<QPushButton*>(getWidgetsFromOrignal("IDOK"));
+}
+
+void KdUiBaseDialog::pressDefaultButton() {
+    QPointer<QPushButton> pressed = defaultButton();
     if (pressed == nullptr || !pressed->isEnabled()) return;
-    // The focus goes there first, so that the edit it leaves has committed; what the edit objects to may
-    // bring the focus back, and the press is then not done.
+    // The focus goes there first, so that the edit it leaves has committed; an edit that objects brings the
+    // focus back, and the press is then not done. What it commits may disable the button.
     pressed->setFocus(Qt::OtherFocusReason);
-    if (focusWidget() == pressed) pressed->click();
+    if (pressed != nullptr && focusWidget() == pressed) pressed->click();
 }
 
 void KdUiBaseDialog::wheelEvent(QWheelEvent* event) {

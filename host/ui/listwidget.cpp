@@ -4,10 +4,12 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QStyledItemDelegate>
-#include <functional>
 #include <optional>
+#include <utility>
 
+#include "host/ui/virtualkeys.h"
 #include "kd/ui/basedialog.h"
 #include "kd/ui/widgets.h"
 
@@ -16,6 +18,7 @@ namespace {
 /// Gives a notification to the dialog that the list stands in. Returns what the dialog answered.
 LRESULT notifyDialog(const KdUiListWidget& list, NMHDR* header) {
     LRESULT result = 0;
+    if (list.signalsBlocked()) return result;
     for (QWidget* parent = list.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
         if (auto* dialog = qobject_cast<KdUiBaseDialog*>(parent)) {
             dialog->OnListNotify(list.objectName().toUtf8().constData(), header, &result);
@@ -32,25 +35,6 @@ NMLISTVIEW itemNotice(KdUiListWidget& list, int code, int row) {
     return notice;
 }
 
-/// The key's number on the platform that the notification's shape comes from.
-WORD virtualKey(const QKeyEvent& event) {
-    switch (event.key()) {
-        case Qt::Key_Delete:
-            return VK_DELETE;
-        case Qt::Key_F2:
-            return VK_F2;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return VK_RETURN;
-        case Qt::Key_Escape:
-            return VK_ESCAPE;
-        case Qt::Key_Tab:
-            return VK_TAB;
-        default:
-            return event.key() < 0x100 ? static_cast<WORD>(event.key()) : WORD{0};
-    }
-}
-
 /// Edits a row's text in place; the typed text goes to the dialog, which decides what the row shows.
 class LabelDelegate : public QStyledItemDelegate {
 public:
@@ -61,6 +45,22 @@ public:
     }
 
     void begin(int row) { m_row = row; }
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+        m_editor = qobject_cast<QLineEdit*>(editor);
+        if (m_editor != nullptr) m_editor->setObjectName(QStringLiteral("LabelEdit"));
+        return editor;
+    }
+
+    /// A row that goes away takes its edit with it, untold like all that the program does to rows.
+    void destroyEditor(QWidget* editor, const QModelIndex& index) const override {
+        m_row = -1;
+        QStyledItemDelegate::destroyEditor(editor, index);
+    }
+
+    QLineEdit* editor() const { return m_row < 0 ? nullptr : m_editor.data(); }
 
     void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const override {
         if (auto* edit = qobject_cast<QLineEdit*>(editor)) finish(edit->text());
@@ -86,6 +86,7 @@ private:
 
     KdUiListWidget* m_list;
     mutable int m_row = -1;
+    mutable QPointer<QLineEdit> m_editor;
 };
 
 }  // namespace
@@ -97,6 +98,8 @@ KdUiListWidget::KdUiListWidget(QWidget* parent) : QListWidget(parent) {
 }
 
 bool KdUiListWidget::editLabel(int row) {
+    // The edit that is open loses the focus, which ends it.
+    if (state() == EditingState) setFocus(Qt::OtherFocusReason);
     QListWidgetItem* edited = item(row);
     if (edited == nullptr) return false;
     NMLVDISPINFO notice;
@@ -105,14 +108,21 @@ bool KdUiListWidget::editLabel(int row) {
     const std::wstring text = edited->text().toStdWString();
     notice.pszText = text.c_str();
     if (notifyDialog(*this, &notice.hdr) != 0) return false;
+    edited = item(row);
+    if (edited == nullptr) return false;
     static_cast<LabelDelegate*>(itemDelegate())->begin(row);
     edited->setFlags(edited->flags() | Qt::ItemIsEditable);
     editItem(edited);
     return true;
 }
 
+QLineEdit* KdUiListWidget::labelEditor() const {
+    return static_cast<LabelDelegate*>(itemDelegate())->editor();
+}
+
 void KdUiListWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListWidget::selectionChanged(selected, deselected);
+    if (signalsBlocked()) return;
     const auto tell = [this](const QItemSelection& changed, UINT newState, UINT oldState) {
         for (const QModelIndex& index : changed.indexes()) {
             NMLISTVIEW notice = itemNotice(*this, LVN_ITEMCHANGED, index.row());
@@ -146,11 +156,16 @@ void KdUiListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void KdUiListWidget::contextMenuEvent(QContextMenuEvent* event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    NMLISTVIEW notice = itemNotice(*this, NM_RCLICK, byKey ? currentRow() : row(itemAt(event->pos())));
-    notice.ptAction = {event->x(), event->y()};
+    m_menuKeyServed = byKey;
+    tellRightClick(byKey ? currentRow() : row(itemAt(event->pos())), event->pos());
+    event->accept();
+}
+
+void KdUiListWidget::tellRightClick(int row, const QPoint& place) {
+    NMLISTVIEW notice = itemNotice(*this, NM_RCLICK, row);
+    notice.ptAction = {place.x(), place.y()};
     LRESULT result = notifyDialog(*this, &notice.hdr);
     emit RightClickItem(&notice.hdr, &result);
-    event->accept();
 }
 
 void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
@@ -159,6 +174,12 @@ void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
     if (editing) return;
     NMLVKEYDOWN notice;
     notice.hdr = {this, LVN_KEYDOWN};
-    notice.wVKey = virtualKey(*event);
+    notice.wVKey = kdhost::virtualKey(*event);
     notifyDialog(*this, &notice.hdr);
+    // Some platforms make a context menu of the menu key, others leave it at the key.
+    const bool menuKey = event->key() == Qt::Key_Menu ||
+                         (event->key() == Qt::Key_F10 && (event->modifiers() & Qt::ShiftModifier) != 0);
+    if (!menuKey || std::exchange(m_menuKeyServed, false)) return;
+    event->accept();
+    tellRightClick(currentRow(), visualItemRect(currentItem()).center());
 }

@@ -1,16 +1,18 @@
 // Push buttons with pictures and arrow parts.
 
-#include <QBitmap>
+#include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <algorithm>
 
 #include "kd/ui/widgets.h"
 
 namespace {
 
+// Button styles.
 constexpr int kFlat = 2;
 constexpr int kFlatWithArrow = 6;
 
@@ -24,10 +26,15 @@ int arrowWidth(const QWidget& button) {
 KdUiPushButton::KdUiPushButton(QWidget* parent) : QPushButton(parent) {}
 
 void KdUiPushButton::setIcon(const QString& path, const QColor& mask) {
-    QPixmap picture(path);
+    QImage picture(path);
     if (picture.isNull()) return;
-    if (!picture.hasAlphaChannel()) picture.setMask(picture.createMaskFromColor(mask));
-    QPushButton::setIcon(QIcon(picture));
+    picture = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        std::replace_if(
+            line, line + picture.width(), [&](QRgb pixel) { return pixel == mask.rgb(); }, 0U);
+    }
+    QPushButton::setIcon(QIcon(QPixmap::fromImage(picture)));
     setIconSize(picture.size() / picture.devicePixelRatio());
 }
 

@@ -9,7 +9,6 @@
 #include <QTranslator>
 #include <QUiLoader>
 #include <array>
-#include <functional>
 
 #include "host/win32/modules.h"
 #include "kd/ui/menu.h"
@@ -109,7 +108,9 @@ bool VqUICreator::generate(const QString& name) {
         if (!widget->objectName().isEmpty()) m_private->widgets.append(widget);
     }
     m_private->actions.clear();
-    for (QAction* action : root->findChildren<QAction*>()) m_private->actions.append(action);
+    for (QAction* action : root->findChildren<QAction*>()) {
+        if (!action->objectName().isEmpty()) m_private->actions.append(action);
+    }
     return true;
 }
 

@@ -4,7 +4,8 @@
 
 #include <QApplication>
 #include <QFocusEvent>
-
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -13,14 +14,20 @@
 namespace kdhost {
 
 bool losesFocus(const QWidget& widget, Qt::FocusReason reason) {
+    const QWidget* next = QApplication::focusWidget();
+    if (next != nullptr && next->window()->windowType() == Qt::Popup) return false;
     switch (reason) {
         case Qt::PopupFocusReason:
         case Qt::MenuBarFocusReason:
             return false;
         case Qt::ActiveWindowFocusReason: {
-            // Another program in front is no reason to commit; a dialog over this one is.
+            // Another program in front is no reason to commit, nor is the end of the own dialog; another
+            // window of this program is one.
+            const QWidget* own = widget.window();
+            if (own->isHidden()) return false;
+            const QWidget* active = QApplication::activeWindow();
             const QWidget* modal = QApplication::activeModalWidget();
-            return modal != nullptr && modal != widget.window();
+            return (active != nullptr && active != own) || (modal != nullptr && modal != own);
         }
         default:
             return true;
@@ -35,6 +42,13 @@ void KdUiLineEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     if (kdhost::losesFocus(*this, event->reason())) emit killFocus();
 }
+
+namespace {
+
+/// Positions in notifications are whole numbers.
+constexpr double kLargestPosition = 2147483647.0;
+
+}  // namespace
 
 KdUiDoubleSpinBox::KdUiDoubleSpinBox(QWidget* parent) : QAbstractSpinBox(parent) {
     connect(lineEdit(), &QLineEdit::textChanged, this, &KdUiDoubleSpinBox::textChanged);
@@ -63,6 +77,7 @@ void KdUiDoubleSpinBox::setRange(double minimum, double maximum, bool integers, 
     m_maximum = std::max(minimum, maximum);
     m_integers = integers;
     m_wrap = wrap;
+    m_autoStep = true;
 }
 
 void KdUiDoubleSpinBox::setAutoStep(bool on) {
@@ -71,15 +86,9 @@ void KdUiDoubleSpinBox::setAutoStep(bool on) {
 
 void KdUiDoubleSpinBox::stepBy(int steps) {
     if (steps == 0) return;
-    if (m_autoStep) {
-        double stepped = value() + steps;
-        if (stepped > m_maximum) stepped = m_wrap ? m_minimum : m_maximum;
-        if (stepped < m_minimum) stepped = m_wrap ? m_maximum : m_minimum;
-        setValue(stepped);
-    }
     NMUPDOWN notice;
     notice.hdr = {this, UDN_DELTAPOS};
-    notice.iPos = static_cast<int>(value());
+    notice.iPos = static_cast<int>(std::clamp(value(), -kLargestPosition, kLargestPosition));
     notice.iDelta = -steps;
     LRESULT result = 0;
     if (steps > 0) {
@@ -87,10 +96,34 @@ void KdUiDoubleSpinBox::stepBy(int steps) {
     } else {
         emit stepDown(&notice.hdr, &result);
     }
+    if (m_autoStep && result == 0) setValue(stepped(steps));
+}
+
+/// A step goes to the end of the range first; only from the end itself it goes on at the other one.
+double KdUiDoubleSpinBox::stepped(int steps) const {
+    const double now = std::clamp(value(), m_minimum, m_maximum);
+    const double next = now + steps;
+    if (next > m_maximum) return m_wrap && now >= m_maximum ? m_minimum : m_maximum;
+    if (next < m_minimum) return m_wrap && now <= m_minimum ? m_maximum : m_minimum;
+    return next;
 }
 
 QAbstractSpinBox::StepEnabled KdUiDoubleSpinBox::stepEnabled() const {
-    return StepUpEnabled | StepDownEnabled;
+    if (isReadOnly()) return StepNone;
+    if (!m_autoStep || m_wrap) return StepUpEnabled | StepDownEnabled;
+    StepEnabled possible = StepNone;
+    if (value() < m_maximum) possible |= StepUpEnabled;
+    if (value() > m_minimum) possible |= StepDownEnabled;
+    return possible;
+}
+
+void KdUiDoubleSpinBox::wheelEvent(QWheelEvent* event) {
+    // Without a range of its own the wheel is its dialog's matter.
+    if (m_autoStep) {
+        QAbstractSpinBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
 }
 
 void KdUiDoubleSpinBox::focusOutEvent(QFocusEvent* event) {
@@ -98,10 +131,14 @@ void KdUiDoubleSpinBox::focusOutEvent(QFocusEvent* event) {
     if (kdhost::losesFocus(*this, event->reason())) emit killFocus();
 }
 
-KdUiComboBox::KdUiComboBox(QWidget* parent) : QComboBox(parent) {}
+KdUiComboBox::KdUiComboBox(QWidget* parent) : QComboBox(parent) {
+    // The style's own delegate has no ear for heights of rows.
+    setItemDelegate(new QStyledItemDelegate(this));
+}
 
 void KdUiComboBox::setComboBoxStyle(int style) {
     m_style = style;
+    update();  // the samples of another style
 }
 
 void KdUiComboBox::showPopup() {

@@ -10,6 +10,7 @@
 #include "kd/db/objectid.h"
 #include "kd/rx/array.h"
 #include "kd/rx/kdstring.h"
+#include "mfc/stdstr.h"
 #include "module/core/cellrange.h"
 
 class KdDbDatabase;
@@ -162,6 +163,11 @@ public:
     static CVqTableCellRange CellRangeBackward(KdDbTable* table, int byColumn, const CVqTableCellRange& range);
     /// Moves the trailing edge off a merge that ends there; the mirror of CellRangeBackward.
     static CVqTableCellRange CellRangeForward(KdDbTable* table, int byColumn, const CVqTableCellRange& range);
+
+    // Names of styles.
+
+    /// False when the name holds one of < > / \ " : ; ? * | , = ` or an apostrophe. An empty name passes.
+    static bool CheckStyleNameValid(const CStdStr<wchar_t>& name);
 
     // The toolbar.
 

@@ -5,14 +5,14 @@
 
 #include "mfc/wnd.h"
 
-/// Rows count from 0; -1 is none. SetCurSel signals when the row changes; adding and deleting rows never
-/// signals.
+/// Rows count from 0; -1 is none. SetCurSel signals when the row changes, except in the boxes of recently used
+/// entries (kd/ui/comboboxes.h); adding and deleting rows never signals.
 class CComboBox : public CWnd {
 public:
     int GetCount() const;
     int GetCurSel() const;
     /// Returns the row, or -1 for a row that isn't there; the box then shows no row.
-    int SetCurSel(int row);
+    virtual int SetCurSel(int row);
     /// Return the new row's index.
     virtual int AddString(const wchar_t* text);
     int InsertString(int row, const wchar_t* text);
@@ -30,7 +30,7 @@ public:
     void SetItemData(int row, std::int64_t data);
     void ShowDropDown(bool show = true);
     bool GetDroppedState() const;
-    /// Row -1 is the edit part.
+    /// Row -1 is the edit part; the height given for a row is that of all rows, later ones too.
     int SetItemHeight(int row, unsigned height);
     unsigned GetItemHeight(int row) const;
 };

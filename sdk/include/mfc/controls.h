@@ -1,6 +1,9 @@
 // The simple controls: buttons, edits, static texts, spin buttons, tool tips, tool bars.
 #pragma once
 
+#include <QString>
+#include <vector>
+
 #include "mfc/wnd.h"
 
 class CButton : public CWnd {
@@ -12,7 +15,7 @@ public:
 
 class CEdit : public CWnd {
 public:
-    /// Selects characters from `start` up to, not including, `end`; (0, -1) selects all.
+    /// Selects characters from `start` up to, not including, `end`; (0, -1) selects all, (-1, 0) none.
     void SetSel(int start, int end);
     /// Signals as typing does.
     void ReplaceSel(const wchar_t* text);
@@ -29,10 +32,20 @@ class CSpinButtonCtrl : public CWnd {};
 class CToolTipCtrl : public CWnd {
 public:
     bool Create(CWnd* parent);
+    /// False without a control. A control added again takes the new text.
     bool AddTool(CWnd* tool, const wchar_t* text);
+    /// Tips show while active, as at first.
     void Activate(bool active);
     /// Tool tips come by the widgets' own events: nothing has to be relayed.
     void RelayEvent(MSG* message);
+
+private:
+    struct Tool {
+        QPointer<QWidget> widget;
+        QString text;
+    };
+    std::vector<Tool> m_tools;
+    bool m_active = true;
 };
 
 class CToolBar : public CWnd {

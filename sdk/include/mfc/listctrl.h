@@ -5,7 +5,8 @@
 
 #include "mfc/wnd.h"
 
-/// Rows and columns count from 0; -1 is none. The widget shows column 0; further columns are kept as texts.
+/// Rows and columns count from 0; -1 is none. The widget shows column 0; further columns are kept as texts. Adding,
+/// deleting and sorting rows never signals; a state that changes does.
 class CListCtrl : public CWnd {
 public:
     /// `format` 0 is left aligned. Returns the column's index.
@@ -24,7 +25,7 @@ public:
     UINT GetItemState(int row, UINT mask) const;
     bool SetItemState(int row, UINT state, UINT mask);
     int GetSelectedCount() const;
-    /// The row that actions refer to.
+    /// The row that actions refer to: set by the program alone, it goes along with its row.
     int GetSelectionMark() const;
     int SetSelectionMark(int row);
     /// Starts the edit of a row's text; the list asks its dialog first. False when it is refused.

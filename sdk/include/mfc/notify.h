@@ -11,7 +11,8 @@ using LRESULT = long;
 using WPARAM = unsigned long;
 using LPARAM = long;
 
-/// What PreTranslateMessage is given: 256 is a key that goes down, its key code in wParam.
+/// What PreTranslateMessage is given: 256 is a key that goes down, its key code in wParam (digits, letters and
+/// the blank bear their ASCII code).
 struct MSG {
     HWND hwnd = nullptr;
     UINT message = 0;
@@ -68,10 +69,10 @@ struct NMLVDISPINFO {
     const wchar_t* pszText = nullptr;
 };
 
-/// UDN_DELTAPOS: a step of a spin box, negative for up.
+/// UDN_DELTAPOS: a step of a spin box, negative for up. A result other than 0 keeps the box from stepping.
 struct NMUPDOWN {
     NMHDR hdr;
-    int iPos = 0;
+    int iPos = 0;  ///< before the step
     int iDelta = 0;
 };
 

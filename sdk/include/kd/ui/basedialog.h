@@ -10,6 +10,8 @@
 #include "mfc/messagebox.h"
 #include "mfc/wnd.h"
 
+class QPushButton;
+
 class KdUiBaseDialog : public QDialog, public CWnd {
     Q_OBJECT
 public:
@@ -17,12 +19,14 @@ public:
     ~KdUiBaseDialog() override;
 
     /// Runs the dialog modally. 1 for OK, 2 for Cancel; a dialog whose tree could not be built gives -1 at
-    /// once. OnInitDialog runs before it shows.
+    /// once. OnInitDialog runs before it shows, once in the dialog's life; when it ends the dialog, the dialog
+    /// doesn't show.
     virtual int DoModal();
 
     /// Builds the widget tree `name` from the `.ui` file of that name in the resource path
     /// ("TvxTableRes/TvxTableRes"). False, with an empty dialog, when it is missing or can't be read. The
-    /// other arguments are the host's.
+    /// other arguments are the host's. A dialog takes one tree only: once it has one, further calls change
+    /// nothing and give false.
     bool generateUICtrls(const char* resourcePath, const char* name, int kind = 1, int reserved1 = 0,
                          int reserved2 = 0);
     /// The control of that resource name; null when there is none.
@@ -30,7 +34,8 @@ public:
     /// The wrapper of that control, kept by the dialog; null when there is no such control.
     CWnd* GetDlgItem(const char* name) const;
 
-    /// The dialog's own controls and its texts are exchanged by DoDataExchange; false when that fails.
+    /// The dialog's own controls and its texts are exchanged by DoDataExchange; false when that fails, with the
+    /// focus in the control that was exchanged last.
     bool UpdateData(bool saveAndValidate = true);
 
     /// The dialog that a page stands in, or the parent given at construction.
@@ -40,7 +45,7 @@ public:
 
     int MessageBoxW(const wchar_t* text, const wchar_t* caption, UINT type);
 
-    /// The focus goes there.
+    /// The focus goes there; the text of an edit is selected.
     void GotoDlgCtrl(CWnd* control);
     void NextDlgCtrl();
 
@@ -49,17 +54,22 @@ public:
 
     // The operations that dialogs replace, in the order of their slots.
 
+    /// Sees each key that goes down in a control within the dialog, pages included, before the control does;
+    /// true keeps it from the control.
     virtual bool PreTranslateMessage(MSG* message);
     virtual void OnDestroy();
     virtual void OnOK();
     virtual void OnCancel();
-    /// False keeps the focus where it was set.
+    /// The focus stays where it is set here; without that the first control of the tab order gets it. The
+    /// base's own fills the controls by UpdateData and returns 1.
     virtual int OnInitDialog();
     virtual void DoDataExchange(CDataExchange* exchange);
     /// The base's own connects "IDOK" and "IDCANCEL", where the class has not connected them, to OnOK and
     /// OnCancel.
     virtual void bindSingals();
+    /// F1.
     virtual void OnHelp();
+    /// The mouse wheel over the dialog or over a control that has no use for it. 0 leaves it to Qt.
     virtual int OnMouseWheel(int delta);
 
     /// Gives the dialog the product's icon.
@@ -70,15 +80,20 @@ public:
     /// control or signal; nothing is connected then.
     bool connectControl(const char* name, const char* signal, std::function<void()> handler);
     using NotifyHandler = std::function<void(NMHDR*, LRESULT*)>;
-    bool connectNotification(const char* name, const char* signal, NotifyHandler handler);
+    bool connectNotification(const char* name, const char* signal, NotifyHandler handler,
+                             Qt::ConnectionType type = Qt::AutoConnection);
+
+    void done(int result) override;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// Esc and the frame's close do what the Cancel button does.
+    void cancelByUser();
+    QPushButton* defaultButton() const;
     void pressDefaultButton();
 
     struct Private;

@@ -15,10 +15,11 @@ public:
     ~VqUICreator();
 
     /// Builds the tree of that name; the widgets are children of the parent. False, with nothing built, when
-    /// the tree is missing or can't be read.
+    /// the tree is missing or can't be read. A tree built before stays, but is no longer in the lists below.
     bool generate(const QString& name);
     /// The tree's root, then its named descendants in the order of the file. Deleted widgets drop out.
     QList<QWidget*> widgets() const;
+    /// The tree's named actions, likewise; separators and sub-menus' own actions are not among them.
     QList<QAction*> actions() const;
     QWidget* widget(const QString& name) const;
     QAction* action(const QString& name) const;

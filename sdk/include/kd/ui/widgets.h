@@ -38,9 +38,11 @@ public:
     double value() const;
     /// Shows the value; as a whole number where the range is one of whole numbers.
     void setValue(double value);
-    /// `integers` steps and shows whole numbers; `wrap` goes on at the other end.
+    /// Range of the steps; typed text is free. `integers` shows whole numbers; `wrap` goes on at the other end.
+    /// From now on the box steps by itself, after it has signalled.
     void setRange(double minimum, double maximum, bool integers, bool wrap);
-    void setAutoStep(bool on);  ///< off: a step only signals, and the dialog changes the text
+    /// Off, as at first: a step only signals, and the dialog changes the text.
+    void setAutoStep(bool on);
     void stepBy(int steps) override;
     QLineEdit* edit() const { return lineEdit(); }
 signals:
@@ -52,13 +54,16 @@ signals:
 protected:
     StepEnabled stepEnabled() const override;
     void focusOutEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
+    double stepped(int steps) const;
+
     double m_minimum = 0.0;
     double m_maximum = 100.0;
     bool m_integers = false;
     bool m_wrap = false;
-    bool m_autoStep = true;
+    bool m_autoStep = false;
 };
 
 /// A combo box; boxDropdowm() (spelt so) comes before its list opens.
@@ -108,14 +113,18 @@ private:
     int m_style = 0;
 };
 
-/// A list. Its notifications go to its dialog's OnListNotify in the order item change, click, double click,
-/// right click, begin and end of a label edit, keys; two of them are signals as well.
+/// A list. Its notifications go to the OnListNotify of the nearest dialog around it: a changed row before the
+/// click that changed it, click, double click, right click (the keyboard's menu key too), begin and end of a
+/// label edit, keys; two of them are signals as well. While its signals are blocked it notifies nothing.
 class KdUiListWidget : public QListWidget {
     Q_OBJECT
 public:
     explicit KdUiListWidget(QWidget* parent = nullptr);
-    /// Starts the edit of a row's text, if the dialog allows it.
+    /// Starts the edit of a row's text, if the dialog allows it; an edit that is open ends first, with its text.
+    /// The row shows a typed text when the dialog answers its end with a result other than 0.
     bool editLabel(int row);
+    /// The edit of a label that is open; null when none is.
+    QLineEdit* labelEditor() const;
 signals:
     void RightClickItem(NMHDR* header, LRESULT* result);
     void currentItemChanged(NMHDR* header, LRESULT* result);
@@ -126,6 +135,12 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+private:
+    void tellRightClick(int row, const QPoint& place);
+
+    /// Set while a menu key has had its menu already, by way of the platform.
+    bool m_menuKeyServed = false;
 };
 
 class KdUiTreeWidget : public QTreeWidget {

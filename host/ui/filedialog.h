@@ -1,0 +1,19 @@
+// The file dialog where there is a window to show it over.
+#pragma once
+
+#include "host/ed/filedialog.h"
+
+namespace kdhost {
+
+/// Asks by a dialog named "FileDialog". It stands in for the editor's file dialog as long as it lives.
+class WindowFileDialog : public FileDialog {
+public:
+    WindowFileDialog();
+    ~WindowFileDialog() override;
+    WindowFileDialog(const WindowFileDialog&) = delete;
+    WindowFileDialog& operator=(const WindowFileDialog&) = delete;
+
+    std::optional<std::wstring> ask(const FileDialogRequest& request) override;
+};
+
+}  // namespace kdhost

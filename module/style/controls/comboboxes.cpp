@@ -1,0 +1,42 @@
+// Row heights and the sorted adding of combo boxes.
+
+#include "module/style/controls/comboboxes.h"
+
+#include "kd/ui/hostdialogs.h"
+#include "module/style/controls/sortorder.h"
+
+namespace {
+
+constexpr double kEditHeight = 15.0;
+constexpr double kRowHeight = 16.0;
+
+}  // namespace
+
+void CVqCustomComboBox::UseNormalHeight() {
+    UseHeightsAtScale(kdadGetDPIScale());
+}
+
+void CVqCustomComboBox::UseHeightsAtScale(double scale) {
+    SetItemHeight(-1, static_cast<unsigned>(kEditHeight * scale));
+    SetItemHeight(0, static_cast<unsigned>(kRowHeight * scale));
+}
+
+int CVqSpecialComboBox::SetCompartIndex(int index) {
+    m_nCompartIndex = index;
+    return 1;
+}
+
+int CVqSpecialComboBox::AddString(const wchar_t* text, bool sorted) {
+    const int row = sorted ? GetSortIndex(text) : GetCount();
+    return row < GetCount() ? InsertString(row, text) : AddString(text);
+}
+
+int CVqSpecialComboBox::GetSortIndex(const wchar_t* text) const {
+    const int count = GetCount();
+    for (int row = 0; row < count; ++row) {
+        CStdStr<wchar_t> present;
+        GetLBText(row, present);
+        if (strcmpSort(present.Trim(), text) >= 0) return row;
+    }
+    return count;
+}

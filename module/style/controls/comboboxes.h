@@ -1,0 +1,33 @@
+// Combo boxes of the module: one with the module's row heights, one that can keep its rows sorted.
+#pragma once
+
+#include "mfc/combobox.h"
+
+class CVqCustomComboBox : public CComboBox {
+public:
+    /// The heights of the edit part and of the rows at the screen's scale.
+    void UseNormalHeight();
+    /// The same at a given scale; heights are cut to whole pixels.
+    void UseHeightsAtScale(double scale);
+};
+
+class CVqSpecialComboBox : public CVqCustomComboBox {
+public:
+    /// Keeps the row behind which the box's other part begins. Always 1.
+    int SetCompartIndex(int index);
+    int compartIndex() const { return m_nCompartIndex; }
+
+    using CComboBox::AddString;
+    /// Adds at the end or, sorted, at GetSortIndex. Returns the new row's index.
+    int AddString(const wchar_t* text, bool sorted);
+    /// The row before which the text belongs by strcmpSort, so that it comes before its equals; the number of
+    /// rows when it comes last. Blanks around the rows' texts don't count.
+    int GetSortIndex(const wchar_t* text) const;
+
+    // The box paints and drops as any other.
+    void DrawItem() {}
+    void OnLButtonUp() {}
+
+private:
+    int m_nCompartIndex = -1;
+};

@@ -1,0 +1,139 @@
+// The shared means of the module's dialog tests.
+
+#include "tests/ui/module_fixture.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QMessageBox>
+#include <QProcess>
+#include <QResource>
+#include <QTest>
+#include <QTimer>
+
+#include "mfc/resource.h"
+
+namespace kdtest {
+
+void ModuleResources::SetUp() {
+    m_kept = AfxGetResourceHandle();
+    m_resources = LoadResourceDll(L"TvxTableRes.dll");
+    ASSERT_NE(m_resources, nullptr);
+    AfxSetResourceHandle(m_resources);
+}
+
+void ModuleResources::TearDown() {
+    kdhost::setLanguage(kdhost::Language::English);
+    AfxSetResourceHandle(m_kept);
+    FreeLibrary(m_resources);
+}
+
+namespace {
+
+void writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(content);
+}
+
+}  // namespace
+
+TestResources::TestResources(const std::vector<std::pair<QString, QByteArray>>& files)
+    : m_compiled(m_folder.filePath(QStringLiteral("compiled.rcc"))) {
+    QByteArray list = "<RCC><qresource prefix=\"/TvxTableRes/TvxTableRes\">";
+    for (const auto& [name, content] : files) {
+        writeFile(m_folder.filePath(name), content);
+        list += "<file>" + name.toUtf8() + "</file>";
+    }
+    const QString listed = m_folder.filePath(QStringLiteral("list.qrc"));
+    writeFile(listed, list + "</qresource></RCC>");
+    const QString compiler = QLibraryInfo::location(QLibraryInfo::BinariesPath) + QStringLiteral("/rcc");
+    EXPECT_EQ(QProcess::execute(compiler, {QStringLiteral("-binary"), listed, QStringLiteral("-o"), m_compiled}), 0);
+    EXPECT_TRUE(QResource::registerResource(m_compiled));
+}
+
+TestResources::~TestResources() {
+    QResource::unregisterResource(m_compiled);
+}
+
+ShownBox pressForBox(KdUiBaseDialog& dialog, int key) {
+    ShownBox shown;
+    QTimer::singleShot(0, &dialog, [&shown] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr) << "no message box opened";
+        shown = {box->text().toStdWString(), box->windowTitle().toStdWString(), box->icon(),
+                 static_cast<int>(box->standardButtons())};
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    pressKey(key);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    return shown;
+}
+
+int runModal(KdUiBaseDialog& dialog, const std::function<void()>& act) {
+    QTimer::singleShot(0, &dialog, [&] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        act();
+        if (!dialog.isVisible()) return;
+        ADD_FAILURE() << "the dialog stays open";
+        dialog.reject();
+    });
+    return dialog.DoModal();
+}
+
+void pressKey(int key, Qt::KeyboardModifiers modifiers) {
+    QWidget* target = QApplication::focusWidget();
+    ASSERT_NE(target, nullptr) << "nothing has the focus";
+    QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
+}
+
+void typeText(const QString& text) {
+    QWidget* target = QApplication::focusWidget();
+    ASSERT_NE(target, nullptr) << "nothing has the focus";
+    for (const QChar character : text) {
+        QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, QString(character), Qt::NoModifier);
+    }
+}
+
+std::string focusName() {
+    const QWidget* focused = QApplication::focusWidget();
+    return focused == nullptr ? std::string() : focused->objectName().toStdString();
+}
+
+namespace {
+
+bool showsText(const QWidget& widget) {
+    return qobject_cast<const QLabel*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr;
+}
+
+}  // namespace
+
+std::vector<std::string> cutWidgets(const QWidget& dialog) {
+    std::vector<const QWidget*> shown;
+    for (const QWidget* widget : dialog.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (widget->isVisible() && !widget->isWindow()) shown.push_back(widget);
+    }
+    std::vector<std::string> cut;
+    for (const QWidget* widget : shown) {
+        const QSize wanted = showsText(*widget) ? widget->sizeHint() : widget->minimumSizeHint();
+        bool fits = dialog.rect().contains(widget->geometry()) && widget->width() >= wanted.width() &&
+                    widget->height() >= wanted.height();
+        for (const QWidget* other : shown)
+            fits = fits && (other == widget || !other->geometry().intersects(widget->geometry()));
+        if (!fits) cut.push_back(widget->objectName().toStdString());
+    }
+    return cut;
+}
+
+void keepPicture(QWidget& widget, const QString& name) {
+    const QString folder = qEnvironmentVariable("KD_SHOTS");
+    if (folder.isEmpty()) return;
+    QDir().mkpath(folder);
+    const QString scale = QString::number(widget.logicalDpiX() / 96);
+    EXPECT_TRUE(widget.grab().save(QStringLiteral("%1/%2_%3x.png").arg(folder, name, scale)));
+}
+
+}  // namespace kdtest

@@ -1,0 +1,74 @@
+// What tests of the module's dialogs share: the resource module in place, further resources of a test's own,
+// answers to message boxes, and a look at whether a dialog shows all of its texts.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/win32/modules.h"
+#include "kd/ui/basedialog.h"
+
+namespace kdtest {
+
+/// Loads the resource module and puts its handle in place for one test.
+class ModuleResources : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    HINSTANCE resources() const { return m_resources; }
+
+private:
+    HINSTANCE m_resources = nullptr;
+    HINSTANCE m_kept = nullptr;
+};
+
+/// Files of a test under the prefix of the resource module, while it lives.
+class TestResources {
+public:
+    /// Pairs of bare name and content.
+    explicit TestResources(const std::vector<std::pair<QString, QByteArray>>& files);
+    ~TestResources();
+    TestResources(const TestResources&) = delete;
+    TestResources& operator=(const TestResources&) = delete;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_compiled;
+};
+
+/// What a message box showed.
+struct ShownBox {
+    std::wstring text;
+    std::wstring caption;
+    int icon = 0;     ///< QMessageBox::Icon
+    int buttons = 0;  ///< QMessageBox::StandardButtons
+};
+
+/// Presses a key in the dialog, which opens a message box, and Enter in that box; returns, with the dialog
+/// active again, what the box showed. No box fails the test.
+ShownBox pressForBox(KdUiBaseDialog& dialog, int key);
+
+/// Runs the dialog modally and `act` inside it, once it is open. A dialog that `act` leaves open is closed and
+/// fails the test.
+int runModal(KdUiBaseDialog& dialog, const std::function<void()>& act);
+
+/// A key press to whatever has the focus.
+void pressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void typeText(const QString& text);
+/// Name of the control that has the focus.
+std::string focusName();
+
+/// Names of the widgets that have not room for their texts, lie outside their parent or cover a sibling.
+std::vector<std::string> cutWidgets(const QWidget& dialog);
+
+/// A picture of the widget, when the environment's KD_SHOTS names a folder for them.
+void keepPicture(QWidget& widget, const QString& name);
+
+}  // namespace kdtest
