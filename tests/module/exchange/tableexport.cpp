@@ -314,14 +314,17 @@ TEST_F(TableExport, A_pick_of_nothing_is_told_and_asked_again) {
 }
 
 TEST_F(TableExport, A_picked_object_that_cannot_be_opened_is_told_and_asked_again) {
-    addTable({{L"a"}});
+    const KdDbObjectId id = addTable({{L"a"}});
     host.answerFileDialog(path());
-    host.type(L"5,-5\n5,-5\n");
-    // The first open is the question whether a table was selected.
-    kdhost::faults().failOpenNumber = 2;
-    runCommand();
+    host.type(L"5,-5\n");
+    {
+        // Nobody else may read what is open for write. The second question finds no answer and is cancelled.
+        const OpenObject<KdDbTable> writer(id, KdDb::kForWrite);
+        runCommand();
+    }
     EXPECT_TRUE(wasWritten(2087));
-    EXPECT_EQ(bytes(path()), "\"a\"\n");
+    EXPECT_FALSE(wasWritten(2051));
+    EXPECT_TRUE(host.fileDialogs().empty());
 }
 
 TEST_F(TableExport, Cancel_at_the_pick_ends_the_command_silently) {
