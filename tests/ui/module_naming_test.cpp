@@ -395,7 +395,9 @@ TEST_P(StyleNaming, Only_cell_styles_refuse_more_than_255_characters) {
             pressKey(Qt::Key_Escape);
         });
         EXPECT_EQ(closed, refused ? 2 : 1) << length;
-        EXPECT_EQ(opened->newName() == name, !refused) << length;
+        if (!refused) {
+            EXPECT_EQ(opened->newName(), name);
+        }
     }
 }
 

@@ -111,6 +111,15 @@ private:
 
 using Self = WiredDialog;
 
+/// Types a text into the label that is being edited, and ends the edit.
+void endLabel(const QAbstractItemView& view, const QString& text) {
+    auto* editor = view.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText(text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();  // views commit from their event loop
+}
+
 class Wiring : public ModuleResources {
 protected:
     void SetUp() override {
@@ -217,10 +226,7 @@ TEST_F(Wiring, Trees_tell_the_end_of_a_label_and_a_new_selection) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, tree.visualItemRect(item).center());
     EXPECT_EQ(dialog().counted, 1);
     tree.editItem(item);
-    auto* editor = tree.findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    editor->setText(QStringLiteral("new"));
-    QTest::keyClick(editor, Qt::Key_Return);
+    endLabel(tree, QStringLiteral("new"));
     EXPECT_EQ(dialog().codes, std::vector<int>{TVN_ENDLABELEDIT});
 }
 
@@ -306,10 +312,7 @@ TEST_F(Wiring, Label_edits_ask_and_tell_the_dialog) {
     EXPECT_FALSE(list.editLabel(0));
     dialog().refuseLabels = false;
     ASSERT_TRUE(list.editLabel(1));
-    auto* editor = list.findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    editor->setText(QStringLiteral("new"));
-    QTest::keyClick(editor, Qt::Key_Return);
+    endLabel(list, QStringLiteral("new"));
     EXPECT_EQ(dialog().log, (std::vector<std::string>{"begin 0", "begin 1", "end new"}));
     EXPECT_EQ(list.item(1)->text(), QStringLiteral("new"));
 }
