@@ -24,10 +24,14 @@ namespace {
 constexpr int kBetweenClicks = 10000;  // milliseconds, longer than any double click
 constexpr int kWithinDoubleClick = 10;
 
+/// The window that keys go to. A dialog whose message box has just ended may not have come to the front again,
+/// which a person would wait for.
 QWindow* keyboardWindow() {
-    const QWidget* widget = QApplication::activePopupWidget();
-    if (widget == nullptr) widget = QApplication::activeWindow();
-    return widget == nullptr ? nullptr : widget->windowHandle();
+    if (const QWidget* popup = QApplication::activePopupWidget()) return popup->windowHandle();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && !modal->isActiveWindow()) QApplication::setActiveWindow(modal);
+    const QWidget* active = QApplication::activeWindow();
+    return active == nullptr ? nullptr : active->windowHandle();
 }
 
 }  // namespace
