@@ -46,12 +46,15 @@ protected:
     /// Does something in the next modal dialog; it must have appeared by the end of `run`.
     void inDialog(const std::function<void(QWidget&)>& act, const std::function<void()>& run) {
         bool shown = false;
-        QTimer::singleShot(0, &window, [&] {
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &window, [&] {
             QWidget* dialog = QApplication::activeModalWidget();
-            if (dialog == nullptr) return;
+            if (dialog == nullptr || shown) return;
             shown = true;
+            watch.stop();
             act(*dialog);
         });
+        watch.start(5);
         run();
         EXPECT_TRUE(shown) << "no dialog came";
     }

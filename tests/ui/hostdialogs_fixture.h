@@ -67,7 +67,8 @@ protected:
             if (!control->isVisible() || !control->isEnabled() || control->objectName().isEmpty()) continue;
             if (control->objectName().startsWith(QLatin1String("qt_")) || control->inherits("QLabel")) continue;
             if ((control->focusPolicy() & Qt::TabFocus) == 0) continue;
-            EXPECT_TRUE(reached.count(control) == 1) << control->objectName().toStdString();
+            QWidget* focused = control->focusProxy() != nullptr ? control->focusProxy() : control;
+            EXPECT_TRUE(reached.count(focused) == 1) << control->objectName().toStdString();
             EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
         }
     }
