@@ -81,15 +81,16 @@ protected:
 };
 
 TEST_F(TypeBox, rows_are_by_layer_by_block_the_drawings_others_and_other) {
-    ASSERT_EQ(box.GetCount(), 4);
+    const auto types = static_cast<int>(kdhost::linetypesOf(&host.database()).size());
+    ASSERT_EQ(box.GetCount(), types + 1);
     EXPECT_EQ(textOf(box, 0), L"By layer");
     EXPECT_EQ(textOf(box, 1), L"By block");
     EXPECT_EQ(textOf(box, 2), L"Continuous");
-    EXPECT_EQ(textOf(box, 3), std::wstring(box.GetOtherName()));
+    EXPECT_EQ(textOf(box, other()), std::wstring(box.GetOtherName()));
     EXPECT_EQ(box.GetItemLinetype(0), host.database().byLayerLinetype());
     EXPECT_EQ(box.GetItemLinetype(1), host.database().byBlockLinetype());
     EXPECT_EQ(box.FindItemByLinetype(host.database().continuousLinetype()), 2);
-    EXPECT_TRUE(box.GetItemLinetype(3).isNull());
+    EXPECT_TRUE(box.GetItemLinetype(other()).isNull());
     EXPECT_TRUE(box.GetItemLinetype(-1).isNull());
     EXPECT_EQ(box.FindItemByLinetype(KdDbObjectId::kNull), -1);
 }
@@ -98,7 +99,7 @@ TEST_F(TypeBox, without_a_database_of_its_own_it_lists_the_working_one) {
     CKdUiLineTypeComboBox working;
     KdUiComboBox widget;
     working.Attach(&widget);
-    EXPECT_EQ(working.GetCount(), 4);
+    EXPECT_EQ(working.GetCount(), box.GetCount());
     kddbHostApplicationServices()->setWorkingDatabase(nullptr);
     working.AddItems();
     EXPECT_EQ(working.GetCount(), 1);
@@ -120,7 +121,7 @@ TEST_F(TypeBox, other_opens_the_dialog_and_shows_the_type_chosen_there) {
 }
 
 TEST_F(TypeBox, a_handler_that_sees_others_text_opens_the_dialog_and_cancel_goes_back) {
-    box.SetCurSel(2);
+    box.SetCurSel(other() - 1);
     onChange = [&] {
         if (textOf(box, box.GetCurSel()) == static_cast<const std::wstring&>(box.GetOtherName())) {
             EXPECT_FALSE(box.SelectOther(1));
@@ -128,7 +129,7 @@ TEST_F(TypeBox, a_handler_that_sees_others_text_opens_the_dialog_and_cancel_goes
     };
     inDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
              [&] { QTest::keyClick(combo, Qt::Key_Down); });
-    EXPECT_EQ(box.GetCurSel(), 2);
+    EXPECT_EQ(box.GetCurSel(), other() - 1);
     EXPECT_EQ(signalled, 1);
 }
 
