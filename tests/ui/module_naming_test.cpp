@@ -4,14 +4,19 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 #include <memory>
 #include <random>
 #include <set>
 
+#include "host/ui/help.h"
 #include "mfc/messagebox.h"
 #include "module/core/resources.h"
 #include "module/style/createcellstyledlg.h"
@@ -455,14 +460,34 @@ TEST(StyleNamingWithoutResources, Opens_nothing_and_names_nothing) {
     }
 }
 
-TEST_F(ModuleResources, Help_of_cell_style_naming_does_nothing) {
-    CVqTableCreateCellStyleDlg dialog;
+/// The help window that Alt+H opens over a dialog; its page's text, empty without a window.
+QString helpShownBy(KdUiBaseDialog& dialog) {
+    const QTemporaryDir pages;
+    QFile page(pages.filePath(QStringLiteral("Tablestyle.md")));
+    EXPECT_TRUE(page.open(QIODevice::WriteOnly));
+    page.write("About table styles");
+    page.close();
+    kdhost::setHelpFolder(pages.path());
+    QString shown;
     const int closed = runModal(dialog, [&] {
         pressKey(Qt::Key_H, Qt::AltModifier);
-        EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
-        pressKey(Qt::Key_Escape);
+        const auto* window = dialog.findChild<QDialog*>(QStringLiteral("HelpWindow"));
+        if (window != nullptr) shown = window->findChild<QTextBrowser*>()->toPlainText();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(closed, 2);
+    kdhost::setHelpFolder({});
+    return shown;
+}
+
+TEST_F(ModuleResources, Help_of_table_style_naming_shows_the_page_on_table_styles) {
+    CVqTableCreateTableStyleDlg dialog;
+    EXPECT_EQ(helpShownBy(dialog), QStringLiteral("About table styles"));
+}
+
+TEST_F(ModuleResources, Help_of_cell_style_naming_does_nothing) {
+    CVqTableCreateCellStyleDlg dialog;
+    EXPECT_EQ(helpShownBy(dialog), QString());
 }
 
 TEST_F(ModuleResources, The_start_style_of_table_styles_is_told_without_OK_as_given_and_with_it_as_chosen) {
