@@ -114,9 +114,12 @@ void ColorPalette::walk(int columns, int rows) {
 void ColorPalette::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     for (int index = 1; index <= kLastIndex; ++index) {
-        painter.fillRect(fieldOf(index).adjusted(1, 1, 0, 0), shown(index));
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.setBrush(shown(index));
+        painter.drawRect(fieldOf(index));
     }
     if (m_index == 0) return;
+    painter.setBrush(Qt::NoBrush);
     const QRect field = fieldOf(m_index);
     painter.setPen(QPen(Qt::white, 1));
     painter.drawRect(field.adjusted(1, 1, -1, -1));

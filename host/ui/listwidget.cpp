@@ -177,8 +177,8 @@ void KdUiListWidget::keyPressEvent(QKeyEvent* event) {
     notice.wVKey = kdhost::virtualKey(*event);
     notifyDialog(*this, &notice.hdr);
     // Some platforms make a context menu of the menu key, others leave it at the key.
-    const bool menuKey = event->key() == Qt::Key_Menu ||
-                         (event->key() == Qt::Key_F10 && (event->modifiers() & Qt::ShiftModifier) != 0);
+    const bool menuKey =
+        event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && (event->modifiers() & Qt::ShiftModifier) != 0);
     if (!menuKey || std::exchange(m_menuKeyServed, false)) return;
     event->accept();
     tellRightClick(currentRow(), visualItemRect(currentItem()).center());

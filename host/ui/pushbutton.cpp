@@ -43,12 +43,16 @@ void KdUiPushButton::setButtonStyle(int style) {
     setFlat(style == kFlat || style == kFlatWithArrow);
 }
 
+bool KdUiPushButton::hasArrowPart() const {
+    return m_style == kFlatWithArrow;
+}
+
 void KdUiPushButton::clickArrow() {
-    if (isEnabled() && m_style == kFlatWithArrow) emit clickedEventEx();
+    if (isEnabled() && hasArrowPart()) emit clickedEventEx();
 }
 
 void KdUiPushButton::paintEvent(QPaintEvent* event) {
-    if (m_style != kFlatWithArrow) {
+    if (!hasArrowPart()) {
         QPushButton::paintEvent(event);
         return;
     }
@@ -63,7 +67,7 @@ void KdUiPushButton::paintEvent(QPaintEvent* event) {
 }
 
 void KdUiPushButton::mousePressEvent(QMouseEvent* event) {
-    if (m_style == kFlatWithArrow && event->button() == Qt::LeftButton && event->x() >= width() - arrowWidth(*this)) {
+    if (hasArrowPart() && event->button() == Qt::LeftButton && event->x() >= width() - arrowWidth(*this)) {
         clickArrow();
         return;
     }
@@ -72,7 +76,7 @@ void KdUiPushButton::mousePressEvent(QMouseEvent* event) {
 
 void KdUiPushButton::keyPressEvent(QKeyEvent* event) {
     // The arrow part answers to the key that opens a combo box.
-    if (m_style == kFlatWithArrow && event->key() == Qt::Key_Down) {
+    if (hasArrowPart() && event->key() == Qt::Key_Down) {
         clickArrow();
         return;
     }

@@ -81,6 +81,7 @@ private:
         auto* column = new QVBoxLayout;
         m_list = new QListWidget(this);
         nameControl(m_list, "IDC_TEXTSTYLE_LIST");
+        m_list->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
         column->addWidget(labelFor(m_list, HostText::TextStyleList));
         column->addWidget(m_list);
         return column;

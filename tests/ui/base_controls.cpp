@@ -362,14 +362,15 @@ TEST_P(MessageBoxes, have_the_buttons_and_the_icon_of_their_type) {
 }
 
 const QMessageBox::StandardButtons kOk = QMessageBox::Ok;
-INSTANTIATE_TEST_SUITE_P(
-    Types, MessageBoxes,
-    ::testing::Values(Box{0, kOk, QMessageBox::NoIcon, IDOK}, Box{16, kOk, QMessageBox::Critical, IDOK},
-                      Box{48, kOk, QMessageBox::Warning, IDOK},
-                      Box{49, kOk | QMessageBox::Cancel, QMessageBox::Warning, IDCANCEL},
-                      Box{65, kOk | QMessageBox::Cancel, QMessageBox::Information, IDCANCEL},
-                      Box{35, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Question, IDCANCEL},
-                      Box{36, QMessageBox::Yes | QMessageBox::No, QMessageBox::Question, IDNO}));
+INSTANTIATE_TEST_SUITE_P(Types, MessageBoxes,
+                         ::testing::Values(Box{0, kOk, QMessageBox::NoIcon, IDOK},
+                                           Box{16, kOk, QMessageBox::Critical, IDOK},
+                                           Box{48, kOk, QMessageBox::Warning, IDOK},
+                                           Box{49, kOk | QMessageBox::Cancel, QMessageBox::Warning, IDCANCEL},
+                                           Box{65, kOk | QMessageBox::Cancel, QMessageBox::Information, IDCANCEL},
+                                           Box{35, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                                               QMessageBox::Question, IDCANCEL},
+                                           Box{36, QMessageBox::Yes | QMessageBox::No, QMessageBox::Question, IDNO}));
 
 TEST(MessageBoxAnswers, are_the_pressed_buttons) {
     const std::pair<QMessageBox::StandardButton, int> answers[] = {

@@ -63,7 +63,7 @@ public:
     }
     bool PreTranslateMessage(MSG* message) override {
         keys.push_back(message->hwnd->objectName().toStdString() + " " + std::to_string(message->wParam));
-        return message->wParam == swallowedKey;
+        return swallowedKey != 0 && message->wParam == swallowedKey;
     }
     void OnListNotify(const char* name, NMHDR* header, LRESULT* result) override {
         log.push_back(std::string(name) + " " + describe(*header));

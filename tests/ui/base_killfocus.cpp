@@ -111,8 +111,7 @@ TEST_P(KillFocus, does_not_call_into_a_dialog_that_is_being_destroyed) {
     EXPECT_FALSE(calledLate);
 }
 
-INSTANTIATE_TEST_SUITE_P(Controls, KillFocus,
-                         ::testing::Values("IDC_EDIT", "IDC_OTHER_EDIT", "IDC_SPIN", "IDC_COMBO"));
+INSTANTIATE_TEST_SUITE_P(Controls, KillFocus, ::testing::Values("IDC_EDIT", "IDC_OTHER_EDIT", "IDC_SPIN", "IDC_COMBO"));
 
 TEST(KillFocusOfComboBoxes, does_not_come_for_the_boxes_own_list) {
     RecordingDialog dialog;

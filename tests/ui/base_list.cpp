@@ -20,12 +20,10 @@ protected:
         list.Attach(dialog.getWidgetsFromOrignal("IDC_LIST"));
         for (const wchar_t* text : {L"zero", L"one", L"two", L"three"}) list.InsertItem(list.GetItemCount(), text);
         dialog.connectNotification("IDC_LIST", "RightClickItem(NMHDR*, LRESULT*)", [this](NMHDR* header, LRESULT*) {
-            signalled.push_back("RightClickItem " +
-                              std::to_string(reinterpret_cast<NMLISTVIEW*>(header)->iItem));
+            signalled.push_back("RightClickItem " + std::to_string(reinterpret_cast<NMLISTVIEW*>(header)->iItem));
         });
         dialog.connectNotification("IDC_LIST", "currentItemChanged(NMHDR*, LRESULT*)", [this](NMHDR* header, LRESULT*) {
-            signalled.push_back("currentItemChanged " +
-                              std::to_string(reinterpret_cast<NMLISTVIEW*>(header)->iItem));
+            signalled.push_back("currentItemChanged " + std::to_string(reinterpret_cast<NMLISTVIEW*>(header)->iItem));
         });
         widget().setMinimumHeight(160);  // with empty space below the rows
         dialog.open();
@@ -111,7 +109,7 @@ TEST_F(Lists, the_menu_key_is_a_right_click_on_the_current_row) {
     QTest::keyClick(&widget(), Qt::Key_Menu);
     EXPECT_EQ(take(), (Log{"key 93", "rightclick 3"}));
     QTest::keyClick(&widget(), Qt::Key_F10, Qt::ShiftModifier);
-    EXPECT_EQ(take(), (Log{"key 121", "rightclick 3"}));
+    EXPECT_EQ(take(), (Log{"key 16", "key 121", "rightclick 3"}));
 }
 
 TEST_F(Lists, a_platform_that_makes_a_menu_of_the_menu_key_itself_tells_one_right_click) {

@@ -4,14 +4,19 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 #include <memory>
 #include <random>
 #include <set>
 
+#include "host/ui/help.h"
 #include "mfc/messagebox.h"
 #include "module/core/resources.h"
 #include "module/style/createcellstyledlg.h"
@@ -395,7 +400,9 @@ TEST_P(StyleNaming, Only_cell_styles_refuse_more_than_255_characters) {
             pressKey(Qt::Key_Escape);
         });
         EXPECT_EQ(closed, refused ? 2 : 1) << length;
-        EXPECT_EQ(opened->newName() == name, !refused) << length;
+        if (!refused) {
+            EXPECT_EQ(opened->newName(), name);
+        }
     }
 }
 
@@ -453,14 +460,36 @@ TEST(StyleNamingWithoutResources, Opens_nothing_and_names_nothing) {
     }
 }
 
-TEST_F(ModuleResources, Help_of_cell_style_naming_does_nothing) {
-    CVqTableCreateCellStyleDlg dialog;
+/// The page's text in the help window that the help button opens over a dialog; empty without a window.
+QString helpShownBy(KdUiBaseDialog& dialog) {
+    const QTemporaryDir pages;
+    QFile page(pages.filePath(QStringLiteral("Tablestyle.md")));
+    EXPECT_TRUE(page.open(QIODevice::WriteOnly));
+    page.write("About table styles");
+    page.close();
+    kdhost::setHelpFolder(pages.path());
+    QString shown;
     const int closed = runModal(dialog, [&] {
-        pressKey(Qt::Key_H, Qt::AltModifier);
-        EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
-        pressKey(Qt::Key_Escape);
+        for (int i = 0; i < 4; ++i) pressKey(Qt::Key_Tab);
+        EXPECT_EQ(focusName(), "IDHELP");
+        pressKey(Qt::Key_Space);
+        const auto* window = dialog.findChild<QDialog*>(QStringLiteral("HelpWindow"));
+        if (window != nullptr) shown = window->findChild<QTextBrowser*>()->toPlainText();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(closed, 2);
+    kdhost::setHelpFolder({});
+    return shown;
+}
+
+TEST_F(ModuleResources, Help_of_table_style_naming_shows_the_page_on_table_styles) {
+    CVqTableCreateTableStyleDlg dialog;
+    EXPECT_EQ(helpShownBy(dialog), QStringLiteral("About table styles"));
+}
+
+TEST_F(ModuleResources, Help_of_cell_style_naming_does_nothing) {
+    CVqTableCreateCellStyleDlg dialog;
+    EXPECT_EQ(helpShownBy(dialog), QString());
 }
 
 TEST_F(ModuleResources, The_start_style_of_table_styles_is_told_without_OK_as_given_and_with_it_as_chosen) {

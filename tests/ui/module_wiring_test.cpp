@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QTest>
 #include <QTreeWidget>
 #include <memory>
@@ -111,6 +112,15 @@ private:
 
 using Self = WiredDialog;
 
+/// Types a text into the label that is being edited, and ends the edit.
+void endLabel(const QAbstractItemView& view, const QString& text) {
+    auto* editor = view.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText(text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();  // views commit from their event loop
+}
+
 class Wiring : public ModuleResources {
 protected:
     void SetUp() override {
@@ -201,8 +211,10 @@ TEST_F(Wiring, The_end_of_a_list_label_is_carried_by_the_mouse_entering_a_row) {
     ASSERT_TRUE(dialog().connects("IDC_LIST", LVN_ENDLABELEDIT, &Self::noteItem));
     auto& list = dialog().control<QListWidget>("IDC_LIST");
     list.setMouseTracking(true);
-    QTest::mouseMove(list.viewport(), list.visualItemRect(list.item(1)).center());
-    QCoreApplication::processEvents();
+    // Sent to the list itself: the pointer may stand there already, and would then tell nothing.
+    QMouseEvent move(QEvent::MouseMove, list.visualItemRect(list.item(1)).center(), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(list.viewport(), &move);
     EXPECT_EQ(dialog().items, std::vector<std::string>{"b"});
 }
 
@@ -217,10 +229,7 @@ TEST_F(Wiring, Trees_tell_the_end_of_a_label_and_a_new_selection) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, tree.visualItemRect(item).center());
     EXPECT_EQ(dialog().counted, 1);
     tree.editItem(item);
-    auto* editor = tree.findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    editor->setText(QStringLiteral("new"));
-    QTest::keyClick(editor, Qt::Key_Return);
+    endLabel(tree, QStringLiteral("new"));
     EXPECT_EQ(dialog().codes, std::vector<int>{TVN_ENDLABELEDIT});
 }
 
@@ -306,10 +315,7 @@ TEST_F(Wiring, Label_edits_ask_and_tell_the_dialog) {
     EXPECT_FALSE(list.editLabel(0));
     dialog().refuseLabels = false;
     ASSERT_TRUE(list.editLabel(1));
-    auto* editor = list.findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    editor->setText(QStringLiteral("new"));
-    QTest::keyClick(editor, Qt::Key_Return);
+    endLabel(list, QStringLiteral("new"));
     EXPECT_EQ(dialog().log, (std::vector<std::string>{"begin 0", "begin 1", "end new"}));
     EXPECT_EQ(list.item(1)->text(), QStringLiteral("new"));
 }

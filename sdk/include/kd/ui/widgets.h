@@ -99,6 +99,7 @@ public:
     /// 0 an ordinary button, 2 a flat tool button, 6 a flat tool button with an arrow part.
     void setButtonStyle(int style);
     int buttonStyle() const { return m_style; }
+    bool hasArrowPart() const;
     /// Presses the arrow part.
     void clickArrow();
 signals:

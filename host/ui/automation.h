@@ -1,0 +1,50 @@
+// What a script does to the top dialog, the open popup menu and the message box, as a person would do it: by
+// keys and mouse. Each function returns an empty text, or what was wrong in a line; then nothing was done, unless
+// told otherwise. A function whose keys or clicks open a dialog or menu returns when that one has ended: who
+// carries out a script goes on with its lines from a timer.
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+namespace kdhost::automation {
+
+/// The open popup menu or drop-down list, else the modal dialog or message box, else the active dialog; null
+/// when nothing is open.
+QWidget* topWindow();
+/// For messages: object name and title of the top window; empty when nothing is open.
+std::wstring topWindowName();
+
+/// Puts the value into an edit, spin box or editable combo box, or on/off into a check box or radio button, and
+/// moves the focus to the next control.
+std::wstring set(const std::wstring& name, const std::wstring& value);
+/// Types into the control and stays in it.
+std::wstring type(const std::wstring& name, const std::wstring& text);
+std::wstring focus(const std::wstring& name);
+/// Chooses a row of a combo box (opened or not) or a list, or a tab, by its text or as "#INDEX".
+std::wstring select(const std::wstring& name, const std::wstring& choice);
+/// Opens a combo box, or presses the arrow part of a button.
+std::wstring drop(const std::wstring& name);
+/// `place` is empty for the control's middle, "#ROW" for a list's row, "empty" for the space below its rows.
+std::wstring click(const std::wstring& name, const std::wstring& place = {});
+std::wstring doubleClick(const std::wstring& name, const std::wstring& place = {});
+std::wstring context(const std::wstring& name, const std::wstring& place = {});
+/// Ends the label that is being edited with a text, or with "CANCEL".
+std::wstring label(const std::wstring& text);
+/// Chooses an item of the open popup menu, its sub-menus included, by object name, or by its text in quotes or
+/// without; "CANCEL" closes the menu. A disabled item is an error and leaves the menu open.
+std::wstring menu(const std::wstring& item);
+/// Answers the message box: OK, CANCEL, YES, NO.
+std::wstring answer(const std::wstring& button);
+/// "[CTRL+][SHIFT+]NAME" to whatever has the focus.
+std::wstring key(const std::wstring& name);
+/// A picture of the top window, in the format of the file's ending.
+std::wstring shot(const std::wstring& file);
+/// `property` is text, enabled, checked, rows or visible.
+std::wstring expect(const std::wstring& name, const std::wstring& property, const std::wstring& value);
+std::wstring expectFocus(const std::wstring& name);
+/// Closes the top window by its frame.
+std::wstring close();
+
+}  // namespace kdhost::automation

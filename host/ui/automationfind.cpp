@@ -1,0 +1,88 @@
+// Controls and rows by the names that scripts give them.
+
+#include "host/ui/automationfind.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "host/ui/automation.h"
+#include "mfc/wnd.h"
+
+namespace kdhost::automation {
+
+namespace {
+
+/// The visible one of that name; a hidden one when there is no other.
+QWidget* findWithin(QWidget& window, const QString& name) {
+    if (window.objectName() == name) return &window;
+    QWidget* hidden = nullptr;
+    for (QWidget* widget : window.findChildren<QWidget*>(name)) {
+        if (widget->isVisible()) return widget;
+        if (hidden == nullptr) hidden = widget;
+    }
+    return hidden;
+}
+
+}  // namespace
+
+QWidget* findControl(const QString& name) {
+    if (QWidget* modal = QApplication::activeModalWidget()) return findWithin(*modal, name);
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible()) continue;
+        if (QWidget* found = findWithin(*window, name)) return found;
+    }
+    return nullptr;
+}
+
+Choices::Choices(QWidget& control) {
+    m_combo = qobject_cast<QComboBox*>(&control);
+    m_view = qobject_cast<QAbstractItemView*>(&control);
+    m_tabs = qobject_cast<QTabBar*>(&control);
+    if (const auto* pages = qobject_cast<QTabWidget*>(&control)) m_tabs = pages->tabBar();
+}
+
+int Choices::count() const {
+    if (m_combo != nullptr) return m_combo->count();
+    if (m_tabs != nullptr) return m_tabs->count();
+    return m_view != nullptr && m_view->model() != nullptr ? m_view->model()->rowCount() : 0;
+}
+
+QString Choices::text(int row) const {
+    if (row < 0 || row >= count()) return {};
+    if (m_combo != nullptr) return m_combo->itemText(row);
+    if (m_tabs != nullptr) return m_tabs->tabText(row).remove(QLatin1Char('&'));
+    return m_view->model()->index(row, 0).data().toString();
+}
+
+int Choices::current() const {
+    if (m_combo != nullptr) return m_combo->currentIndex();
+    if (m_tabs != nullptr) return m_tabs->currentIndex();
+    const QModelIndexList rows = m_view != nullptr ? m_view->selectionModel()->selectedRows() : QModelIndexList();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+std::optional<int> Choices::find(const QString& choice) const {
+    if (choice.startsWith(QLatin1Char('#'))) {
+        bool isNumber = false;
+        const int row = choice.midRef(1).toInt(&isNumber);
+        if (isNumber) return row >= 0 && row < count() ? std::optional<int>(row) : std::nullopt;
+    }
+    for (int row = 0; row < count(); ++row) {
+        if (text(row) == choice) return row;
+    }
+    return std::nullopt;
+}
+
+QString shownText(const QWidget& control) {
+    auto& own = const_cast<QWidget&>(control);
+    const Choices choices(own);
+    if (choices.exist() && choices.combo() == nullptr) return choices.text(choices.current());
+    CStdStr<wchar_t> text;
+    CWnd(&own).GetWindowTextW(text);
+    return QString::fromStdWString(text);
+}
+
+}  // namespace kdhost::automation

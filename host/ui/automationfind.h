@@ -1,0 +1,44 @@
+// How a script finds controls and the rows in them.
+#pragma once
+
+#include <QString>
+#include <optional>
+
+class QAbstractItemView;
+class QComboBox;
+class QTabBar;
+class QWidget;
+
+namespace kdhost::automation {
+
+/// A control of the top dialog, or of any dialog that is shown while none is modal; visible ones first. Null
+/// when there is none.
+QWidget* findControl(const QString& name);
+
+/// The rows of a combo box or list, or the tabs of a tab bar, behind one face.
+class Choices {
+public:
+    /// Of a control without rows `exist` is false.
+    explicit Choices(QWidget& control);
+
+    bool exist() const { return m_combo != nullptr || m_view != nullptr || m_tabs != nullptr; }
+    int count() const;
+    QString text(int row) const;
+    int current() const;
+    /// "#2" or a text; none when there is no such row.
+    std::optional<int> find(const QString& choice) const;
+
+    QComboBox* combo() const { return m_combo; }
+    QAbstractItemView* view() const { return m_view; }
+    QTabBar* tabs() const { return m_tabs; }
+
+private:
+    QComboBox* m_combo = nullptr;
+    QAbstractItemView* m_view = nullptr;
+    QTabBar* m_tabs = nullptr;
+};
+
+/// What the control shows as its text: of a combo box, list or tab bar the chosen row's.
+QString shownText(const QWidget& control);
+
+}  // namespace kdhost::automation

@@ -1,0 +1,71 @@
+// Keys and mouse go in where the platform puts them in.
+
+#include "host/ui/realinput.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPointer>
+#include <QWidget>
+#include <QWindow>
+
+QT_BEGIN_NAMESPACE
+// Qt's own doors for input that no device made.
+Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+                                    const QString& text, bool autoRepeat, ushort count);
+Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
+                                      Qt::MouseButtons state, Qt::MouseButton button, QEvent::Type type,
+                                      Qt::KeyboardModifiers modifiers, int timestamp);
+QT_END_NAMESPACE
+
+namespace kdhost {
+
+namespace {
+
+constexpr int kBetweenClicks = 10000;  // milliseconds, longer than any double click
+constexpr int kWithinDoubleClick = 10;
+
+/// The window that keys go to. A dialog whose message box has just ended may not have come to the front again,
+/// which a person would wait for.
+QWindow* keyboardWindow() {
+    if (const QWidget* popup = QApplication::activePopupWidget()) return popup->windowHandle();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && !modal->isActiveWindow()) QApplication::setActiveWindow(modal);
+    const QWidget* active = QApplication::activeWindow();
+    return active == nullptr ? nullptr : active->windowHandle();
+}
+
+}  // namespace
+
+void pressKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    const QPointer<QWindow> window = keyboardWindow();
+    if (window == nullptr) return;
+    qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text, false, 1);
+    // The press may have ended the window.
+    if (window != nullptr) qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text, false, 1);
+}
+
+void typeKeys(const QString& text) {
+    for (const QChar character : text) {
+        const QChar upper = character.toUpper();
+        const int key = upper.unicode() < 0x100 ? static_cast<int>(upper.unicode()) : static_cast<int>(Qt::Key_unknown);
+        pressKey(key, Qt::NoModifier, character);
+    }
+}
+
+void pressMouse(QWidget& widget, const QPoint& place, Qt::MouseButton button, bool twice) {
+    static int now = 0;
+    now += kBetweenClicks;
+    const QPointer<QWindow> window = widget.window()->windowHandle();
+    const QPointF local = widget.mapTo(widget.window(), place);
+    const QPointF global = widget.mapToGlobal(place);
+    for (int click = 0; click < (twice ? 2 : 1); ++click) {
+        now += kWithinDoubleClick;
+        if (window == nullptr) return;
+        qt_handleMouseEvent(window, local, global, button, button, QEvent::MouseButtonPress, Qt::NoModifier, now);
+        if (window == nullptr) return;
+        qt_handleMouseEvent(window, local, global, Qt::NoButton, button, QEvent::MouseButtonRelease, Qt::NoModifier,
+                            now);
+    }
+}
+
+}  // namespace kdhost

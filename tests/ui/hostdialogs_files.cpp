@@ -1,0 +1,155 @@
+// The file dialog, the help and the screen's scale.
+
+#include <QFileDialog>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTextDocument>
+
+#include "host/ui/filedialog.h"
+#include "host/ui/help.h"
+#include "kd/ed/prompts.h"
+#include "kd/ed/resbuf.h"
+#include "tests/ui/hostdialogs_fixture.h"
+
+namespace {
+
+class FileDialogs : public kdtest::HostDialogTest {
+protected:
+    int ask(int flags) {
+        resbuf* result = nullptr;
+        const int status = kdedGetFileNavDialog(L"Choose", L"Table1", L"csv", nullptr, flags, &result);
+        path.clear();
+        if (result != nullptr) path = result->resval.rstring;
+        kdutRelRb(result);
+        return status;
+    }
+    QTemporaryDir folder;
+    kdhost::WindowFileDialog dialogs;
+    std::wstring path;
+};
+
+TEST_F(FileDialogs, a_new_name_gets_the_extension) {
+    next([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), QStringLiteral("FileDialog"));
+        auto& files = dynamic_cast<QFileDialog&>(dialog);
+        EXPECT_EQ(files.windowTitle(), QStringLiteral("Choose"));
+        EXPECT_EQ(files.acceptMode(), QFileDialog::AcceptSave);
+        auto* name = dialog.findChild<QLineEdit*>();
+        EXPECT_EQ(name->text(), QStringLiteral("Table1"));
+        shoot(dialog, QStringLiteral("file_en"));
+        name->setText(folder.filePath(QStringLiteral("out")));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    EXPECT_EQ(ask(33), RTNORM);
+    EXPECT_EQ(path, folder.filePath(QStringLiteral("out.csv")).toStdWString());
+}
+
+TEST_F(FileDialogs, cancel_gives_no_path) {
+    next([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(ask(33), RTCAN);
+    EXPECT_TRUE(path.empty());
+}
+
+TEST_F(FileDialogs, an_existing_file_is_chosen_for_reading) {
+    QFile file(folder.filePath(QStringLiteral("in.csv")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    next([&](QWidget& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).acceptMode(), QFileDialog::AcceptOpen);
+        auto* name = dialog.findChild<QLineEdit*>();
+        name->setText(file.fileName());
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    EXPECT_EQ(ask(32), RTNORM);
+    EXPECT_EQ(path, file.fileName().toStdWString());
+}
+
+TEST(FileDialogsGone, without_one_the_editor_is_answered_with_cancel) {
+    { kdhost::WindowFileDialog gone; }
+    resbuf* result = nullptr;
+    EXPECT_EQ(kdedGetFileNavDialog(L"t", L"n", L"csv", nullptr, 33, &result), RTCAN);
+    EXPECT_EQ(result, nullptr);
+}
+
+class Help : public ::testing::Test {
+protected:
+    void SetUp() override {
+        write(QStringLiteral("index.md"), "# First page\n");
+        write(QStringLiteral("TableStyle.md"), "# Styles\n\ntext of **styles**\n");
+        kdhost::setHelpFolder(folder.path());
+    }
+    void TearDown() override {
+        for (QDialog* window : windows()) delete window;
+        kdhost::setHelpFolder({});
+        qunsetenv("KDHOST_DOCS");
+    }
+    void write(const QString& name, const char* text) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    static QList<QDialog*> windows() {
+        QList<QDialog*> found;
+        for (QWidget* window : QApplication::allWidgets()) {
+            if (window->objectName() == QStringLiteral("HelpWindow")) found << qobject_cast<QDialog*>(window);
+        }
+        return found;
+    }
+    static QString page() {
+        const QList<QDialog*> open = windows();
+        return open.isEmpty() ? QString() : open.first()->findChild<QTextBrowser*>()->document()->toPlainText();
+    }
+    QTemporaryDir folder;
+};
+
+TEST_F(Help, a_topics_page_is_shown_whatever_its_case) {
+    EXPECT_EQ(kdedHelp(nullptr, L"Tablestyle", 0), RTNORM);
+    EXPECT_TRUE(page().startsWith(QStringLiteral("Styles"))) << page().toStdString();
+    EXPECT_TRUE(page().contains(QStringLiteral("text of styles")));
+}
+
+TEST_F(Help, an_unknown_or_missing_topic_shows_the_first_page) {
+    EXPECT_EQ(kdedHelp(nullptr, L"nothing of the kind", 0), RTNORM);
+    EXPECT_EQ(page().trimmed(), QStringLiteral("First page"));
+    delete windows().first();
+    EXPECT_EQ(kdedHelp(nullptr, nullptr, 0), RTNORM);
+    EXPECT_EQ(page().trimmed(), QStringLiteral("First page"));
+}
+
+TEST_F(Help, without_pages_it_says_so) {
+    const QTemporaryDir empty;
+    kdhost::setHelpFolder(empty.path());
+    EXPECT_TRUE(kdhost::helpPage(QStringLiteral("Tablestyle")).isEmpty());
+    EXPECT_EQ(kdedHelp(nullptr, L"Tablestyle", 0), RTNORM);
+    EXPECT_EQ(page(), QStringLiteral("There are no help pages."));
+}
+
+TEST_F(Help, the_folder_is_the_environments_or_found_above_the_program) {
+    kdhost::setHelpFolder({});
+    EXPECT_EQ(QDir(kdhost::helpFolder()).canonicalPath(),
+              QDir(QString::fromLatin1(KD_SOURCE_DIRECTORY "/docs")).canonicalPath());
+    qputenv("KDHOST_DOCS", folder.path().toUtf8());
+    EXPECT_EQ(kdhost::helpFolder(), folder.path());
+}
+
+TEST_F(Help, it_can_be_read_while_a_dialog_is_open) {
+    QDialog dialog;
+    QTimer::singleShot(0, &dialog, [&] {
+        kdedHelp(nullptr, L"Tablestyle", 0);
+        kdedHelp(nullptr, L"Tablestyle", 0);
+        ASSERT_EQ(windows().size(), 1);
+        EXPECT_EQ(windows().first()->parentWidget(), &dialog);
+        QTest::keyClick(windows().first(), Qt::Key_Escape);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dialog.reject();
+    });
+    dialog.exec();
+}
+
+TEST(Scale, the_screens_scale_is_one_at_96_dots_an_inch) {
+    EXPECT_DOUBLE_EQ(kdadGetDPIScale(), QGuiApplication::primaryScreen()->logicalDotsPerInch() / 96.0);
+    EXPECT_GT(kdadGetDPIScale(), 0.0);
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+// Driving the host's own dialogs: what is done in each modal dialog as it appears.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <set>
+#include <stdexcept>
+
+#include "host/win32/modules.h"
+#include "kd/ui/hostdialogs.h"
+#include "tests/support/application.h"
+
+namespace kdtest {
+
+class HostDialogTest : public ApplicationTest {
+protected:
+    ~HostDialogTest() override { kdhost::setLanguage(kdhost::Language::English); }
+
+    using Act = std::function<void(QWidget&)>;
+    /// Acts on the modal dialog that comes next; one that stays open afterwards fails the test and is closed.
+    void next(Act act) {
+        ++m_awaited;
+        QTimer::singleShot(0, qApp, [this, act = std::move(act)] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            if (dialog == nullptr) return;
+            --m_awaited;
+            act(*dialog);
+        });
+    }
+    void TearDown() override { EXPECT_EQ(m_awaited, 0) << "a dialog did not come"; }
+
+    template <class Control>
+    static Control& in(QWidget& dialog, const char* name) {
+        auto* control = dialog.findChild<Control*>(QString::fromLatin1(name));
+        if (control == nullptr) throw std::runtime_error(std::string("no control ") + name);
+        return *control;
+    }
+    static void press(QWidget& dialog, const char* name) {
+        QTest::mouseClick(&in<QPushButton>(dialog, name), Qt::LeftButton);
+    }
+    static void typeInto(QWidget& dialog, const char* name, const char* text) {
+        auto& edit = in<QLineEdit>(dialog, name);
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClicks(&edit, QString::fromUtf8(text));
+    }
+    /// Every control that takes the focus has a name for scripts and one for readers of the screen, and Tab
+    /// reaches it.
+    static void expectReachable(QWidget& dialog) {
+        std::set<QWidget*> reached;
+        for (int step = 0; step < 40; ++step) {
+            reached.insert(dialog.focusWidget());
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        }
+        for (QWidget* control : dialog.findChildren<QWidget*>()) {
+            if (!control->isVisible() || !control->isEnabled() || control->objectName().isEmpty()) continue;
+            if (control->objectName().startsWith(QLatin1String("qt_")) || control->inherits("QLabel")) continue;
+            if ((control->focusPolicy() & Qt::TabFocus) == 0) continue;
+            QWidget* focused = control->focusProxy() != nullptr ? control->focusProxy() : control;
+            EXPECT_TRUE(reached.count(focused) == 1) << control->objectName().toStdString();
+            EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
+        }
+    }
+    /// A picture in the folder for pictures, which the environment names.
+    static void shoot(QWidget& dialog, const QString& name) {
+        const QString folder = qEnvironmentVariable("KD_UI_SHOTS");
+        if (!folder.isEmpty()) dialog.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
+    }
+
+private:
+    int m_awaited = 0;
+};
+
+}  // namespace kdtest
