@@ -94,8 +94,8 @@ TEST_F(DrawnGrid, an_edge_hidden_from_either_side_is_hidden) {
     make(2, 2);
     for (const auto& [row, side] : {std::pair{0, KdDb::kHorzBottom}, std::pair{1, KdDb::kHorzTop}}) {
         table.setGridVisibility(row, 0, side, KdDb::kInvisible);
-        EXPECT_EQ(std::count(gridOf(table).begin(), gridOf(table).end(), piece(0, -6, 20, -6)), 0);
         const auto grid = gridOf(table);
+        EXPECT_EQ(std::count(grid.begin(), grid.end(), piece(0, -6, 20, -6)), 0);
         EXPECT_EQ(std::count(grid.begin(), grid.end(), piece(10, -6, 20, -6)), 1);
         table.setGridVisibility(row, 0, side, KdDb::kVisible);
     }
