@@ -34,21 +34,21 @@ bool atEnd(const wchar_t* cursor) {
 }
 
 /// The cursor stands behind the slash.
-bool parseDenominator(wchar_t* cursor, Parts& parts) {
+bool parseDenominator(const wchar_t* cursor, Parts& parts) {
     if (!isDigit(*cursor)) return false;
     parts.denominator = gatherDigits(cursor).value;
     return parts.denominator > negligible && atEnd(cursor);
 }
 
 /// The cursor stands behind the separator of whole inches and fraction.
-bool parseMixedFraction(wchar_t* cursor, Parts& parts) {
+bool parseMixedFraction(const wchar_t* cursor, Parts& parts) {
     if (!isDigit(*cursor)) return false;
     parts.numerator = gatherDigits(cursor).value;
     return *cursor == L'/' && parseDenominator(cursor + 1, parts);
 }
 
 /// What stands behind a number of inches: the end, or a fraction. A slash makes the number the numerator.
-bool parseBehindInches(wchar_t* cursor, double number, Parts& parts) {
+bool parseBehindInches(const wchar_t* cursor, double number, Parts& parts) {
     if (*cursor == L'/') {
         parts.numerator = number;
         return parseDenominator(cursor + 1, parts);
@@ -60,7 +60,7 @@ bool parseBehindInches(wchar_t* cursor, double number, Parts& parts) {
 
 /// The cursor stands behind the mark of feet. One separator may be passed over; digits may be missing behind
 /// the point of decimal inches.
-bool parseBehindFeet(wchar_t* cursor, Parts& parts) {
+bool parseBehindFeet(const wchar_t* cursor, Parts& parts) {
     if (*cursor == 0) return true;
     if (isSeparator(*cursor)) ++cursor;
     if (!isDigit(*cursor)) return false;
@@ -77,7 +77,7 @@ bool parseBehindFeet(wchar_t* cursor, Parts& parts) {
 
 /// The cursor stands behind the point of the text's first number, which is inches, or feet where a mark of feet
 /// ends the text. A point with nothing behind it is fine, so a lone point is 0.
-bool parseBehindPoint(wchar_t* cursor, double whole, Parts& parts) {
+bool parseBehindPoint(const wchar_t* cursor, double whole, Parts& parts) {
     parts.inches = whole;
     if (*cursor == 0) return true;
     if (!isDigit(*cursor)) return false;
@@ -90,7 +90,7 @@ bool parseBehindPoint(wchar_t* cursor, double whole, Parts& parts) {
     return atEnd(cursor);
 }
 
-bool parse(wchar_t* cursor, Parts& parts) {
+bool parse(const wchar_t* cursor, Parts& parts) {
     if (*cursor != L'.' && !isDigit(*cursor)) return false;
     const double first = gatherDigits(cursor).value;
     if (*cursor == L'.') return parseBehindPoint(cursor + 1, first, parts);
@@ -101,10 +101,13 @@ bool parse(wchar_t* cursor, Parts& parts) {
 
 }  // namespace
 
-int ParseAsArchitectural(wchar_t* text, double* out) {
-    *out = 0.0;
+bool scanArchitectural(const wchar_t* text, double& value) {
     Parts parts;
-    if (!parse(text, parts)) return 0;
-    *out = parts.total();
-    return 1;
+    const bool parsed = parse(text, parts);
+    value = parsed ? parts.total() : 0.0;
+    return parsed;
+}
+
+int ParseAsArchitectural(wchar_t* text, double* out) {
+    return scanArchitectural(text, *out) ? 1 : 0;
 }

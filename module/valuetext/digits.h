@@ -19,11 +19,11 @@ struct Digits {
 };
 
 /// Moves the cursor behind the digits that it stands on.
-inline Digits gatherDigits(wchar_t*& cursor) {
+inline Digits gatherDigits(const wchar_t*& cursor) {
     // Up to fifteen digits are exact in both integers and doubles, and integers are quicker to add up.
     constexpr int exactDigits = 15;
-    wchar_t* const start = cursor;
-    wchar_t* at = start;
+    const wchar_t* const start = cursor;
+    const wchar_t* at = start;
     std::int64_t exact = 0;
     for (; at - start < exactDigits && isDigit(*at); ++at) exact = (*at - L'0') + 10 * exact;
     double value = static_cast<double>(exact);
@@ -34,8 +34,12 @@ inline Digits gatherDigits(wchar_t*& cursor) {
 
 /// Digits behind a point. Their value is divided by ten once for each digit, not by a power of ten: the rounding
 /// of these repeated divisions is what results are compared with.
-inline double gatherFraction(wchar_t*& cursor) {
+inline double gatherFraction(const wchar_t*& cursor) {
     Digits digits = gatherDigits(cursor);
     for (; digits.count > 0; --digits.count) digits.value /= 10.0;
     return digits.value;
 }
+
+/// The scanners themselves; the text stays as it is. False, with `value` 0, for a text of another form.
+bool scanDecimal(const wchar_t* text, double& value);
+bool scanArchitectural(const wchar_t* text, double& value);

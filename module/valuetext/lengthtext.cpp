@@ -1,6 +1,8 @@
 // Lengths: the text of a dialog field to a number and back.
 
 #include <cmath>
+#include <cwctype>
+#include <string_view>
 
 #include "kd/db/headervar.h"
 #include "kd/ed/resbuf.h"
@@ -11,35 +13,75 @@
 namespace {
 
 constexpr unsigned long bufferLength = 256;
-constexpr const wchar_t* exponentMarks = L"Ee";
-constexpr const wchar_t* architecturalMarks = L"'- /\"";
 
-bool holdsAny(const CStdStr<wchar_t>& text, const wchar_t* characters) {
-    return text.find_first_of(characters) != text.npos;
+/// White space of the program's character set. Digits and marks, which nearly every text begins and ends with, are
+/// passed without asking for it.
+bool isBlank(wchar_t character) {
+    const bool isVisible = character > L' ' && character <= L'~';
+    return !isVisible && std::iswspace(static_cast<std::wint_t>(character)) != 0;
+}
+
+/// The form that a length has by its look: an exponent makes it decimal for the C library, else a mark of feet,
+/// inches or fractions makes it architectural.
+enum class Look { kDecimal, kExponent, kArchitectural };
+
+Look lookOf(std::wstring_view text) {
+    Look look = Look::kDecimal;
+    for (const wchar_t character : text) {
+        switch (character) {
+            case L'E':
+            case L'e':
+                return Look::kExponent;
+            case L'\'':
+            case L'-':
+            case L' ':
+            case L'/':
+            case L'"':
+                look = Look::kArchitectural;
+                break;
+            default:
+                break;
+        }
+    }
+    return look;
+}
+
+/// A length without its sign.
+bool scanLength(const wchar_t* text, std::size_t size, double& value) {
+    switch (lookOf({text, size})) {
+        case Look::kExponent:
+            if (!scanDecimal(text, value)) return false;
+            value = _wtof(text);
+            return true;
+        case Look::kArchitectural:
+            return scanArchitectural(text, value);
+        default:
+            return scanDecimal(text, value);
+    }
 }
 
 }  // namespace
 
 int CVqTableUtils::StringToDoubleConvert(KdDbDatabase*, const CStdStr<wchar_t>& text, double& value) {
     if (text.empty()) return 0;
-    CStdStr<wchar_t> number = text;
-    number.Trim();
-    // The sign goes before the hyphen between inches and fraction is looked for.
-    const bool negative = number[0] == L'-';
-    if (negative || number[0] == L'+') number.erase(0, 1);
-
-    int parsed = 0;
-    if (holdsAny(number, exponentMarks)) {
-        parsed = ParseAsDecimal(number.data(), &value);
-        if (parsed != 0) value = _wtof(number.c_str());
-    } else if (holdsAny(number, architecturalMarks)) {
-        parsed = ParseAsArchitectural(number.data(), &value);
-    } else {
-        parsed = ParseAsDecimal(number.data(), &value);
+    // The scanners read up to the text's end, so that only white space to be taken off there asks for a copy.
+    if (isBlank(text.back())) {
+        CStdStr<wchar_t> trimmed = text;
+        trimmed.Trim();
+        // What is all white space goes on as an empty number.
+        if (!trimmed.empty()) return StringToDoubleConvert(nullptr, trimmed, value);
+        value = 0.0;
+        return 0;
     }
+    std::size_t start = 0;
+    while (isBlank(text[start])) ++start;
+    // The sign goes before the hyphen between inches and fraction is looked for.
+    const bool negative = text[start] == L'-';
+    if (negative || text[start] == L'+') ++start;
+    const bool parsed = scanLength(text.c_str() + start, text.size() - start, value);
     // A refused text behind a minus sign leaves -0.
     if (negative) value = -value;
-    return parsed;
+    return parsed ? 1 : 0;
 }
 
 int CVqTableUtils::DoubleToStringConvert(KdDbDatabase* database, double value, CStdStr<wchar_t>& text) {

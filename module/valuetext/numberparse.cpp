@@ -7,9 +7,11 @@
 #include "module/valuetext/digits.h"
 
 void GatherValue(wchar_t** cursor, double* value, int* count) {
-    const Digits digits = gatherDigits(*cursor);
+    const wchar_t* at = *cursor;
+    const Digits digits = gatherDigits(at);
     *value = digits.value;
     *count = digits.count;
+    *cursor += digits.count;
 }
 
 namespace {
@@ -21,45 +23,49 @@ bool isExponentMark(wchar_t character) {
 }
 
 /// What stands behind the mark of the exponent: a sign and digits, both of which may be left out, up to the end.
-bool parseExponent(wchar_t* cursor, double mantissa, double* out) {
+bool parseExponent(const wchar_t* cursor, double mantissa, double& value) {
     double sign = 1.0;
     if (*cursor == L'+' || *cursor == L'-') sign = *cursor++ == L'-' ? -1.0 : 1.0;
     const double exponent = gatherDigits(cursor).value;
     if (*cursor != 0 || exponent > largestExponent) return false;
-    *out = exponent <= negligible ? mantissa : std::pow(10.0, sign * exponent) * mantissa;
+    value = exponent <= negligible ? mantissa : std::pow(10.0, sign * exponent) * mantissa;
     return true;
 }
 
 /// What stands behind the digits of the mantissa: the end, or an exponent.
-bool parseTail(wchar_t* cursor, double mantissa, double* out) {
+bool parseTail(const wchar_t* cursor, double mantissa, double& value) {
     if (*cursor == 0) {
-        *out = mantissa;
+        value = mantissa;
         return true;
     }
-    return isExponentMark(*cursor) && parseExponent(cursor + 1, mantissa, out);
+    return isExponentMark(*cursor) && parseExponent(cursor + 1, mantissa, value);
 }
 
 }  // namespace
 
-int ParseAsDecimal(wchar_t* text, double* out) {
-    *out = 0.0;
-    wchar_t* cursor = text;
+bool scanDecimal(const wchar_t* text, double& value) {
+    value = 0.0;
+    const wchar_t* cursor = text;
     double whole = 0.0;
     if (*cursor == L'.') {
         ++cursor;
         // An exponent may stand right behind a point that begins the text, which makes the mantissa 0.
-        if (isExponentMark(*cursor)) return parseExponent(cursor + 1, 0.0, out);
+        if (isExponentMark(*cursor)) return parseExponent(cursor + 1, 0.0, value);
     } else {
-        if (!isDigit(*cursor)) return 0;
+        if (!isDigit(*cursor)) return false;
         whole = gatherDigits(cursor).value;
-        if (*cursor != L'.') return parseTail(cursor, whole, out);
+        if (*cursor != L'.') return parseTail(cursor, whole, value);
         ++cursor;
         if (*cursor == 0) {
-            *out = whole;
-            return 1;
+            value = whole;
+            return true;
         }
     }
-    if (!isDigit(*cursor)) return 0;
+    if (!isDigit(*cursor)) return false;
     const double fraction = gatherFraction(cursor);
-    return parseTail(cursor, whole + fraction, out);
+    return parseTail(cursor, whole + fraction, value);
+}
+
+int ParseAsDecimal(wchar_t* text, double* out) {
+    return scanDecimal(text, *out) ? 1 : 0;
 }
