@@ -55,6 +55,8 @@ Reading readTable(const std::wstring& path) {
         // The reader gives no text of its own where bytes are not UTF-8.
         return {nullptr, info.error.empty() ? L"is not UTF-8 text." : info.error};
     }
+    // A table without a row would lie in the drawing where nobody can see or pick it.
+    if (table->numRows() == 0) return {nullptr, L"holds no row to import."};
     return {std::move(table), {}};
 }
 
