@@ -90,7 +90,7 @@ bool KfCharFormatter::parseCIF(const char* text, wchar_t& character) {
 }
 
 int KfCharFormatter::encodeAnsiOrUtf8(wchar_t character, char* out, unsigned size, bool ansi, bool escapes,
-                                       bool lineEnds) {
+                                      bool lineEnds) {
     Bytes bytes;
     if (lineEnds && character == L'\n') bytes.push("\r");
     if (ansi) {

@@ -8,9 +8,8 @@
 namespace kdhost::text {
 
 bool isPlain(const std::wstring& contents) {
-    return std::none_of(contents.begin(), contents.end(), [](wchar_t c) {
-        return c == L'\\' || c == L'%' || c == L'{' || c == L'}' || c == L'\r';
-    });
+    return std::none_of(contents.begin(), contents.end(),
+                        [](wchar_t c) { return c == L'\\' || c == L'%' || c == L'{' || c == L'}' || c == L'\r'; });
 }
 
 std::wstring strip(const std::wstring& contents) {
