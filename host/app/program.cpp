@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QTextCodec>
 #include <clocale>
 #include <iostream>
@@ -35,9 +36,9 @@ int complain(ExitStatus status, const std::string& message) {
 /// Machines without a login session have no runtime folder, which Qt would complain about in each run.
 void provideRuntimeFolder() {
     if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) return;
-    const std::string folder = "/tmp/kdhost-runtime-" + std::to_string(::getuid());
-    ::mkdir(folder.c_str(), S_IRWXU);
-    qputenv("XDG_RUNTIME_DIR", folder.c_str());
+    const QByteArray folder = QDir::temp().filePath(QStringLiteral("kdhost-runtime-%1").arg(::getuid())).toUtf8();
+    ::mkdir(folder.constData(), S_IRWXU);
+    qputenv("XDG_RUNTIME_DIR", folder);
 }
 
 /// What has to be settled before Qt starts: no display is needed, and nothing is scaled but by the host itself.

@@ -1,8 +1,8 @@
 """Runs one scenario; README.md tells what a scenario is."""
 
-import importlib.util
 import json
 import pathlib
+import runpy
 import shutil
 import subprocess
 import sys
@@ -57,10 +57,7 @@ def check(script, result):
     path = script.with_suffix(".py")
     if not path.exists():
         return
-    specification = importlib.util.spec_from_file_location(script.stem, path)
-    module = importlib.util.module_from_spec(specification)
-    specification.loader.exec_module(module)
-    module.check(result)
+    runpy.run_path(str(path))["check"](result)
 
 
 def main():

@@ -187,10 +187,10 @@ TEST_F(Prompts, printing_formats_wide_text) {
 
 TEST_F(Prompts, a_file_dialog_gives_its_path_or_is_cancelled) {
     resbuf* result = nullptr;
-    host.answerFileDialog(L"/tmp/a b.csv");
+    host.answerFileDialog(L"/data/a b.csv");
     ASSERT_EQ(kdedGetFileNavDialog(L"Export", L"Table1", L"csv", nullptr, 33, &result), RTNORM);
     ASSERT_EQ(result->restype, RTSTR);
-    EXPECT_STREQ(result->resval.rstring, L"/tmp/a b.csv");
+    EXPECT_STREQ(result->resval.rstring, L"/data/a b.csv");
     kdutRelRb(result);
     EXPECT_TRUE(host.fileDialogs().back().forWriting);
     EXPECT_EQ(host.fileDialogs().back().defaultName, L"Table1");
