@@ -88,7 +88,7 @@ draw::Options drawingOptions() {
 std::string writeOutputs(Application& application, const Options& options) {
     Document* document = application.documents().current();
     if (!options.dump.empty()) {
-        const std::string error = writeDumpFile(options.dump, *document);
+        std::string error = writeDumpFile(options.dump, *document);
         if (!error.empty()) return error;
     }
     if (options.render.empty()) return {};
@@ -109,7 +109,7 @@ std::string runApplication(const Options& options) {
     registerHostCommands();
     application.documents().openNew();
     for (const auto step : {loadModules, runScript, writeOutputs}) {
-        const std::string error = step(application, options);
+        std::string error = step(application, options);
         if (!error.empty()) return error;
     }
     return describeOpenObjects();

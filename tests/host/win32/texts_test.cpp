@@ -40,10 +40,10 @@ Texts textsOf(const std::string& language) {
     return {table.begin(), table.end()};
 }
 
-std::vector<std::string> placeholders(const std::wstring& text) {
-    static const QRegularExpression placeholder(QStringLiteral("%[-+ #0-9.*]*(?:I64|I32|ll|l|h)?[a-zA-Z%]"));
+std::vector<std::string> conversions(const std::wstring& text) {
+    static const QRegularExpression conversion(QStringLiteral("%[-+ #0-9.*]*(?:I64|I32|ll|l|h)?[a-zA-Z%]"));
     std::vector<std::string> list;
-    auto match = placeholder.globalMatch(QString::fromStdWString(text));
+    auto match = conversion.globalMatch(QString::fromStdWString(text));
     while (match.hasNext()) list.push_back(match.next().captured().toStdString());
     return list;
 }
@@ -138,12 +138,12 @@ TEST(ModuleTexts, every_line_of_the_files_is_a_text_in_ascending_order_of_number
     }
 }
 
-TEST(ModuleTexts, placeholders_are_the_same_in_the_same_order) {
+TEST(ModuleTexts, conversions_are_the_same_in_the_same_order) {
     const Texts chinese = textsOf("zh_CN");
     for (const auto& [number, text] : textsOf("en")) {
-        EXPECT_EQ(placeholders(text), placeholders(chinese.at(number))) << number;
+        EXPECT_EQ(conversions(text), conversions(chinese.at(number))) << number;
     }
-    EXPECT_EQ(placeholders(chinese.at(6057)), std::vector<std::string>{"%s"});
+    EXPECT_EQ(conversions(chinese.at(6057)), std::vector<std::string>{"%s"});
 }
 
 TEST(ModuleTexts, every_number_that_the_module_loads_has_a_text) {
