@@ -13,6 +13,7 @@ struct Faults {
     bool noDocumentData = false;                 ///< no data record of the active document
     bool commandLineOff = false;                 ///< the command line's state says off
     bool noCommandLineState = false;             ///< the services offer no command line state
+    bool noMainAppService = false;               ///< vqcadMainAppService gives null
     bool noResourceModule = false;               ///< LoadResourceDll gives null
     std::set<std::wstring> unreadableVariables;  ///< names in capitals that kdedGetVar refuses
 };

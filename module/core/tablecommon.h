@@ -7,14 +7,23 @@
 #pragma once
 
 #include "kd/db/cellrange.h"
+#include "kd/db/color.h"
+#include "kd/db/dbenums.h"
 #include "kd/db/objectid.h"
+#include "kd/db/value.h"
+#include "kd/ge/matrix3d.h"
+#include "kd/ge/point3d.h"
+#include "kd/ge/vector3d.h"
 #include "kd/rx/array.h"
 #include "kd/rx/kdstring.h"
+#include "mfc/geometry.h"
 #include "mfc/stdstr.h"
 #include "module/core/cellrange.h"
 
 class KdDbDatabase;
 class KdDbTable;
+class KdDbTableStyle;
+class KdUiMenu;
 
 class CVqTableCommon {
 public:
@@ -164,13 +173,201 @@ public:
     /// Moves the trailing edge off a merge that ends there; the mirror of CellRangeBackward.
     static CVqTableCellRange CellRangeForward(KdDbTable* table, int byColumn, const CVqTableCellRange& range);
 
-    // Names of styles.
+    // Changes of the grid, on the table's current selection, each one step of undo. None checks whether it is
+    // allowed: that is the menus' task. False only without the main application service; true also when the
+    // table can't be opened or nothing is selected.
 
+    /// The new rows inherit from the first selected one; the same cells stay selected. As many rows as are
+    /// selected; one for a single merged cell.
+    static int InsertRowByAbove(KdDbObjectId table);
+    static int InsertRowByBelow(KdDbObjectId table);
+    static int DeleteRows(KdDbObjectId table);
+    static int InsertColumnByLeft(KdDbObjectId table);
+    static int InsertColumnByRight(KdDbObjectId table);
+    static int DeleteColumns(KdDbObjectId table);
+    static int UnmergeCells(KdDbObjectId table);
+    /// Asks first when a cell other than the top left one holds content.
+    static int MergeAll(KdDbObjectId table);
+    /// One merge for each row. Asks at most once; after a no the row with the content stays as it is, and the
+    /// later ones are merged without a question.
+    static int MergeByRow(KdDbObjectId table);
+    static int MergeByColumn(KdDbObjectId table);
+    /// Without a selection all columns.
+    static int SizeColumnsEvenly(KdDbObjectId table);
+    /// Without a selection all rows. The height shared out is no plain sum: a row counts only when it is higher
+    /// than the total so far.
+    static int SizeRowsEvenly(KdDbObjectId table);
+
+    // Properties of the selected cells, each call one step of undo; results as above.
+
+    static int SetBackgroundColor(KdDbObjectId table, const KdCmColor& color);
+    static int SetSelectionAlignment(KdDbObjectId table, KdDb::CellAlignment alignment);
+    /// Menu command 1820 locks content, 1821 format, 1822 both; every other one unlocks.
+    static int SettingLocked(unsigned menuId, KdDbObjectId table);
+    static int SetDataFormatMenu(unsigned menuId, KdDbObjectId table);
+    /// Without a mark of its own. True when the table could be opened.
+    static int SetDataType(KdDbObjectId table, KdValue::DataType type, KdValue::UnitType unit);
+    /// By the host's data format dialog.
+    static int SetDataFormat(KdDbObjectId table);
+    static int ClearCellOverrides(KdDbObjectId table);
+    static int ClearTableStyleOverrides(KdDbObjectId table);
+    static int DeleteContent(KdDbObjectId table);
+    /// A display name of a default cell style is taken for its internal name.
+    static int SetCellStyleByName(KdDbObjectId table, CStdStr<wchar_t>& name);
+    // These four mark a step and leave the table as it is: they hold the place of operations that this module
+    // doesn't carry out.
+    static int InsertField(KdDbObjectId table);
+    static int InsertBlock(KdDbObjectId table);
+    static int SetCurrentTableStyleAsTable(KdDbObjectId table);
+    static int ManageCellContent(KdDbObjectId table);
+    /// By the colour dialog; a cell without a fill starts from the default colour.
+    static int SetBackgroundColorFormMenu(KdDbObjectId table);
+    /// By the colour dialog, which always starts from the current layer's colour: the colour handed in reaches
+    /// it only when the layer can't be opened. True when the user chose one.
+    static bool GetColorDialogTrueColor(KdCmColor& color, bool allowMeta);
+    /// The colour of the row and column indicators, by the colour dialog. Whether the colour could be read.
+    static bool SetTableIndicator(KdDbObjectId table);
+
+    // Menu commands and what they stand for.
+
+    /// 1802 to 1810 for the nine alignments, else 0.
+    static int GetAlignmentToMenuId(KdDb::CellAlignment alignment);
+    /// Top left for every number that is no alignment.
+    static KdDb::CellAlignment GetMenuIDToAlignment(unsigned menuId);
+    /// Position in the list of alignments, from 0; 0 for what is no alignment.
+    static int CellAlignmentToIndex(KdDb::CellAlignment alignment);
+    static KdDb::CellAlignment CellAlignmentToIndex(int index);
+    /// False, with both outputs 0, for a number that is no data format.
+    static bool GetDataFormat(int menuId, KdValue::DataType& type, KdValue::UnitType& unit);
+    /// 0 for a pair that is no menu entry.
+    static int GetDataFormatToMenuId(KdValue::DataType type, KdValue::UnitType unit);
+    /// Fills the value with a sample for the data format dialog; types without one leave it unset.
+    static void GetValue(KdValue*& value, KdValue::DataType type, KdValue::UnitType unit);
+
+    // What the selected cells have in common, for the check marks of menus.
+
+    /// The last cell's pair. The first change of the pair from the initial 0 and 0 is tolerated; at the second
+    /// the type becomes 0, and the answer stays true. False without a selection.
+    static bool GetDataType(const KdDbTable* table, KdValue::DataType& type, KdValue::UnitType& unit);
+    static bool GetCellAlignment(const KdDbTable* table, KdDb::CellAlignment& alignment);
+    /// The four bits of locks, when all cells have the same.
+    static bool GetCellState(const KdDbTable* table, KdDb::CellState& state);
+    /// A merge is judged by its top left cell.
+    static bool GetBackgroundColor(const KdDbTable* table, KdCmColor& color);
+    // Each sets the check marks of one of the toolbar's menus; false for a menu of another class.
+    static bool SetFormatMenuState(const KdDbTable* table, KdUiMenu* menu);
+    static bool SetAlignmentMenuState(const KdDbTable* table, KdUiMenu* menu);
+    static bool SetLockingMenuState(const KdDbTable* table, KdUiMenu* menu);
+
+    // Formulas: each lets the user pick what it needs and opens the cell editor on the ready formula. The form
+    // without a table takes the toolbar's, and so does the other one given the null id. False when a step fails.
+
+    static bool InsertSumFormula();
+    static bool InsertSumFormula(KdDbObjectId table);
+    static bool InsertCountFormula();
+    static bool InsertCountFormula(KdDbObjectId table);
+    static bool InsertAverageFormula();
+    static bool InsertAverageFormula(KdDbObjectId table);
+    static bool InsertCellFormula();
+    static bool InsertCellFormula(KdDbObjectId table);
+    static bool InsertEquation();
+    static bool InsertEquation(KdDbObjectId table);
+
+    // Moving the selected cell; true when a cell was selected.
+
+    /// The next cell in reading order that isn't covered by a merge; false behind the last.
+    static bool SelectNextCell(KdDbObjectId table);
+    /// False before the first cell, with the selection as it was.
+    static bool SelectPrevCell(KdDbObjectId table);
+    /// Stays in the first row.
+    static bool SelectUpperCell(KdDbObjectId table);
+    /// Stays in the last row.
+    static bool SelectLowerCell(KdDbObjectId table);
+    static bool SelectTopCell(KdDbObjectId table);
+    static bool SelectBottomCell(KdDbObjectId table);
+
+    // Geometry. Points and vectors are in world coordinates where nothing else is said.
+
+    /// 0 for a reversed range.
+    static double GetCellRangeWidth(const KdDbTable* table, const CVqTableCellRange& range);
+    static double GetCellRangeHeight(const KdDbTable* table, const CVqTableCellRange& range);
+    // Each of the next four reads exactly the first four points.
+    static KdGePoint3d GetExtentsMinPoint(const KdGePoint3dArray& points);
+    static KdGePoint3d GetExtentsMaxPoint(const KdGePoint3dArray& points);
+    static KdGePoint3d GetExtentsCenterPoint(const KdGePoint3dArray& points);
+    /// Appends the smallest and the largest corner.
+    static void GetExtents(const KdGePoint3dArray& points, KdGePoint3dArray& out);
+    static void GetCellCenterPoint(const KdDbTable* table, int row, int column, KdGePoint3d& point);
+    static double GetHorzCellMarginFromTable(const KdDbTable* table, int row, int column);
+    static double GetVertCellMarginFromTable(const KdDbTable* table, int row, int column);
+    static double GetHorzCellMarginFromTableStyle(const KdDbTableStyle* style, const wchar_t* name);
+    static double GetVertCellMarginFromTableStyle(const KdDbTableStyle* style, const wchar_t* name);
+    /// The directions of rows and columns in the table's plane, normalised.
+    static void GetDirection(const KdDbTable* table, KdGeVector3d& x, KdGeVector3d& y);
+    /// From the table's own coordinates to the world. A null table leaves the matrix alone.
+    static void GetTableTransform(const KdDbTable* table, KdGeMatrix3d& matrix);
+    /// The middles of the range's top, bottom, left and right edge, transformed by `matrix`.
+    static void GetCellRangeGripPoints(const KdDbTable* table, const CVqTableCellRange& range,
+                                       const KdGeMatrix3d& matrix, KdGePoint3dArray& points);
+    /// Appends four points made from the first two of `corners`.
+    static void CalcCellPointArray(const KdDbTable* table, const KdGePoint3dArray& corners, KdGePoint3dArray& out);
+    /// Where a text of that alignment stands in a cell of that size, from the cell's first corner.
+    static KdGePoint3d CalcTextPoint(const KdDbTable* table, int row, int column, double width, double height,
+                                     KdDb::CellAlignment alignment);
+    /// One text height and one margin of the first row's style; 0 when the style can't be opened.
+    static void GetCellFirstRowMinWidth(const KdDbTable* table, double& width);
+    static void GetTableMinWidth(const KdDbTable* table, int columns, double& width);
+    /// Adds to `height`, which the caller sets.
+    static void GetTableMinHeight(const KdDbTable* table, int rows, int lines, double& height);
+    /// What lies under a point of the screen; false, with all outputs 0, for a miss, a null table or without a
+    /// view.
+    static bool TableHitTest(const KdDbTable* table, const CPoint& point, int& row, int& column, int& content,
+                             KdDb::TableHitItem& item);
+
+    // Tables of a drawing, and the rest.
+
+    /// Appends the tables of all blocks; objects of derived classes are left out. False when the blocks can't
+    /// be read.
+    static bool GetTablesFormDatabase(KdDbDatabase* database, KdArray<KdDbObjectId>& tables);
+    static bool FindTableStyleFromTable(const KdArray<KdDbObjectId>& tables, KdDbObjectId style);
+    /// A new temporary file; a null directory is the host's temporary folder. 0 on success, 53 when the host
+    /// doesn't say why it failed. `out` takes KD_MAX_PATH characters.
+    static int GetVqcadTmpFileName(const wchar_t* prefix, const wchar_t* directory, wchar_t* out);
+    static int SelectTable();                             ///< always 0: selects nothing
+    static bool SaveAsNewCellStyle(KdDbObjectId table);   ///< whether the table can be opened for read
+    static bool SaveAsNewTableStyle(KdDbObjectId table);  ///< always true
+
+    // Names of styles and formats, internal and as shown. Texts are compared without regard to case.
+
+    /// A display name becomes the internal one, in place; another name stays.
+    static void DefaultCellStyleConvert(CStdStr<wchar_t>& name);
+    static void DefaultCellStyleReverseConvert(CStdStr<wchar_t>& name);
+    /// Label for its text, data for every other text.
+    static KdDb::CellClass TypeStringToCellClass(const CStdStr<wchar_t>& text);
+    static CStdStr<wchar_t> CellClassToTypeString(KdDb::CellClass cellClass);
+    /// Empty for a pair without a name.
+    static CStdStr<wchar_t> FormatFormDataUnitType(KdValue::DataType type, KdValue::UnitType unit);
+    /// Both outputs stay as they are for an unknown text.
+    static void DataUnitTypeFormFormat(KdValue::DataType& type, KdValue::UnitType& unit, const CStdStr<wchar_t>& text);
     /// False when the name holds one of < > / \ " : ; ? * | , = ` or an apostrophe. An empty name passes.
     static bool CheckStyleNameValid(const CStdStr<wchar_t>& name);
+    /// The naming dialog, and a new cell style of the table's style. False without the main application service.
+    static int CreateNewCellStyle(KdDbObjectId table);
+    static int ManageCellStyles(KdDbObjectId table);
+    static int SetBorders(KdDbObjectId table);
 
     // The toolbar.
 
     /// Shows or hides the toolbar for a table. Always true.
     static bool ShowTableToolbar(KdDbObjectId table, bool show);
+
+    // The cell editor.
+
+    /// Opens the editor on the first selected cell, and on one after another as the user goes on. One step of
+    /// undo.
+    static int TableEdit(KdDbObjectId table);
 };
+
+/// Selects a cell by simulating a pick at its centre; `table` is open, and stays open for read. Nothing
+/// happens without a table or a view.
+void PickSelCell(KdDbTable* table, int row, int column);

@@ -7,3 +7,7 @@
 /// positions, 0 directions. False never happens with a drawing open.
 bool kddbUcs2Wcs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint);
 bool kddbWcs2Ucs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint);
+
+/// From pixels of the drawing view to the point in the current user coordinate system. False, with `point` as it
+/// was, without a view.
+bool kdedCoordFromPixelToWorldInternal(int x, int y, KdGePoint3d& point);
