@@ -1,6 +1,7 @@
 // Selection sets, and what is selected before a command starts.
 #pragma once
 
+#include "kd/db/cellrange.h"
 #include "kd/db/objectid.h"
 #include "kd/ed/resbuf.h"
 #include "kd/ge/point3d.h"
@@ -39,3 +40,19 @@ private:
 bool kdadPickSelect(const KdGePoint3d& worldPoint, KdadSelectSet& set);
 /// Simulates a click at a point in screen coordinates: selects a table there and the cell under the point.
 bool kdadPickSelSetWithoutInteraction(const KdGePoint3d& screenPoint);
+
+/// What is selected before a command: grips and selected cells.
+class KdadPickfirstProc {
+public:
+    virtual ~KdadPickfirstProc();
+    /// Action 9 drops grips and selection. False for an action that the host doesn't have.
+    virtual bool doAction(int action) = 0;
+};
+
+/// Null when no drawing is open.
+KdadPickfirstProc* kdadGetPickfirstProc();
+
+/// Lets the user pick one cell, or a rectangle of cells by two points, in any table of the drawing. Cells that
+/// are selected while it asks answer it too. False, with the outputs as they were, when the user cancels or
+/// picks no cell.
+bool kdadSelectTableUnits(bool singleCell, KdDbObjectId& table, KdCellRange& range);
