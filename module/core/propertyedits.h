@@ -1,0 +1,42 @@
+// What the edits of cell properties share: their marks, and the walk over the selected cells.
+#pragma once
+
+#include "module/core/cellwalk.h"
+#include "module/core/editframe.h"
+
+namespace propertymark {
+
+inline constexpr EditMark kBackground{.name = L"BackgroundFill", .titleText = 1421, .updatesDisplay = true};
+inline constexpr EditMark kAlignment{.name = L"ChangeCellAlignment", .titleText = 2073, .updatesDisplay = true};
+inline constexpr EditMark kLock{.name = L"EditCellLock", .titleText = 2187, .updatesDisplay = true};
+inline constexpr EditMark kDataFormatMenu{.name = L"DataFormat", .titleText = 2233, .updatesDisplay = true};
+inline constexpr EditMark kDataFormat{.name = L"SetDataFormat", .titleText = 2233, .updatesDisplay = false};
+inline constexpr EditMark kClearCell{.name = L"ClearCellOverride", .titleText = 2111, .updatesDisplay = false};
+inline constexpr EditMark kClearTable{.name = L"ClearTableOverride", .titleText = 2076, .updatesDisplay = false};
+inline constexpr EditMark kDeleteContent{.name = L"DeleteContent", .titleText = 2084, .updatesDisplay = false};
+inline constexpr EditMark kCellStyle{.name = L"SetCellStyle", .titleText = 2154, .updatesDisplay = false};
+inline constexpr EditMark kInsertField{.name = L"InsertField", .titleText = 2249, .updatesDisplay = false};
+inline constexpr EditMark kInsertBlock{.name = L"InsertBlock", .titleText = 2077, .updatesDisplay = false};
+inline constexpr EditMark kCurrentStyle{.name = L"SetCurTableStyle", .titleText = 2161, .updatesDisplay = false};
+inline constexpr EditMark kManageContent{.name = L"ManCellContent", .titleText = 2218, .updatesDisplay = false};
+
+}  // namespace propertymark
+
+/// Calls `change(row, column)` for each selected cell, row by row; once with -1 for a whole row or column. Cells
+/// that a merge covers get no special treatment. A reversed selection holds no cell.
+template <class Change>
+void forEachSelected(const KdDbTable& table, const SelectedCells& cells, Change change) {
+    const KdCellRange range{cells.top, cells.left, cells.bottom, cells.right};
+    cellwalk::anyCell(table, range, [&](int row, int column) {
+        change(row, column);
+        return false;
+    });
+}
+
+/// Calls `change(table, row, column)` for each selected cell within the mark.
+template <class Change>
+bool editSelectedCells(KdDbObjectId id, const EditMark& mark, Change change) {
+    return editSelection(id, mark, [&](KdDbTable& table, const SelectedCells& cells) {
+        forEachSelected(table, cells, [&](int row, int column) { change(table, row, column); });
+    });
+}
