@@ -71,4 +71,163 @@
         <translation>帮助(&amp;H)</translation>
     </message>
 </context>
+<context>
+    <name>IDR_ALIGNMENT_MENU</name>
+    <message>
+        <source>Alignment</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Top &amp;Left</source>
+        <translation>左上(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Top Center</source>
+        <translation>中上(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Right</source>
+        <translation>右上(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Middle L&amp;eft</source>
+        <translation>左中(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Middle Center</source>
+        <translation>正中(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Middle Ri&amp;ght</source>
+        <translation>右中(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom Left</source>
+        <translation>左下(&amp;B)</translation>
+    </message>
+    <message>
+        <source>B&amp;ottom Center</source>
+        <translation>中下(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Bottom Rig&amp;ht</source>
+        <translation>右下(&amp;H)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_DATAFORMAT_MENU</name>
+    <message>
+        <source>Data Format</source>
+        <translation>数据格式</translation>
+    </message>
+    <message>
+        <source>&amp;Angle</source>
+        <translation>角度(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Currency</source>
+        <translation>货币(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Date</source>
+        <translation>日期(&amp;D)</translation>
+    </message>
+    <message>
+        <source>D&amp;ecimal Number</source>
+        <translation>十进制数(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;General</source>
+        <translation>常规(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Pe&amp;rcentage</source>
+        <translation>百分比(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Point</source>
+        <translation>点(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Number</source>
+        <translation>整数(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Custo&amp;m Format...</source>
+        <translation>自定义格式(&amp;M)...</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_FORMULA_MENU</name>
+    <message>
+        <source>Formula</source>
+        <translation>公式</translation>
+    </message>
+    <message>
+        <source>&amp;Sum</source>
+        <translation>求和(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Average</source>
+        <translation>平均值(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Count</source>
+        <translation>计数(&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;ell</source>
+        <translation>单元(&amp;E)</translation>
+    </message>
+    <message>
+        <source>E&amp;quation</source>
+        <translation>方程式(&amp;Q)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_LOCKING_MENU</name>
+    <message>
+        <source>Locking</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>&amp;Unlocked</source>
+        <translation>未锁定(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Content Locked</source>
+        <translation>内容已锁定(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Format Locked</source>
+        <translation>格式已锁定(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Content and Format &amp;Locked</source>
+        <translation>内容和格式已锁定(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_MERGE_MENU</name>
+    <message>
+        <source>Merge</source>
+        <translation>合并</translation>
+    </message>
+    <message>
+        <source>Merge &amp;All</source>
+        <translation>全部合并(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Row</source>
+        <translation>按行合并(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Column</source>
+        <translation>按列合并(&amp;C)</translation>
+    </message>
+</context>
 </TS>
