@@ -41,17 +41,20 @@ KdDbObjectId objectSelectedBefore() {
 
 }  // namespace
 
-KdDbTable* getTableAtPt(KdGePoint3d& point) {
-    const CStdStr<wchar_t> prompt = loadText(pickTablePrompt);
+KdDbObjectId pickOneObject(const wchar_t* prompt, KdGePoint3d& point) {
     kdedInitGet(0, nullptr);
     KdGePoint3d picked;
-    const int status = kdedGetPoint(nullptr, prompt.c_str(), picked);
+    const int status = kdedGetPoint(nullptr, prompt, picked);
     kddbUcs2Wcs(picked, point, 1);
-    if (status == RTCAN || status == RTERROR) return nullptr;
+    if (status == RTCAN || status == RTERROR) return KdDbObjectId::kNull;
 
     KdadSelectSet set;
     kdadPickSelect(point, set);
-    return set.count() == 1 ? openTable(set.at(0)) : nullptr;
+    return set.count() == 1 ? set.at(0) : KdDbObjectId::kNull;
+}
+
+KdDbTable* getTableAtPt(KdGePoint3d& point) {
+    return openTable(pickOneObject(loadText(pickTablePrompt), point));
 }
 
 bool isDoubleClickEdit(KdDbObjectId& id, int& row, int& col) {

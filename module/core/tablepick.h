@@ -7,6 +7,10 @@
 
 class KdDbTable;
 
+/// Asks for a point; `point` gets it in world coordinates, whatever the answer was. The one object that lies there,
+/// of any class; the null id for a miss, for several, and when the user cancels.
+KdDbObjectId pickOneObject(const wchar_t* prompt, KdGePoint3d& point);
+
 /// Asks for a point; `point` gets it in world coordinates, whatever the answer was. Gives the one object that
 /// lies there, open for read and to be closed by the caller, when it is a table; else null.
 KdDbTable* getTableAtPt(KdGePoint3d& point);
