@@ -1,7 +1,9 @@
-// Operations of the table class that answer the same whatever they are asked, and change nothing. They are
-// part of the class for those who call it from outside.
+// Operations of the table class that answer the same whatever they are asked, or look only whether a table is
+// there, and change nothing. They are part of the class for those who call it from outside.
 
 #include "module/core/cellwalk.h"
+#include "module/core/openobject.h"
+#include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 
 int CVqTableCommon::IsRowLastMerged(const KdDbTable*, const CVqTableCellRange&) {
@@ -39,4 +41,19 @@ bool CVqTableCommon::DeleteCells(KdDbTable* table, const CVqTableCellRange& rang
 
 int CVqTableCommon::SortStyles(KdArray<KdString>&) {
     return 0;
+}
+
+/// Loads the texts of a prompt that it doesn't give.
+int CVqTableCommon::SelectTable() {
+    loadText(2050);
+    loadText(2051);
+    return 0;
+}
+
+bool CVqTableCommon::SaveAsNewCellStyle(KdDbObjectId table) {
+    return static_cast<bool>(OpenObject<KdDbTable>(table, KdDb::kForRead));
+}
+
+bool CVqTableCommon::SaveAsNewTableStyle(KdDbObjectId) {
+    return true;
 }
