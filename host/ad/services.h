@@ -10,6 +10,7 @@ public:
     KdDbDatabase* workingDatabase() const override { return m_workingDatabase; }
     void setWorkingDatabase(KdDbDatabase* database) override { m_workingDatabase = database; }
     const KdCommandLineState* commandLineState() const override;
+    bool getTempFolder(wchar_t* folder, int length) const override;
 
 private:
     class State : public KdCommandLineState {

@@ -11,6 +11,10 @@ KdDbHostApplicationServices* theServices = nullptr;
 KdDbHostApplicationServices::~KdDbHostApplicationServices() = default;
 KdCommandLineState::~KdCommandLineState() = default;
 
+bool KdDbHostApplicationServices::getTempFolder(wchar_t*, int) const {
+    return false;
+}
+
 KdDbHostApplicationServices* kddbHostApplicationServices() {
     return theServices;
 }

@@ -83,6 +83,10 @@ void SetLastError(DWORD code) {
     lastError = code;
 }
 
+int getKdadErrorFromWinErr(DWORD) {
+    return 0;
+}
+
 UINT GetTempFileNameW(const wchar_t* folder, const wchar_t* prefix, UINT unique, wchar_t* out) {
     if (folder == nullptr || out == nullptr) return failed(LAST_INVALID_PARAMETER);
     const std::wstring start = prefix == nullptr ? L"" : std::wstring(prefix).substr(0, kPrefixLength);

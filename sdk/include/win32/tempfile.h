@@ -19,6 +19,9 @@ enum LastError : DWORD {
 DWORD GetLastError();
 void SetLastError(DWORD code);
 
+/// A code of this layer as a status of the host. It has none for any of them and always gives 0.
+int getKdadErrorFromWinErr(DWORD code);
+
 /// Makes a file name in `folder` from the first three characters of `prefix`, four hexadecimal digits and
 /// ".tmp". With `unique` 0 the name is a new one, and an empty file is made under it; else the digits are those
 /// of `unique`, and nothing is made. `out` takes KD_MAX_PATH characters. Returns the number in the name; 0 on

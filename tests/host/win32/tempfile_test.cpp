@@ -78,4 +78,10 @@ TEST_F(TempFile, a_failure_leaves_the_buffer_and_tells_why) {
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(LAST_INVALID_PARAMETER));
 }
 
+TEST_F(TempFile, every_code_is_success_as_a_status_of_the_host) {
+    for (const DWORD code : {LAST_NO_ERROR, LAST_PATH_NOT_FOUND, LAST_ACCESS_DENIED, LAST_FILE_EXISTS}) {
+        EXPECT_EQ(getKdadErrorFromWinErr(code), 0) << code;
+    }
+}
+
 }  // namespace

@@ -104,6 +104,9 @@ public:
     virtual void setWorkingDatabase(KdDbDatabase* database) = 0;
     /// Null when the host has no command line.
     virtual const KdCommandLineState* commandLineState() const = 0;
+    /// The folder for temporary files, without an ending separator. False, with `folder` as it was, when the host
+    /// has none or its path doesn't fit in `length` characters, the ending zero included.
+    virtual bool getTempFolder(wchar_t* folder, int length) const;
 };
 
 /// Whether the command line is on, so that a command may ask there instead of in a dialog.
