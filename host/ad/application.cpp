@@ -22,7 +22,7 @@ Application::Application() : m_documents(m_services) {
     resetVariables();
     commandLine().clear();
     kddbSetHostApplicationServices(&m_services);
-    setDatabaseListener(this);
+    addDatabaseListener(this);
     setCellSelectionListener(this);
     setOpenDocumentCount([this] { return m_documents.documentCount(); });
 }
@@ -37,7 +37,7 @@ Application::~Application() {
     }
     setOpenDocumentCount({});
     setCellSelectionListener(nullptr);
-    setDatabaseListener(nullptr);
+    removeDatabaseListener(this);
     kddbSetHostApplicationServices(nullptr);
     running = nullptr;
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/ad/documents.h"
+#include "host/ad/mainapp.h"
 #include "host/ad/services.h"
 #include "host/db/access.h"
 #include "host/ed/picking.h"
@@ -27,6 +28,11 @@ public:
 
     HostServices& services() { return m_services; }
     DocumentManager& documents() { return m_documents; }
+    MainAppService& mainAppService() { return m_mainAppService; }
+
+    /// The window that dialogs and message boxes belong to; null before there is one. It stays its maker's.
+    QWidget* mainWindow() const { return m_mainWindow; }
+    void setMainWindow(QWidget* window) { m_mainWindow = window; }
 
     /// Loads a module; a name without a folder is looked for in the plug-in folder. Empty on success, else
     /// what is wrong.
@@ -45,6 +51,8 @@ private:
     void showTableToolBar(KdDbObjectId table, bool show);
 
     HostServices m_services;
+    MainAppService m_mainAppService;
+    QWidget* m_mainWindow = nullptr;
     DocumentManager m_documents;
     std::vector<std::wstring> m_modules;
     std::unordered_set<KdDbObjectId> m_knownTables;

@@ -4,6 +4,7 @@
 #include "kd/ad/doclock.h"
 
 #include "host/ad/application.h"
+#include "host/db/undo.h"
 #include "host/ed/commands.h"
 
 namespace {
@@ -22,7 +23,17 @@ KdAxDocLock::KdAxDocLock(const KdDbObjectId& object, DocLockType) : m_status(Kda
     if (document == nullptr) return;
     const kdhost::Editor* busy = kdhost::editorOfRunningCommand();
     m_status = busy == nullptr || busy == &document->editor() ? Kdad::eOk : Kdad::eLockViolation;
-    if (m_status == Kdad::eOk) m_document = document;
+    if (m_status != Kdad::eOk) return;
+    // What is changed under the lock is undone like a command.
+    m_document = document;
+    kdhost::undoHistory(*document->database())->beginCommand(kdhost::kUnnamedStep);
 }
 
-KdAxDocLock::~KdAxDocLock() = default;
+KdAxDocLock::~KdAxDocLock() {
+    kdhost::Application* application = kdhost::Application::current();
+    if (m_document == nullptr || application == nullptr) return;
+    const auto* document = static_cast<const kdhost::Document*>(m_document);
+    // The document may have been closed since.
+    if (!application->documents().holds(document)) return;
+    kdhost::undoHistory(*document->database())->endCommand();
+}

@@ -21,7 +21,10 @@ KdApDocManager::~KdApDocManager() = default;
 namespace kdhost {
 
 Document::Document(std::wstring fileName)
-    : m_fileName(std::move(fileName)), m_database(std::make_unique<KdDbDatabase>()), m_editor(*m_database) {}
+    : m_fileName(std::move(fileName)),
+      m_database(std::make_unique<KdDbDatabase>()),
+      m_transactionManager(*m_database),
+      m_editor(*m_database) {}
 
 Document::~Document() = default;
 
@@ -52,11 +55,14 @@ void DocumentManager::tell(void (KdApDocManagerReactor::*operation)(Parameters..
 }
 
 Kdad::ErrorStatus DocumentManager::sendStringToExecute(KdApDocument* document, const wchar_t* text) {
-    const auto found = std::find_if(m_documents.begin(), m_documents.end(),
-                                    [&](const auto& candidate) { return candidate.get() == document; });
-    if (found == m_documents.end() || text == nullptr) return Kdad::eInvalidInput;
-    (*found)->editor().input().send(text);
+    if (!holds(document) || text == nullptr) return Kdad::eInvalidInput;
+    static_cast<Document*>(document)->editor().input().send(text);
     return Kdad::eOk;
+}
+
+bool DocumentManager::holds(const KdApDocument* document) const {
+    return std::any_of(m_documents.begin(), m_documents.end(),
+                       [&](const auto& candidate) { return candidate.get() == document; });
 }
 
 Document* DocumentManager::at(int index) const {

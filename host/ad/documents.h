@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/db/transaction.h"
 #include "host/ed/editor.h"
 #include "kd/ad/document.h"
 #include "kd/db/database.h"
@@ -20,12 +21,14 @@ public:
 
     KdDbDatabase* database() const override { return m_database.get(); }
     const wchar_t* fileName() const override { return m_fileName.c_str(); }
+    KdDbTransactionManager* transactionManager() override { return &m_transactionManager; }
     Editor& editor() { return m_editor; }
     KdadDocData& data() { return m_data; }
 
 private:
     std::wstring m_fileName;
     std::unique_ptr<KdDbDatabase> m_database;
+    TransactionManager m_transactionManager;
     Editor m_editor;
     KdadDocData m_data;
 };
@@ -46,6 +49,8 @@ public:
     Document* current() const { return m_current; }
     /// Null outside 0 to the number of documents. They stand in the order of opening.
     Document* at(int index) const;
+    /// Whether this is one of the open documents.
+    bool holds(const KdApDocument* document) const;
     /// Null when no document has the database.
     Document* documentOf(const KdDbDatabase* database) const;
     /// The document whose data record modules are given: already the new one while the reactors are told

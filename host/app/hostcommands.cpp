@@ -6,6 +6,7 @@
 #include "host/app/commands/drawcommands.h"
 #include "host/app/commands/layercommand.h"
 #include "host/app/commands/tableimport.h"
+#include "host/app/commands/undocommands.h"
 #include "host/app/commands/viewcommands.h"
 #include "host/rx/commandstack.h"
 
@@ -31,9 +32,12 @@ constexpr HostCommand kCommands[] = {
     {L"LIST", kUsesSelection, listObjects},
     {L"NEW", kKeepsSelection, newDocument},
     {L"QUIT", 0, quit},
+    {L"REDO", kKeepsSelection, redoStep},
     {L"REGEN", kKeepsSelection, regenerate},
     {L"SETVAR", kKeepsSelection, setVariable},
     {L"TABLEIMPORT", 0, importTable},
+    {L"U", kKeepsSelection, undoStep},
+    {L"UNDO", kKeepsSelection, undoSteps},
     {L"ZOOM", kKeepsSelection, zoom},
 };
 

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QTextCodec>
+#include <QWidget>
 #include <clocale>
 #include <iostream>
 
@@ -105,7 +106,9 @@ std::string describeOpenObjects() {
 }
 
 std::string runApplication(const Options& options) {
+    QWidget mainWindow;
     Application application;
+    application.setMainWindow(&mainWindow);
     registerHostCommands();
     application.documents().openNew();
     for (const auto step : {loadModules, runScript, writeOutputs}) {

@@ -41,13 +41,15 @@ void setCurrentCommandName(const std::wstring& name);
 /// that isn't open. One line of text each.
 std::vector<std::wstring> takeDisciplineBreaches();
 
-/// Told when an object was changed, added or erased: at the close that ends the open.
+/// Told when an object was changed, added or erased: at the close that ends the open, and by an undo, a redo or
+/// an abort that put it back. What a listener then changes belongs to the same step of undo.
 class DatabaseListener {
 public:
     virtual ~DatabaseListener() = default;
     virtual void objectChanged(KdDbObjectId id) = 0;
 };
-/// Null for none. The listener stays the caller's.
-void setDatabaseListener(DatabaseListener* listener);
+/// Listeners are told in the order in which they were added. A listener stays the caller's.
+void addDatabaseListener(DatabaseListener* listener);
+void removeDatabaseListener(DatabaseListener* listener);
 
 }  // namespace kdhost

@@ -131,7 +131,7 @@ private:
         KdDbObject* owner = kdhost::findObject(holder);
         const KdDbObject* made = owner == nullptr ? nullptr : cloneWithOwned(target, holder);
         if (made == nullptr) return KdDbObjectId::kNull;
-        enterInto(KdDbObjectAccess::stateForMaker(*owner), *made, name);
+        enterInto(KdDbObjectAccess::stateForHost(*owner), *made, name);
         return made->objectId();
     }
 

@@ -9,6 +9,7 @@
 #include "host/db/objectstate.h"
 #include "host/db/opening.h"
 #include "host/db/openrecord.h"
+#include "host/db/undo.h"
 #include "host/rx/faults.h"
 #include "kd/db/dictionary.h"
 #include "kd/db/symboltable.h"
@@ -59,6 +60,7 @@ KdDbObjectId KdDbDatabaseAccess::insert(KdDbDatabase& database, std::unique_ptr<
     record.id = nextId();
     record.handle = handle;
     kdhost::rememberObject(inserted);
+    if (held.undo != nullptr) held.undo->keepMade(inserted);
     state.enterDatabase(inserted);
     return record.id;
 }
@@ -72,12 +74,14 @@ const KdDbObject* KdDbDatabaseAccess::find(const KdDbDatabase& database, std::ui
 KdDbDatabase::KdDbDatabase(bool buildDefaults, bool noDocument) : m_impl(std::make_unique<Impl>()) {
     m_impl->noDocument = noDocument;
     if (buildDefaults) kdhost::buildDefaults(*this);
+    if (!noDocument) m_impl->undo = std::make_shared<kdhost::UndoHistory>(*this);
 }
 
 KdDbDatabase::~KdDbDatabase() {
+    m_impl->undo.reset();
     for (const auto& [handle, object] : m_impl->objects) {
         const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(*object);
-        kdhost::tellReactors(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.goodbye(object.get()); });
+        kdhost::tellEach(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.goodbye(object.get()); });
     }
     for (const auto& [handle, object] : m_impl->objects) {
         if (KdDbObjectAccess::openRecord(*object).isOpen()) {
@@ -136,7 +140,7 @@ KdDbObjectId KdDbDatabase::clayer() const {
     return m_impl->current.layer;
 }
 void KdDbDatabase::setClayer(KdDbObjectId layer) {
-    if (isOwn<KdDbLayerTableRecord>(*this, layer)) m_impl->current.layer = layer;
+    if (isOwn<KdDbLayerTableRecord>(*this, layer)) kdhost::currentForWrite(*this).layer = layer;
 }
 KdDbObjectId KdDbDatabase::celtype() const {
     return m_impl->current.linetype;
@@ -145,13 +149,13 @@ KdDbObjectId KdDbDatabase::textstyle() const {
     return m_impl->current.textStyle;
 }
 void KdDbDatabase::setTextstyle(KdDbObjectId style) {
-    if (isOwn<KdDbTextStyleTableRecord>(*this, style)) m_impl->current.textStyle = style;
+    if (isOwn<KdDbTextStyleTableRecord>(*this, style)) kdhost::currentForWrite(*this).textStyle = style;
 }
 KdDbObjectId KdDbDatabase::tablestyle() const {
     return m_impl->current.tableStyle;
 }
 void KdDbDatabase::setTablestyle(KdDbObjectId style) {
-    if (isOwn<KdDbTableStyle>(*this, style)) m_impl->current.tableStyle = style;
+    if (isOwn<KdDbTableStyle>(*this, style)) kdhost::currentForWrite(*this).tableStyle = style;
 }
 KdDbObjectId KdDbDatabase::byLayerLinetype() const {
     return m_impl->roots.byLayer;

@@ -35,7 +35,11 @@ struct CurrentSettings {
     KdDbObjectId textStyle;
     KdDbObjectId tableStyle;
     bool modelSpace = true;
+
+    friend bool operator==(const CurrentSettings&, const CurrentSettings&) = default;
 };
+
+class UndoHistory;
 
 struct DatabaseContents : KdDbImpDatabase {
     std::map<std::uint64_t, std::unique_ptr<KdDbObject>> objects;  ///< by handle
@@ -47,6 +51,8 @@ struct DatabaseContents : KdDbImpDatabase {
     std::unordered_set<KdDbObjectId> required;  ///< what every drawing must have
     /// Goes up when a name of a symbol table may have come, gone or changed in another way than by adding.
     std::uint64_t nameGeneration = 0;
+    /// Null in a drawing that belongs to no document, and while a new drawing is being made.
+    std::shared_ptr<UndoHistory> undo;
 
     bool isRequired(KdDbObjectId id) const { return required.contains(id); }
     const KdDbHeaderVar& headerVar() const override { return header; }

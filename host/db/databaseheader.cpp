@@ -1,6 +1,7 @@
 // The header variables of a database: they are part of its contents.
 
 #include "host/db/databasecontents.h"
+#include "host/db/undo.h"
 #include "kd/db/headervar.h"
 
 namespace {
@@ -10,7 +11,7 @@ const KdDbHeaderVar& header(const KdDbDatabase& database) {
 }
 
 KdDbHeaderVar& header(KdDbDatabase& database) {
-    return KdDbDatabaseAccess::contents(database).header;
+    return kdhost::headerForWrite(database);
 }
 
 }  // namespace

@@ -65,6 +65,8 @@ void KdDbObjectState::takePlaceOf(const KdDbObjectState& previous) {
 
 void KdDbObjectState::enterDatabase(KdDbObject&) {}
 
+void KdDbObjectState::wasPutBack(KdDbObject&) const {}
+
 void KdDbObjectAccess::giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state) {
     object.m_state = std::move(state);
 }
@@ -95,7 +97,7 @@ bool KdDbObject::isReadEnabled() const {
 }
 
 bool KdDbObject::isWriteEnabled() const {
-    return m_open->database == nullptr || m_open->writing;
+    return m_open->database == nullptr || m_open->mayWrite();
 }
 
 bool KdDbObject::isErased() const {
@@ -112,7 +114,7 @@ Kdad::ErrorStatus KdDbObject::erase(bool erasing) {
         return Kdad::eCannotBeErased;
     }
     if (erasing && isErased()) return Kdad::eWasErased;
-    if (!m_open->writing) {
+    if (!m_open->mayWrite()) {
         kdhost::noteBreach(*this, L"erased without a write open");
         return Kdad::eNotOpenForWrite;
     }

@@ -36,6 +36,9 @@ struct KdDbObjectState {
     /// The object has just got its place in a database; what hangs on it in memory follows it there.
     virtual void enterDatabase(KdDbObject& self);
 
+    /// An undo, a redo or an abort has just put this state, or the object's erasure, back.
+    virtual void wasPutBack(KdDbObject& self) const;
+
     KdDbObjectId owner;
     bool erased = false;
     KdDbObjectId extensionDictionary;
@@ -53,6 +56,9 @@ struct KdDbObjectAccess {
     /// open for write. An object in no database may always be written.
     static KdDbObjectState* stateForWrite(KdDbObject& object);
 
+    /// The same for what the host changes as part of another operation: no open is asked for.
+    static KdDbObjectState& stateForHost(KdDbObject& object);
+
     /// A transient part has changed, such as a table's sub-selection: it needs no write open, yet the close
     /// tells the reactors. On an object that is not open the reactors are told at once.
     static void noteTransientChange(const KdDbObject& object);
@@ -63,6 +69,11 @@ struct KdDbObjectAccess {
 
     /// Gives an object in no database another state of its class.
     static void giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state);
+
+    /// Gives the object the state and hands out the one that it had.
+    static void exchangeState(KdDbObject& object, std::unique_ptr<KdDbObjectState>& state) {
+        object.m_state.swap(state);
+    }
 
     static KdDbOpenRecord& openRecord(const KdDbObject& object) { return *object.m_open; }
 };

@@ -10,6 +10,7 @@
 #include "host/db/access.h"
 #include "host/db/entitystate.h"
 #include "host/db/openrecord.h"
+#include "host/db/undo.h"
 #include "host/rx/faults.h"
 #include "kd/db/entity.h"
 #include "kd/db/symboltable.h"
@@ -22,25 +23,12 @@ struct Register {
     std::map<KdDbObjectId, const KdDbObject*> open;
     std::wstring currentCommand;
     std::vector<std::wstring> breaches;
-    DatabaseListener* listener = nullptr;
+    std::vector<DatabaseListener*> listeners;
 };
 
 Register& theRegister() {
     static Register instance;
     return instance;
-}
-
-/// A write to an entity is refused while its layer is locked.
-bool isOnLockedLayer(const KdDbObject& object) {
-    if (!object.isKindOf(KdDbEntity::desc())) return false;
-    const auto* layer = peek<KdDbLayerTableRecord>(stateOf<KdDbEntityState>(object).layer);
-    return layer != nullptr && layer->isLocked();
-}
-
-/// True for the one open that a test wants to fail.
-bool faultStrikes() {
-    int& count = faults().failOpenNumber;
-    return count > 0 && --count == 0;
 }
 
 void noteOpen(const KdDbObject& object) {
@@ -51,13 +39,15 @@ void noteOpen(const KdDbObject& object) {
 void tellChange(const KdDbObject& object, bool changed, bool erasureChanged) {
     const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
     if (changed) {
-        tellReactors(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.modified(&object); });
+        tellEach(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.modified(&object); });
     }
     if (erasureChanged) {
         const bool erased = object.isErased();
-        tellReactors(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.erased(&object, erased); });
+        tellEach(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.erased(&object, erased); });
     }
-    if (theRegister().listener != nullptr && record.id.isValid()) theRegister().listener->objectChanged(record.id);
+    if (record.id.isNull()) return;
+    const KdDbObjectId id = record.id;
+    tellEach(theRegister().listeners, [&](DatabaseListener& listener) { listener.objectChanged(id); });
 }
 
 }  // namespace
@@ -88,7 +78,9 @@ std::vector<OpenObject> openObjects() {
     std::vector<OpenObject> result;
     for (const auto& [id, object] : theRegister().open) {
         const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(*object);
-        result.push_back({id, record.handle, object->isA()->name(), record.readers, record.writing, record.command});
+        const int held = record.hold == TransactionHold::Read ? 1 : 0;
+        result.push_back(
+            {id, record.handle, object->isA()->name(), record.readers + held, record.mayWrite(), record.command});
     }
     return result;
 }
@@ -100,23 +92,55 @@ void setCurrentCommandName(const std::wstring& name) {
 void noteBreach(const KdDbObject& object, const std::wstring& what) {
     std::wstring line = std::wstring(object.isA()->name()) + L" of handle " + std::to_wstring(object.handle());
     line += L": " + what;
-    if (!theRegister().currentCommand.empty()) line += L", in " + theRegister().currentCommand;
-    theRegister().breaches.push_back(std::move(line));
+    noteBreach(line);
+}
+
+void noteBreach(const std::wstring& what) {
+    const std::wstring& command = theRegister().currentCommand;
+    theRegister().breaches.push_back(command.empty() ? what : what + L", in " + command);
+}
+
+bool isOnLockedLayer(const KdDbObject& object) {
+    if (!object.isKindOf(KdDbEntity::desc())) return false;
+    const auto* layer = peek<KdDbLayerTableRecord>(stateOf<KdDbEntityState>(object).layer);
+    return layer != nullptr && layer->isLocked();
+}
+
+bool openFaultStrikes() {
+    int& count = faults().failOpenNumber;
+    return count > 0 && --count == 0;
 }
 
 std::vector<std::wstring> takeDisciplineBreaches() {
     return std::exchange(theRegister().breaches, {});
 }
 
-void setDatabaseListener(DatabaseListener* listener) {
-    theRegister().listener = listener;
+void addDatabaseListener(DatabaseListener* listener) {
+    theRegister().listeners.push_back(listener);
+}
+
+void removeDatabaseListener(DatabaseListener* listener) {
+    std::erase(theRegister().listeners, listener);
 }
 
 Kdad::ErrorStatus openConflict(const KdDbObject& object, KdDb::OpenMode mode) {
     const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
     if (record.writing) return Kdad::eWasOpenForWrite;
-    if (mode == KdDb::kForWrite && record.readers > 0) return Kdad::eWasOpenForRead;
-    return Kdad::eOk;
+    if (mode == KdDb::kForRead) return Kdad::eOk;
+    if (record.hold == TransactionHold::Write) return Kdad::eWasOpenForWrite;
+    return record.isOpen() ? Kdad::eWasOpenForRead : Kdad::eOk;
+}
+
+Kdad::ErrorStatus holdConflict(const KdDbObject& object, KdDb::OpenMode mode) {
+    const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
+    if (record.writing) return Kdad::eWasOpenForWrite;
+    const bool wantsMore = mode == KdDb::kForWrite && record.hold != TransactionHold::Write;
+    return wantsMore && record.readers > 0 ? Kdad::eWasOpenForRead : Kdad::eOk;
+}
+
+void setHold(KdDbObject& object, TransactionHold hold) {
+    KdDbObjectAccess::openRecord(object).hold = hold;
+    if (hold != TransactionHold::None) noteOpen(object);
 }
 
 void beginOpen(KdDbObject& object, KdDb::OpenMode mode) {
@@ -138,13 +162,22 @@ void endOpen(KdDbObject& object) {
     if (changed || erasureChanged) tellChange(object, changed, erasureChanged);
 }
 
-Kdad::ErrorStatus openObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
-                             const KdRxClass* cls) {
+Kdad::ErrorStatus findForOpen(KdDbObject*& object, KdDbObjectId id, bool openErased) {
     object = nullptr;
     if (id.isNull()) return Kdad::eNullObjectId;
     KdDbObject* found = findObject(id);
     if (found == nullptr) return Kdad::eUnknownId;
     if (found->isErased() && !openErased) return Kdad::eWasErased;
+    object = found;
+    return Kdad::eOk;
+}
+
+Kdad::ErrorStatus openObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
+                             const KdRxClass* cls) {
+    object = nullptr;
+    KdDbObject* found = nullptr;
+    const Kdad::ErrorStatus status = findForOpen(found, id, openErased);
+    if (status != Kdad::eOk) return status;
     if (cls != nullptr && !found->isKindOf(cls)) return Kdad::eNotThatKindOfClass;
     const Kdad::ErrorStatus conflict = openConflict(*found, mode);
     if (conflict != Kdad::eOk) return conflict;
@@ -161,13 +194,19 @@ using namespace kdhost;
 KdDbObjectState* KdDbObjectAccess::stateForWrite(KdDbObject& object) {
     KdDbOpenRecord& record = *object.m_open;
     if (record.database != nullptr) {
-        if (!record.writing) {
+        if (!record.mayWrite()) {
             noteBreach(object, L"written without a write open");
             return nullptr;
         }
         record.changed = true;
+        keepForUndo(object);
     }
     return object.m_state.get();
+}
+
+KdDbObjectState& KdDbObjectAccess::stateForHost(KdDbObject& object) {
+    keepForUndo(object);
+    return *object.m_state;
 }
 
 void KdDbObjectAccess::noteTransientChange(const KdDbObject& object) {
@@ -186,9 +225,10 @@ Kdad::ErrorStatus KdDbObject::close() {
         noteBreach(*this, L"closed while it is not open");
         return Kdad::eNotOpenForRead;
     }
+    // What only a transaction has open it closes itself: a close too many does no harm.
     if (record.writing) {
         record.writing = false;
-    } else {
+    } else if (record.readers > 0) {
         --record.readers;
     }
     if (!record.isOpen()) endOpen(*this);
@@ -197,12 +237,17 @@ Kdad::ErrorStatus KdDbObject::close() {
 
 Kdad::ErrorStatus KdDbObject::upgradeOpen() {
     KdDbOpenRecord& record = *m_open;
-    if (record.database == nullptr || record.writing) return Kdad::eOk;
-    if (record.readers == 0) return Kdad::eNotOpenForRead;
-    if (record.readers > 1) return Kdad::eWasOpenForRead;
+    if (record.database == nullptr || record.mayWrite()) return Kdad::eOk;
+    if (!record.isOpen()) return Kdad::eNotOpenForRead;
+    const bool held = record.hold != TransactionHold::None;
+    if (record.readers + (held ? 1 : 0) > 1) return Kdad::eWasOpenForRead;
     if (isOnLockedLayer(*this)) return Kdad::eOnLockedLayer;
-    record.readers = 0;
-    record.writing = true;
+    if (held) {
+        record.hold = TransactionHold::Write;
+    } else {
+        record.readers = 0;
+        record.writing = true;
+    }
     return Kdad::eOk;
 }
 
@@ -220,7 +265,7 @@ Kdad::ErrorStatus KdDbObject::downgradeOpen() {
 Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
                                  const KdRxClass* cls) {
     object = nullptr;
-    if (faultStrikes()) return Kdad::eInvalidContext;
+    if (openFaultStrikes()) return Kdad::eInvalidContext;
     return openObject(object, id, mode, openErased, cls);
 }
 

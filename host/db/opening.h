@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/db/openrecord.h"
 #include "kd/db/object.h"
 
 namespace kdhost {
@@ -29,6 +30,11 @@ Kdad::ErrorStatus openConflict(const KdDbObject& object, KdDb::OpenMode mode);
 /// Enters an open that is known to be allowed.
 void beginOpen(KdDbObject& object, KdDb::OpenMode mode);
 
+/// Whether a transaction could have the object in that mode now, as far as opens outside of transactions go.
+Kdad::ErrorStatus holdConflict(const KdDbObject& object, KdDb::OpenMode mode);
+/// Makes this the transactions' way of having the object open. Taking a hold away tells nobody yet.
+void setHold(KdDbObject& object, TransactionHold hold);
+
 /// Nobody has the object open any more: tells whoever wants to know what the open changed.
 void endOpen(KdDbObject& object);
 
@@ -42,14 +48,23 @@ void rememberObject(KdDbObject& object);
 /// As peekObject, to be changed by the host itself.
 KdDbObject* findObject(KdDbObjectId id);
 
-void noteBreach(const KdDbObject& object, const std::wstring& what);
+/// The object that an open would give.
+Kdad::ErrorStatus findForOpen(KdDbObject*& object, KdDbObjectId id, bool openErased);
+/// A write to an entity is refused while its layer is locked.
+bool isOnLockedLayer(const KdDbObject& object);
+/// True for the one open that a test wants to fail.
+bool openFaultStrikes();
 
-/// Calls `tell(reactor)` for each reactor that is still there when its turn comes.
-template <class Tell>
-void tellReactors(const std::vector<KdDbObjectReactor*>& reactors, Tell&& tell) {
-    const std::vector<KdDbObjectReactor*> asked = reactors;
-    for (KdDbObjectReactor* reactor : asked) {
-        if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) tell(*reactor);
+void noteBreach(const KdDbObject& object, const std::wstring& what);
+/// The same of something else than an object.
+void noteBreach(const std::wstring& what);
+
+/// Calls `tell(listener)` for each listener, or reactor, that is still there when its turn comes.
+template <class Listener, class Tell>
+void tellEach(const std::vector<Listener*>& listeners, Tell&& tell) {
+    const std::vector<Listener*> asked = listeners;
+    for (Listener* listener : asked) {
+        if (std::find(listeners.begin(), listeners.end(), listener) != listeners.end()) tell(*listener);
     }
 }
 

@@ -7,6 +7,13 @@
 
 #include "kd/db/object.h"
 
+namespace kdhost {
+
+/// How a transaction has an object open.
+enum class TransactionHold { None, Read, Write };
+
+}  // namespace kdhost
+
 struct KdDbOpenRecord {
     KdDbDatabase* database = nullptr;
     KdDbObjectId id;
@@ -14,14 +21,19 @@ struct KdDbOpenRecord {
 
     int readers = 0;
     bool writing = false;
-    bool changed = false;         ///< since the open began, transient parts included
-    bool erasureChanged = false;  ///< since the open began
-    std::wstring command;         ///< that opened the object first
+    kdhost::TransactionHold hold = kdhost::TransactionHold::None;  ///< beside readers, or instead of a writer
+    bool changed = false;                                          ///< since the open began, transient parts included
+    bool erasureChanged = false;                                   ///< since the open began
+    std::wstring command;                                          ///< that opened the object first
 
     std::vector<KdDbObjectReactor*> reactors;
 
     /// In memory only: another object has taken the object over.
     bool held = false;
 
-    bool isOpen() const { return writing || readers > 0; }
+    /// The record that has kept the object's state last, by its number.
+    std::uint64_t keptIn = 0;
+
+    bool isOpen() const { return writing || readers > 0 || hold != kdhost::TransactionHold::None; }
+    bool mayWrite() const { return writing || hold == kdhost::TransactionHold::Write; }
 };

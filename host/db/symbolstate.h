@@ -27,6 +27,7 @@ struct KdDbSymbolIndex {
 struct KdDbSymbolTableState : KdDbObjectState {
     std::unique_ptr<KdDbObjectState> clone() const override;
     void mapIds(const kdhost::IdMapper& map) override;
+    void wasPutBack(KdDbObject& self) const override;
 
     std::vector<KdDbObjectId> records;  ///< in the order of their making
     mutable KdDbSymbolIndex index;
@@ -34,6 +35,7 @@ struct KdDbSymbolTableState : KdDbObjectState {
 
 struct KdDbSymbolTableRecordState : KdDbObjectState {
     void takePlaceOf(const KdDbObjectState& previous) override;
+    void wasPutBack(KdDbObject& self) const override;
 
     std::wstring name;
 };

@@ -65,6 +65,11 @@ KdDbObjectId find(const KdDbSymbolTable& table, const wchar_t* name) {
     return found == index.ids.end() ? KdDbObjectId::kNull : found->second;
 }
 
+/// What the indices of the drawing's symbol tables know may be wrong from now on.
+void noteNamesChanged(const KdDbObject& object) {
+    ++KdDbDatabaseAccess::contents(*object.database()).nameGeneration;
+}
+
 class Iterator final : public KdDbSymbolTableIterator {
 public:
     explicit Iterator(const KdDbSymbolTable& table) : m_table(table) { start(); }
@@ -118,6 +123,14 @@ void KdDbSymbolTableState::mapIds(const kdhost::IdMapper& map) {
     for (KdDbObjectId& id : records) id = map(id, kdhost::IdRole::owned);
     std::erase(records, KdDbObjectId::kNull);
     index = {};
+}
+
+void KdDbSymbolTableState::wasPutBack(KdDbObject& self) const {
+    noteNamesChanged(self);
+}
+
+void KdDbSymbolTableRecordState::wasPutBack(KdDbObject& self) const {
+    noteNamesChanged(self);
 }
 
 void KdDbSymbolTableRecordState::takePlaceOf(const KdDbObjectState& previous) {
@@ -193,6 +206,6 @@ Kdad::ErrorStatus KdDbSymbolTableRecord::setName(const wchar_t* name) {
         }
     }
     const Kdad::ErrorStatus status = changeState<RecordState>(*this, [&](RecordState& state) { state.name = name; });
-    if (status == Kdad::eOk && database() != nullptr) ++KdDbDatabaseAccess::contents(*database()).nameGeneration;
+    if (status == Kdad::eOk && database() != nullptr) noteNamesChanged(*this);
     return status;
 }

@@ -247,3 +247,7 @@ void KdDbTable::clearSubSelection() {
 bool KdDbTable::hasSubSelection() const {
     return currentSelection(*this) != kNothing;
 }
+
+void TableState::wasPutBack(KdDbObject& self) const {
+    clampSelection(static_cast<const KdDbTable&>(self));
+}

@@ -31,6 +31,8 @@ struct TableState : KdDbBlockReferenceState {
     TableState();
     std::unique_ptr<KdDbObjectState> clone() const override { return std::make_unique<TableState>(*this); }
     void mapIds(const IdMapper& map) override;
+    /// Selections are not undone, but held inside the table.
+    void wasPutBack(KdDbObject& self) const override;
 
     int rowCount() const { return rows.size(); }
     int columnCount() const { return static_cast<int>(columnWidths.size()); }

@@ -7,6 +7,7 @@
 #include <exception>
 #include <utility>
 
+#include "host/db/undo.h"
 #include "host/ed/commandline.h"
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
@@ -50,6 +51,10 @@ public:
     RunningScope& operator=(const RunningScope&) = delete;
 };
 
+KdDbDatabase* databaseOf(const Editor* editor) {
+    return editor == nullptr ? nullptr : &editor->database();
+}
+
 bool wasOpen(const std::vector<OpenObject>& before, const OpenObject& object) {
     return std::any_of(before.begin(), before.end(), [&](const OpenObject& other) { return other.id == object.id; });
 }
@@ -80,13 +85,16 @@ void callSafely(const CommandRecord& command) {
 
 void runVariable(const VariableRecord& variable) {
     const RunningScope scope(variable.name, currentEditor());
+    const UndoCommandScope undo(databaseOf(currentEditor()), variable.name);
     promptForVariable(variable);
 }
 
 /// "(name)" calls a LISP-side function.
 bool runLispWord(const std::wstring& word) {
     if (word.size() < 3 || word.front() != L'(' || word.back() != L')') return false;
-    return runLispFunction(word.substr(1, word.size() - 2));
+    const std::wstring name = word.substr(1, word.size() - 2);
+    const UndoCommandScope undo(databaseOf(currentEditor()), name);
+    return runLispFunction(name);
 }
 
 void runWord(const std::wstring& word) {
@@ -129,6 +137,7 @@ void runCommand(const CommandRecord& command) {
     const std::vector<OpenObject> before = openObjects();
     {
         const RunningScope scope(command.globalName, editor);
+        const UndoCommandScope undo(databaseOf(editor), command.globalName);
         callSafely(command);
     }
     // Keywords announced for a prompt that never came are not for the next command.

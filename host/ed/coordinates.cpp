@@ -3,6 +3,7 @@
 #include "kd/ed/coordinates.h"
 
 #include "host/ed/editor.h"
+#include "host/rx/faults.h"
 
 namespace {
 
@@ -26,4 +27,13 @@ bool kddbUcs2Wcs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint) {
 bool kddbWcs2Ucs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint) {
     const kdhost::Editor* editor = kdhost::currentEditor();
     return editor != nullptr && convert(editor->ucs().inverse(), from, to, asPoint);
+}
+
+bool kdedCoordFromPixelToWorldInternal(int x, int y, KdGePoint3d& point) {
+    const kdhost::Editor* editor = kdhost::currentEditor();
+    if (editor == nullptr || kdhost::faults().noView) return false;
+    KdGePoint3d world(x, y, 0.0);
+    editor->view().screenToWorld(world);
+    point = editor->toUser(world);
+    return true;
 }

@@ -8,6 +8,7 @@
 namespace kdtest {
 
 HostApplication::HostApplication() {
+    m_application.setMainWindow(&m_mainWindow);
     kdhost::registerHostCommands();
     kdhost::setFileDialog(this);
     kdhost::commandLine().setListener(this);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QWidget>
 #include <deque>
 #include <optional>
 #include <string>
@@ -49,6 +50,7 @@ private:
     void written(const std::wstring& text) override;
     void failed(const std::wstring& message) override;
 
+    QWidget m_mainWindow;  // hidden
     kdhost::Application m_application;
     std::deque<std::optional<std::wstring>> m_paths;
     std::vector<kdhost::FileDialogRequest> m_requests;

@@ -10,6 +10,7 @@
 #include "host/app/dump/tables.h"
 #include "host/app/dump/values.h"
 #include "host/db/access.h"
+#include "host/db/undo.h"
 #include "host/ed/pickfirst.h"
 #include "host/ed/variables.h"
 #include "host/rx/encoding.h"
@@ -96,6 +97,15 @@ void writeTables(std::ostream& out, const std::vector<KdDbObjectId>& ids) {
     }
 }
 
+/// The oldest first.
+Json undoSteps(KdDbDatabase& database) {
+    Json names = Json::array();
+    if (const auto history = undoHistory(database)) {
+        for (const std::wstring& name : history->undoSteps()) names.push_back(toUtf8(name));
+    }
+    return names;
+}
+
 Json open() {
     Json handles = Json::array();
     for (const OpenObject& object : openObjects()) handles.push_back(dump::handle(object.handle));
@@ -118,7 +128,7 @@ void writeDump(std::ostream& out, Document& document) {
     writeTables(out, ids);
     out << "],\n";
     write("toolbar", {{"visible", false}, {"table", nullptr}, {"enabled", Json::array()}});
-    write("undoSteps", Json::array());
+    write("undoSteps", undoSteps(*document.database()));
     out << "\"open\":" << open().dump() << "}\n";
 }
 

@@ -146,7 +146,7 @@ TEST_F(Reactors, the_listener_hears_of_additions_changes_and_erasures_at_their_c
         void objectChanged(KdDbObjectId id) override { ids.push_back(id); }
         std::vector<KdDbObjectId> ids;
     } listener;
-    kdhost::setDatabaseListener(&listener);
+    kdhost::addDatabaseListener(&listener);
     const KdDbObjectId added = kdtest::appendLine(m_database);
     EXPECT_EQ(listener.ids, (std::vector{added, m_database.modelSpaceId()}));
     listener.ids.clear();
@@ -154,7 +154,7 @@ TEST_F(Reactors, the_listener_hears_of_additions_changes_and_erasures_at_their_c
     line->setEndPoint({2.0, 0.0, 0.0});
     line->erase();
     line->close();
-    kdhost::setDatabaseListener(nullptr);
+    kdhost::removeDatabaseListener(&listener);
     EXPECT_EQ(listener.ids, std::vector{m_id});
 }
 

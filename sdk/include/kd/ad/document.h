@@ -8,6 +8,7 @@
 
 class KdApDocument;
 class KdDbDatabase;
+class KdDbTransactionManager;
 
 /// Told of what happens to documents.
 class KdApDocManagerReactor {
@@ -27,6 +28,8 @@ public:
     virtual ~KdApDocument();
     virtual KdDbDatabase* database() const = 0;
     virtual const wchar_t* fileName() const = 0;
+    /// The transactions of the document's drawing; never null.
+    virtual KdDbTransactionManager* transactionManager() = 0;
 };
 
 class KdApDocManager {
