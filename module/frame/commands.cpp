@@ -1,6 +1,8 @@
 // The commands: the rows of the command table, and their handlers.
 
 #include "module/core/resources.h"
+#include "module/edit/celledit.h"
+#include "module/edit/edittablecell.h"
 #include "module/exchange/tableexport.h"
 #include "module/frame/tvxtableapp.h"
 
@@ -49,6 +51,7 @@ void TvxTableApp::TVX_TABLE_COMMANDSTABLESTYLE() {
 
 void TvxTableApp::TVX_TABLE_COMMANDSTABLEDIT() {
     ResourceScope resources;
+    tableEditEntry();
 }
 
 void TvxTableApp::TVX_TABLE_COMMANDSTABLEEXPORT() {
@@ -58,4 +61,5 @@ void TvxTableApp::TVX_TABLE_COMMANDSTABLEEXPORT() {
 
 void TvxTableApp::TVX_TABLE_COMMANDSEDITTABLECELL() {
     ResourceScope resources;
+    EditTableCellGUI().entry();
 }
