@@ -117,6 +117,9 @@ bool runAnswer(Editor& editor, const Answer& answer) {
         case Answer::Kind::AddPick:
             clickAt(editor, answer.point, answer.kind == Answer::Kind::AddPick);
             break;
+        case Answer::Kind::Cells:
+            selectCellsByUser(editor, answer.cells.table, answer.cells.range);
+            break;
         case Answer::Kind::Escape:
             selectNothingByUser(editor);
             break;

@@ -69,6 +69,9 @@ Answer Editor::ask(PromptKind kind, const std::wstring& prompt, bool takesBlanks
                 if (!takesPicks(kind)) break;
                 return {
                     item->kind == InputItem::Kind::Pick ? Answer::Kind::Pick : Answer::Kind::AddPick, {}, item->point};
+            case InputItem::Kind::Cells:
+                if (kind != PromptKind::Cells && kind != PromptKind::Command) break;
+                return {Answer::Kind::Cells, {}, {}, item->cells};
         }
     }
     // Characters without an end at the end of all input were never entered.

@@ -16,14 +16,15 @@ class KdDbDatabase;
 
 namespace kdhost {
 
-enum class PromptKind { Command, Keyword, Text, Point, Entity, Objects };
+enum class PromptKind { Command, Keyword, Text, Point, Entity, Objects, Cells };
 
 /// What the user answered to a prompt.
 struct Answer {
-    enum class Kind { Text, Pick, AddPick, Cancel, Escape, End };
+    enum class Kind { Text, Pick, AddPick, Cells, Cancel, Escape, End };
     Kind kind = Kind::Text;
     std::wstring text;  ///< empty for Enter
     KdGePoint3d point;  ///< of a pick, in world coordinates
+    CellsOfTable cells = {};
 
     bool isPick() const { return kind == Kind::Pick || kind == Kind::AddPick; }
     /// Cancelled, also because nothing comes any more.

@@ -14,10 +14,10 @@ bool cancelStandsAt(const std::wstring& text, std::size_t at) {
 }
 
 InputItem character(wchar_t value) {
-    return {InputItem::Kind::Character, value, {}};
+    return {InputItem::Kind::Character, value, {}, {}};
 }
 
-constexpr InputItem kCancelItem{InputItem::Kind::Cancel, 0, {}};
+const InputItem kCancelItem{InputItem::Kind::Cancel, 0, {}, {}};
 
 }  // namespace
 
@@ -36,7 +36,11 @@ void InputQueue::type(const std::wstring& text) {
 }
 
 void InputQueue::put(InputItem::Kind kind, const KdGePoint3d& point) {
-    m_typed.push_back({kind, 0, point});
+    m_typed.push_back({kind, 0, point, {}});
+}
+
+void InputQueue::put(const CellsOfTable& cells) {
+    m_typed.push_back({InputItem::Kind::Cells, 0, {}, cells});
 }
 
 void InputQueue::clear() {

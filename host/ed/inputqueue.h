@@ -6,24 +6,34 @@
 #include <optional>
 #include <string>
 
+#include "kd/db/cellrange.h"
+#include "kd/db/objectid.h"
 #include "kd/ge/point3d.h"
 
 namespace kdhost {
 
 class InputQueue;
 
+/// A rectangle of cells in one table.
+struct CellsOfTable {
+    KdDbObjectId table;
+    KdCellRange range;
+};
+
 /// One thing that the user did.
 struct InputItem {
     enum class Kind {
         Character,
-        Cancel,  ///< cancels what runs; the selection stays
-        Escape,  ///< the key: with nothing running it empties the selection
-        Pick,    ///< of a world point
-        AddPick  ///< the same, added to what is selected
+        Cancel,   ///< cancels what runs; the selection stays
+        Escape,   ///< the key: with nothing running it empties the selection
+        Pick,     ///< of a world point
+        AddPick,  ///< the same, added to what is selected
+        Cells     ///< cells of a table dragged over
     };
     Kind kind = Kind::Character;
     wchar_t character = 0;
     KdGePoint3d point;
+    CellsOfTable cells;
 };
 
 /// Where input comes from once the queue is empty.
@@ -42,6 +52,7 @@ public:
     /// A line as typed, its line end included. A "^C" cancels where it stands at the start.
     void type(const std::wstring& text);
     void put(InputItem::Kind kind, const KdGePoint3d& point = {});
+    void put(const CellsOfTable& cells);
 
     bool isEmpty() const { return m_sent.empty() && m_typed.empty(); }
     void clear();

@@ -7,9 +7,11 @@
 #include <utility>
 
 #include "host/db/access.h"
+#include "host/ed/editor.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
+#include "kd/ed/selection.h"
 
 namespace kdhost {
 namespace {
@@ -84,4 +86,26 @@ KdDbObjectId PickFirst::currentTable() const {
     return peek<KdDbTable>(m_currentTable) != nullptr ? m_currentTable : KdDbObjectId::kNull;
 }
 
+namespace {
+
+constexpr int kDropSelection = 9;
+
+class PickfirstProc : public KdadPickfirstProc {
+public:
+    bool doAction(int action) override {
+        Editor* editor = currentEditor();
+        if (action != kDropSelection || editor == nullptr) return false;
+        editor->pickFirst().clear();
+        return true;
+    }
+};
+
+}  // namespace
 }  // namespace kdhost
+
+KdadPickfirstProc::~KdadPickfirstProc() = default;
+
+KdadPickfirstProc* kdadGetPickfirstProc() {
+    static kdhost::PickfirstProc proc;
+    return kdhost::currentEditor() == nullptr ? nullptr : &proc;
+}

@@ -119,6 +119,14 @@ std::vector<KdDbObjectId> pickAt(const Editor& editor, const KdGePoint3d& worldP
     return ids;
 }
 
+std::optional<CellsOfTable> cellAt(const Editor& editor, const KdGePoint3d& worldPoint) {
+    for (KdDbObjectId id : pickAt(editor, worldPoint)) {
+        KdCellRange cells;
+        if (cellAt(id, worldPoint, cells)) return CellsOfTable{id, cells};
+    }
+    return std::nullopt;
+}
+
 void clickAt(Editor& editor, const KdGePoint3d& worldPoint, bool add) {
     const std::vector<KdDbObjectId> hit = pickAt(editor, worldPoint);
     byUser(editor, [&](PickFirst& selection) { click(selection, hit, worldPoint, add); });
@@ -139,11 +147,7 @@ bool kdadPickSelSetWithoutInteraction(const KdGePoint3d& screenPoint) {
     if (editor == nullptr) return false;
     KdGePoint3d point = screenPoint;
     editor->view().screenToWorld(point);
-    for (KdDbObjectId id : kdhost::pickAt(*editor, point)) {
-        KdCellRange cells;
-        if (!kdhost::cellAt(id, point, cells)) continue;
-        editor->pickFirst().selectCells(id, cells);
-        return true;
-    }
-    return false;
+    const auto cells = kdhost::cellAt(*editor, point);
+    if (cells) editor->pickFirst().selectCells(cells->table, cells->range);
+    return cells.has_value();
 }

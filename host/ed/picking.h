@@ -1,8 +1,10 @@
 // Picking: what lies under a point of the drawing, and what a click there selects.
 #pragma once
 
+#include <optional>
 #include <vector>
 
+#include "host/ed/inputqueue.h"
 #include "kd/db/cellrange.h"
 #include "kd/db/objectid.h"
 #include "kd/ge/point3d.h"
@@ -17,6 +19,9 @@ inline constexpr double kPickBoxPixels = 10.0;
 /// The entities of the current space under a world point, the one drawn last first. A table is hit anywhere
 /// inside its outline, a line within the pick box, another entity inside its extents.
 std::vector<KdDbObjectId> pickAt(const Editor& editor, const KdGePoint3d& worldPoint);
+
+/// The cell under a world point, a merge with its whole rectangle; none where no table lies on top.
+std::optional<CellsOfTable> cellAt(const Editor& editor, const KdGePoint3d& worldPoint);
 
 /// Told when the user starts or ends a selection of cells; what modules select is not told.
 class CellSelectionListener {
