@@ -2,6 +2,8 @@
 
 #include "kd/db/mtext.h"
 
+#include <cmath>
+
 #include "host/db/access.h"
 #include "host/db/similarity.h"
 #include "host/db/textstate.h"
@@ -57,6 +59,23 @@ Kdad::ErrorStatus KdDbMText::setWidth(double width) {
     if (!(width >= 0.0)) return Kdad::eInvalidInput;
     return changeState<State>(*this, [&](State& state) { state.width = width; });
 }
+double KdDbMText::height() const {
+    return stateOf<State>(*this).height;
+}
+Kdad::ErrorStatus KdDbMText::setHeight(double height) {
+    if (!(height >= 0.0)) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) { state.height = height; });
+}
+KdGeVector3d KdDbMText::direction() const {
+    const State& state = stateOf<State>(*this);
+    return KdGeMatrix3d::planeToWorld(state.normal) *
+           KdGeVector3d(std::cos(state.rotation), std::sin(state.rotation), 0.0);
+}
+Kdad::ErrorStatus KdDbMText::setDirection(const KdGeVector3d& direction) {
+    const KdGeVector3d inPlane = KdGeMatrix3d::worldToPlane(stateOf<State>(*this).normal) * direction;
+    if (std::hypot(inPlane.x, inPlane.y) == 0.0) return Kdad::eInvalidInput;
+    return setRotation(std::atan2(inPlane.y, inPlane.x));
+}
 KdDbObjectId KdDbMText::textStyle() const {
     return stateOf<State>(*this).textStyle;
 }
@@ -84,6 +103,32 @@ Kdad::ErrorStatus KdDbMText::setContents(const wchar_t* text) {
     return changeState<State>(*this, [&](State& state) { state.contents = text == nullptr ? L"" : text; });
 }
 
+bool KdDbMText::backgroundFillOn() const {
+    return stateOf<State>(*this).backgroundFill;
+}
+Kdad::ErrorStatus KdDbMText::setBackgroundFill(bool on) {
+    return changeState<State>(*this, [&](State& state) { state.backgroundFill = on; });
+}
+KdCmColor KdDbMText::backgroundFillColor() const {
+    return stateOf<State>(*this).backgroundColor;
+}
+Kdad::ErrorStatus KdDbMText::setBackgroundFillColor(const KdCmColor& color) {
+    return changeState<State>(*this, [&](State& state) { state.backgroundColor = color; });
+}
+double KdDbMText::backgroundScaleFactor() const {
+    return stateOf<State>(*this).backgroundScale;
+}
+Kdad::ErrorStatus KdDbMText::setBackgroundScaleFactor(double factor) {
+    if (!(factor >= 1.0 && factor <= 5.0)) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) { state.backgroundScale = factor; });
+}
+bool KdDbMText::useBackgroundColorOn() const {
+    return stateOf<State>(*this).usesViewBackground;
+}
+Kdad::ErrorStatus KdDbMText::setUseBackgroundColor(bool on) {
+    return changeState<State>(*this, [&](State& state) { state.usesViewBackground = on; });
+}
+
 double KdDbMText::actualWidth() const {
     return layoutOf(stateOf<State>(*this)).width;
 }
@@ -102,6 +147,7 @@ Kdad::ErrorStatus KdDbMText::transformBy(const KdGeMatrix3d& matrix) {
         state.location.transformBy(matrix);
         state.textHeight *= *scale;
         state.width *= *scale;
+        state.height *= *scale;
     });
 }
 
@@ -120,6 +166,10 @@ KdDbExtents KdDbMText::getGeomExtents() const {
                                                (corner & 2) != 0 ? bottom + layout.height : bottom, 0.0));
     }
     return extents;
+}
+
+void kddbSetMtextRotation(KdDbMText* text, double angle) {
+    if (text != nullptr) text->setRotation(angle);
 }
 
 KdString stripMtextFormatting(const KdString& text, KdDbDatabase*, const KdDbObjectId&) {

@@ -14,8 +14,13 @@ struct KdDbMTextState : KdDbEntityState {
     KdGeVector3d normal{0.0, 0.0, 1.0};
     double rotation = 0.0;
     double width = 0.0;
+    double height = 0.0;
     KdDbObjectId textStyle;
     double textHeight = 2.5;
     KdDbMText::AttachmentPoint attachment = KdDbMText::kTopLeft;
     std::wstring contents;
+    bool backgroundFill = false;
+    KdCmColor backgroundColor;
+    bool usesViewBackground = false;
+    double backgroundScale = 1.5;
 };

@@ -366,6 +366,12 @@ public:
     /// Opens the editor on the first selected cell, and on one after another as the user goes on. One step of
     /// undo.
     static int TableEdit(KdDbObjectId table);
+
+    // The clipboard; non-zero on success.
+
+    static int CutTableCells(KdDbObjectId table);
+    static int CopyTableCells(KdDbObjectId table);
+    static int PasteTableCells(KdDbObjectId table);
 };
 
 /// Selects a cell by simulating a pick at its centre; `table` is open, and stays open for read. Nothing

@@ -11,6 +11,10 @@ CVqTableditMiniFrameWnd* GetTableditMiniFrameWnd() {
     return gpTableditMiniFrameWnd;
 }
 
+KdDbObjectId toolbarTable() {
+    return KdDbObjectId::kNull;
+}
+
 bool CVqTableCommon::ShowTableToolbar(KdDbObjectId, bool) {
     return true;
 }

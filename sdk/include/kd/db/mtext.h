@@ -34,6 +34,13 @@ public:
     /// Width that lines are wrapped at; 0 for no wrapping. eInvalidInput when negative.
     double width() const;
     Kdad::ErrorStatus setWidth(double width);
+    /// Height of the box that the text is meant for; nothing is cut by it. 0 for none, eInvalidInput when negative.
+    double height() const;
+    Kdad::ErrorStatus setHeight(double height);
+    /// Direction of the lines in world coordinates, length 1: what rotation tells, the other way round. Only
+    /// its part in the text's plane counts; eInvalidInput when it has none.
+    KdGeVector3d direction() const;
+    Kdad::ErrorStatus setDirection(const KdGeVector3d& direction);
     KdDbObjectId textStyle() const;
     Kdad::ErrorStatus setTextStyle(KdDbObjectId style);
     /// Height of a capital letter. eInvalidInput unless positive.
@@ -46,6 +53,19 @@ public:
     const wchar_t* contents() const;
     Kdad::ErrorStatus setContents(const wchar_t* text);
 
+    /// A fill behind the text.
+    bool backgroundFillOn() const;
+    Kdad::ErrorStatus setBackgroundFill(bool on);
+    KdCmColor backgroundFillColor() const;
+    Kdad::ErrorStatus setBackgroundFillColor(const KdCmColor& color);
+    /// How far the fill reaches beyond the text: 1 is the text itself, and the text height times one less than
+    /// the factor is added on each side. eInvalidInput unless 1 to 5.
+    double backgroundScaleFactor() const;
+    Kdad::ErrorStatus setBackgroundScaleFactor(double factor);
+    /// The fill has the colour of the view instead of its own.
+    bool useBackgroundColorOn() const;
+    Kdad::ErrorStatus setUseBackgroundColor(bool on);
+
     /// Size of the text as wrapped.
     double actualWidth() const;
     double actualHeight() const;
@@ -53,6 +73,9 @@ public:
     Kdad::ErrorStatus transformBy(const KdGeMatrix3d& matrix) override;
     KdDbExtents getGeomExtents() const override;
 };
+
+/// As setRotation; a null text is passed over.
+void kddbSetMtextRotation(KdDbMText* text, double angle);
 
 /// The text without its formatting codes, as it is read: paragraphs become line feeds, stacked fractions
 /// "a/b", "%%d" and its like their characters.
