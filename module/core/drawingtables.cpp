@@ -1,5 +1,6 @@
 // The tables of a drawing.
 
+#include <algorithm>
 #include <memory>
 
 #include "kd/db/database.h"

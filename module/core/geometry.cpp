@@ -5,6 +5,7 @@
 // along y when its flow is not 0, else against it.
 
 #include <algorithm>
+#include <cmath>
 
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
@@ -114,7 +115,7 @@ void CVqTableCommon::GetTableTransform(const KdDbTable* table, KdGeMatrix3d& mat
 void CVqTableCommon::GetCellRangeGripPoints(const KdDbTable* table, const CVqTableCellRange& range,
                                             const KdGeMatrix3d& matrix, KdGePoint3dArray& points) {
     if (table == nullptr) return;
-    const KdGeVector3d& x = KdGeVector3d::kXAxis;
+    const KdGeVector3d x = KdGeVector3d::kXAxis;
     const KdGeVector3d y = acrossRows(*table, x);
     const double left = widthOfColumns(*table, 0, range.m_leftColumn - 1);
     const double top = heightOfRows(*table, 0, range.m_topRow - 1);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <sstream>
 
+#include "host/db/tableaccess.h"
 #include "kd/db/table.h"
 
 namespace kdtest {
@@ -45,12 +46,14 @@ SlowGrid::SlowGrid(const KdDbTable& table) : selection(table.getSubSelection()) 
     for (int row = 0; row < table.numRows(); ++row) rows.push_back({table.rowHeight(row), styleOfRow(table, row)});
     for (int column = 0; column < table.numColumns(); ++column) columns.push_back({table.columnWidth(column), L""});
     cells.assign(rows.size(), std::vector<SlowCell>(columns.size()));
+    const kdhost::TableState& state = kdhost::tableState(table);
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
             SlowCell& cell = at(row, column);
-            cell.text = table.textString(row, column);
-            cell.style = table.cellStyle(row, column);
-            cell.state = table.cellState(row, column);
+            const kdhost::Cell& kept = state.cell(row, column);
+            cell.text = kept.text;
+            cell.style = state.styles.name(kept.style);
+            cell.state = kept.state;
             const KdCellRange merge = table.getMergeRange(row, column);
             const bool owner = merge.m_topRow == row && merge.m_leftColumn == column;
             if (!table.isMergedCell(row, column)) continue;

@@ -35,7 +35,7 @@ public:
     /// Answers the question whether content may be lost.
     using Ask = std::function<bool()>;
 
-    /// As the table's getters tell it; no cell that is covered may hold anything.
+    /// As the table keeps it, with what covered cells hold unseen.
     explicit SlowGrid(const KdDbTable& table);
 
     /// Empty when the table shows the same.
