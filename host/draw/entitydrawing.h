@@ -45,7 +45,8 @@ constexpr int verticalOf(int place) {
     return place < 1 || place > 9 ? 0 : (place - 1) / 3;
 }
 
-/// `sample` gives font, height and colour.
-void drawText(const text::Layout& layout, const TextPlace& place, const Text& sample, Primitives& out);
+/// `color` is that of the text as a whole; `looks` tell what the colours of single characters come to.
+void drawText(const text::Layout& layout, const TextPlace& place, const Color& color, const Looks& looks,
+              Primitives& out);
 
 }  // namespace kdhost::draw

@@ -79,7 +79,7 @@ public:
 
 private:
     QColor colorOf(const Color& color) const {
-        if (color.foreground) return m_device.darkPaper ? Qt::white : Qt::black;
+        if (color.foreground || color.paper) return color.paper == m_device.darkPaper ? Qt::black : Qt::white;
         return {color.red, color.green, color.blue};
     }
 
@@ -141,14 +141,22 @@ private:
     void characters(const Text& text, double width, double height) {
         if (!m_hasFont || text.font != m_fontKey) useFont(text.font);
         const QString string = QString::fromStdWString(text.text);
-        const double natural = m_metrics.horizontalAdvance(string);
+        const QFont font = text.tracking == 1.0 ? m_font : spaced(text.tracking);
+        const double natural =
+            text.tracking == 1.0 ? m_metrics.horizontalAdvance(string) : QFontMetricsF(font).horizontalAdvance(string);
         if (natural <= 0.0) return;
         const double down = height / (m_capitalRatio * kFontSize);
         m_painter.shear(-std::tan(text.font.obliqueAngle), 0.0);
         m_painter.scale(width / natural, down);
-        m_painter.setFont(m_font);
+        m_painter.setFont(font);
         m_painter.setPen(colorOf(text.color));
         m_painter.drawText(QPointF(0.0, 0.0), string);
+    }
+
+    QFont spaced(double tracking) const {
+        QFont font = m_font;
+        font.setLetterSpacing(QFont::PercentageSpacing, 100.0 * tracking);
+        return font;
     }
 
     void useFont(const text::Font& font) {

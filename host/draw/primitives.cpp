@@ -37,13 +37,23 @@ void drawSolid(const KdDbEntity& entity, const Context& context, Primitives& out
     out.push_back(std::move(polygon));
 }
 
+/// A fill behind the text, in its own colour or in that of what is painted on.
+void drawBackground(const KdDbMText& mtext, const text::Layout& layout, const TextPlace& place, const Looks& looks,
+                    Primitives& out) {
+    const auto color =
+        mtext.useBackgroundColorOn() ? Color{.paper = true} : looks.color(mtext.backgroundFillColor());
+    if (!color || layout.lines.empty()) return;
+    const double margin = (mtext.backgroundScaleFactor() - 1.0) * mtext.textHeight();
+    const double left = -0.5 * place.horizontal * layout.room - margin;
+    const double top = 0.5 * place.vertical * layout.height + margin;
+    const auto at = [&](double x, double y) { return place.anchor + place.right * x + place.up * y; };
+    const double right = left + layout.room + 2.0 * margin;
+    const double bottom = top - layout.height - 2.0 * margin;
+    out.push_back(Polygon{{at(left, top), at(right, top), at(right, bottom), at(left, bottom)}, *color});
+}
+
 void drawMText(const KdDbEntity& entity, const Context& context, Primitives& out) {
     const auto& mtext = static_cast<const KdDbMText&>(entity);
-    Text sample;
-    sample.height = mtext.textHeight();
-    sample.font = fontOf(mtext.textStyle());
-    sample.color = Looks(entity, context.block, context.options).color();
-
     const KdGeVector3d normal = mtext.normal().normal();
     TextPlace place;
     place.anchor = mtext.location();
@@ -52,7 +62,11 @@ void drawMText(const KdDbEntity& entity, const Context& context, Primitives& out
     place.up = normal.crossProduct(place.right);
     place.horizontal = horizontalOf(mtext.attachment());
     place.vertical = verticalOf(mtext.attachment());
-    drawText(text::layout(mtext.contents(), sample.font, sample.height, mtext.width()), place, sample, out);
+    const text::Layout layout =
+        text::layout(mtext.contents(), fontOf(mtext.textStyle()), mtext.textHeight(), mtext.width());
+    const Looks looks(entity, context.block, context.options);
+    if (mtext.backgroundFillOn()) drawBackground(mtext, layout, place, looks, out);
+    drawText(layout, place, looks.color(), looks, out);
 }
 
 void drawBlockReference(const KdDbEntity& entity, const Context& context, Primitives& out) {
@@ -151,22 +165,67 @@ void transform(Primitives& primitives, const KdGeMatrix3d& matrix) {
     }
 }
 
-void drawText(const text::Layout& layout, const TextPlace& place, const Text& sample, Primitives& out) {
-    double baseline = layout.height * 0.5 * place.vertical - sample.height;
+namespace {
+
+KdCmColor colorOf(const text::Ink& ink) {
+    if (ink.kind == text::Ink::Kind::index) return KdCmColor::fromIndex(ink.value);
+    return KdCmColor::fromRgb(ink.value & 0xFF, ink.value >> 8 & 0xFF, ink.value >> 16 & 0xFF);
+}
+
+/// One line of a layout, in its place.
+class LineDrawer {
+public:
+    LineDrawer(const KdGePoint3d& start, const TextPlace& place, const Color& color, const Looks& looks,
+               Primitives& out)
+        : m_start(start), m_place(place), m_color(color), m_looks(looks), m_out(out) {}
+
+    void operator()(const text::Run& run) const {
+        Text text;
+        text.text = run.text;
+        text.origin = at(run.x, run.y);
+        text.direction = m_place.right;
+        text.height = run.height;
+        text.width = run.width;
+        text.tracking = run.tracking;
+        text.font = run.font;
+        text.color = inked(run.ink);
+        text.underline = run.underline;
+        text.overline = run.overline;
+        text.strike = run.strike;
+        m_out.push_back(std::move(text));
+    }
+
+    void operator()(const text::Stroke& stroke) const {
+        m_out.push_back(
+            Polyline{{at(stroke.fromX, stroke.fromY), at(stroke.toX, stroke.toY)}, inked(stroke.ink), 0, {}});
+    }
+
+private:
+    KdGePoint3d at(double x, double y) const { return m_start + m_place.right * x + m_place.up * y; }
+
+    Color inked(const text::Ink& ink) const {
+        return ink.kind == text::Ink::Kind::ofText ? m_color : m_looks.color(colorOf(ink)).value_or(m_color);
+    }
+
+    KdGePoint3d m_start;
+    const TextPlace& m_place;
+    const Color& m_color;
+    const Looks& m_looks;
+    Primitives& m_out;
+};
+
+}  // namespace
+
+void drawText(const text::Layout& layout, const TextPlace& place, const Color& color, const Looks& looks,
+              Primitives& out) {
+    const double left = -0.5 * place.horizontal * layout.room;
+    const double top = 0.5 * place.vertical * layout.height;
     for (const text::Line& line : layout.lines) {
-        const double left = -line.width * 0.5 * place.horizontal;
-        for (const text::Run& run : line.runs) {
-            Text text = sample;
-            text.text = run.text;
-            text.origin = place.anchor + place.right * (left + run.x) + place.up * baseline;
-            text.direction = place.right;
-            text.width = run.width;
-            text.underline = run.underline;
-            text.overline = run.overline;
-            text.strike = run.strike;
-            out.push_back(std::move(text));
-        }
-        baseline -= text::kLinePitch * sample.height;
+        const KdGePoint3d start = place.anchor + place.right * (left + layout.leftOf(line, place.horizontal)) +
+                                  place.up * (top - line.baseline);
+        const LineDrawer draw(start, place, color, looks, out);
+        for (const text::Run& run : line.runs) draw(run);
+        for (const text::Stroke& stroke : line.strokes) draw(stroke);
     }
 }
 

@@ -16,12 +16,14 @@ class KdDbEntity;
 
 namespace kdhost::draw {
 
-/// Red, green, blue, 0 to 255 each; `foreground` means black on white paper, white on a black screen.
+/// Red, green, blue, 0 to 255 each; `foreground` means black on white paper and white on a black screen, `paper` the
+/// colour of what is painted on.
 struct Color {
     int red = 0;
     int green = 0;
     int blue = 0;
     bool foreground = false;
+    bool paper = false;
 
     friend bool operator==(const Color&, const Color&) = default;
 };
@@ -44,6 +46,7 @@ struct Text {
     KdGeVector3d direction;  ///< of the baseline, length 1
     double height = 0.0;     ///< of a capital letter
     double width = 0.0;      ///< of the run as measured
+    double tracking = 1.0;   ///< factor on the characters' advances, in the width already
     text::Font font;
     Color color;
     bool underline = false;

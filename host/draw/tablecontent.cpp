@@ -70,18 +70,16 @@ public:
         const KdDbTable& table = m_drawing.table;
         const wchar_t* contents = table.textString(row, column);
         if (contents == nullptr || *contents == 0 || table.cellType(row, column) == KdDb::kBlockCell) return;
-        Text sample;
-        sample.height = table.textHeight(row, column);
-        sample.font = font(table.textStyle(row, column));
-        sample.color = m_drawing.looks.color(table.contentColor(row, column)).value_or(m_drawing.looks.color());
-
+        const Color color = m_drawing.looks.color(table.contentColor(row, column)).value_or(m_drawing.looks.color());
         const CellBox free = inner(table, row, column, box);
         const double angle = m_rotations.of(table.cellStyle(row, column));
         // Text at a slant doesn't wrap: it runs on, and its row has made room for it.
         const bool level = std::abs(std::sin(angle)) < kAngleTolerance;
         const double wrapWidth = level ? std::max(free.width(), 0.0) : 0.0;
-        const text::Layout layout = text::layout(contents, sample.font, sample.height, wrapWidth);
-        drawText(layout, placeOf(layout, free, angle, table.alignment(row, column)), sample, m_drawing.out);
+        const text::Layout layout =
+            text::layout(contents, font(table.textStyle(row, column)), table.textHeight(row, column), wrapWidth);
+        drawText(layout, placeOf(layout, free, angle, table.alignment(row, column)), color, m_drawing.looks,
+                 m_drawing.out);
     }
 
 private:

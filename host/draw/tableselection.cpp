@@ -102,13 +102,10 @@ private:
 
     /// In the middle of its area, smaller where it would not fit.
     void drawLabel(const std::wstring& label, const Area& area) {
-        Text sample;
-        sample.font = m_font;
-        sample.color = kBandTextColor;
-        sample.height = kLetterInTextHeights * m_height;
+        double height = kLetterInTextHeights * m_height;
         const double room = kLetterFill * (area.right - area.left);
-        const double width = text::layout(label, m_font, sample.height, 0.0).width;
-        if (width > room && room > 0.0) sample.height *= room / width;
+        const double width = text::layout(label, m_font, height, 0.0).width;
+        if (width > room && room > 0.0) height *= room / width;
 
         TextPlace place;
         place.anchor = m_drawing.geometry.at(0.5 * (area.left + area.right), 0.5 * (area.first + area.last));
@@ -116,7 +113,7 @@ private:
         place.up = m_drawing.geometry.up();
         place.horizontal = 1;
         place.vertical = 1;
-        drawText(text::layout(label, m_font, sample.height, 0.0), place, sample, m_drawing.out);
+        drawText(text::layout(label, m_font, height, 0.0), place, kBandTextColor, m_drawing.looks, m_drawing.out);
     }
 
     void drawFrame() {

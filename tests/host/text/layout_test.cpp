@@ -69,12 +69,109 @@ TEST(Layout, an_empty_text_has_no_lines) {
     EXPECT_EQ(empty.height, 0.0);
 }
 
-TEST(Layout, codes_take_no_width) {
-    EXPECT_NEAR(widthOf(L"{\\H2x;\\fArial|b1;a}\\C1;b"), widthOf(L"ab"), 1e-9);
+TEST(Layout, codes_themselves_take_no_width) {
+    EXPECT_NEAR(widthOf(L"{\\C3;\\La}\\C1;b"), widthOf(L"ab"), 1e-9);
 }
 
-TEST(Layout, stacks_measure_as_they_are_read) {
-    EXPECT_NEAR(widthOf(L"\\S1#2;"), widthOf(L"1/2"), 1e-9);
+TEST(Layout, a_code_for_the_height_makes_its_characters_larger) {
+    EXPECT_NEAR(widthOf(L"{\\H2x;a}b"), 2.0 * widthOf(L"a") + widthOf(L"b"), 1e-9);
+    EXPECT_NEAR(widthOf(L"\\H25;ab"), 2.5 * widthOf(L"ab"), 1e-9);
+}
+
+TEST(Layout, width_factor_and_tracking_widen) {
+    EXPECT_NEAR(widthOf(L"\\W0.5;ab"), 0.5 * widthOf(L"ab"), 1e-9);
+    EXPECT_NEAR(widthOf(L"\\T3;ab"), 3.0 * widthOf(L"ab"), 1e-9);
+}
+
+TEST(Layout, the_highest_characters_of_a_line_set_its_distance_from_the_line_above) {
+    const Layout two = layout(L"a\\P{\\H3x;b}c", kFont, 10.0, 0.0);
+    ASSERT_EQ(two.lines.size(), 2U);
+    EXPECT_DOUBLE_EQ(two.lines[0].baseline, 10.0);
+    EXPECT_DOUBLE_EQ(two.lines[1].baseline, 10.0 + 30.0 * kLinePitch);
+    EXPECT_DOUBLE_EQ(two.height, two.lines[1].baseline);
+    const Layout first = layout(L"{\\H3x;b}c", kFont, 10.0, 0.0);
+    EXPECT_DOUBLE_EQ(first.lines[0].baseline, 30.0);
+}
+
+TEST(Layout, small_characters_stand_at_the_bottom_the_middle_or_the_top_of_their_line) {
+    for (const auto& [code, y] :
+         {std::pair(L"\\A0;a{\\H0.5x;b}", 0.0), {L"\\A1;a{\\H0.5x;b}", 2.5}, {L"\\A2;a{\\H0.5x;b}", 5.0}}) {
+        const Layout one = layout(code, kFont, 10.0, 0.0);
+        ASSERT_EQ(one.lines[0].runs.size(), 2U);
+        EXPECT_DOUBLE_EQ(one.lines[0].runs[0].y, 0.0) << code;
+        EXPECT_DOUBLE_EQ(one.lines[0].runs[1].y, y) << code;
+    }
+}
+
+TEST(Layout, a_fraction_has_its_parts_above_each_other_with_a_stroke_between) {
+    const Layout one = layout(L"\\S1/20;", kFont, 10.0, 0.0);
+    ASSERT_EQ(one.lines.size(), 1U);
+    ASSERT_EQ(one.lines[0].runs.size(), 2U);
+    ASSERT_EQ(one.lines[0].strokes.size(), 1U);
+    EXPECT_NEAR(one.width, widthOf(L"20"), 1e-9);
+    const auto upper = std::find_if(one.lines[0].runs.begin(), one.lines[0].runs.end(),
+                                    [](const auto& run) { return run.text == L"1"; });
+    EXPECT_NEAR(upper->x, 0.5 * (widthOf(L"20") - widthOf(L"1")), 1e-9);
+    EXPECT_DOUBLE_EQ(upper->y, 15.0);
+    EXPECT_DOUBLE_EQ(one.lines[0].strokes[0].fromY, 12.5);
+    EXPECT_DOUBLE_EQ(one.height, 25.0);
+}
+
+TEST(Layout, a_fraction_stands_in_its_line_as_the_alignment_says) {
+    const auto bottomOf = [](const wchar_t* text) {
+        double bottom = 1e9;
+        const Layout one = layout(text, kFont, 10.0, 0.0);
+        for (const auto& run : one.lines[0].runs) bottom = std::min(bottom, run.y);
+        return bottom;
+    };
+    EXPECT_DOUBLE_EQ(bottomOf(L"\\A0;\\S1/2;"), 0.0);
+    EXPECT_DOUBLE_EQ(bottomOf(L"\\A1;\\S1/2;"), -7.5);
+    EXPECT_DOUBLE_EQ(bottomOf(L"\\A2;\\S1/2;"), -15.0);
+}
+
+TEST(Layout, a_slanted_fraction_has_its_parts_side_by_side) {
+    const Layout one = layout(L"\\S1#2;", kFont, 10.0, 0.0);
+    EXPECT_NEAR(one.width, widthOf(L"12") + 6.0, 1e-9);
+    ASSERT_EQ(one.lines[0].strokes.size(), 1U);
+}
+
+TEST(Layout, a_tolerance_has_no_stroke) {
+    const Layout one = layout(L"\\S+0.1^-0.2;", kFont, 10.0, 0.0);
+    EXPECT_TRUE(one.lines[0].strokes.empty());
+    EXPECT_EQ(one.lines[0].runs.size(), 2U);
+}
+
+TEST(Layout, a_paragraph_keeps_its_indents_free) {
+    const Layout wrapped = layout(L"\\pi2,l1,r3;aaaaaa aaaaaa aaaaaa", kFont, 10.0, 60.0 + widthOf(L"aaaaaa") * 1.1);
+    ASSERT_EQ(wrapped.lines.size(), 3U);
+    EXPECT_DOUBLE_EQ(wrapped.lines[0].indent, 30.0);
+    EXPECT_DOUBLE_EQ(wrapped.lines[1].indent, 10.0);
+    EXPECT_DOUBLE_EQ(wrapped.lines[0].outdent, 30.0);
+}
+
+TEST(Layout, a_paragraph_is_aligned_by_its_own_code) {
+    const Layout three = layout(L"\\pqc;a\\P\\pqr;a\\P\\pql;a", kFont, 10.0, 100.0);
+    const double width = widthOf(L"a");
+    EXPECT_NEAR(three.leftOf(three.lines[0], 0), 0.5 * (100.0 - width), 1e-9);
+    EXPECT_NEAR(three.leftOf(three.lines[1], 0), 100.0 - width, 1e-9);
+    EXPECT_NEAR(three.leftOf(three.lines[2], 2), 0.0, 1e-9);
+}
+
+TEST(Layout, a_justified_line_fills_the_width_and_the_last_one_does_not) {
+    const double width = widthOf(L"aa bb") * 1.2;
+    const Layout justified = layout(L"\\pqj;aa bb cc", kFont, 10.0, width);
+    ASSERT_EQ(justified.lines.size(), 2U);
+    EXPECT_NEAR(justified.lines[0].width, width, 1e-6);
+    EXPECT_NEAR(justified.lines[1].width, widthOf(L"cc"), 1e-9);
+    const Layout distributed = layout(L"\\pqd;aa bb", kFont, 10.0, width);
+    EXPECT_NEAR(distributed.lines[0].width, width, 1e-6);
+}
+
+TEST(Layout, tabs_go_to_their_stops_and_without_any_to_every_fourth_height) {
+    const Layout free = layout(L"a\tb", kFont, 10.0, 0.0);
+    EXPECT_NEAR(free.lines[0].runs.back().x, 40.0, 1e-9);
+    const Layout set = layout(L"\\pi0,t3,8;a\tb\tc", kFont, 10.0, 0.0);
+    EXPECT_NEAR(set.width, 80.0 + widthOf(L"c"), 1e-9);
 }
 
 TEST(Layout, wraps_between_words_and_drops_the_blanks_there) {
