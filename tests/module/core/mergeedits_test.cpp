@@ -51,7 +51,10 @@ TEST_F(MergeEdits, MergeAll_asks_with_the_products_name_over_the_main_window) {
     EXPECT_EQ(CVqTableCommon::MergeAll(id), 1);
     ASSERT_EQ(answers.count(), 1);
     const SeenBox& box = answers.seen().front();
-    EXPECT_EQ(box.text.substr(0, 55), L"More than one of the selected cells holds content. Merg");
+    EXPECT_EQ(
+        box.text,
+        L"The selected cells hold content that merging may remove: a merged cell keeps only the content of its first "
+        L"cell.\nMerge the cells?");
     EXPECT_EQ(box.caption, GetOemProductName());
     EXPECT_EQ(box.buttons, static_cast<int>(QMessageBox::Yes | QMessageBox::No));
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);
