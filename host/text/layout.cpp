@@ -196,6 +196,11 @@ private:
         }
     }
 
+    /// Baseline to baseline. Between two lines lies what the higher one of them asks for.
+    double pitch(const Extent& extent) const {
+        return m_before.below + (kLinePitch - 1.0) * std::max(extent.height, m_before.height) + extent.above;
+    }
+
     void finish(std::size_t begin, std::size_t end, bool last) {
         Line line = lineOf(begin, end, stretchFor(begin, end, last));
         const Extent extent = extentOf(begin, end);
@@ -203,10 +208,8 @@ private:
         line.indent = indent();
         line.outdent = outdent();
         line.align = alignOf(paragraph().align);
-        line.baseline = m_out.lines.empty() ? extent.above
-                                            : m_out.lines.back().baseline + m_below + kLinePitch * extent.height +
-                                                  extent.above - extent.height;
-        m_below = extent.below;
+        line.baseline = m_out.lines.empty() ? extent.above : m_out.lines.back().baseline + pitch(extent);
+        m_before = extent;
         m_firstLine = false;
         m_out.width = std::max(m_out.width, line.indent + line.width + line.outdent);
         m_out.height = line.baseline + extent.below;
@@ -235,7 +238,7 @@ private:
     const Glyphs* m_glyphs = nullptr;
     const Format* m_format = nullptr;
     bool m_firstLine = true;
-    double m_below = 0.0;  ///< what hangs under the last line's baseline
+    Extent m_before;  ///< of the line before
 };
 
 /// A line end as the last character ends the line before it and opens none of its own: texts that come line

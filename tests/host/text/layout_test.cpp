@@ -93,6 +93,11 @@ TEST(Layout, the_highest_characters_of_a_line_set_its_distance_from_the_line_abo
     EXPECT_DOUBLE_EQ(first.lines[0].baseline, 30.0);
 }
 
+TEST(Layout, a_low_line_keeps_clear_of_the_high_one_above_it) {
+    const Layout two = layout(L"{\\H3x;b}\\Pa", kFont, 10.0, 0.0);
+    EXPECT_DOUBLE_EQ(two.lines[1].baseline, 30.0 + (kLinePitch - 1.0) * 30.0 + 10.0);
+}
+
 TEST(Layout, small_characters_stand_at_the_bottom_the_middle_or_the_top_of_their_line) {
     for (const auto& [code, y] :
          {std::pair(L"\\A0;a{\\H0.5x;b}", 0.0), {L"\\A1;a{\\H0.5x;b}", 2.5}, {L"\\A2;a{\\H0.5x;b}", 5.0}}) {
