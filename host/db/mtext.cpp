@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "host/db/access.h"
+#include "host/db/fieldstate.h"
 #include "host/db/similarity.h"
 #include "host/db/textstate.h"
 #include "host/db/textstyle.h"
@@ -15,8 +16,17 @@ namespace {
 
 using State = KdDbMTextState;
 
-kdhost::text::Layout layoutOf(const State& state) {
-    return kdhost::text::layout(state.contents, kdhost::fontOf(state.textStyle), state.textHeight, state.width);
+/// What the text shows: its own contents, or those of the field that is attached to it.
+const std::wstring& shownContents(const KdDbMText& text) {
+    const State& state = stateOf<State>(text);
+    const KdDbField* field = kdhost::textFieldOf(text);
+    if (field == nullptr) return state.contents;
+    return state.fieldContents = kdhost::evaluatedText(*field);
+}
+
+kdhost::text::Layout layoutOf(const KdDbMText& text) {
+    const State& state = stateOf<State>(text);
+    return kdhost::text::layout(shownContents(text), kdhost::fontOf(state.textStyle), state.textHeight, state.width);
 }
 
 }  // namespace
@@ -97,9 +107,11 @@ Kdad::ErrorStatus KdDbMText::setAttachment(AttachmentPoint attachment) {
     return changeState<State>(*this, [&](State& state) { state.attachment = attachment; });
 }
 const wchar_t* KdDbMText::contents() const {
-    return stateOf<State>(*this).contents.c_str();
+    return shownContents(*this).c_str();
 }
 Kdad::ErrorStatus KdDbMText::setContents(const wchar_t* text) {
+    const Kdad::ErrorStatus status = kdhost::textFieldOf(*this) == nullptr ? Kdad::eOk : removeField(L"TEXT");
+    if (status != Kdad::eOk) return status;
     return changeState<State>(*this, [&](State& state) { state.contents = text == nullptr ? L"" : text; });
 }
 
@@ -130,11 +142,11 @@ Kdad::ErrorStatus KdDbMText::setUseBackgroundColor(bool on) {
 }
 
 double KdDbMText::actualWidth() const {
-    return layoutOf(stateOf<State>(*this)).width;
+    return layoutOf(*this).width;
 }
 
 double KdDbMText::actualHeight() const {
-    return layoutOf(stateOf<State>(*this)).height;
+    return layoutOf(*this).height;
 }
 
 Kdad::ErrorStatus KdDbMText::transformBy(const KdGeMatrix3d& matrix) {
@@ -154,7 +166,7 @@ Kdad::ErrorStatus KdDbMText::transformBy(const KdGeMatrix3d& matrix) {
 KdDbExtents KdDbMText::getGeomExtents() const {
     const State& state = stateOf<State>(*this);
     KdDbExtents extents;
-    const kdhost::text::Layout layout = layoutOf(state);
+    const kdhost::text::Layout layout = layoutOf(*this);
     if (layout.lines.empty()) return extents;
     // The location is at the left, middle or right of the box, and at its top, middle or bottom.
     const int place = state.attachment - kTopLeft;

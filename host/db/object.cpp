@@ -10,43 +10,9 @@
 #include "host/db/opening.h"
 #include "host/db/openrecord.h"
 #include "kd/db/dictionary.h"
-#include "kd/db/field.h"
 #include "kd/db/symboltable.h"
 
 KDRX_DEFINE_MEMBERS(KdDbObject, KdRxObject)
-
-namespace {
-
-/// Where the extension dictionary keeps the fields of the object as a whole.
-constexpr const wchar_t* kFieldsEntry = L"ACAD_FIELD";
-constexpr const wchar_t* kFieldEntry = L"TEXT";
-
-KdDbObjectId entryOf(KdDbObjectId dictionary, const wchar_t* name) {
-    KdDbObjectId id;
-    const auto* found = kdhost::peek<KdDbDictionary>(dictionary);
-    if (found != nullptr) found->getAt(name, id);
-    return id;
-}
-
-KdDbObjectId attachedField(const KdDbObject& object) {
-    return entryOf(entryOf(object.extensionDictionary(), kFieldsEntry), kFieldEntry);
-}
-
-/// The dictionary of that name in the extension dictionary, made when it isn't there.
-Kdad::ErrorStatus makeFieldsDictionary(KdDbObjectId extension, KdDbObjectId& fields) {
-    fields = entryOf(extension, kFieldsEntry);
-    if (fields.isValid()) return Kdad::eOk;
-    KdDbDictionary* dictionary = nullptr;
-    Kdad::ErrorStatus status = kdhost::openAs(dictionary, extension, KdDb::kForWrite);
-    if (status != Kdad::eOk) return status;
-    auto made = std::make_unique<KdDbDictionary>();
-    status = dictionary->setAt(kFieldsEntry, made.get(), fields);
-    if (status == Kdad::eOk) made.release()->close();
-    dictionary->close();
-    return status;
-}
-
-}  // namespace
 
 KdDbObjectReactor::~KdDbObjectReactor() = default;
 void KdDbObjectReactor::modified(const KdDbObject*) {}
@@ -61,9 +27,8 @@ void KdDbObjectState::takePlaceOf(const KdDbObjectState& previous) {
     owner = previous.owner;
     erased = previous.erased;
     extensionDictionary = previous.extensionDictionary;
+    attached = previous.attached;
 }
-
-void KdDbObjectState::enterDatabase(KdDbObject&) {}
 
 void KdDbObjectState::wasPutBack(KdDbObject&) const {}
 
@@ -151,32 +116,6 @@ Kdad::ErrorStatus KdDbObject::createExtensionDictionary() {
     state->extensionDictionary =
         KdDbDatabaseAccess::insert(*m_open->database, std::make_unique<KdDbDictionary>(), objectId());
     return Kdad::eOk;
-}
-
-bool KdDbObject::hasFields() const {
-    return attachedField(*this).isValid();
-}
-
-Kdad::ErrorStatus KdDbObject::getField(KdDbField*& field, KdDb::OpenMode mode) const {
-    field = nullptr;
-    const KdDbObjectId id = attachedField(*this);
-    if (id.isNull()) return Kdad::eKeyNotFound;
-    return kdhost::openAs(field, id, mode);
-}
-
-Kdad::ErrorStatus KdDbObject::setField(KdDbField* field) {
-    if (field == nullptr) return Kdad::eNullObjectPointer;
-    if (field->database() != nullptr) return Kdad::eAlreadyInDatabase;
-    Kdad::ErrorStatus status = createExtensionDictionary();
-    KdDbObjectId fields;
-    if (status == Kdad::eOk) status = makeFieldsDictionary(extensionDictionary(), fields);
-    KdDbDictionary* dictionary = nullptr;
-    if (status == Kdad::eOk) status = kdhost::openAs(dictionary, fields, KdDb::kForWrite);
-    if (status != Kdad::eOk) return status;
-    KdDbObjectId id;
-    status = dictionary->setAt(kFieldEntry, field, id);
-    dictionary->close();
-    return status;
 }
 
 Kdad::ErrorStatus KdDbObject::copyFrom(const KdRxObject* source) {

@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "kd/db/object.h"
 
@@ -20,6 +22,26 @@ enum class IdRole { owned, pointer };
 using IdMapper = std::function<KdDbObjectId(KdDbObjectId id, IdRole role)>;
 
 }  // namespace kdhost
+
+struct KdDbAttachedField;
+
+/// The fields that are attached to an object in memory; in a database they stand in its extension dictionary.
+class KdDbAttachedFields {
+public:
+    KdDbAttachedFields();
+    KdDbAttachedFields(const KdDbAttachedFields& other);
+    KdDbAttachedFields& operator=(const KdDbAttachedFields& other);
+    ~KdDbAttachedFields();
+
+    bool isEmpty() const { return m_list == nullptr || isListEmpty(); }
+    std::vector<KdDbAttachedField>& list();
+    KdDbAttachedField* find(const std::wstring& name) const;
+
+private:
+    bool isListEmpty() const;
+
+    std::unique_ptr<std::vector<KdDbAttachedField>> m_list;  ///< null for none, as with most objects
+};
 
 /// Base of the states. A class's state derives from its base class's state.
 struct KdDbObjectState {
@@ -42,6 +64,7 @@ struct KdDbObjectState {
     KdDbObjectId owner;
     bool erased = false;
     KdDbObjectId extensionDictionary;
+    KdDbAttachedFields attached;
 
 protected:
     KdDbObjectState() = default;

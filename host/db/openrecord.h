@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,8 @@ namespace kdhost {
 enum class TransactionHold { None, Read, Write };
 
 }  // namespace kdhost
+
+struct KdDbHeldField;
 
 struct KdDbOpenRecord {
     KdDbDatabase* database = nullptr;
@@ -28,8 +31,8 @@ struct KdDbOpenRecord {
 
     std::vector<KdDbObjectReactor*> reactors;
 
-    /// In memory only: another object has taken the object over.
-    bool held = false;
+    /// In memory only: what has taken the object over, a field that hangs on another object.
+    std::weak_ptr<KdDbHeldField> holder;
 
     /// The record that has kept the object's state last, by its number.
     std::uint64_t keptIn = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "host/db/fieldevaluation.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 
@@ -40,14 +41,24 @@ void KdDbTable::setNumColumns(int columns) {
     setSize(numRows(), columns);
 }
 
+namespace {
+
+/// A new number of rows or columns: they come and go at the end.
+StructureChange newCount(bool rows, int before, int after) {
+    return {rows, std::min(before, after), after - before};
+}
+
+}  // namespace
+
 void KdDbTable::setSize(int rows, int columns) {
     if (rows < 0 || columns < 0) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
     // The smaller grid grows last, so that no cell is made only to go.
-    state->setColumnCount(std::min(columns, state->columnCount()));
-    state->setRowCount(rows);
-    state->setColumnCount(columns);
+    const int kept = std::min(columns, state->columnCount());
+    changeStructure(*this, newCount(false, state->columnCount(), kept), [&] { state->setColumnCount(kept); });
+    changeStructure(*this, newCount(true, state->rowCount(), rows), [&] { state->setRowCount(rows); });
+    changeStructure(*this, newCount(false, kept, columns), [&] { state->setColumnCount(columns); });
     clampSelection(*this);
     state->assertValid();
 }

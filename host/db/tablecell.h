@@ -93,6 +93,8 @@ public:
     int size() const { return m_rows ? static_cast<int>(m_rows->size()) : 0; }
     const TableRow& operator[](int row) const { return *(*m_rows)[static_cast<std::size_t>(row)]; }
     const Cell& cell(int row, int column) const { return (*this)[row].cells[static_cast<std::size_t>(column)]; }
+    /// Whether nothing was written in either since one was copied from the other.
+    bool shares(const TableRows& other) const { return m_rows.shares(other.m_rows); }
 
     /// The row for this state alone.
     TableRow& write(int row) {

@@ -1,5 +1,6 @@
 // What the cells of a table hold: text, fields, blocks, and their locks.
 
+#include "host/db/fieldevaluation.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 
@@ -88,6 +89,7 @@ void KdDbTable::setFieldId(int row, int column, const KdDbObjectId& field) {
         cell.objects.write().field = field;
         noteGrowth(state, r, c);
     });
+    tellFieldEvaluation([&](FieldEvaluation& each) { each.fieldPlaced(*this); });
 }
 
 KdDbObjectId KdDbTable::blockTableRecordId(int row, int column) const {

@@ -7,6 +7,8 @@
 #include <memory>
 
 #include "host/db/access.h"
+#include "host/db/databasecontents.h"
+#include "host/db/fieldevaluation.h"
 #include "host/db/fieldstate.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
@@ -24,37 +26,33 @@ int widthOf(const KdCellRange& range) {
     return range.m_rightColumn - range.m_leftColumn + 1;
 }
 
-/// A field in memory that is like `source`, children included.
-std::unique_ptr<KdDbField> copyOfField(const KdDbField& source) {
-    const auto& state = stateOf<KdDbFieldState>(source);
-    KdArray<KdDbField*> children;
-    for (const KdDbFieldChild& child : state.children) {
-        // The new field takes its children over.
-        if (const KdDbField* field = child.field()) children.append(copyOfField(*field).release());
+/// Formulas move with their cell, as spreadsheets do it: what they read lies where it lay, seen from the cell.
+void moveFormulas(KdDbField& field, int rows, int columns) {
+    auto& state = static_cast<KdDbFieldState&>(KdDbObjectAccess::stateForMaker(field));
+    if (isFormulaCode(state.code)) {
+        tellFieldEvaluation([&](FieldEvaluation& each) { state.code = each.movedCode(state.code, rows, columns); });
     }
-    auto copy = std::make_unique<KdDbField>();
-    copy->setFieldCode(state.code.c_str(), KdDbField::kTextField, &children);
-    copy->setEvaluationOption(state.evaluationOption);
-    if (state.evaluated) setEvaluatedText(*copy, *state.evaluated);
-    return copy;
+    for (KdDbFieldChild& child : state.children) {
+        if (child.inMemory() != nullptr) moveFormulas(*child.inMemory(), rows, columns);
+    }
 }
 
-/// A copy of the field in the target's database; the field itself where there is no database to copy it to.
-KdDbObjectId fieldFor(const KdDbTable& target, KdDbObjectId field) {
+/// A copy of the field in the target's database, for a cell that many rows and columns away; the field itself
+/// where there is no database to copy it to.
+KdDbObjectId fieldFor(const KdDbTable& target, KdDbObjectId field, int rows, int columns) {
     const auto* source = peek<KdDbField>(field);
     if (source == nullptr || target.database() == nullptr) return field;
     std::unique_ptr<KdDbField> copy = copyOfField(*source);
-    if (copy->postInDatabase(target.database()) != Kdad::eOk) return KdDbObjectId::kNull;
-    KdDbField* posted = copy.release();  // the database's from now on
-    const KdDbObjectId id = posted->objectId();
-    posted->close();
-    return id;
+    moveFormulas(*copy, rows, columns);
+    return KdDbDatabaseAccess::insert(*target.database(), std::move(copy), target.objectId());
 }
 
 /// The source cells with their style names, taken before the target changes: it may be the same table.
 struct CopiedCell {
     Cell cell;
     std::wstring style;
+    int row;
+    int column;
 };
 
 class CellCopy {
@@ -65,7 +63,7 @@ public:
         for (int row = from.m_topRow; row <= from.m_bottomRow; ++row) {
             for (int column = from.m_leftColumn; column <= from.m_rightColumn; ++column) {
                 const Cell& cell = state.cell(row, column);
-                m_cells.push_back({cell, state.styles.name(cell.style)});
+                m_cells.push_back({cell, state.styles.name(cell.style), row, column});
             }
         }
         for (KdCellRange merge : state.mergesIn(from)) {
@@ -118,7 +116,9 @@ private:
         cell.text = from.cell.text;
         cell.objects = from.cell.objects;
         cell.type = from.cell.type;
-        if (!cell.field().isNull()) cell.objects.write().field = fieldFor(m_table, cell.field());
+        if (!cell.field().isNull()) {
+            cell.objects.write().field = fieldFor(m_table, cell.field(), row - from.row, column - from.column);
+        }
         if (!cell.empty()) noteGrowth(state, row, column);
     }
 
@@ -157,11 +157,31 @@ Kdad::ErrorStatus KdDbTable::copyFrom(const KdDbTable* source, KdDb::TableCopyOp
     copy.layDown(*state, to);
     state->assertValid();
     if (outRange != nullptr) *outRange = to;
+    tellFieldEvaluation([&](FieldEvaluation& each) { each.fieldPlaced(*this); });
     return Kdad::eOk;
 }
 
+namespace {
+
+/// A table that took over another one's cells shows fields of its own.
+void copyFields(KdDbTable& table, TableState& state) {
+    for (int row = 0; row < state.rowCount(); ++row) {
+        for (int column = 0; column < state.columnCount(); ++column) {
+            const KdDbObjectId field = state.cell(row, column).field();
+            if (field.isNull()) continue;
+            state.rows.writeCell(row, column).objects.write().field = fieldFor(table, field, 0, 0);
+        }
+    }
+    tellFieldEvaluation([&](FieldEvaluation& each) { each.fieldPlaced(table); });
+}
+
+}  // namespace
+
 Kdad::ErrorStatus KdDbTable::copyFrom(const KdRxObject* source) {
     const Kdad::ErrorStatus status = KdDbBlockReference::copyFrom(source);
-    if (status == Kdad::eOk) clampSelection(*this);
+    if (status != Kdad::eOk) return status;
+    clampSelection(*this);
+    const bool tookCells = source != this && database() != nullptr;
+    if (tookCells) copyFields(*this, *writableStateOf<TableState>(*this));
     return status;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/db/fieldevaluation.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 
@@ -20,7 +21,7 @@ void KdDbTable::insertRowsAndInherit(int row, int inheritFrom, int count) {
     if (row < 0 || row > numRows() || count <= 0) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
-    state->insertRows(row, inheritFrom, count);
+    changeStructure(*this, {true, row, count}, [&] { state->insertRows(row, inheritFrom, count); });
     state->assertValid();
 }
 
@@ -28,7 +29,7 @@ void KdDbTable::insertColumnsAndInherit(int column, int inheritFrom, int count) 
     if (column < 0 || column > numColumns() || count <= 0) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
-    state->insertColumns(column, inheritFrom, count);
+    changeStructure(*this, {false, column, count}, [&] { state->insertColumns(column, inheritFrom, count); });
     state->assertValid();
 }
 
@@ -38,7 +39,7 @@ void KdDbTable::deleteRows(int first, int count) {
     if (!removable(first, count, numRows())) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
-    state->eraseRows(first, count);
+    changeStructure(*this, {true, first, -count}, [&] { state->eraseRows(first, count); });
     clampSelection(*this);
     state->assertValid();
 }
@@ -47,7 +48,7 @@ void KdDbTable::deleteColumns(int first, int count) {
     if (!removable(first, count, numColumns())) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
-    state->eraseColumns(first, count);
+    changeStructure(*this, {false, first, -count}, [&] { state->eraseColumns(first, count); });
     clampSelection(*this);
     state->assertValid();
 }

@@ -19,6 +19,7 @@ struct KdDbMTextState : KdDbEntityState {
     double textHeight = 2.5;
     KdDbMText::AttachmentPoint attachment = KdDbMText::kTopLeft;
     std::wstring contents;
+    mutable std::wstring fieldContents;  ///< of an attached field, given out as a pointer
     bool backgroundFill = false;
     KdCmColor backgroundColor;
     bool usesViewBackground = false;

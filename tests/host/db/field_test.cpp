@@ -6,6 +6,7 @@
 
 #include "host/db/access.h"
 #include "host/db/fieldstate.h"
+#include "kd/db/mtext.h"
 #include "kd/ed/resbuf.h"
 #include "tests/host/db/drawing.h"
 #include "tests/support/leakguard.h"
@@ -56,19 +57,22 @@ TEST_F(Fields, a_text_field_reads_through_its_child) {
     closeBoth();
 }
 
-TEST_F(Fields, a_field_that_was_never_evaluated_shows_marks_of_its_own) {
+TEST_F(Fields, a_formula_shows_what_it_comes_to) {
     build(L"\\AcExpr (1+2)");
-    EXPECT_EQ(code(*inner, KdDbField::kEvaluatedText), L"####");
-    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"####");
-    closeBoth();
-}
-
-TEST_F(Fields, an_evaluation_shows_until_the_code_changes) {
-    build(L"\\AcExpr (1+2)");
-    EXPECT_EQ(kdhost::setEvaluatedText(*inner, L"3"), Kdad::eOk);
+    EXPECT_EQ(code(*inner, KdDbField::kEvaluatedText), L"3");
     EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"3");
     EXPECT_EQ(kdhost::evaluatedText(*outer), L"3");
     inner->setFieldCode(L"\\AcExpr (1+3)");
+    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"4");
+    closeBoth();
+}
+
+TEST_F(Fields, another_evaluators_field_shows_its_last_text_until_the_code_changes) {
+    build(L"\\AcVar Date");
+    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"####") << "never evaluated";
+    EXPECT_EQ(kdhost::setEvaluatedText(*inner, L"today"), Kdad::eOk);
+    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"today");
+    inner->setFieldCode(L"\\AcVar Time");
     EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"####");
     closeBoth();
 }
@@ -212,6 +216,17 @@ TEST_F(Fields, the_evaluation_option_is_kept) {
     EXPECT_EQ(field.evaluationOption(), KdDbField::kOnDemand);
 }
 
+TEST_F(Fields, without_evaluation_a_formula_goes_on_showing_what_it_showed) {
+    build(L"\\AcExpr (1+2)");
+    inner->setEvaluationOption(KdDbField::kDisable);
+    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"3");
+    inner->setFieldCode(L"\\AcExpr (4)");
+    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"####");
+    inner->setEvaluationOption(KdDbField::kAutomatic);
+    EXPECT_EQ(code(*outer, KdDbField::kEvaluatedText), L"4");
+    closeBoth();
+}
+
 TEST_F(Fields, a_field_is_attached_to_an_object_as_a_whole) {
     const KdDbObjectId id = kdtest::appendLine(m_database);
     auto* line = mustOpen<KdDbLine>(id, KdDb::kForWrite);
@@ -230,6 +245,122 @@ TEST_F(Fields, a_field_is_attached_to_an_object_as_a_whole) {
     EXPECT_TRUE(line->extensionDictionary().isValid());
     EXPECT_EQ(line->createExtensionDictionary(), Kdad::eOk) << "also when it has one";
     line->close();
+}
+
+TEST_F(Fields, fields_are_attached_under_names_and_taken_off) {
+    const KdDbObjectId id = kdtest::appendLine(m_database);
+    auto* line = mustOpen<KdDbLine>(id, KdDb::kForWrite);
+    auto* field = new KdDbField;
+    EXPECT_EQ(line->setField(L"", field), Kdad::eInvalidKey);
+    EXPECT_EQ(line->setField(nullptr, field), Kdad::eInvalidKey);
+    ASSERT_EQ(line->setField(L"NOTE", field), Kdad::eOk);
+    EXPECT_EQ(line->setField(L"OTHER", field), Kdad::eAlreadyInDatabase);
+    field->close();
+    KdDbField* found = nullptr;
+    EXPECT_EQ(line->getField(L"TEXT", found, KdDb::kForRead), Kdad::eKeyNotFound);
+    EXPECT_EQ(line->getField(nullptr, found, KdDb::kForRead), Kdad::eKeyNotFound);
+    EXPECT_EQ(line->getField(L"NOTE", found, KdDb::kForRead), Kdad::eOk);
+    EXPECT_EQ(found, field);
+    found->close();
+    EXPECT_TRUE(line->hasFields());
+    EXPECT_EQ(line->removeField(L"NOTE"), Kdad::eOk);
+    EXPECT_TRUE(field->isErased());
+    EXPECT_FALSE(line->hasFields());
+    EXPECT_EQ(line->removeField(L"NOTE"), Kdad::eKeyNotFound);
+    line->close();
+}
+
+TEST_F(Fields, attaching_needs_a_write_open) {
+    const KdDbObjectId id = kdtest::appendLine(m_database);
+    auto* line = mustOpen<KdDbLine>(id, KdDb::kForRead);
+    KdDbField field;
+    EXPECT_EQ(line->setField(&field), Kdad::eNotOpenForWrite);
+    line->close();
+    kdtest::expectDisciplineBreach("written without a write open");
+}
+
+TEST_F(Fields, an_object_in_memory_owns_what_is_attached_to_it) {
+    KdDbMText text;
+    auto* field = new KdDbField;
+    field->setFieldCode(L"first");
+    EXPECT_EQ(text.setField(L"TEXT", field), Kdad::eOk);
+    EXPECT_TRUE(text.hasFields());
+    KdDbField* found = nullptr;
+    EXPECT_EQ(text.getField(found, KdDb::kForWrite), Kdad::eOk);
+    EXPECT_EQ(found, field);
+    auto* other = new KdDbField;
+    other->setFieldCode(L"second");
+    EXPECT_EQ(text.setField(other), Kdad::eOk) << "in the place of the first";
+    EXPECT_STREQ(text.contents(), L"second");
+    EXPECT_EQ(text.removeField(L"TEXT"), Kdad::eOk);
+    EXPECT_FALSE(text.hasFields());
+    EXPECT_STREQ(text.contents(), L"");
+}
+
+TEST_F(Fields, a_text_shows_its_field_until_it_gets_contents_of_its_own) {
+    KdDbMText text;
+    text.setContents(L"own");
+    auto* field = new KdDbField;
+    field->setFieldCode(L"\\AcExpr (2*3)");
+    text.setField(field);
+    EXPECT_STREQ(text.contents(), L"6");
+    EXPECT_GT(text.actualWidth(), 0.0);
+    text.setContents(L"typed");
+    EXPECT_STREQ(text.contents(), L"typed");
+    EXPECT_FALSE(text.hasFields());
+}
+
+TEST_F(Fields, an_attached_field_that_is_posted_leaves_its_text_and_outlives_it) {
+    KdDbObjectId id;
+    {
+        KdDbMText text;
+        auto* field = new KdDbField;
+        field->setFieldCode(L"\\AcExpr (2*3)");
+        text.setField(field);
+        KdDbField* taken = nullptr;
+        ASSERT_EQ(text.getField(L"TEXT", taken, KdDb::kForWrite), Kdad::eOk);
+        ASSERT_EQ(taken->postInDatabase(&m_database), Kdad::eOk);
+        id = taken->objectId();
+        EXPECT_STREQ(text.contents(), L"6");
+        taken->close();
+    }
+    const auto* kept = kdhost::peek<KdDbField>(id);
+    ASSERT_NE(kept, nullptr);
+    EXPECT_EQ(kdhost::evaluatedText(*kept), L"6");
+}
+
+TEST_F(Fields, what_is_attached_in_memory_goes_into_the_drawing_with_its_object) {
+    auto* text = new KdDbMText;
+    auto* field = new KdDbField;
+    field->setFieldCode(L"\\AcExpr (2*3)");
+    text->setField(field);
+    const KdDbObjectId id = kdtest::append(m_database, text);
+    EXPECT_EQ(field->database(), &m_database);
+    EXPECT_FALSE(field->isReadEnabled()) << "posted along";
+    const auto* posted = kdhost::peek<KdDbMText>(id);
+    EXPECT_TRUE(posted->hasFields());
+    EXPECT_STREQ(posted->contents(), L"6");
+}
+
+TEST_F(Fields, a_clone_in_memory_brings_copies_of_the_children_that_can_be_set_anew) {
+    build(L"\\AcExpr (1)");
+    closeBoth();
+    auto* open = mustOpen<KdDbField>(outer->objectId());
+    const std::unique_ptr<KdDbField> clone(open->clone());
+    EXPECT_EQ(clone->database(), nullptr);
+    EXPECT_EQ(clone->childCount(), 1);
+    EXPECT_EQ(code(*clone, KdDbField::kAddChildren), L"\\AcExpr (1)");
+    const wchar_t* codes[] = {L"first", L"second"};
+    for (int i = 0; i < 2; ++i) {
+        auto* child = new KdDbField;
+        child->setFieldCode(codes[i]);
+        EXPECT_EQ(clone->setField(L"", child), Kdad::eOk);
+        EXPECT_EQ(clone->childCount(), i + 1) << "the first takes a place, the second is one more";
+        EXPECT_EQ(code(*clone, KdDbField::kAddChildren), L"first");
+    }
+    EXPECT_EQ(clone->setField(L"", clone.get()), Kdad::eNullObjectPointer);
+    EXPECT_EQ(code(*open, KdDbField::kAddChildren), L"\\AcExpr (1)") << "the original has its own";
+    open->close();
 }
 
 TEST_F(Fields, an_object_in_memory_has_no_extension_dictionary) {

@@ -37,8 +37,8 @@ public:
     Kdad::ErrorStatus setFieldCode(const wchar_t* code, FieldCodeFlag flag = kFieldCode,
                                    KdArray<KdDbField*>* children = nullptr);
     /// An empty text when there is none. Appends the children, opened in that mode where they are in a
-    /// database, when an array is given. The evaluated text of a code that has never been evaluated is
-    /// "####", that of a mere text the text with its children's.
+    /// database, when an array is given. The evaluated text of a formula follows the cells that it reads; of a
+    /// code that can't be evaluated it is "####", of a mere text the text with its children's.
     KdString getFieldCode(FieldCodeFlag flag, KdArray<KdDbField*>* children = nullptr,
                           KdDb::OpenMode mode = KdDb::kForRead) const;
     /// The same; the caller frees the text with kdutDelBuffer.
@@ -47,9 +47,20 @@ public:
     int childCount() const;
     /// The child, opened when it is in a database. eInvalidIndex when there is no such child.
     Kdad::ErrorStatus getChild(int index, KdDbField*& child, KdDb::OpenMode mode) const;
+    /// With kDisable a field keeps the text that it shows; with any other option it is always up to date.
     Kdad::ErrorStatus setEvaluationOption(EvalOption option);
     EvalOption evaluationOption() const;
     /// Puts the field and its children into the database; the field stays open for write, the children
     /// don't. eAlreadyInDatabase when it has a place, eInvalidInput for a null database.
     Kdad::ErrorStatus postInDatabase(KdDbDatabase* database);
+
+    /// A copy in memory, the caller's: code, option, text shown last, and copies of the children, in their turn.
+    KdDbField* clone() const;
+    using KdDbObject::setField;
+    /// Under an empty name the field becomes a child: the first ones take the places of the children that a
+    /// clone was made with, one after another, those that follow are added. Any other name attaches it as to
+    /// every object.
+    Kdad::ErrorStatus setField(const wchar_t* name, KdDbField* field) override;
+
+    ~KdDbField() override;
 };

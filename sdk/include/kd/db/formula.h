@@ -10,3 +10,8 @@
 /// table. A reversed range counts like the same range in order. False, with `text` as it was, for an empty
 /// name or a range with a negative field.
 bool kdadConvertToFormulaExpr(KdCellRange range, KdString name, KdDbObjectId table, KdString& text);
+
+/// Turns a formula as typed, without its equals sign, into the expression of a field code, which the caller puts
+/// between the brackets of "\AcExpr ( )": names of cells and functions are written in their usual case, full-width
+/// characters as plain ones. False when it can't be evaluated; `code` is then the text as typed.
+bool kdadConvertExprToFieldCode(const KdString& expression, KdString& code);

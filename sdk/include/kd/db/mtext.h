@@ -49,8 +49,10 @@ public:
     AttachmentPoint attachment() const;
     Kdad::ErrorStatus setAttachment(AttachmentPoint attachment);
 
-    /// The text with its formatting codes. The pointer is valid until the next change.
+    /// The text with its formatting codes; of an attached field "TEXT" what it shows. The pointer is valid until
+    /// the next change.
     const wchar_t* contents() const;
+    /// The attached field goes.
     Kdad::ErrorStatus setContents(const wchar_t* text);
 
     /// A fill behind the text.

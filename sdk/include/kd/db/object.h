@@ -73,13 +73,20 @@ public:
     KdDbObjectId extensionDictionary() const;
     /// eOk also when it has one already.
     Kdad::ErrorStatus createExtensionDictionary();
-    /// Whether a field is attached to the object as a whole.
+    /// Whether a field is attached to the object as a whole, under any name.
     bool hasFields() const;
-    /// The attached field, opened; eKeyNotFound when there is none.
+    /// The field attached under that name, opened; eKeyNotFound when there is none. What shows a text takes it
+    /// from the field "TEXT", the one that is meant without a name.
+    Kdad::ErrorStatus getField(const wchar_t* name, KdDbField*& field, KdDb::OpenMode mode) const;
     Kdad::ErrorStatus getField(KdDbField*& field, KdDb::OpenMode mode) const;
-    /// Attaches a field to the object as a whole, in the place of the one before. Needs a write open. The
-    /// database owns the field from now on, and it stays open for write.
+    /// Attaches a field to the object as a whole, in the place of the one of that name, which is erased. Needs a
+    /// write open. The database owns the field from now on, and it stays open for write; an object in memory
+    /// owns it itself, until the field is posted or the object goes. eNullObjectPointer, eInvalidKey for a name
+    /// that is empty or null, eAlreadyInDatabase.
+    virtual Kdad::ErrorStatus setField(const wchar_t* name, KdDbField* field);
     Kdad::ErrorStatus setField(KdDbField* field);
+    /// Takes the field off and erases it. eKeyNotFound when there is none.
+    Kdad::ErrorStatus removeField(const wchar_t* name);
 
     /// Takes over everything that `source` holds, its identity and place excepted. The two must be of one
     /// class; eNotThatKindOfClass otherwise.
