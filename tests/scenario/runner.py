@@ -1,6 +1,7 @@
 """Runs one scenario; README.md tells what a scenario is."""
 
 import json
+import os
 import pathlib
 import runpy
 import shutil
@@ -10,6 +11,8 @@ import tempfile
 from types import SimpleNamespace
 
 TIMEOUT_SECONDS = 120
+# How long the program waits for an answer to a window once the script has no more lines.
+IDLE_MILLISECONDS = 300
 
 
 def directives(script):
@@ -32,13 +35,32 @@ def expected_error(script, wanted):
     return wanted
 
 
+def environment(folder, more):
+    """What the program finds in its environment: settings of its own, little patience, and `NAME=VALUE`s."""
+    values = dict(os.environ, XDG_CONFIG_HOME=str(folder / "settings"),
+                  KDHOST_IDLE_MILLISECONDS=str(IDLE_MILLISECONDS))
+    values.update(value.split("=", 1) for value in more.split())
+    return values
+
+
+def play(kdhost, folder, lines, arguments):
+    """The dump after a good run of these script lines in the folder."""
+    (folder / "play.kds").write_text("".join(line + "\n" for line in lines), encoding="utf-8")
+    command = [kdhost, "--headless", "--script", "play.kds", "--dump", "play.json"] + arguments.split()
+    done = subprocess.run(command, cwd=folder, capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS)
+    assert done.returncode == 0, f"status {done.returncode}: {done.stderr}"
+    return json.loads((folder / "play.json").read_text(encoding="utf-8"))
+
+
 def run(kdhost, script, folder):
     expected = directives(script)
+    plugins = str(pathlib.Path(kdhost).parent.parent / "test_plugins")
     shutil.copytree(script.parent / "inputs", folder, dirs_exist_ok=True)
     shutil.copy(script, folder)
     command = [kdhost, "--headless", "--script", script.name, "--dump", "dump.json"]
-    command += expected.get("arguments", "").split()
-    done = subprocess.run(command, cwd=folder, capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS)
+    command += expected.get("arguments", "").replace("TEST_PLUGINS", plugins).split()
+    done = subprocess.run(command, cwd=folder, env=environment(folder, expected.get("environment", "")),
+                          capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS)
     print(done.stdout, end="")
 
     fails = expected.get("fails")
@@ -50,6 +72,7 @@ def run(kdhost, script, folder):
     dump = folder / "dump.json"
     return SimpleNamespace(
         folder=folder, output=done.stdout,
+        play=lambda lines, arguments="": play(kdhost, folder, lines, arguments),
         dump=json.loads(dump.read_text(encoding="utf-8")) if dump.exists() else None)
 
 
