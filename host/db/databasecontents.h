@@ -28,13 +28,24 @@ struct DatabaseRoots {
     KdDbObjectId continuous;
 };
 
-/// What new objects take.
+/// A user coordinate system, in world coordinates.
+struct UserSystem {
+    KdGePoint3d origin;
+    KdGeVector3d x{1.0, 0.0, 0.0};
+    KdGeVector3d y{0.0, 1.0, 0.0};
+
+    friend bool operator==(const UserSystem&, const UserSystem&) = default;
+};
+
+/// What new objects take, and where they go.
 struct CurrentSettings {
     KdDbObjectId layer;
     KdDbObjectId linetype;
     KdDbObjectId textStyle;
     KdDbObjectId tableStyle;
     bool modelSpace = true;
+    UserSystem modelSystem;
+    UserSystem paperSystem;
 
     friend bool operator==(const CurrentSettings&, const CurrentSettings&) = default;
 };

@@ -123,6 +123,7 @@ bool runAnswer(Editor& editor, const Answer& answer) {
         case Answer::Kind::Escape:
             selectNothingByUser(editor);
             break;
+        case Answer::Kind::Move:
         case Answer::Kind::Cancel:
             break;
         case Answer::Kind::End:

@@ -29,6 +29,15 @@ bool kddbWcs2Ucs(const KdGePoint3d& from, KdGePoint3d& to, int asPoint) {
     return editor != nullptr && convert(editor->ucs().inverse(), from, to, asPoint);
 }
 
+bool kdadGetUCS(KdGeVector3d& x, KdGeVector3d& z) {
+    const kdhost::Editor* editor = kdhost::currentEditor();
+    if (editor == nullptr) return false;
+    const KdGeMatrix3d ucs = editor->ucs();
+    x = ucs * KdGeVector3d::kXAxis;
+    z = ucs * KdGeVector3d::kZAxis;
+    return true;
+}
+
 bool kdedCoordFromPixelToWorldInternal(int x, int y, KdGePoint3d& point) {
     const kdhost::Editor* editor = kdhost::currentEditor();
     if (editor == nullptr || kdhost::faults().noView) return false;

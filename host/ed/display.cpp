@@ -29,6 +29,19 @@ void setDisplay(Display* display) {
     queue().display = display;
 }
 
+namespace {
+const KdDbEntity* dragged = nullptr;
+}
+
+const KdDbEntity* draggedEntity() {
+    return dragged;
+}
+
+void setDraggedEntity(const KdDbEntity* entity) {
+    dragged = entity;
+    queueAllForRedraw();
+}
+
 void queueForRedraw(KdDbObjectId id) {
     if (!id.isNull() && queue().known.insert(id).second) queue().ids.push_back(id);
 }

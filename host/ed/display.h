@@ -5,6 +5,8 @@
 
 #include "kd/db/objectid.h"
 
+class KdDbEntity;
+
 namespace kdhost {
 
 class Display {
@@ -15,6 +17,10 @@ public:
 };
 /// Null for none, as without a window. The display stays the caller's.
 void setDisplay(Display* display);
+
+/// The entity that follows the cursor now; null for none. It is in no drawing, and a window draws it over what is.
+const KdDbEntity* draggedEntity();
+void setDraggedEntity(const KdDbEntity* entity);
 
 /// Asks that an entity be drawn afresh at the next update, once however often it is asked.
 void queueForRedraw(KdDbObjectId id);

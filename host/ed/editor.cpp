@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/ed/commandline.h"
+#include "kd/db/database.h"
 
 namespace kdhost {
 namespace {
@@ -45,6 +46,21 @@ void setInputSource(InputSource* newSource) {
 
 Editor::Editor(KdDbDatabase& database) : m_database(database), m_pickFirst(database) {}
 
+KdGeMatrix3d Editor::ucs() const {
+    const KdDbDatabase& db = m_database;
+    const bool model = db.tilemode();
+    const KdGeVector3d x = model ? db.ucsxdir() : db.pucsxdir();
+    const KdGeVector3d y = model ? db.ucsydir() : db.pucsydir();
+    return KdGeMatrix3d::alignToWorld(model ? db.ucsorg() : db.pucsorg(), x, y, x.crossProduct(y));
+}
+
+bool Editor::setUcs(const KdGeMatrix3d& ucs) {
+    const KdGePoint3d origin = ucs * KdGePoint3d();
+    const KdGeVector3d x = ucs * KdGeVector3d::kXAxis;
+    const KdGeVector3d y = ucs * KdGeVector3d::kYAxis;
+    return (m_database.tilemode() ? m_database.setUcs(origin, x, y) : m_database.setPucs(origin, x, y)) == Kdad::eOk;
+}
+
 Editor::Announcement Editor::takeAnnouncement() {
     return std::exchange(m_announcement, {});
 }
@@ -69,6 +85,9 @@ Answer Editor::ask(PromptKind kind, const std::wstring& prompt, bool takesBlanks
                 if (!takesPicks(kind)) break;
                 return {
                     item->kind == InputItem::Kind::Pick ? Answer::Kind::Pick : Answer::Kind::AddPick, {}, item->point};
+            case InputItem::Kind::Move:
+                if (kind != PromptKind::Drag) break;
+                return {Answer::Kind::Move, {}, item->point, {}};
             case InputItem::Kind::Cells:
                 if (kind != PromptKind::Cells && kind != PromptKind::Command) break;
                 return {Answer::Kind::Cells, {}, {}, item->cells};

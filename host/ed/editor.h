@@ -16,11 +16,11 @@ class KdDbDatabase;
 
 namespace kdhost {
 
-enum class PromptKind { Command, Keyword, Text, Point, Entity, Objects, Cells };
+enum class PromptKind { Command, Keyword, Text, Point, Entity, Objects, Cells, Drag };
 
 /// What the user answered to a prompt.
 struct Answer {
-    enum class Kind { Text, Pick, AddPick, Cells, Cancel, Escape, End };
+    enum class Kind { Text, Pick, AddPick, Move, Cells, Cancel, Escape, End };
     Kind kind = Kind::Text;
     std::wstring text;  ///< empty for Enter
     KdGePoint3d point;  ///< of a pick, in world coordinates
@@ -62,11 +62,13 @@ public:
     /// The word of the last prompt that ended with a keyword.
     std::wstring& chosenKeyword() { return m_chosenKeyword; }
 
-    /// From user to world coordinates.
-    const KdGeMatrix3d& ucs() const { return m_ucs; }
-    void setUcs(const KdGeMatrix3d& ucs) { m_ucs = ucs; }
-    KdGePoint3d toWorld(const KdGePoint3d& user) const { return m_ucs * user; }
-    KdGePoint3d toUser(const KdGePoint3d& world) const { return m_ucs.inverse() * world; }
+    /// From user to world coordinates, by the system of the current space.
+    KdGeMatrix3d ucs() const;
+    /// Of the matrix the origin and the directions of its x and y axis count. False, with nothing changed, when
+    /// they make no system.
+    bool setUcs(const KdGeMatrix3d& ucs);
+    KdGePoint3d toWorld(const KdGePoint3d& user) const { return ucs() * user; }
+    KdGePoint3d toUser(const KdGePoint3d& world) const { return ucs().inverse() * world; }
     /// The point entered last, in user coordinates; relative coordinates without a base start there.
     KdGePoint3d& lastPoint() { return m_lastPoint; }
 
@@ -80,7 +82,6 @@ private:
     std::wstring m_promptText;
     Announcement m_announcement;
     std::wstring m_chosenKeyword;
-    KdGeMatrix3d m_ucs;
     KdGePoint3d m_lastPoint;
 };
 

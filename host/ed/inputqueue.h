@@ -28,6 +28,7 @@ struct InputItem {
         Escape,   ///< the key: with nothing running it empties the selection
         Pick,     ///< of a world point
         AddPick,  ///< the same, added to what is selected
+        Move,     ///< of the cursor over the drawing, while something is dragged
         Cells     ///< cells of a table dragged over
     };
     Kind kind = Kind::Character;

@@ -80,6 +80,12 @@ Value tileMode() {
     return std::int32_t(activeDatabase()->tilemode() ? 1 : 0);
 }
 
+bool setTileMode(const VariableValue& value) {
+    if (activeDatabase() == nullptr) return false;
+    activeDatabase()->setTilemode(std::get<std::int32_t>(value) != 0);
+    return true;
+}
+
 /// 1 is the sheet of a layout, 2 the viewport of the model.
 Value viewport() {
     if (activeDatabase() == nullptr) return std::nullopt;
@@ -142,7 +148,7 @@ const std::vector<VariableRecord>& variableRecords() {
          setHeader<int, &Db::setMeasurement>},
         {L"TABLETOOLBAR", RTSHORT, Session, kOpen, 0, 2, 1, nullptr, nullptr},
         {L"TEXTSTYLE", RTSTR, Drawing, kOpen, 0, 0, none, textStyle, setTextStyle},
-        {L"TILEMODE", RTSHORT, Drawing, kReadOnly, 0, 1, 1, tileMode, nullptr},
+        {L"TILEMODE", RTSHORT, Drawing, kOpen, 0, 1, 1, tileMode, setTileMode},
         {L"UNITMODE", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::unitmode>, setHeader<int, &Db::setUnitmode>},
     };
     return records;

@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "kd/db/object.h"
+#include "kd/ge/point3d.h"
+#include "kd/ge/vector3d.h"
 
 class KdDbBlockTable;
 class KdDbDictionary;
@@ -52,6 +54,21 @@ public:
 
     /// True while the model space is the current space.
     bool tilemode() const;
+    /// Makes the model space (true) or the paper space the current one.
+    void setTilemode(bool modelSpace);
+    /// The user coordinate system of the model space: its origin and the directions of its axes, in world
+    /// coordinates, of length 1 and at right angles.
+    KdGePoint3d ucsorg() const;
+    KdGeVector3d ucsxdir() const;
+    KdGeVector3d ucsydir() const;
+    /// eInvalidInput, with nothing changed, for directions without length or along one line. The x axis is kept;
+    /// the y axis is turned to a right angle with it.
+    Kdad::ErrorStatus setUcs(const KdGePoint3d& origin, const KdGeVector3d& x, const KdGeVector3d& y);
+    /// The same of the paper space.
+    KdGePoint3d pucsorg() const;
+    KdGeVector3d pucsxdir() const;
+    KdGeVector3d pucsydir() const;
+    Kdad::ErrorStatus setPucs(const KdGePoint3d& origin, const KdGeVector3d& x, const KdGeVector3d& y);
     /// The block table record that new entities go to.
     KdDbObjectId currentSpaceId() const;
     KdDbObjectId modelSpaceId() const;

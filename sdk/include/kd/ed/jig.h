@@ -27,7 +27,7 @@ public:
     enum DragStatus : int {
         kNormal = 0,
         kModeless = -1,  ///< another command or the program's end took over
-        kKeyword = -2,   ///< a keyword was typed; its place in the list counts from there downwards
+        kKeyword = -2,   ///< a keyword was typed; kdedGetInput tells which
         kCancel = -4,    ///< Esc
         kNull = -5,      ///< Enter
         kNoChange = -6,  ///< nothing moved: no update is needed
