@@ -53,6 +53,8 @@ bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cel
 /// Lets a getter's row and column name the first cell of what they stand for; false outside the table.
 /// Getters are asked for every cell of large tables, so that their way to a cell is short and inline.
 inline bool toFirstCell(const TableState& state, int& row, int& column) {
+    if (state.contains(row, column)) [[likely]]
+        return true;
     if (row == -1) row = 0;
     if (column == -1) column = 0;
     return state.contains(row, column);
@@ -84,8 +86,15 @@ inline bool formatEditable(const TableState& state, int row, int column) {
 bool hasContentLock(const TableState& state, const KdCellRange& cells);
 
 /// A place outside the table has the format of a fresh cell of style "_DATA".
+inline std::uint16_t stylePlace(const Cell* cell) {
+    return cell == nullptr ? CellStylePool::kData : cell->style;
+}
 inline const CellFormat& styleFormat(const TableState& state, const Cell* cell) {
-    return state.styles.record(cell == nullptr ? CellStylePool::kData : cell->style).format;
+    return state.styles.record(stylePlace(cell)).format;
+}
+/// The same as the last look at the table style found it.
+inline const CellFormat& lastStyleFormat(const TableState& state, const Cell* cell) {
+    return state.styles.lastRecord(stylePlace(cell)).format;
 }
 
 template <class T>

@@ -1,6 +1,6 @@
 // A cell, a row, and the rows of a table.
 //
-// A plain text cell is small: what it rarely has (overrides of its format, a block, a field) lies apart and is
+// A cell is small: its text, and what it rarely has (overrides of its format, a block, a field), lie apart and are
 // shared until written. Cells formatted alike share one record of overrides. Rows are shared between the
 // states of a table until one of them writes, so that keeping a state is cheap whatever the table's size.
 #pragma once
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/db/cellformat.h"
+#include "host/db/sharedtext.h"
 #include "host/db/tablecow.h"
 
 namespace kdhost {
@@ -45,7 +46,7 @@ struct CellObjects {
 };
 
 struct Cell {
-    std::wstring text;
+    SharedText text;
     CopyOnWrite<FormatOverrides> overrides;
     CopyOnWrite<CellObjects> objects;
     MergeLink merge;
@@ -60,6 +61,7 @@ struct Cell {
         const FormatOverrides* held = overrides.get();
         return held != nullptr && (held->own & which.bit) != 0 ? &which.in(held->format) : nullptr;
     }
+    bool hasField() const { return objects && !objects->field.isNull(); }
     KdDbObjectId field() const { return objects ? objects->field : KdDbObjectId::kNull; }
     KdDbObjectId block() const { return objects ? objects->block : KdDbObjectId::kNull; }
     bool empty() const { return text.empty() && field().isNull() && block().isNull(); }
@@ -90,7 +92,7 @@ struct TableRow {
 /// The rows of one state of a table.
 class TableRows {
 public:
-    int size() const { return m_rows ? static_cast<int>(m_rows->size()) : 0; }
+    int size() const { return m_count; }
     const TableRow& operator[](int row) const { return *(*m_rows)[static_cast<std::size_t>(row)]; }
     const Cell& cell(int row, int column) const { return (*this)[row].cells[static_cast<std::size_t>(column)]; }
     /// Whether nothing was written in either since one was copied from the other.
@@ -112,15 +114,18 @@ public:
     void insert(int at, int count, TableRow row) {
         Rows& rows = m_rows.write();
         rows.insert(rows.begin() + at, static_cast<std::size_t>(count), CopyOnWrite<TableRow>(std::move(row)));
+        m_count += count;
     }
     void erase(int first, int count) {
         Rows& rows = m_rows.write();
         rows.erase(rows.begin() + first, rows.begin() + first + count);
+        m_count -= count;
     }
 
 private:
     using Rows = std::vector<CopyOnWrite<TableRow>>;
     CopyOnWrite<Rows> m_rows;
+    int m_count = 0;  ///< asked for before every look at a cell, hence at hand
 };
 
 }  // namespace kdhost

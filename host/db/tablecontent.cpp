@@ -14,7 +14,7 @@ TableState* editText(KdDbTable& table) {
 }
 
 /// A covered cell shows nothing, whatever it holds.
-const Cell* visibleContent(const TableState& state, int row, int column) {
+inline const Cell* visibleContent(const TableState& state, int row, int column) {
     const Cell* cell = contentCell(state, row, column);
     return cell != nullptr && cell->merge.covered() ? nullptr : cell;
 }
@@ -61,8 +61,10 @@ const wchar_t* KdDbTable::textString(int row, int column) const {
 }
 
 KdString KdDbTable::textString(int row, int column, int content) const {
-    const wchar_t* text = content == 0 ? textString(row, column) : L"";
-    return *text == L'\0' ? KdString() : KdString(text);
+    const Cell* cell = content == 0 ? visibleContent(tableState(*this), row, column) : nullptr;
+    if (cell == nullptr) return {};
+    if (cell->hasField()) return KdString(shownField(*this, *cell));
+    return cell->text.empty() ? KdString() : KdString(cell->text);
 }
 
 void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
@@ -141,7 +143,7 @@ void KdDbTable::setBlockRotation(int row, int column, double angle) {
 int KdDbTable::contentType(int row, int column) const {
     const Cell* cell = visibleContent(tableState(*this), row, column);
     if (cell == nullptr) return KdDb::kCellContentTypeValue;
-    if (!cell->field().isNull()) return KdDb::kCellContentTypeField;
+    if (cell->hasField()) return KdDb::kCellContentTypeField;
     if (cell->type == KdDb::kBlockCell || !cell->block().isNull()) return KdDb::kCellContentTypeBlock;
     return KdDb::kCellContentTypeValue;
 }

@@ -7,10 +7,27 @@ using namespace kdhost;
 
 namespace {
 
+/// Apart, so that a getter keeps no registers for a call that it nearly never makes.
+template <class Read>
+[[gnu::noinline]] decltype(auto) readAnew(const TableState& state, int row, int column, Read read) {
+    state.styles.refresh();
+    return read(state, formatCell(state, row, column));
+}
+
+/// What `read(state, cell)` gives for the cell whose format a getter reads, with its style as it is now.
+template <class Read>
+decltype(auto) readFormat(const KdDbTable& table, int row, int column, Read read) {
+    const TableState& state = tableState(table);
+    if (!state.styles.isFresh()) [[unlikely]]
+        return readAnew(state, row, column, read);
+    return read(state, formatCell(state, row, column));
+}
+
 template <class T>
 const T& read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
-    const TableState& state = tableState(table);
-    return effective(state, formatCell(state, row, column), which);
+    return readFormat(table, row, column, [&](const TableState& state, const Cell* cell) -> const T& {
+        return effective(lastStyleFormat(state, cell), cell, which);
+    });
 }
 
 template <class T>
@@ -82,11 +99,11 @@ void KdDbTable::setDataFormat(int row, int column, const wchar_t* format) {
 }
 
 void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, KdValue::UnitType& unitType) const {
-    const TableState& state = tableState(*this);
-    const Cell* cell = formatCell(state, row, column);
-    const CellFormat& inherited = styleFormat(state, cell);
-    dataType = effective(inherited, cell, property::dataType);
-    unitType = effective(inherited, cell, property::unitType);
+    readFormat(*this, row, column, [&](const TableState& state, const Cell* cell) {
+        const CellFormat& inherited = lastStyleFormat(state, cell);
+        dataType = effective(inherited, cell, property::dataType);
+        unitType = effective(inherited, cell, property::unitType);
+    });
 }
 
 void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {
@@ -104,9 +121,9 @@ bool KdDbTable::isMergeAllEnabled(int row, int column) const {
 }
 
 const wchar_t* KdDbTable::cellStyle(int row, int column) const {
-    const TableState& state = tableState(*this);
-    const Cell* cell = formatCell(state, row, column);
-    return state.styles.name(cell == nullptr ? CellStylePool::kData : cell->style).c_str();
+    return readFormat(*this, row, column, [](const TableState& state, const Cell* cell) {
+        return state.styles.lastName(stylePlace(cell)).c_str();
+    });
 }
 
 void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {

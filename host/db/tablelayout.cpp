@@ -255,8 +255,7 @@ void growAllRows(const KdDbTable& table, const TableState& state) {
     for (int row = 0; row < state.rowCount(); ++row) growRow(state, row, measure.rowMinimum(row));
 }
 
-const wchar_t* shownText(const KdDbTable& table, const Cell& cell) {
-    if (cell.field().isNull()) return cell.text.c_str();
+const wchar_t* shownField(const KdDbTable& table, const Cell& cell) {
     std::wstring& kept = KdDbTableAccess::transient(table).fieldTexts[cell.field()];
     const auto* field = peek<KdDbField>(cell.field());
     std::wstring now = field == nullptr ? std::wstring() : field->getFieldCode(KdDbField::kEvaluatedText).str();

@@ -17,8 +17,12 @@ void settleGrowth(const KdDbTable& table);
 /// Grows every row to what its content needs.
 void growAllRows(const KdDbTable& table, const TableState& state);
 
+/// The evaluated text of the cell's field.
+const wchar_t* shownField(const KdDbTable& table, const Cell& cell);
 /// The text that a cell shows: its own, or its field's. Valid until the next change of the table.
-const wchar_t* shownText(const KdDbTable& table, const Cell& cell);
+inline const wchar_t* shownText(const KdDbTable& table, const Cell& cell) {
+    return cell.hasField() ? shownField(table, cell) : cell.text.c_str();
+}
 
 /// Edges of the rows and columns, from the table's position along and across its rows.
 const std::vector<double>& rowPositions(const KdDbTable& table);

@@ -50,7 +50,7 @@ std::uint64_t newStamp() {
 }
 
 TableState::TableState() {
-    columnWidths.assign(1, kDefaultColumnWidth);
+    columnWidths.assign(static_cast<std::size_t>(m_columnCount), kDefaultColumnWidth);
     insertDefaultRows(0, 1);
     touchLayout();
 }
@@ -141,6 +141,7 @@ void TableState::insertColumns(int at, int inheritFrom, int count) {
         cells.insert(cells.begin() + at, static_cast<std::size_t>(count), cell);
     }
     columnWidths.insert(columnWidths.begin() + at, static_cast<std::size_t>(count), width);
+    m_columnCount += count;
     for (KdCellRange& merge : split) merge.m_rightColumn += count;
     relink(split);
     touchLayout();
@@ -191,6 +192,7 @@ void TableState::eraseColumns(int first, int count) {
         cells.erase(cells.begin() + first, cells.begin() + behind);
     }
     columnWidths.erase(columnWidths.begin() + first, columnWidths.begin() + behind);
+    m_columnCount -= count;
     for (KdCellRange& merge : cut) {
         std::tie(merge.m_leftColumn, merge.m_rightColumn) =
             spanAfterErase(merge.m_leftColumn, merge.m_rightColumn, first, count);

@@ -35,9 +35,11 @@ struct TableState : KdDbBlockReferenceState {
     void wasPutBack(KdDbObject& self) const override;
 
     int rowCount() const { return rows.size(); }
-    int columnCount() const { return static_cast<int>(columnWidths.size()); }
+    int columnCount() const { return m_columnCount; }
     bool contains(int row, int column) const {
-        return row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
+        // Compared without sign: what is negative lies far behind the end.
+        return static_cast<unsigned>(row) < static_cast<unsigned>(rowCount()) &&
+               static_cast<unsigned>(column) < static_cast<unsigned>(columnCount());
     }
     bool contains(const KdCellRange& range) const {
         return contains(range.m_topRow, range.m_leftColumn) && contains(range.m_bottomRow, range.m_rightColumn) &&
@@ -100,6 +102,8 @@ private:
     TableRow defaultRow(int row) const;
     void link(const KdCellRange& merge);
     void relink(const std::vector<KdCellRange>& merges);
+
+    int m_columnCount = 1;  ///< the length of `columnWidths`, asked for before every look at a cell
 };
 
 }  // namespace kdhost

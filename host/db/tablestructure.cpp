@@ -95,12 +95,15 @@ void KdDbTable::unmergeCells(int top, int bottom, int left, int right) {
 
 bool KdDbTable::isMergedCell(int row, int column, int* top, int* bottom, int* left, int* right) const {
     const TableState& state = tableState(*this);
-    if (!toFirstCell(state, row, column) || !state.cell(row, column).merge.merged()) return false;
-    const KdCellRange merge = state.mergeOf(row, column);
-    if (top != nullptr) *top = merge.m_topRow;
-    if (bottom != nullptr) *bottom = merge.m_bottomRow;
-    if (left != nullptr) *left = merge.m_leftColumn;
-    if (right != nullptr) *right = merge.m_rightColumn;
+    if (!toFirstCell(state, row, column)) return false;
+    const MergeLink& merge = state.cell(row, column).merge;
+    if (!merge.merged()) return false;
+    const int firstRow = row - merge.up;
+    const int firstColumn = column - merge.left;
+    if (top != nullptr) *top = firstRow;
+    if (bottom != nullptr) *bottom = firstRow + merge.rows - 1;
+    if (left != nullptr) *left = firstColumn;
+    if (right != nullptr) *right = firstColumn + merge.columns - 1;
     return true;
 }
 

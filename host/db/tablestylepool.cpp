@@ -11,12 +11,15 @@ CellStylePool::CellStylePool() {
     for (const wchar_t* name : {kTitleStyle, kHeaderStyle, kDataStyle}) m_entries.push_back({name, 0, nullptr});
 }
 
-void CellStylePool::find() const {
-    // A table goes on looking like its style when the style was erased.
-    const KdDbObject* object = m_tableStyle.isNull() ? nullptr : peekObject(m_tableStyle, true);
-    m_styleObject = object != nullptr && object->isKindOf(KdDbTableStyle::desc()) ? object : nullptr;
-    m_found = m_tableStyle;
-    m_foundAt = forgottenObjects;
+const TableStyleState& CellStylePool::style() const {
+    if (m_foundAt != forgottenObjects) {
+        // A table goes on looking like its style when the style was erased.
+        const KdDbObject* object = m_tableStyle.isNull() ? nullptr : peekObject(m_tableStyle, true);
+        if (object == nullptr || !object->isKindOf(KdDbTableStyle::desc())) return standardTableStyle();
+        m_styleObject = object;
+        m_foundAt = forgottenObjects;
+    }
+    return stateOf(*m_styleObject);
 }
 
 void CellStylePool::bind(Entry& entry, const TableStyleState& style) {
@@ -33,9 +36,12 @@ void CellStylePool::bind(Entry& entry, const TableStyleState& style) {
 }
 
 void CellStylePool::bindAll(const TableStyleState& current) const {
+    if (current.revision == m_revision && m_boundTo == m_tableStyle) return;
+    m_records.clear();
     for (Entry& entry : m_entries) {
         if (m_boundTo != m_tableStyle) entry.index = 0;
         bind(entry, current);
+        m_records.push_back(entry.record.get());
     }
     m_revision = current.revision;
     m_boundTo = m_tableStyle;
@@ -44,6 +50,7 @@ void CellStylePool::bindAll(const TableStyleState& current) const {
 void CellStylePool::setTableStyle(KdDbObjectId style) {
     refresh();
     m_tableStyle = style;
+    m_foundAt = kNeverFound;
     refresh();
 }
 
@@ -51,6 +58,7 @@ void CellStylePool::mapTableStyle(const IdMapper& map) {
     refresh();
     // Names bind anew when they are next asked for: the new style may still be on its way.
     m_tableStyle = map(m_tableStyle, IdRole::pointer);
+    m_foundAt = kNeverFound;
 }
 
 std::uint16_t CellStylePool::place(const std::wstring& name) {
@@ -60,6 +68,7 @@ std::uint16_t CellStylePool::place(const std::wstring& name) {
     }
     m_entries.push_back({name, 0, nullptr});
     bind(m_entries.back(), style());
+    m_records.push_back(m_entries.back().record.get());
     return static_cast<std::uint16_t>(m_entries.size() - 1);
 }
 

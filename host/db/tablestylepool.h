@@ -33,10 +33,17 @@ public:
     /// The style as it is now; "_DATA" for a name that the table style doesn't know.
     const CellStyleRecord& record(std::uint16_t place) const {
         refresh();
-        return *m_entries[place].record;
+        return *m_records[place];
+    }
+    /// Whether another look at the table style would find nothing new.
+    bool isFresh() const { return m_foundAt == forgottenObjects && stateOf(*m_styleObject).revision == m_revision; }
+    void refresh() const {
+        if (!isFresh()) [[unlikely]]
+            bindAll(style());
     }
     /// As the last look at the table style found it: for long walks that look once.
-    const CellStyleRecord& lastRecord(std::uint16_t place) const { return *m_entries[place].record; }
+    const CellStyleRecord& lastRecord(std::uint16_t place) const { return *m_records[place]; }
+    const std::wstring& lastName(std::uint16_t place) const { return m_entries[place].name; }
     const std::wstring& name(std::uint16_t place) const {
         refresh();
         return m_entries[place].name;
@@ -54,27 +61,24 @@ private:
 
     // Getters of cell properties come by here for every cell of large tables: as long as the style is in
     // memory and hasn't changed, all that it costs is two comparisons.
-    const TableStyleState& style() const {
-        if (m_styleObject == nullptr || m_found != m_tableStyle || m_foundAt != forgottenObjects) find();
-        if (m_styleObject == nullptr) return standardTableStyle();
-        return static_cast<const TableStyleState&>(KdDbObjectAccess::state(*m_styleObject));
+    static constexpr std::uint64_t kNeverFound = ~std::uint64_t{0};
+
+    static const TableStyleState& stateOf(const KdDbObject& styleObject) {
+        return static_cast<const TableStyleState&>(KdDbObjectAccess::state(styleObject));
     }
-    void refresh() const {
-        const TableStyleState& current = style();
-        if (current.revision != m_revision || m_boundTo != m_tableStyle) bindAll(current);
-    }
-    void find() const;
+    /// The table style as it is now; a look at the database when it isn't known to be in memory.
+    const TableStyleState& style() const;
     void bindAll(const TableStyleState& current) const;
     static void bind(Entry& entry, const TableStyleState& style);
 
     KdDbObjectId m_tableStyle;
     // What the entries say of the style is remembered, not held: it follows the style under const too.
     mutable std::vector<Entry> m_entries;
-    mutable std::uint64_t m_revision = 0;
+    mutable std::vector<const CellStyleRecord*> m_records;  ///< of the entries
+    mutable const KdDbObject* m_styleObject = nullptr;      ///< of the table style, good at `m_foundAt`
+    mutable std::uint64_t m_foundAt = kNeverFound;          ///< also while the style isn't in memory
+    mutable std::uint64_t m_revision = 0;                   ///< that the entries are bound to, of the style `m_boundTo`
     mutable KdDbObjectId m_boundTo;
-    mutable const KdDbObject* m_styleObject = nullptr;  ///< of the id `m_found`, good at `m_foundAt`
-    mutable KdDbObjectId m_found;
-    mutable std::uint64_t m_foundAt = 0;
 };
 
 }  // namespace kdhost

@@ -94,8 +94,12 @@ double widestWord(const std::wstring& contents, const Font& font, double textHei
 /// hard blank as a blank.
 std::wstring strip(const std::wstring& contents);
 
-/// Whether the text reads as it stands, since nothing in it can begin a code. Most texts of a large table are
-/// such, and taking them apart would cost more than all else that is done with them.
-bool isPlain(const std::wstring& contents);
+/// Length of a text, up to its ending zero, that reads as it stands, since nothing in it can begin a code; -1 for any
+/// other. Most texts of a large table are such, and taking them apart would cost more than all else that is done
+/// with them.
+int plainLength(const wchar_t* contents);
+inline bool isPlain(const std::wstring& contents) {
+    return plainLength(contents.c_str()) == static_cast<int>(contents.size());
+}
 
 }  // namespace kdhost::text

@@ -1,15 +1,32 @@
 // The text as it is read, without its formatting codes.
 
-#include <algorithm>
+#include <array>
+#include <cstdint>
 
 #include "host/text/layout.h"
 #include "host/text/tokens.h"
 
 namespace kdhost::text {
+namespace {
 
-bool isPlain(const std::wstring& contents) {
-    return std::none_of(contents.begin(), contents.end(),
-                        [](wchar_t c) { return c == L'\\' || c == L'%' || c == L'{' || c == L'}' || c == L'\r'; });
+/// A bit for each character below 128 that ends a plain text: the zero, and what may begin a code.
+constexpr std::array<std::uint64_t, 2> kEnds = [] {
+    std::array<std::uint64_t, 2> bits{};
+    for (const unsigned char c : {'\0', '\\', '%', '{', '}', '\r'}) bits[c / 64] |= std::uint64_t{1} << c % 64;
+    return bits;
+}();
+
+bool endsPlainText(wchar_t character) {
+    const auto code = static_cast<std::uint32_t>(character);
+    return code < 128 && (kEnds[code / 64] >> code % 64 & 1) != 0;
+}
+
+}  // namespace
+
+int plainLength(const wchar_t* contents) {
+    const wchar_t* end = contents;
+    while (!endsPlainText(*end)) ++end;
+    return *end == L'\0' ? static_cast<int>(end - contents) : -1;
 }
 
 std::wstring strip(const std::wstring& contents) {

@@ -44,39 +44,54 @@ void writeOutSilently(KdCharacterCoding& coding, CFile& file) {
     }
 }
 
+/// In ANSI and in UTF-8. A line feed becomes two bytes where line ends are converted.
+bool isOwnByte(wchar_t character, bool lineEnds) {
+    return character > 0 && character < 0x80 && (character != L'\n' || !lineEnds);
+}
+
 }  // namespace
 
 KdCharacterCoding::KdCharacterCoding(Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
-    : m_form{encoding, escapes, lineEnds},
+    : m_encoding(encoding),
+      m_escapes(escapes),
+      m_lineEnds(lineEnds),
       m_buffer(bufferSize >= longestCharacter ? std::make_unique_for_overwrite<char[]>(bufferSize) : nullptr),
       m_bufferSize(bufferSize),
       m_reserved(longestCharacter) {}
 
-inline int KdCharacterCoding::encode(Form form, wchar_t character, char* out) {
-    const auto [encoding, escapes, lineEnds] = form;
-    if (encoding == kAnsi || encoding == kUtf8) {
-        return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, encoding == kAnsi, escapes,
-                                                  lineEnds);
+inline int KdCharacterCoding::encode(wchar_t character, char* out) const {
+    if (isOfBytes()) {
+        return KfCharFormatter::wcharToAnsiOrUtf8(character, out, longestCharacter, m_encoding == kAnsi, m_escapes,
+                                                  m_lineEnds);
     }
-    if (encoding == kUtf16 || encoding == kUtf16Swapped) {
-        return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, encoding == kUtf16, lineEnds);
+    if (m_encoding == kUtf16 || m_encoding == kUtf16Swapped) {
+        return KfCharFormatter::wcharToUtf16(character, out, longestCharacter, m_encoding == kUtf16, m_lineEnds);
     }
     return 0;
 }
 
-// The form is copied, since any byte written might otherwise have changed it.
-template <class File>
-void KdCharacterCoding::write(File& file, const wchar_t* text, const wchar_t* end) {
-    const Form form = m_form;
+void KdCharacterCoding::write(CFile& file, const wchar_t* text, const wchar_t* end) {
+    if (m_buffer == nullptr) return writeDirectly(file, text, end);
     for (; text != end; ++text) {
-        if (m_buffer == nullptr) {
-            std::array<char, longestCharacter> bytes;
-            const int made = encode(form, *text, bytes.data());
-            if (made > 0) file.Write(static_cast<const void*>(bytes.data()), static_cast<UINT>(made));
-        } else {
-            m_bufferFill += static_cast<std::uint32_t>(encode(form, *text, m_buffer.get() + m_bufferFill));
-            if (m_bufferSize - m_bufferFill < m_reserved) writeBuffer(file);
+        m_bufferFill += static_cast<std::uint32_t>(encode(*text, m_buffer.get() + m_bufferFill));
+        if (m_bufferSize - m_bufferFill < m_reserved) writeBuffer(file);
+    }
+}
+
+// Nearly every character of a file is one that is its own byte; the others are made bytes of by a call.
+void KdCharacterCoding::writeDirectly(CFile& file, const wchar_t* text, const wchar_t* end) const {
+    while (text != end) {
+        if (isOfBytes()) {
+            file.WriteEach([&text, end, lineEnds = m_lineEnds](char& byte) {
+                if (text == end || !isOwnByte(*text, lineEnds)) return false;
+                byte = static_cast<char>(*text++);
+                return true;
+            });
+            if (text == end) return;
         }
+        std::array<char, longestCharacter> bytes;
+        const int made = encode(*text++, bytes.data());
+        if (made > 0) file.Write(bytes.data(), static_cast<UINT>(made));
     }
 }
 
@@ -90,15 +105,15 @@ void KdCharacterCoding::writeBuffer(CFile& file) {
 bool KdCharacterCoding::read(CFile& file, wchar_t& character) {
     writeBuffer(file);
     if (!readOne(file, character)) return false;
-    if (m_form.encoding == kAnsi && m_form.escapes && character == L'\\')
+    if (m_encoding == kAnsi && m_escapes && character == L'\\')
         readEscape(file, character);
-    else if (m_form.lineEnds && character == L'\r')
+    else if (m_lineEnds && character == L'\r')
         joinLineEnd(file, character);
     return true;
 }
 
 bool KdCharacterCoding::readOne(CFile& file, wchar_t& character) const {
-    switch (m_form.encoding) {
+    switch (m_encoding) {
         case kAnsi:
             return readAnsi(file, character);
         case kUtf8:
@@ -131,7 +146,7 @@ bool KdCharacterCoding::readUtf16(CFile& file, wchar_t& character) const {
 }
 
 wchar_t KdCharacterCoding::fromUtf16(const std::array<unsigned char, 2>& bytes) const {
-    const bool lowFirst = (std::endian::native == std::endian::little) == (m_form.encoding == kUtf16);
+    const bool lowFirst = (std::endian::native == std::endian::little) == (m_encoding == kUtf16);
     return static_cast<wchar_t>(lowFirst ? bytes[0] | (bytes[1] << 8) : (bytes[0] << 8) | bytes[1]);
 }
 
@@ -158,7 +173,7 @@ void KdCharacterCoding::readEscape(CFile& file, wchar_t& character) {
 /// A carriage return was read; with a line feed behind it the two are one line feed. What else follows is put
 /// back.
 void KdCharacterCoding::joinLineEnd(CFile& file, wchar_t& character) const {
-    const bool wide = m_form.encoding == kUtf16 || m_form.encoding == kUtf16Swapped;
+    const bool wide = m_encoding == kUtf16 || m_encoding == kUtf16Swapped;
     std::array<unsigned char, 2> next{};
     const UINT unit = wide ? 2 : 1;
     const UINT got = file.Read(next.data(), unit);

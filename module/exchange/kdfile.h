@@ -25,8 +25,7 @@ public:
 
     /// Writes characters one by one, or keeps their bytes in the buffer. An encoding that there isn't makes no
     /// bytes.
-    template <class File>
-    void write(File& file, const wchar_t* text, const wchar_t* end);
+    void write(CFile& file, const wchar_t* text, const wchar_t* end);
     /// Writes out what the buffer holds.
     void writeBuffer(CFile& file);
 
@@ -35,14 +34,10 @@ public:
     bool read(CFile& file, wchar_t& character);
 
 private:
-    /// What decides over a character's bytes.
-    struct Form {
-        std::int32_t encoding;
-        bool escapes;
-        bool lineEnds;
-    };
-
-    static int encode(Form form, wchar_t character, char* out);
+    bool isOfBytes() const { return m_encoding == kAnsi || m_encoding == kUtf8; }
+    /// Makes the character's bytes and returns their number.
+    int encode(wchar_t character, char* out) const;
+    void writeDirectly(CFile& file, const wchar_t* text, const wchar_t* end) const;
     bool readOne(CFile& file, wchar_t& character) const;
     bool readUtf8(CFile& file, wchar_t& character) const;
     bool readUtf16(CFile& file, wchar_t& character) const;
@@ -51,7 +46,9 @@ private:
     static void readEscape(CFile& file, wchar_t& character);
     void joinLineEnd(CFile& file, wchar_t& character) const;
 
-    const Form m_form;
+    std::int32_t m_encoding;
+    bool m_escapes;
+    bool m_lineEnds;
     std::unique_ptr<char[]> m_buffer;  ///< null for direct writing
     std::uint32_t m_bufferSize;
     std::uint32_t m_bufferFill = 0;

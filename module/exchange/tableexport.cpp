@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kd/db/database.h"
 #include "kd/db/field.h"
@@ -27,7 +28,7 @@
 
 namespace {
 
-constexpr const wchar_t* blank = L" ";
+constexpr wchar_t blank = L' ';
 constexpr wchar_t separator = L',';
 constexpr wchar_t quote = L'"';
 constexpr int fileDialogFlags = 33;
@@ -111,12 +112,52 @@ std::optional<std::wstring> fileNameFromDialog() {
     return name;
 }
 
+/// One line of the file while it is put together; its memory serves from line to line.
+class Line {
+public:
+    void clear() { m_size = 0; }
+    void append(wchar_t character) { append(std::wstring_view(&character, 1)); }
+    void append(std::wstring_view text) {
+        std::copy(text.begin(), text.end(), room(text.size()));
+        m_size += text.size();
+    }
+    /// In quotes, with each quote in the text doubled.
+    void appendQuoted(std::wstring_view text) {
+        wchar_t* const begin = room(2 * text.size() + 2);
+        wchar_t* out = begin;
+        *out++ = quote;
+        for (const wchar_t character : text) {
+            if (character == quote) *out++ = quote;
+            *out++ = character;
+        }
+        *out++ = quote;
+        m_size += static_cast<std::size_t>(out - begin);
+    }
+    void dropTrailing(wchar_t character) {
+        while (m_size > 0 && m_text[m_size - 1] == character) --m_size;
+    }
+    /// With its ending zero.
+    const wchar_t* text() {
+        *room(1) = 0;
+        return m_text.data();
+    }
+
+private:
+    wchar_t* room(std::size_t count) {
+        if (m_text.size() - m_size < count) m_text.resize(2 * (m_size + count));
+        return m_text.data() + m_size;
+    }
+
+    std::vector<wchar_t> m_text;
+    std::size_t m_size = 0;
+};
+
 /// The cells of one table as they stand in the file.
 class CellText {
 public:
     explicit CellText(const KdDbTable& table) : m_table(table), m_blockLabel(loadText(2062)) {}
 
-    void append(int row, int column, std::wstring& line) {
+    void append(int row, int column, Line& line) {
         switch (m_table.cellType(row, column)) {
             case KdDb::kTextCell:
                 return m_table.contentType(row, column) == KdDb::kCellContentTypeValue ? appendText(row, column, line)
@@ -126,12 +167,12 @@ public:
             case KdDb::kMultipleContentCell:
                 return appendFirstContent(row, column, line);
             default:
-                line += blank;
+                line.append(blank);
         }
     }
 
 private:
-    void appendFirstContent(int row, int column, std::wstring& line) {
+    void appendFirstContent(int row, int column, Line& line) {
         switch (m_table.contentType(row, column, 0)) {
             case KdDb::kCellContentTypeValue:
                 return appendText(row, column, line);
@@ -140,55 +181,50 @@ private:
             case KdDb::kCellContentTypeBlock:
                 return appendBlock(m_table.blockTableRecordId(row, column), line);
             default:
-                line += blank;
+                line.append(blank);
         }
     }
 
-    void appendText(int row, int column, std::wstring& line) {
+    void appendText(int row, int column, Line& line) {
         const wchar_t* const text = m_table.textString(row, column);
         if (text == nullptr || *text == 0) {
-            line += blank;
+            line.append(blank);
             return;
         }
-        m_text.assign(text);
-        appendQuoted(row, column, line);
+        const int length = plainMtextLength(text);
+        if (length >= 0) {
+            line.appendQuoted({text, static_cast<std::size_t>(length)});
+        } else {
+            appendStripped(row, column, text, line);
+        }
     }
 
-    void appendField(int row, int column, std::wstring& line) {
+    void appendField(int row, int column, Line& line) {
         const OpenObject<KdDbField> field(m_table.fieldId(row, column), KdDb::kForRead);
-        if (!field) {
-            line += blank;
-            return;
+        if (field) {
+            appendStripped(row, column, field->getFieldCode(KdDbField::kEvaluatedText, nullptr, KdDb::kForRead), line);
+        } else {
+            line.append(blank);
         }
-        m_text = field->getFieldCode(KdDbField::kEvaluatedText, nullptr, KdDb::kForRead);
-        appendQuoted(row, column, line);
     }
 
-    void appendBlock(KdDbObjectId id, std::wstring& line) const {
+    void appendBlock(KdDbObjectId id, Line& line) const {
         std::wstring name;
         const OpenObject<KdDbBlockTableRecord> block(id, KdDb::kForRead);
         if (block && block->getName(name) == Kdad::eOk) {
-            line.append(m_blockLabel).append(name);
+            line.append(m_blockLabel);
+            line.append(name);
         } else {
-            line += blank;
+            line.append(blank);
         }
     }
 
-    /// Appends the text in hand.
-    void appendQuoted(int row, int column, std::wstring& line) {
-        m_text = stripMtextFormatting(std::move(m_text), m_table.database(), m_table.textStyle(row, column));
-        line += quote;
-        std::wstring_view rest = m_text.str();
-        for (std::size_t at = rest.find(quote); at != rest.npos; at = rest.find(quote)) {
-            line.append(rest.substr(0, at + 1)).push_back(quote);
-            rest.remove_prefix(at + 1);
-        }
-        line.append(rest).push_back(quote);
+    void appendStripped(int row, int column, const KdString& text, Line& line) const {
+        line.appendQuoted(stripMtextFormatting(text, m_table.database(), m_table.textStyle(row, column)).str());
     }
 
     const KdDbTable& m_table;
     CStdStr<wchar_t> m_blockLabel;
-    KdString m_text;  ///< in hand; its memory serves from cell to cell
 };
 
 /// Every separator at the end of a line goes, also one that a block's name ends in.
@@ -196,16 +232,16 @@ void writeRows(const KdDbTable& table, KdCStdioFile& file) {
     CellText cells(table);
     const int rows = table.numRows();
     const int columns = table.numColumns();
-    std::wstring line;
+    Line line;
     for (int row = 0; row < rows; ++row) {
         line.clear();
         for (int column = 0; column < columns; ++column) {
             cells.append(row, column, line);
-            line += separator;
+            line.append(separator);
         }
-        line.erase(line.find_last_not_of(separator) + 1);
-        line += L'\n';
-        file.WriteString(line.c_str());
+        line.dropTrailing(separator);
+        line.append(L'\n');
+        file.WriteString(line.text());
     }
 }
 

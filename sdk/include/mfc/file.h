@@ -59,6 +59,23 @@ public:
             m_room.next += count;
         }
     }
+    /// Writes single bytes: as many as `next(byte)` gives, one after the other, until it returns false. As a call of
+    /// Write for each of them, but that where the buffer is filled up to stays in hand meanwhile.
+    template <class Next>
+    void WriteEach(Next next) {
+        Room room = m_room;
+        for (char byte; next(byte);) {
+            if (room.next != room.end) [[likely]] {
+                *room.next++ = byte;
+                continue;
+            }
+            m_room = room;
+            const char single = byte;
+            writeThrough(&single, 1);
+            room = m_room;
+        }
+        m_room = room;
+    }
     /// Returns the new position from the start. Throws.
     virtual std::uint64_t Seek(std::int64_t offset, UINT from);
     virtual std::uint64_t GetPosition() const;

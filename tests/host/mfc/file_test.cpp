@@ -66,6 +66,16 @@ std::string readAll(CFile& file, UINT step) {
     return bytes;
 }
 
+/// Writes the text byte by byte.
+void writeEach(CFile& file, const std::string& text) {
+    std::size_t place = 0;
+    file.WriteEach([&](char& byte) {
+        if (place == text.size()) return false;
+        byte = text[place++];
+        return true;
+    });
+}
+
 }  // namespace
 
 TYPED_TEST(AnyFile, what_was_written_is_on_disk_after_closing) {
@@ -226,6 +236,38 @@ TYPED_TEST(AnyFile, files_that_cannot_be_opened_say_why) {
     EXPECT_EQ(causeOf([] { TypeParam file(nullptr, kWrite); }), ENOENT);
 }
 
+TYPED_TEST(AnyFile, bytes_written_each_follow_upon_those_written_at_once) {
+    TypeParam file(this->path().c_str(), kReadWrite);
+    file.Write("ab", 2);
+    writeEach(file, "cd");
+    file.Write("e", 1);
+    EXPECT_EQ(file.Seek(1, CFile::begin), 1u);
+    char read = 0;
+    EXPECT_EQ(file.Read(&read, 1), 1u);
+    EXPECT_EQ(read, 'b');
+    writeEach(file, "XY");
+    file.Close();
+    EXPECT_EQ(this->onDisk(), "abXYe");
+}
+
+TYPED_TEST(AnyFile, bytes_written_each_fill_a_buffer_many_times_over) {
+    std::string text;
+    for (int i = 0; i < 200'000; ++i) text += static_cast<char>('a' + i % 23);
+    TypeParam file(this->path().c_str(), kWrite);
+    writeEach(file, text);
+    EXPECT_EQ(file.GetLength(), text.size());
+    file.Close();
+    EXPECT_EQ(this->onDisk(), text);
+}
+
+TEST_F(FileTest, a_full_disk_met_while_bytes_are_written_each_keeps_what_the_buffer_holds) {
+    CStdioFile file(L"/dev/full", kWrite);
+    const std::string text(100'000, 'x');
+    EXPECT_EQ(causeOf([&] { writeEach(file, text); }), ENOSPC);
+    EXPECT_EQ(file.GetLength(), 0x10000u);
+    EXPECT_EQ(causeOf([&] { file.Close(); }), ENOSPC);
+}
+
 TYPED_TEST(AnyFile, an_open_file_is_not_opened_again) {
     TypeParam file(this->path().c_str(), kWrite);
     file.Write("a", 1);
@@ -242,6 +284,8 @@ TYPED_TEST(AnyFile, a_file_that_is_not_open_refuses_everything_but_closing) {
     char byte = 0;
     EXPECT_EQ(causeOf([&] { file.Read(&byte, 1); }), EBADF);
     EXPECT_EQ(causeOf([&] { file.Write(&byte, 1); }), EBADF);
+    EXPECT_EQ(causeOf([&] { writeEach(file, "x"); }), EBADF);
+    EXPECT_EQ(causeOf([&] { writeEach(file, ""); }), 0);
     EXPECT_EQ(causeOf([&] { file.Seek(0, CFile::begin); }), EBADF);
     EXPECT_EQ(causeOf([&] { static_cast<void>(file.GetPosition()); }), EBADF);
     EXPECT_EQ(causeOf([&] { static_cast<void>(file.GetLength()); }), EBADF);

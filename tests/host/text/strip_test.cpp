@@ -8,6 +8,7 @@
 #include "host/text/tokens.h"
 
 using kdhost::text::parse;
+using kdhost::text::plainLength;
 using kdhost::text::strip;
 using kdhost::text::Token;
 using kdhost::text::TokenKind;
@@ -23,6 +24,28 @@ class StripReads : public ::testing::TestWithParam<Case> {};
 
 TEST_P(StripReads, as_a_person_does) {
     EXPECT_EQ(strip(GetParam().contents), GetParam().read);
+}
+
+TEST(PlainLength, counts_a_text_in_which_nothing_begins_a_code) {
+    EXPECT_EQ(plainLength(L""), 0);
+    EXPECT_EQ(plainLength(L"Bolt M8, \"20\"\nand 管道"), 20);
+    EXPECT_EQ(plainLength(L"\x7F\x80\xA5\xDC"), 4);
+    for (const wchar_t* contents : {L"\\P", L"a{b", L"b}", L"5%", L"a\r"}) EXPECT_EQ(plainLength(contents), -1);
+}
+
+// What looks plain must read as it stands, else it would be taken over with its codes.
+TEST(PlainLength, is_that_of_the_stripped_text) {
+    std::mt19937 random(1);
+    constexpr std::wstring_view letters = L"aP{}\\%\r\n管\x7F;1";
+    for (int round = 0; round < 20'000; ++round) {
+        std::wstring contents;
+        for (auto length = random() % 6; length > 0; --length) contents += letters[random() % letters.size()];
+        const int length = plainLength(contents.c_str());
+        if (length >= 0) {
+            ASSERT_EQ(strip(contents).size(), static_cast<std::size_t>(length));
+        }
+        ASSERT_EQ(length >= 0, contents.find_first_of(L"{}\\%\r") == contents.npos);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(plain, StripReads,

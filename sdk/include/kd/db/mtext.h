@@ -82,5 +82,6 @@ void kddbSetMtextRotation(KdDbMText* text, double angle);
 /// The text without its formatting codes, as it is read: paragraphs become line feeds, stacked fractions
 /// "a/b", "%%d" and its like their characters.
 KdString stripMtextFormatting(const KdString& text, KdDbDatabase* database, const KdDbObjectId& textStyle);
-/// The same for a text that is given away; one without codes comes back without a copy.
-KdString stripMtextFormatting(KdString&& text, KdDbDatabase* database, const KdDbObjectId& textStyle);
+/// Length of a text in which nothing can begin a code, so that stripMtextFormatting gives it back as it stands; -1 for
+/// any other text. Nearly all texts of a large table are such, and this spares them being copied.
+int plainMtextLength(const wchar_t* text);
