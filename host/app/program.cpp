@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QTextCodec>
 #include <QWidget>
+#include <chrono>
 #include <clocale>
 #include <iostream>
 
@@ -16,10 +17,12 @@
 #include "host/app/hostcommands.h"
 #include "host/app/options.h"
 #include "host/app/scriptrunner.h"
+#include "host/app/windowfeeder.h"
 #include "host/db/access.h"
 #include "host/draw/render.h"
 #include "host/ed/variables.h"
 #include "host/rx/encoding.h"
+#include "host/ui/filedialog.h"
 #include "host/win32/modules.h"
 
 namespace kdhost {
@@ -42,11 +45,19 @@ void provideRuntimeFolder() {
     qputenv("XDG_RUNTIME_DIR", folder);
 }
 
+QtMessageHandler qtsOwnHandler = nullptr;
+
+/// A platform without a display complains of each window that it can't raise or give a least size to.
+void dropComplaintsOfPlatform(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (!message.startsWith(QLatin1String("This plugin does not support"))) qtsOwnHandler(type, context, message);
+}
+
 /// What has to be settled before Qt starts: no display is needed, and nothing is scaled but by the host itself.
 void prepareQt(const Options& options) {
     if (options.headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         provideRuntimeFolder();
+        qtsOwnHandler = qInstallMessageHandler(dropComplaintsOfPlatform);
     }
     for (const char* name : {"QT_SCALE_FACTOR", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"}) {
         qunsetenv(name);
@@ -62,7 +73,7 @@ void settleLocale() {
 }
 
 /// Empty on success, else what is wrong.
-std::string loadModules(Application& application, const Options& options) {
+std::string loadModules(Application& application, const Options& options, WindowFeeder&) {
     const std::vector<std::string> standard = {pluginFolder() + "/" + kTableModule};
     for (const std::string& module : options.modules.empty() ? standard : options.modules) {
         const std::wstring error = application.loadModule(fromUtf8(module));
@@ -71,12 +82,12 @@ std::string loadModules(Application& application, const Options& options) {
     return {};
 }
 
-std::string runScript(Application& application, const Options& options) {
+std::string runScript(Application& application, const Options& options, WindowFeeder& windows) {
     if (options.script.empty()) return {};
     std::string error;
     std::optional<Script> script = Script::load(options.script, error);
     if (!script) return error;
-    return ScriptRunner(application, std::move(*script)).run();
+    return ScriptRunner(application, std::move(*script), windows).run();
 }
 
 draw::Options drawingOptions() {
@@ -86,7 +97,7 @@ draw::Options drawingOptions() {
     return options;
 }
 
-std::string writeOutputs(Application& application, const Options& options) {
+std::string writeOutputs(Application& application, const Options& options, WindowFeeder&) {
     Document* document = application.documents().current();
     if (!options.dump.empty()) {
         std::string error = writeDumpFile(options.dump, *document);
@@ -105,17 +116,38 @@ std::string describeOpenObjects() {
     return text;
 }
 
-std::string runApplication(const Options& options) {
-    QWidget mainWindow;
-    Application application;
-    application.setMainWindow(&mainWindow);
-    registerHostCommands();
-    application.documents().openNew();
+/// How long a window that no line answers is waited for; the environment shortens it for tests.
+std::chrono::milliseconds patience() {
+    constexpr int kTenSeconds = 10000;
+    bool isSet = false;
+    const int milliseconds = qEnvironmentVariableIntValue("KDHOST_IDLE_MILLISECONDS", &isSet);
+    return std::chrono::milliseconds(isSet ? milliseconds : kTenSeconds);
+}
+
+/// Empty on success, else what the first step that failed says.
+std::string runSteps(Application& application, const Options& options, WindowFeeder& windows) {
     for (const auto step : {loadModules, runScript, writeOutputs}) {
-        std::string error = step(application, options);
+        std::string error = step(application, options, windows);
         if (!error.empty()) return error;
+        if (!windows.failure().empty()) return windows.failure();
     }
     return describeOpenObjects();
+}
+
+std::string runApplication(const Options& options) {
+    WindowFeeder windows(patience());
+    const WindowFileDialog fileDialog;
+    std::string failure;
+    {
+        QWidget mainWindow;
+        Application application;
+        application.setMainWindow(&mainWindow);
+        registerHostCommands();
+        application.documents().openNew();
+        failure = runSteps(application, options, windows);
+    }
+    // Modules may have asked something in their last message.
+    return failure.empty() ? windows.failure() : failure;
 }
 
 }  // namespace

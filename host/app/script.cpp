@@ -67,4 +67,15 @@ std::wstring withLineEnds(const std::wstring& text) {
     return result;
 }
 
+Split splitFirst(const std::wstring& text) {
+    const std::size_t blank = text.find(L' ');
+    if (blank == std::wstring::npos) return {text, {}};
+    return {text.substr(0, blank), text.substr(blank + 1)};
+}
+
+std::wstring expectEqual(const wchar_t* what, const std::wstring& found, const std::wstring& wanted) {
+    if (found == wanted) return {};
+    return std::wstring(what) + L" is \"" + found + L"\", not \"" + wanted + L"\".";
+}
+
 }  // namespace kdhost

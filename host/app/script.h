@@ -39,4 +39,14 @@ private:
 /// Text of a script with `\n` for a line end.
 std::wstring withLineEnds(const std::wstring& text);
 
+/// The first word of a text, and what follows the blank behind it.
+struct Split {
+    std::wstring first;
+    std::wstring rest;
+};
+Split splitFirst(const std::wstring& text);
+
+/// What an expectation says when `found` is not `wanted`; empty when it is.
+std::wstring expectEqual(const wchar_t* what, const std::wstring& found, const std::wstring& wanted);
+
 }  // namespace kdhost

@@ -7,171 +7,130 @@
 #include <algorithm>
 #include <iterator>
 
-#include "host/app/cellreference.h"
+#include "host/app/promptactions.h"
 #include "host/app/script.h"
-#include "host/app/scriptrunner.h"
-#include "host/db/access.h"
-#include "host/db/tableaccess.h"
-#include "host/ed/picking.h"
-#include "host/ed/points.h"
-#include "kd/db/table.h"
+#include "host/ed/commandline.h"
+#include "host/mfc/messagebox.h"
+#include "host/ui/automation.h"
 
 namespace kdhost {
 namespace {
 
-/// The first word of a text, and what follows the blank behind it.
-struct Split {
-    std::wstring first;
-    std::wstring rest;
-};
+using OnWindow = std::wstring (*)(const std::wstring& arguments);
+using OnPrompt = std::wstring (*)(Editor& editor, const std::wstring& arguments);
 
-Split splitFirst(const std::wstring& text) {
-    const std::size_t blank = text.find(L' ');
-    if (blank == std::wstring::npos) return {text, {}};
-    return {text.substr(0, blank), text.substr(blank + 1)};
+/// An action on a control: its name, then what belongs to the action.
+template <std::wstring (*act)(const std::wstring&, const std::wstring&)>
+std::wstring onControl(const std::wstring& arguments) {
+    const Split split = splitFirst(arguments);
+    return split.first.empty() ? L"the name of a control is missing." : act(split.first, split.rest);
 }
 
-void file(ScriptRunner& runner, const std::wstring& path) {
-    const bool cancel = path == L"CANCEL";
-    if (path.empty()) return runner.fail(L"@file takes a path or CANCEL.");
-    if (!runner.answerFileDialog(cancel ? std::nullopt : std::optional(path))) {
-        runner.fail(L"nothing is open that @file acts on.");
-    }
+/// What acts on neither prompt nor window.
+template <OnWindow act>
+std::wstring anywhere(Editor&, const std::wstring& arguments) {
+    return act(arguments);
 }
 
-bool takesPicks(PromptKind kind) {
-    return kind != PromptKind::Keyword && kind != PromptKind::Text;
+std::wstring setClipboard(const std::wstring& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdWString(withLineEnds(text)));
+    return {};
 }
 
-void pick(ScriptRunner& runner, const std::wstring& arguments) {
-    const bool add = !arguments.empty() && arguments.front() == L'+';
-    const auto point = parsePoint(add ? arguments.substr(1) : arguments, {});
-    if (!point) return runner.fail(L"@pick takes X,Y or +X,Y.");
-    Editor& editor = runner.editor();
-    if (!takesPicks(editor.promptKind())) return runner.fail(L"the prompt takes no pick.");
-    editor.input().put(add ? InputItem::Kind::AddPick : InputItem::Kind::Pick, *point);
-}
-
-/// "#N" names a table by its place in the dump, counted from 0; without it the current one is meant.
-KdDbObjectId tableOf(const Editor& editor, const std::wstring& place) {
-    std::vector<KdDbObjectId> tables = entitiesOfCurrentSpace(editor.database());
-    std::erase_if(tables, [](KdDbObjectId id) { return peek<KdDbTable>(id) == nullptr; });
-    std::size_t number = 0;
-    if (place.empty() || place.size() > 9) return KdDbObjectId::kNull;
-    for (wchar_t digit : place) {
-        if (digit < L'0' || digit > L'9') return KdDbObjectId::kNull;
-        number = number * 10 + static_cast<std::size_t>(digit - L'0');
-    }
-    return number < tables.size() ? tables[number] : KdDbObjectId::kNull;
-}
-
-KdGePoint3d centerOf(const KdDbTable& table, const KdCellRange& cells) {
-    KdGePoint3dArray corners;
-    table.getCellExtents(cells.m_topRow, cells.m_leftColumn, true, corners);
-    return corners[0] + (corners[3] - corners[0]) / 2.0;
-}
-
-void cells(ScriptRunner& runner, const std::wstring& arguments) {
-    Editor& editor = runner.editor();
-    if (arguments == L"none") return selectNothingByUser(editor);
-    const bool named = !arguments.empty() && arguments.front() == L'#';
-    const Split split = named ? splitFirst(arguments.substr(1)) : Split{{}, arguments};
-    const KdDbObjectId id = named ? tableOf(editor, split.first) : editor.pickFirst().currentTable();
-    const auto* table = peek<KdDbTable>(id);
-    if (table == nullptr) return runner.fail(L"there is no such table.");
-    const auto range = parseCells(split.rest, table->numRows(), table->numColumns());
-    if (!range) return runner.fail(L"\"" + split.rest + L"\" names no cells of the table.");
-
-    if (editor.promptKind() == PromptKind::Command) {
-        selectCellsByUser(editor, id, tableState(*table).grownToMerges(*range));
-    } else if (takesPicks(editor.promptKind())) {
-        editor.input().put(InputItem::Kind::Pick, centerOf(*table, *range));
-    } else {
-        runner.fail(L"the prompt takes no cells.");
-    }
-}
-
-void document(ScriptRunner& runner, const std::wstring& number) {
-    Editor& editor = runner.editor();
-    if (editor.promptKind() != PromptKind::Command) return runner.fail(L"a command runs.");
-    if (number.empty()) return runner.fail(L"@document takes a number.");
-    editor.input().type(L"DOCUMENT " + number + L"\n");
-}
-
-struct Key {
-    const wchar_t* name;
-    void (*press)(InputQueue& queue);
-};
-
-constexpr Key kKeys[] = {
-    {L"ESC", [](InputQueue& queue) { queue.put(InputItem::Kind::Escape); }},
-    {L"ENTER", [](InputQueue& queue) { queue.type(L"\n"); }},
-    {L"SPACE", [](InputQueue& queue) { queue.type(L" "); }},
-};
-
-void key(ScriptRunner& runner, const std::wstring& name) {
-    const auto* found = std::find_if(std::begin(kKeys), std::end(kKeys), [&](const Key& k) { return k.name == name; });
-    if (found == std::end(kKeys)) return runner.fail(L"nothing is open that @key " + name + L" acts on.");
-    found->press(runner.editor().input());
-}
-
-void requireEqual(ScriptRunner& runner, const wchar_t* what, const std::wstring& found, const std::wstring& wanted) {
-    if (found != wanted) runner.fail(std::wstring(what) + L" is \"" + found + L"\", not \"" + wanted + L"\".");
-}
-
-void message(ScriptRunner& runner, const std::wstring& arguments) {
+std::wstring expectMessage(const std::wstring& arguments) {
     const Split split = splitFirst(arguments);
     if (split.first == L"line") {
-        requireEqual(runner, L"the last message", commandLine().lastMessage(), withLineEnds(split.rest));
-    } else if (split.first == L"box") {
-        runner.fail(L"no message box was shown.");
-    } else {
-        runner.fail(L"@message takes box or line.");
+        return expectEqual(L"the last message", commandLine().lastMessage(), withLineEnds(split.rest));
     }
+    if (split.first != L"box") return L"@message takes box or line.";
+    if (lastMessageBoxText().empty()) return L"no message box was shown.";
+    return expectEqual(L"the last message", lastMessageBoxText(), withLineEnds(split.rest));
 }
 
-/// A prompt as it is read, without line ends and blanks around it.
-std::wstring visible(const std::wstring& prompt) {
-    const wchar_t* const blanks = L" \r\n";
-    const std::size_t first = prompt.find_first_not_of(blanks);
-    if (first == std::wstring::npos) return {};
-    return prompt.substr(first, prompt.find_last_not_of(blanks) - first + 1);
+/// The in-place editor is part of the drawing view.
+std::wstring editCell(const std::wstring&) {
+    return L"no cell is being edited.";
 }
 
-void expect(ScriptRunner& runner, const std::wstring& arguments) {
+std::wstring expectInWindow(const std::wstring& arguments) {
     const Split split = splitFirst(arguments);
-    if (split.first != L"prompt") return runner.fail(L"nothing is open that @expect " + split.first + L" acts on.");
-    requireEqual(runner, L"the prompt", visible(runner.editor().promptText()), visible(split.rest));
+    if (split.first == L"prompt") return automation::topWindowName() + L" is open: no prompt waits.";
+    if (split.first == L"editor") return editCell(split.rest);
+    if (split.first == L"focus") return automation::expectFocus(split.rest);
+    const Split property = splitFirst(split.rest);
+    return automation::expect(split.first, property.first, property.rest);
 }
 
-void clipboard(ScriptRunner&, const std::wstring& text) {
-    QGuiApplication::clipboard()->setText(QString::fromStdWString(withLineEnds(text)));
+std::wstring nothingOpenFor(const std::wstring& action) {
+    return L"nothing is open that @" + action + L" acts on.";
+}
+
+std::wstring expectAtPrompt(Editor& editor, const std::wstring& arguments) {
+    const Split split = splitFirst(arguments);
+    if (split.first == L"prompt") return promptactions::expectPrompt(editor, split.rest);
+    if (split.first == L"editor" || automation::hasWindow()) return expectInWindow(arguments);
+    return nothingOpenFor(L"expect " + split.first);
 }
 
 struct Action {
     const wchar_t* name;
-    /// Null for an action on a window of which none is open.
-    void (*perform)(ScriptRunner& runner, const std::wstring& arguments);
+    OnPrompt onPrompt;  ///< null for an action on windows only
+    OnWindow onWindow;  ///< null for an action that no window takes
 };
 
 constexpr Action kActions[] = {
-    {L"answer", nullptr},      {L"cells", cells},     {L"click", nullptr},   {L"clipboard", clipboard},
-    {L"close", nullptr},       {L"color", nullptr},   {L"context", nullptr}, {L"document", document},
-    {L"doubleclick", nullptr}, {L"drop", nullptr},    {L"edit", nullptr},    {L"expect", expect},
-    {L"file", file},           {L"focus", nullptr},   {L"key", key},         {L"label", nullptr},
-    {L"menu", nullptr},        {L"message", message}, {L"pick", pick},       {L"select", nullptr},
-    {L"set", nullptr},         {L"shot", nullptr},    {L"type", nullptr},
+    {L"answer", nullptr, automation::answer},
+    {L"cells", promptactions::cells, nullptr},
+    {L"click", nullptr, onControl<automation::click>},
+    {L"clipboard", anywhere<setClipboard>, setClipboard},
+    {L"close", nullptr, [](const std::wstring&) { return automation::close(); }},
+    {L"color", nullptr, automation::color},
+    {L"context", nullptr, onControl<automation::context>},
+    {L"document", promptactions::document, nullptr},
+    {L"doubleclick", nullptr, onControl<automation::doubleClick>},
+    {L"drop", nullptr, automation::drop},
+    {L"edit", anywhere<editCell>, editCell},
+    {L"expect", expectAtPrompt, expectInWindow},
+    {L"file", nullptr, automation::file},
+    {L"focus", nullptr, automation::focus},
+    {L"key", promptactions::key, automation::key},
+    {L"label", nullptr, automation::label},
+    {L"menu", nullptr, automation::menu},
+    {L"message", anywhere<expectMessage>, expectMessage},
+    {L"pick", promptactions::pick, nullptr},
+    {L"select", nullptr, onControl<automation::select>},
+    {L"set", nullptr, onControl<automation::set>},
+    {L"shot", nullptr, automation::shot},
+    {L"type", nullptr, onControl<automation::type>},
 };
+
+/// Null when there is none.
+const Action* findAction(const std::wstring& name) {
+    const auto* found =
+        std::find_if(std::begin(kActions), std::end(kActions), [&](const Action& a) { return a.name == name; });
+    return found == std::end(kActions) ? nullptr : found;
+}
+
+std::wstring noSuchAction(const std::wstring& name) {
+    return L"there is no action @" + name + L".";
+}
 
 }  // namespace
 
-void performAction(ScriptRunner& runner, const std::wstring& line) {
+std::wstring actOnPrompt(Editor& editor, const std::wstring& line) {
     const Split split = splitFirst(line);
-    const auto* action =
-        std::find_if(std::begin(kActions), std::end(kActions), [&](const Action& a) { return a.name == split.first; });
-    if (action == std::end(kActions)) return runner.fail(L"there is no action @" + split.first + L".");
-    if (action->perform == nullptr) return runner.fail(L"nothing is open that @" + split.first + L" acts on.");
-    action->perform(runner, split.rest);
+    const Action* action = findAction(split.first);
+    if (action == nullptr) return noSuchAction(split.first);
+    if (action->onPrompt != nullptr) return action->onPrompt(editor, split.rest);
+    return automation::hasWindow() ? action->onWindow(split.rest) : nothingOpenFor(split.first);
+}
+
+std::wstring actOnWindow(const std::wstring& line) {
+    const Split split = splitFirst(line);
+    const Action* action = findAction(split.first);
+    if (action == nullptr) return noSuchAction(split.first);
+    if (action->onWindow != nullptr) return action->onWindow(split.rest);
+    return automation::topWindowName() + L" is open: @" + split.first + L" doesn't reach past it.";
 }
 
 }  // namespace kdhost

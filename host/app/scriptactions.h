@@ -5,9 +5,13 @@
 
 namespace kdhost {
 
-class ScriptRunner;
+class Editor;
 
-/// Carries out a line given without its "@"; a line that can't be carried out fails the run.
-void performAction(ScriptRunner& runner, const std::wstring& line);
+// Each carries out a line given without its "@". An empty text, or why it can't be carried out.
+
+/// While a prompt of the editor waits. A line for windows acts on those that are shown beside it, as a toolbar.
+std::wstring actOnPrompt(Editor& editor, const std::wstring& line);
+/// While a dialog, message box or menu waits.
+std::wstring actOnWindow(const std::wstring& line);
 
 }  // namespace kdhost

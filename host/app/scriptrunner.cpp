@@ -7,31 +7,36 @@
 
 #include "host/app/scriptactions.h"
 #include "host/ed/commands.h"
+#include "host/mfc/messagebox.h"
 #include "host/rx/encoding.h"
+#include "host/ui/automation.h"
 
 namespace kdhost {
 
-ScriptRunner::ScriptRunner(Application& application, Script script)
-    : m_application(application), m_script(std::move(script)) {
+ScriptRunner::ScriptRunner(Application& application, Script script, WindowFeeder& windows)
+    : m_application(application), m_script(std::move(script)), m_windows(windows) {
     setInputSource(this);
-    setFileDialog(this);
+    m_windows.setUser(this);
     commandLine().setListener(this);
+    forgetMessageBoxes();
 }
 
 ScriptRunner::~ScriptRunner() {
     commandLine().setListener(nullptr);
-    setFileDialog(nullptr);
+    m_windows.setUser(nullptr);
     setInputSource(nullptr);
 }
 
 std::string ScriptRunner::run() {
     runCommands();
+    WindowFeeder::waitUntilClosed();
     return m_failure;
 }
 
-void ScriptRunner::fail(const std::wstring& message) {
+void ScriptRunner::failAt(int line, const std::wstring& message) {
     if (!m_failure.empty()) return;
-    m_failure = m_script.file() + ":" + std::to_string(m_script.currentLine()) + ": " + toUtf8(message);
+    m_failure = m_script.file() + ":" + std::to_string(line) + ": " + toUtf8(message);
+    m_windows.dismissAll(m_failure);
     // What was typed ahead is not carried out any more.
     if (Editor* asking = currentEditor()) asking->input().clear();
 }
@@ -42,34 +47,26 @@ bool ScriptRunner::feed(InputQueue& queue) {
         if (!line) return false;
         if (line->kind == ScriptLine::Kind::Typed) {
             queue.type(line->text + L"\n");
-        } else {
-            performAction(*this, line->text);
+        } else if (const std::wstring error = actOnPrompt(*currentEditor(), line->text); !error.empty()) {
+            failAt(line->number, error);
         }
     }
     return !isOver();
 }
 
-bool ScriptRunner::answerFileDialog(std::optional<std::wstring> path) {
-    if (!m_dialog) return false;
-    *m_dialog = {true, std::move(path)};
-    return true;
-}
-
-std::optional<std::wstring> ScriptRunner::ask(const FileDialogRequest& request) {
-    m_dialog.emplace();
-    while (!isOver() && !m_dialog->answered) {
-        const std::optional<ScriptLine> line = m_script.next();
-        if (!line) {
-            fail(L"the file dialog \"" + request.title + L"\" is not answered.");
-        } else if (line->kind == ScriptLine::Kind::Typed) {
-            fail(L"the file dialog \"" + request.title + L"\" is open: it takes @file PATH or @file CANCEL.");
-        } else {
-            performAction(*this, line->text);
-        }
+bool ScriptRunner::useWindow() {
+    if (isOver()) {
+        m_windows.dismissAll(m_failure);
+        return true;
     }
-    std::optional<std::wstring> path = std::move(m_dialog->path);
-    m_dialog.reset();
-    return path;
+    const std::optional<ScriptLine> line = m_script.next();
+    if (!line) return false;
+    if (line->kind == ScriptLine::Kind::Typed) {
+        failAt(line->number, automation::topWindowName() + L" is open: a line for a prompt doesn't reach it.");
+    } else if (const std::wstring error = actOnWindow(line->text); !error.empty()) {
+        failAt(line->number, error);
+    }
+    return true;
 }
 
 void ScriptRunner::written(const std::wstring& text) {

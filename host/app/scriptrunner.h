@@ -1,20 +1,21 @@
-// Running of a script: its lines answer prompts and dialogs in turn, until one of them can't be carried out.
+// Running of a script: its lines answer prompts and windows in turn, until one of them can't be carried out.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "host/ad/application.h"
 #include "host/app/script.h"
+#include "host/app/windowfeeder.h"
 #include "host/ed/commandline.h"
-#include "host/ed/filedialog.h"
 #include "host/ed/inputqueue.h"
 
 namespace kdhost {
 
-class ScriptRunner : private InputSource, private FileDialog, private CommandLineListener {
+/// A line goes to what waits for the user innermost: the top window while a window's loop runs, else the prompt
+/// that asked last, also when a dialog asks with it.
+class ScriptRunner : private InputSource, private WindowUser, private CommandLineListener {
 public:
-    ScriptRunner(Application& application, Script script);
+    ScriptRunner(Application& application, Script script, WindowFeeder& windows);
     ~ScriptRunner() override;
     ScriptRunner(const ScriptRunner&) = delete;
     ScriptRunner& operator=(const ScriptRunner&) = delete;
@@ -23,33 +24,21 @@ public:
     /// carried out. Empty on success, else "FILE:LINE: message".
     std::string run();
 
-    // What actions work on.
-
-    Application& application() { return m_application; }
-    /// The editor that asks for input now.
-    Editor& editor() { return *currentEditor(); }
-    /// Answers the file dialog that is open. False when none is.
-    bool answerFileDialog(std::optional<std::wstring> path);
-    /// Ends the run at the line that is being carried out. The first failure is kept.
-    void fail(const std::wstring& message);
-
 private:
     bool feed(InputQueue& queue) override;
-    std::optional<std::wstring> ask(const FileDialogRequest& request) override;
+    bool useWindow() override;
     void written(const std::wstring& text) override;
     void failed(const std::wstring& message) override { fail(message); }
 
+    /// Ends the run at the line taken last, or at the one given. The first failure is kept.
+    void fail(const std::wstring& message) override { failAt(m_script.currentLine(), message); }
+    void failAt(int line, const std::wstring& message);
     bool isOver() const { return !m_failure.empty() || m_application.isQuitRequested(); }
-
-    struct Dialog {
-        bool answered = false;
-        std::optional<std::wstring> path;
-    };
 
     Application& m_application;
     Script m_script;
+    WindowFeeder& m_windows;
     std::string m_failure;
-    std::optional<Dialog> m_dialog;
 };
 
 }  // namespace kdhost

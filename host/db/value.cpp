@@ -32,11 +32,17 @@ void KdValue::set(const wchar_t* text) {
     m_text = text == nullptr ? L"" : text;
 }
 
+void KdValue::set(const KdDate& date) {
+    setDataType(kDate);
+    m_date = date;
+}
+
 void KdValue::setDataType(DataType type) {
     if (type == m_dataType) return;
     m_dataType = type;
     m_text.clear();
     m_long = 0;
+    m_date = {};
     std::fill(std::begin(m_numbers), std::end(m_numbers), 0.0);
 }
 
@@ -63,5 +69,11 @@ bool KdValue::get(double& x, double& y, double& z) const {
 bool KdValue::get(std::wstring& text) const {
     if (m_dataType != kString) return false;
     text = m_text;
+    return true;
+}
+
+bool KdValue::get(KdDate& date) const {
+    if (m_dataType != kDate) return false;
+    date = m_date;
     return true;
 }

@@ -59,6 +59,10 @@ const std::wstring& lastMessageBoxText() {
     return lastText;
 }
 
+void forgetMessageBoxes() {
+    lastText.clear();
+}
+
 }  // namespace kdhost
 
 int kdMessageBox(QWidget* parent, const wchar_t* text, const wchar_t* caption, UINT type) {

@@ -1,7 +1,7 @@
 // What a script does to the top dialog, the open popup menu and the message box, as a person would do it: by
 // keys and mouse. Each function returns an empty text, or what was wrong in a line; then nothing was done, unless
 // told otherwise. A function whose keys or clicks open a dialog or menu returns when that one has ended: who
-// carries out a script goes on with its lines from a timer.
+// carries out a script goes on with its lines from within the dialog's own loop.
 #pragma once
 
 #include <string>
@@ -10,17 +10,22 @@ class QWidget;
 
 namespace kdhost::automation {
 
-/// The open popup menu or drop-down list, else the modal dialog or message box, else the active dialog; null
-/// when nothing is open.
+/// The open popup menu or drop-down list, else the modal dialog or message box, or a window shown over it, else
+/// the active window; null when nothing is open.
 QWidget* topWindow();
-/// For messages: object name and title of the top window; empty when nothing is open.
+/// For messages: what the top window is, its name and its title; empty when nothing is open.
 std::wstring topWindowName();
+/// True when a dialog, message box, menu or drop-down list is open, which keeps people from all else.
+bool isBlocked();
+/// True when any window shows that has controls.
+bool hasWindow();
 
 /// Puts the value into an edit, spin box or editable combo box, or on/off into a check box or radio button, and
-/// moves the focus to the next control.
+/// moves the focus to the next control, unless what the value set off took the focus away.
 std::wstring set(const std::wstring& name, const std::wstring& value);
-/// Types into the control and stays in it.
+/// Types into the control and stays in it. What was typed before the control lost the focus stays.
 std::wstring type(const std::wstring& name, const std::wstring& text);
+/// Moves the focus, which the control left may bring back.
 std::wstring focus(const std::wstring& name);
 /// Chooses a row of a combo box (opened or not) or a list, or a tab, by its text or as "#INDEX".
 std::wstring select(const std::wstring& name, const std::wstring& choice);
@@ -37,6 +42,10 @@ std::wstring label(const std::wstring& text);
 std::wstring menu(const std::wstring& item);
 /// Answers the message box: OK, CANCEL, YES, NO.
 std::wstring answer(const std::wstring& button);
+/// Answers the file dialog with a path, taken from the program's own folder, or with "CANCEL".
+std::wstring file(const std::wstring& path);
+/// Answers the colour dialog: none, bylayer, byblock, an index, "R,G,B" or "CANCEL".
+std::wstring color(const std::wstring& color);
 /// "[CTRL+][SHIFT+]NAME" to whatever has the focus.
 std::wstring key(const std::wstring& name);
 /// A picture of the top window, in the format of the file's ending.
@@ -46,5 +55,7 @@ std::wstring expect(const std::wstring& name, const std::wstring& property, cons
 std::wstring expectFocus(const std::wstring& name);
 /// Closes the top window by its frame.
 std::wstring close();
+/// Ends the top window whatever it holds, as cancelling would but without asking any control of it.
+void dismiss();
 
 }  // namespace kdhost::automation

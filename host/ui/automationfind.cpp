@@ -5,10 +5,12 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QTabWidget>
 
 #include "host/ui/automation.h"
+#include "host/ui/realinput.h"
 #include "mfc/wnd.h"
 
 namespace kdhost::automation {
@@ -26,6 +28,19 @@ QWidget* findWithin(QWidget& window, const QString& name) {
     return hidden;
 }
 
+/// Whether the widget stands within the other, also over a window's edge.
+bool belongsTo(const QWidget* widget, const QWidget* other) {
+    while (widget != nullptr && widget != other) widget = widget->parentWidget();
+    return widget != nullptr;
+}
+
+/// An open menu or list keeps the mouse from all but itself and the control that it belongs to.
+bool liesUnderPopup(const QWidget& control) {
+    const QWidget* popup = QApplication::activePopupWidget();
+    return popup != nullptr && !belongsTo(&control, popup) && !belongsTo(popup, &control) &&
+           popup->focusProxy() != &control;
+}
+
 }  // namespace
 
 QWidget* findControl(const QString& name) {
@@ -35,6 +50,36 @@ QWidget* findControl(const QString& name) {
         if (QWidget* found = findWithin(*window, name)) return found;
     }
     return nullptr;
+}
+
+std::wstring onControl(const std::wstring& name, const std::function<std::wstring(QWidget&)>& act) {
+    QWidget* control = findControl(QString::fromStdWString(name));
+    if (control == nullptr) return L"there is no control " + name + L".";
+    if (!control->isVisible()) return name + L" is hidden.";
+    if (!control->isEnabled()) return name + L" is disabled.";
+    if (liesUnderPopup(*control)) return name + L" is out of reach: " + topWindowName() + L" is open.";
+    QWidget* window = control->window();
+    if (!window->isActiveWindow() && QApplication::activePopupWidget() == nullptr)
+        QApplication::setActiveWindow(window);
+    return act(*control);
+}
+
+bool hasKeys(const QPointer<QWidget>& control) {
+    if (QApplication::activePopupWidget() == nullptr) bringTopDialogToFront();
+    const QWidget* focused = QApplication::focusWidget();
+    return control != nullptr && focused != nullptr && (control->hasFocus() || belongsTo(focused, control));
+}
+
+std::wstring replaceText(QLineEdit& edit, const std::wstring& name, const std::wstring& value) {
+    const QPointer<QWidget> typed(&edit);
+    if (edit.isReadOnly()) return name + L" can't be changed.";
+    edit.selectAll();
+    if (value.empty()) pressKey(Qt::Key_Delete);
+    for (const QChar character : QString::fromStdWString(value)) {
+        if (!hasKeys(typed)) return name + L" lost the focus before all was typed.";
+        typeKeys(character);
+    }
+    return {};
 }
 
 Choices::Choices(QWidget& control) {

@@ -1,11 +1,15 @@
 // How a script finds controls and the rows in them.
 #pragma once
 
+#include <QPointer>
 #include <QString>
+#include <functional>
 #include <optional>
+#include <string>
 
 class QAbstractItemView;
 class QComboBox;
+class QLineEdit;
 class QTabBar;
 class QWidget;
 
@@ -14,6 +18,16 @@ namespace kdhost::automation {
 /// A control of the top dialog, or of any dialog that is shown while none is modal; visible ones first. Null
 /// when there is none.
 QWidget* findControl(const QString& name);
+
+/// Carries `act` out on a control that a person could use now, in the window that is in front then. What is wrong
+/// when there is none of that name, or it is hidden, disabled or under an open menu.
+std::wstring onControl(const std::wstring& name, const std::function<std::wstring(QWidget&)>& act);
+
+/// True while the control has the keys. What a key or a click sets off may end its dialog or move the focus.
+bool hasKeys(const QPointer<QWidget>& control);
+
+/// Replaces an edit's text by keys.
+std::wstring replaceText(QLineEdit& edit, const std::wstring& name, const std::wstring& value);
 
 /// The rows of a combo box or list, or the tabs of a tab bar, behind one face.
 class Choices {

@@ -27,6 +27,8 @@ constexpr int kGreyColumn = 11;
 /// neighbours are alike.
 constexpr std::array<int, kShades> kShadeOfRow = {8, 6, 4, 2, 0, 1, 3, 5, 7, 9};
 
+const QColor kFrame(96, 96, 96);
+
 struct Place {
     int column;
     int row;
@@ -113,8 +115,9 @@ void ColorPalette::walk(int columns, int rows) {
 
 void ColorPalette::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    // Dark lines tell the pale fields from the page.
+    painter.setPen(kFrame);
     for (int index = 1; index <= kLastIndex; ++index) {
-        painter.setPen(palette().color(QPalette::Mid));
         painter.setBrush(shown(index));
         painter.drawRect(fieldOf(index));
     }

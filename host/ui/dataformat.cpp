@@ -1,19 +1,16 @@
-// Codes of formats, and values shown by them.
+// The formats by data type and unit type.
 
 #include "host/ui/dataformat.h"
 
-#include <QRegularExpression>
 #include <array>
-#include <cmath>
-#include <numbers>
 
+#include "host/db/valueformat.h"
 #include "kd/db/headervar.h"
-#include "kd/ed/prompts.h"
 
 namespace kdhost {
 namespace {
 
-constexpr FormatKind kAsStored{HostText::FormatAsStored, L"", L"", false};
+const FormatKind kAsStored{HostText::FormatAsStored, L"", L"", false};
 
 const std::vector<FormatKind>& lengthKinds() {
     static const std::vector<FormatKind> kinds = {
@@ -27,104 +24,104 @@ const std::vector<FormatKind>& lengthKinds() {
     return kinds;
 }
 
-std::vector<FormatKind> decimalKinds(KdValue::UnitType unit) {
+const std::vector<FormatKind>& angleKinds() {
+    static const std::vector<FormatKind> kinds = {
+        kAsStored,
+        {HostText::FormatDegrees, L"%au0", L"", true},
+        {HostText::FormatDegreesMinutesSeconds, L"%au1", L"", true},
+        {HostText::FormatGradians, L"%au2", L"", true},
+        {HostText::FormatRadians, L"%au3", L"", true},
+        {HostText::FormatBearing, L"%au4", L"", true},
+    };
+    return kinds;
+}
+
+/// Amounts keep the zeros at their end.
+const std::vector<FormatKind>& currencyKinds() {
+    static const std::vector<FormatKind> kinds = {
+        {HostText::FormatDollar, L"%lu2", L"%zs0%th[,]%ps[$,]", true},
+        {HostText::FormatEuro, L"%lu2", L"%zs0%th[,]%ps[\u20ac,]", true},
+        {HostText::FormatPound, L"%lu2", L"%zs0%th[,]%ps[\u00a3,]", true},
+        {HostText::FormatYuan, L"%lu2", L"%zs0%th[,]%ps[\u00a5,]", true},
+        kAsStored,
+    };
+    return kinds;
+}
+
+const std::vector<FormatKind>& percentageKinds() {
+    static const std::vector<FormatKind> kinds = {
+        {HostText::UnitPercentage, L"%lu2", L"%zs0%ps[,%]%ct8[100]", true},
+        kAsStored,
+    };
+    return kinds;
+}
+
+const std::vector<FormatKind>& decimalKinds(KdValue::UnitType unit) {
     switch (unit) {
         case KdValue::kAngle:
-            return {kAsStored,
-                    {HostText::FormatDegrees, L"%au0", L"", true},
-                    {HostText::FormatGradians, L"%au2", L"", true},
-                    {HostText::FormatRadians, L"%au3", L"", true}};
+            return angleKinds();
         case KdValue::kCurrency:
-            return {{HostText::UnitCurrency, L"%lu2", L"%ps[$,]", true}, kAsStored};
+            return currencyKinds();
         case KdValue::kPercentage:
-            return {{HostText::UnitPercentage, L"%lu2", L"%ps[,%]%ct8[100]", true}, kAsStored};
+            return percentageKinds();
         default:
             return lengthKinds();
     }
 }
 
-QString qt(const std::wstring& text) {
-    return QString::fromStdWString(text);
+/// From the shortest to the one with names, then those with the time.
+const std::vector<FormatKind>& dateKinds() {
+    static const std::vector<FormatKind> kinds = [] {
+        std::vector<FormatKind> made = {kAsStored};
+        for (const wchar_t* pattern :
+             {L"yyyy-MM-dd", L"yyyy/M/d", L"M/d/yyyy", L"d/M/yyyy", L"dd.MM.yyyy", L"dd-MMM-yy", L"d MMM yyyy",
+              L"d MMMM yyyy", L"MMMM d, yyyy", L"dddd, MMMM d, yyyy", L"yyyy\u5e74M\u6708d\u65e5",
+              L"yyyy\u5e74M\u6708d\u65e5 dddd", L"yyyy-MM-dd HH:mm", L"M/d/yyyy h:mm AP", L"H:mm", L"H:mm:ss",
+              L"h:mm AP"}) {
+            made.push_back({HostText::FormatDate, std::wstring(L"%td[") + pattern + L"]", L"", false});
+        }
+        return made;
+    }();
+    return kinds;
 }
 
-/// What follows a part's name in a code.
-std::optional<int> partOf(const QString& code, const QString& name) {
-    const QRegularExpressionMatch match =
-        QRegularExpression(QLatin1Char('%') + name + QStringLiteral("(\\d+)")).match(code);
-    if (!match.hasMatch()) return std::nullopt;
-    return match.captured(1).toInt();
+const std::vector<FormatKind>& textKinds() {
+    static const std::vector<FormatKind> kinds = {
+        kAsStored,
+        {HostText::FormatUpper, L"%tc1", L"", false},
+        {HostText::FormatLower, L"%tc2", L"", false},
+    };
+    return kinds;
 }
 
-QString asStored(double value) {
-    return QString::number(value, 'g', 15);
-}
-
-std::optional<QString> length(double value, int unit, int precision, const KdDbHeaderVar& header) {
-    std::array<wchar_t, 128> buffer{};
-    if (KdadConvertRealToString(header, value, unit, precision, buffer.data(), buffer.size(), -1) != RTNORM) {
-        return std::nullopt;
-    }
-    return QString::fromWCharArray(buffer.data());
-}
-
-QString angle(double radians, int unit, int precision) {
-    constexpr int kGradians = 2;
-    constexpr int kRadians = 3;
-    switch (unit) {
-        case kGradians:
-            return QString::number(radians * 200.0 / std::numbers::pi, 'f', precision) + QLatin1Char('g');
-        case kRadians:
-            return QString::number(radians, 'f', precision) + QLatin1Char('r');
-        default:
-            return QString::number(radians * 180.0 / std::numbers::pi, 'f', precision) + QChar(0xB0);
-    }
-}
-
-std::optional<QString> number(double value, const QString& code, const KdDbHeaderVar& header) {
-    static const QRegularExpression around(QStringLiteral("%ps\\[([^,\\]]*),([^\\]]*)\\]"));
-    static const QRegularExpression factor(QStringLiteral("%ct8\\[([0-9.]+)\\]"));
-    if (code.isEmpty()) return asStored(value);
-    const QRegularExpressionMatch scaled = factor.match(code);
-    if (scaled.hasMatch()) value *= scaled.captured(1).toDouble();
-    const int precision = partOf(code, QStringLiteral("pr")).value_or(-1);
-    std::optional<QString> text;
-    if (const std::optional<int> unit = partOf(code, QStringLiteral("au"))) {
-        text = angle(value, *unit, precision < 0 ? header.auprec() : precision);
-    } else {
-        text = length(value, partOf(code, QStringLiteral("lu")).value_or(-1), precision, header);
-    }
-    const QRegularExpressionMatch surrounded = around.match(code);
-    if (!text || !surrounded.hasMatch()) return text;
-    return surrounded.captured(1) + *text + surrounded.captured(2);
-}
-
-QString inCase(const QString& text, const QString& code) {
-    constexpr int kUpper = 1;
-    constexpr int kLower = 2;
-    switch (partOf(code, QStringLiteral("tc")).value_or(0)) {
-        case kUpper:
-            return text.toUpper();
-        case kLower:
-            return text.toLower();
-        default:
-            return text;
-    }
+const std::vector<FormatKind>& wholeKinds() {
+    static const std::vector<FormatKind> kinds = {kAsStored, {HostText::FormatThousands, L"%th[,]", L"", false}};
+    return kinds;
 }
 
 }  // namespace
 
 std::vector<FormatKind> formatKinds(KdValue::DataType type, KdValue::UnitType unit) {
     switch (type) {
+        case KdValue::kLong:
+            return wholeKinds();
         case KdValue::kDouble:
             return decimalKinds(unit);
         case KdValue::kPoint:
             return lengthKinds();
         case KdValue::kString:
-            return {
-                kAsStored, {HostText::FormatUpper, L"%tc1", L"", false}, {HostText::FormatLower, L"%tc2", L"", false}};
+            return textKinds();
+        case KdValue::kDate:
+            return dateKinds();
         default:
             return {kAsStored};
     }
+}
+
+QString formatName(const FormatKind& kind) {
+    if (kind.name != HostText::FormatDate) return hostText(kind.name);
+    const ValueFormat format = parseValueFormat(kind.head);
+    return QString::fromStdWString(formattedValue(sampleOf(KdValue::kDate), format, {}).value_or(kind.head));
 }
 
 std::wstring formatCode(const FormatKind& kind, int precision) {
@@ -142,22 +139,30 @@ std::optional<FormatPlace> placeOfFormat(const std::vector<FormatKind>& kinds, c
     return std::nullopt;
 }
 
-std::optional<QString> formatted(const KdValue& value, const std::wstring& code, const KdDbHeaderVar& header) {
-    long whole = 0;
-    double real = 0.0;
-    std::array<double, 3> point{};
-    std::wstring text;
-    if (value.get(whole)) return QString::number(whole);
-    if (value.get(real)) return number(real, qt(code), header);
-    if (value.get(text)) return inCase(qt(text), qt(code));
-    if (!value.get(point[0], point[1], point[2])) return std::nullopt;
-    QStringList parts;
-    for (const double coordinate : point) {
-        const std::optional<QString> part = number(coordinate, qt(code), header);
-        if (!part) return std::nullopt;
-        parts.push_back(*part);
+KdValue sampleOf(KdValue::DataType type) {
+    KdValue sample;
+    switch (type) {
+        case KdValue::kLong:
+            sample.set(12345L);
+            break;
+        case KdValue::kDouble:
+            sample.set(1.2345);
+            break;
+        case KdValue::kString:
+        case KdValue::kGeneral:
+            sample.set(hostText(HostText::FormatSampleText).toStdWString().c_str());
+            break;
+        case KdValue::kDate:
+            // A day that tells day, month and year apart.
+            sample.set(KdDate{2004, 9, 1, 14, 5, 9});
+            break;
+        case KdValue::kPoint:
+            sample.set(1.25, 2.5, 0.0);
+            break;
+        default:
+            break;
     }
-    return parts.join(QStringLiteral(", "));
+    return sample;
 }
 
 }  // namespace kdhost

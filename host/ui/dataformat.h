@@ -1,8 +1,4 @@
-// Formats of values: which there are for a data type and a unit type, their codes, and how a value looks in one.
-//
-// A code is made of parts: "%lu" or "%au" and a unit of lengths or angles, "%pr" and the decimal places, "%ps"
-// with what stands before and behind the number in brackets, "%ct8" with a factor in brackets, "%tc" and the
-// case of a text. An empty code shows the value as it is stored.
+// The formats that the data format dialog offers for a data type and a unit type, and their codes.
 #pragma once
 
 #include <QString>
@@ -13,19 +9,20 @@
 #include "host/ui/hosttexts.h"
 #include "kd/db/value.h"
 
-class KdDbHeaderVar;
-
 namespace kdhost {
 
 struct FormatKind {
     HostText name;
-    const wchar_t* head;  ///< before the decimal places
-    const wchar_t* tail;  ///< behind them
-    bool hasPrecision;
+    std::wstring head;          ///< of the code, before the decimal places
+    std::wstring tail;          ///< behind them
+    bool hasPrecision = false;  ///< without it, the code is the head
 };
 
 /// The first is the usual one.
 std::vector<FormatKind> formatKinds(KdValue::DataType type, KdValue::UnitType unit);
+
+/// What a list shows for a kind; for a kind of dates, a date in it.
+QString formatName(const FormatKind& kind);
 
 inline constexpr int kMostDecimals = 8;
 
@@ -39,7 +36,7 @@ struct FormatPlace {
 /// The kind that a code is of; nothing for a code of another make.
 std::optional<FormatPlace> placeOfFormat(const std::vector<FormatKind>& kinds, const std::wstring& code);
 
-/// The value in a format; nothing when it has no content, or none of a kind that the format shows.
-std::optional<QString> formatted(const KdValue& value, const std::wstring& code, const KdDbHeaderVar& header);
+/// A value of that type to show formats by; of no type for a type without content.
+KdValue sampleOf(KdValue::DataType type);
 
 }  // namespace kdhost

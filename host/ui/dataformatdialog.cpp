@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "host/db/valueformat.h"
 #include "host/ui/dataformat.h"
 #include "host/ui/hostdialog.h"
 #include "kd/db/database.h"
@@ -37,6 +38,7 @@ constexpr std::array kUnitTypes = {
 };
 
 constexpr int kUsualPrecision = 2;
+constexpr int kLongestName = 30;  ///< in characters
 
 class DataFormatDialog : public HostDialog {
 public:
@@ -82,13 +84,21 @@ private:
     QComboBox* addBox(QFormLayout& form, const char* name, HostText text) {
         auto* box = new QComboBox(this);
         nameControl(box, name);
+        // All boxes are as wide as the longest name needs, so that they stay in line whatever is chosen.
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        box->setMinimumContentsLength(kLongestName);
         form.addRow(labelFor(box, text), box);
         return box;
     }
 
+    /// A value without a type may still have a format that tells it: dates come so.
+    KdValue::DataType givenType() const {
+        const bool tellsDate = !parseValueFormat(m_sample.getFormat()).datePattern.empty();
+        return m_sample.dataType() == KdValue::kUnknown && tellsDate ? KdValue::kDate : m_sample.dataType();
+    }
+
     void showValue() {
-        const int type = m_type->findData(m_sample.dataType());
+        const int type = m_type->findData(givenType());
         const int unit = m_unit->findData(m_sample.unitType());
         m_type->setCurrentIndex(type < 0 ? 0 : type);
         m_unit->setCurrentIndex(unit < 0 ? 0 : unit);
@@ -102,7 +112,7 @@ private:
         m_unit->setEnabled(type() == KdValue::kDouble);
         m_kinds = formatKinds(type(), unit());
         m_format->clear();
-        for (const FormatKind& kind : m_kinds) m_format->addItem(hostText(kind.name));
+        for (const FormatKind& kind : m_kinds) m_format->addItem(formatName(kind));
         if (code) {
             const std::optional<FormatPlace> place = placeOfFormat(m_kinds, *code);
             m_foreign = *code;
@@ -116,12 +126,16 @@ private:
     void showPreview() {
         const auto row = static_cast<std::size_t>(m_format->currentIndex());
         m_precision->setEnabled(row < m_kinds.size() && m_kinds[row].hasPrecision);
-        std::optional<QString> text;
-        // General shows whatever there is; any other type only a sample of its own.
-        if (type() == KdValue::kGeneral || m_sample.dataType() == KdValue::kGeneral || type() == m_sample.dataType()) {
-            text = formatted(m_sample, format(), m_header);
-        }
-        m_preview->setText(text.value_or(hostText(HostText::FormatNoPreview)));
+        m_preview->setText(QString::fromStdWString(previewText()));
+    }
+
+    /// The given value where it is of the chosen type and can be written, else any value of that type. General
+    /// shows whatever was given.
+    std::wstring previewText() const {
+        const ValueFormat chosen = parseValueFormat(format());
+        const bool isGiven = m_sample.dataType() == type() || type() == KdValue::kGeneral;
+        const std::optional<std::wstring> given = isGiven ? formattedValue(m_sample, chosen, m_header) : std::nullopt;
+        return given ? *given : formattedValue(sampleOf(type()), chosen, m_header).value_or(std::wstring());
     }
 
     const KdValue& m_sample;

@@ -3,9 +3,11 @@
 #include "host/ui/filedialog.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "host/ui/hostdialog.h"
 #include "host/ui/hosttexts.h"
+#include "mfc/messagebox.h"
 
 namespace kdhost {
 namespace {
@@ -14,23 +16,44 @@ QString qt(const std::wstring& text) {
     return QString::fromStdWString(text);
 }
 
-void setUp(QFileDialog& dialog, const FileDialogRequest& request) {
-    dialog.setObjectName(QStringLiteral("FileDialog"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setWindowTitle(qt(request.title));
-    dialog.setAcceptMode(request.forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(request.forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    QStringList filters;
-    if (!request.extension.empty()) {
-        const QString extension = qt(request.extension);
-        filters << QStringLiteral("%1 (*.%2)").arg(extension.toUpper(), extension);
-        dialog.setDefaultSuffix(extension);
+/// Asks in the host's own message box, so that it speaks its language and is seen by those who watch the boxes.
+class NavigationDialog : public QFileDialog {
+public:
+    NavigationDialog(const FileDialogRequest& request, QWidget* parent) : QFileDialog(parent) {
+        setObjectName(QStringLiteral("FileDialog"));
+        setOption(QFileDialog::DontUseNativeDialog);
+        setOption(QFileDialog::DontConfirmOverwrite);
+        setWindowTitle(qt(request.title));
+        setAcceptMode(request.forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+        setFileMode(request.forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+        setNameFilters(filtersFor(request.extension));
+        if (!request.extension.empty()) setDefaultSuffix(qt(request.extension));
+        // A name to begin with is a proposal for a new file; for an existing one the user has to choose.
+        if (request.forWriting && !request.defaultName.empty()) selectFile(qt(request.defaultName));
     }
-    filters << hostText(HostText::FileFilterAll);
-    dialog.setNameFilters(filters);
-    // A name to begin with is a proposal for a new file; for an existing one the user has to choose.
-    if (request.forWriting && !request.defaultName.empty()) dialog.selectFile(qt(request.defaultName));
-}
+
+protected:
+    void accept() override {
+        const QStringList chosen = selectedFiles();
+        if (chosen.isEmpty() || mayTake(QFileInfo(chosen.constFirst()))) QFileDialog::accept();
+    }
+
+private:
+    static QStringList filtersFor(const std::wstring& extension) {
+        QStringList filters;
+        const QString suffix = qt(extension);
+        if (!suffix.isEmpty()) filters << QStringLiteral("%1 (*.%2)").arg(suffix.toUpper(), suffix);
+        return filters << hostText(HostText::FileFilterAll);
+    }
+
+    /// A file that would be replaced is asked about; a folder is gone into.
+    bool mayTake(const QFileInfo& file) {
+        if (acceptMode() != QFileDialog::AcceptSave || !file.exists() || file.isDir()) return true;
+        const std::wstring question = hostText(HostText::FileReplace).arg(file.fileName()).toStdWString();
+        const std::wstring title = windowTitle().toStdWString();
+        return kdMessageBox(this, question.c_str(), title.c_str(), MB_YESNO | MB_ICONWARNING) == IDYES;
+    }
+};
 
 }  // namespace
 
@@ -43,8 +66,7 @@ WindowFileDialog::~WindowFileDialog() {
 }
 
 std::optional<std::wstring> WindowFileDialog::ask(const FileDialogRequest& request) {
-    QFileDialog dialog(HostDialog::windowBelow());
-    setUp(dialog, request);
+    NavigationDialog dialog(request, HostDialog::windowBelow());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return dialog.selectedFiles().constFirst().toStdWString();
 }

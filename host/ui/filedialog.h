@@ -1,4 +1,5 @@
-// The file dialog where there is a window to show it over.
+// The file dialog as a window. Every run of the program has it, one without a display too, so that people and
+// scripts use the same.
 #pragma once
 
 #include "host/ed/filedialog.h"

@@ -6,15 +6,18 @@
 #include <QDialog>
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTextBrowser>
+#include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 
 #include "host/ui/hostdialog.h"
 #include "host/ui/hosttexts.h"
+#include "host/win32/modules.h"
 #include "kd/ed/prompts.h"
 #include "kd/ui/hostdialogs.h"
 
@@ -23,14 +26,30 @@ namespace {
 
 QString chosenFolder;
 
-/// Pages in the folder and those below it, in the order of their names.
+/// Folders of pages that are written in one language, in the order of Language.
+constexpr std::array kLanguageFolders = {"en", "zh_CN"};
+
+/// 0 for a page in the host's language, 2 for one in another, 1 for one that stands in the folder of none.
+int rankOf(const QString& page) {
+    const QString folder = QFileInfo(page).dir().dirName();
+    for (std::size_t each = 0; each < kLanguageFolders.size(); ++each) {
+        if (folder != QLatin1String(kLanguageFolders[each])) continue;
+        return each == static_cast<std::size_t>(language()) ? 0 : 2;
+    }
+    return 1;
+}
+
+/// Pages in the folder and those below it: those in the host's language first, and in the order of their names.
 QStringList pages() {
     QStringList found;
     const QString folder = helpFolder();
     if (folder.isEmpty()) return found;
     QDirIterator walk(folder, {QStringLiteral("*.md")}, QDir::Files, QDirIterator::Subdirectories);
     while (walk.hasNext()) found << walk.next();
-    found.sort(Qt::CaseInsensitive);
+    std::sort(found.begin(), found.end(), [](const QString& a, const QString& b) {
+        const int byRank = rankOf(a) - rankOf(b);
+        return byRank != 0 ? byRank < 0 : a.compare(b, Qt::CaseInsensitive) < 0;
+    });
     return found;
 }
 
@@ -62,14 +81,13 @@ QDialog* helpWindow() {
     return window;
 }
 
+/// Links of a page lead to the pages beside it; the browser walks back and forth between them.
 void showPage(QTextBrowser& browser, const QString& path) {
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
+    if (path.isEmpty() || !QFileInfo(path).isReadable()) {
         browser.setPlainText(hostText(HostText::HelpMissing));
-        return;
+    } else {
+        browser.setSource(QUrl::fromLocalFile(path));
     }
-    browser.setSearchPaths({QFileInfo(path).absolutePath()});
-    browser.setMarkdown(QString::fromUtf8(file.readAll()));
 }
 
 }  // namespace

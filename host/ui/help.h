@@ -11,7 +11,8 @@ void setHelpFolder(const QString& folder);
 QString helpFolder();
 
 /// The file of a topic, by its name regardless of case; the first page for an unknown or empty one: "index.md"
-/// or, without it, the first by name. Empty when there are no pages.
+/// or, without it, the first by name. Of pages of one name the one in the folder of the host's language ("en",
+/// "zh_CN") counts, then one that stands in the folder of no language. Empty when there are no pages.
 QString helpPage(const QString& topic);
 
 }  // namespace kdhost

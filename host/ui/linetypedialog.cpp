@@ -20,7 +20,10 @@ QListWidget* listOf(QWidget* parent, const char* name) {
     auto* list = new QListWidget(parent);
     nameControl(list, name);
     list->setIconSize(sampleSize(*list, SampleStyle::Linetype));
-    list->setMinimumWidth(list->fontMetrics().averageCharWidth() * 60);
+    constexpr int characters = 60;
+    constexpr int rows = 12;
+    const QFontMetrics metrics = list->fontMetrics();
+    list->setMinimumSize(metrics.averageCharWidth() * characters, metrics.height() * rows);
     return list;
 }
 

@@ -24,17 +24,25 @@ namespace {
 constexpr int kBetweenClicks = 10000;  // milliseconds, longer than any double click
 constexpr int kWithinDoubleClick = 10;
 
-/// The window that keys go to. A dialog whose message box has just ended may not have come to the front again,
-/// which a person would wait for.
+/// The window that keys go to.
 QWindow* keyboardWindow() {
     if (const QWidget* popup = QApplication::activePopupWidget()) return popup->windowHandle();
-    QWidget* modal = QApplication::activeModalWidget();
-    if (modal != nullptr && !modal->isActiveWindow()) QApplication::setActiveWindow(modal);
+    bringTopDialogToFront();
     const QWidget* active = QApplication::activeWindow();
     return active == nullptr ? nullptr : active->windowHandle();
 }
 
 }  // namespace
+
+void bringTopDialogToFront() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr) return;
+    const QWidget* front = QApplication::activeWindow();
+    // The news that a list came to the front may arrive when it has closed again.
+    if (front != nullptr && !front->isVisible()) front = nullptr;
+    while (front != nullptr && front != modal) front = front->parentWidget();
+    if (front == nullptr) QApplication::setActiveWindow(modal);
+}
 
 void pressKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     const QPointer<QWindow> window = keyboardWindow();

@@ -10,6 +10,10 @@ class QWidget;
 
 namespace kdhost {
 
+/// Brings the top dialog to the front again where its message box has just ended, which a person would wait for.
+/// A window that stands over the dialog stays in front.
+void bringTopDialogToFront();
+
 /// A key that goes down and up in the window that has the keyboard: a popup, else the active one. `text` is
 /// what it types.
 void pressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = QString());

@@ -5,11 +5,13 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -24,6 +26,11 @@
 namespace kdhost {
 namespace {
 
+// Widths in characters.
+constexpr int kNarrowestList = 24;
+constexpr int kWidestList = 60;
+constexpr int kNameWidth = 36;
+
 /// Asks for the name of a style; what it may not be is told while the dialog stays open.
 class NameDialog : public HostDialog {
 public:
@@ -35,6 +42,7 @@ public:
         m_edit = new QLineEdit(QString::fromStdWString(proposal), this);
         nameControl(m_edit, "IDC_TEXTSTYLE_NAME_EDIT");
         m_edit->selectAll();
+        m_edit->setMinimumWidth(fontMetrics().averageCharWidth() * kNameWidth);
         auto* form = new QFormLayout;
         form->addRow(labelFor(m_edit, HostText::TextStyleName), m_edit);
         content()->addLayout(form);
@@ -59,12 +67,17 @@ class TextStyleDialog : public HostDialog {
 public:
     TextStyleDialog(KdDbDatabase& database, const std::wstring& shown, QWidget* parent)
         : HostDialog("TextStyleDialog", HostText::TextStyleTitle, parent), m_styles(database) {
-        auto* columns = new QHBoxLayout;
-        columns->addLayout(listColumn());
-        columns->addLayout(valuesColumn(), 1);
-        columns->addLayout(buttonsColumn());
         m_current = new QLabel(this);
         nameControl(m_current, "IDC_TEXTSTYLE_CURRENT_STATIC");
+        m_list = new QListWidget(this);
+        nameControl(m_list, "IDC_TEXTSTYLE_LIST");
+        auto* columns = new QGridLayout;
+        columns->addWidget(labelFor(m_list, HostText::TextStyleList), 0, 0);
+        columns->addWidget(m_list, 1, 0);
+        columns->addLayout(valuesColumn(), 1, 1);
+        columns->addLayout(buttonsColumn(), 1, 2);
+        columns->setHorizontalSpacing(2 * columns->horizontalSpacing());
+        columns->setColumnStretch(1, 1);
         content()->addWidget(m_current);
         content()->addLayout(columns);
         addButtons();
@@ -77,16 +90,6 @@ public:
     const std::wstring& shown() const { return m_shown; }
 
 private:
-    QVBoxLayout* listColumn() {
-        auto* column = new QVBoxLayout;
-        m_list = new QListWidget(this);
-        nameControl(m_list, "IDC_TEXTSTYLE_LIST");
-        m_list->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
-        column->addWidget(labelFor(m_list, HostText::TextStyleList));
-        column->addWidget(m_list);
-        return column;
-    }
-
     QFormLayout* valuesColumn() {
         auto* form = new QFormLayout;
         m_font = new QComboBox(this);
@@ -100,6 +103,8 @@ private:
         m_sample->setMinimumHeight(fontMetrics().height() * 3);
         m_sample->setAlignment(Qt::AlignCenter);
         m_sample->setFrameShape(QFrame::StyledPanel);
+        m_sample->setBackgroundRole(QPalette::Base);
+        m_sample->setAutoFillBackground(true);
         nameControl(m_font, "IDC_TEXTSTYLE_FONT_COMBOBOX");
         nameControl(m_bold, "IDC_TEXTSTYLE_BOLD_CHECK", withoutMnemonic(m_bold->text()));
         nameControl(m_italic, "IDC_TEXTSTYLE_ITALIC_CHECK", withoutMnemonic(m_italic->text()));
@@ -148,9 +153,18 @@ private:
         const QSignalBlocker quiet(m_list);
         m_list->clear();
         for (const std::wstring& name : m_styles.names()) m_list->addItem(QString::fromStdWString(name));
+        showWholeNames();
         const QList<QListWidgetItem*> found = m_list->findItems(QString::fromStdWString(shown), Qt::MatchFixedString);
         m_list->setCurrentRow(found.isEmpty() ? 0 : m_list->row(found.first()));
         show(m_list->currentItem() == nullptr ? std::wstring() : m_list->currentItem()->text().toStdWString());
+    }
+
+    /// The list is as wide as its names, up to a width that leaves room for the rest of the screen.
+    void showWholeNames() {
+        const int character = fontMetrics().averageCharWidth();
+        const int frame = 2 * m_list->frameWidth() + m_list->verticalScrollBar()->sizeHint().width();
+        m_list->setFixedWidth(
+            std::clamp(m_list->sizeHintForColumn(0) + frame, character * kNarrowestList, character * kWidestList));
     }
 
     void show(const std::wstring& name) {

@@ -171,12 +171,8 @@ TEST_F(ColorDialogs, every_control_is_named_and_reached_by_tab_in_both_languages
     for (const auto language : {kdhost::Language::English, kdhost::Language::Chinese}) {
         kdhost::setLanguage(language);
         next([&](QWidget& dialog) {
-            shoot(dialog,
-                  language == kdhost::Language::English ? QStringLiteral("color_en") : QStringLiteral("color_zh"));
             expectReachable(dialog);
             in<QTabWidget>(dialog, "IDC_COLOR_PAGES").setCurrentIndex(1);
-            shoot(dialog, language == kdhost::Language::English ? QStringLiteral("color_true_en")
-                                                                : QStringLiteral("color_true_zh"));
             expectReachable(dialog);
             QTest::keyClick(&dialog, Qt::Key_Escape);
         });

@@ -1,6 +1,8 @@
 // The file dialog, the help and the screen's scale.
 
+#include <QDirIterator>
 #include <QFileDialog>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTextBrowser>
@@ -37,7 +39,6 @@ TEST_F(FileDialogs, a_new_name_gets_the_extension) {
         EXPECT_EQ(files.acceptMode(), QFileDialog::AcceptSave);
         auto* name = dialog.findChild<QLineEdit*>();
         EXPECT_EQ(name->text(), QStringLiteral("Table1"));
-        shoot(dialog, QStringLiteral("file_en"));
         name->setText(folder.filePath(QStringLiteral("out")));
         QTest::keyClick(name, Qt::Key_Return);
     });
@@ -82,6 +83,7 @@ protected:
     void TearDown() override {
         for (QDialog* window : windows()) delete window;
         kdhost::setHelpFolder({});
+        kdhost::setLanguage(kdhost::Language::English);
         qunsetenv("KDHOST_DOCS");
     }
     void write(const QString& name, const char* text) {
@@ -115,6 +117,89 @@ TEST_F(Help, an_unknown_or_missing_topic_shows_the_first_page) {
     delete windows().first();
     EXPECT_EQ(kdedHelp(nullptr, nullptr, 0), RTNORM);
     EXPECT_EQ(page().trimmed(), QStringLiteral("First page"));
+}
+
+TEST_F(Help, a_page_in_the_hosts_language_goes_before_one_in_no_language_and_that_before_one_in_another) {
+    const QString topic = QStringLiteral("Tablestyle");
+    const auto folderOf = [&] { return QFileInfo(kdhost::helpPage(topic)).dir().dirName(); };
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("zh_CN")));
+    write(QStringLiteral("zh_CN/Tablestyle.md"), "# \xE6\xA0\xB7\xE5\xBC\x8F\n");
+    EXPECT_EQ(folderOf(), QDir(folder.path()).dirName());
+    kdhost::setLanguage(kdhost::Language::Chinese);
+    EXPECT_EQ(folderOf(), QStringLiteral("zh_CN"));
+    EXPECT_EQ(kdedHelp(nullptr, L"Tablestyle", 0), RTNORM);
+    EXPECT_EQ(page(), QString::fromUtf8("\xE6\xA0\xB7\xE5\xBC\x8F"));
+    kdhost::setLanguage(kdhost::Language::English);
+    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("TableStyle.md"))));
+    EXPECT_EQ(folderOf(), QStringLiteral("zh_CN"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("en")));
+    write(QStringLiteral("en/Tablestyle.md"), "# Styles\n");
+    EXPECT_EQ(folderOf(), QStringLiteral("en"));
+}
+
+TEST_F(Help, links_lead_to_the_pages_beside_and_back) {
+    write(QStringLiteral("index.md"), "[styles](TableStyle.md)\n");
+    EXPECT_EQ(kdedHelp(nullptr, nullptr, 0), RTNORM);
+    auto* browser = windows().first()->findChild<QTextBrowser*>();
+    browser->setFocus();
+    QTest::keyClick(browser, Qt::Key_Tab);
+    QTest::keyClick(browser, Qt::Key_Return);
+    EXPECT_TRUE(page().startsWith(QStringLiteral("Styles"))) << page().toStdString();
+    QTest::keyClick(browser, Qt::Key_Backspace);
+    EXPECT_EQ(page(), QStringLiteral("styles"));
+}
+
+/// Topics that the module asks the help for, as its sources name them.
+std::set<QString> topicsOfTheModule() {
+    static const QRegularExpression pattern(QStringLiteral("(?:kdedHelp\\([^,;]*,\\s*|helpTopic\\s*=\\s*)L\"(\\w+)\""));
+    std::set<QString> topics;
+    QDirIterator walk(QStringLiteral(KD_SOURCE_DIRECTORY "/module"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
+                      QDir::Files, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        QFile source(walk.next());
+        EXPECT_TRUE(source.open(QIODevice::ReadOnly));
+        auto matches = pattern.globalMatch(QString::fromUtf8(source.readAll()));
+        while (matches.hasNext()) topics.insert(matches.next().captured(1));
+    }
+    return topics;
+}
+
+TEST(HelpPages, there_is_one_for_each_topic_of_the_module_in_each_language) {
+    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    std::set<QString> topics = topicsOfTheModule();
+    EXPECT_TRUE(topics.count(QStringLiteral("Tablestyle")) == 1);
+    topics.insert(QStringLiteral("TABLE_DIA"));
+    for (const auto& [language, folder] : {std::pair{kdhost::Language::English, QStringLiteral("en")},
+                                           std::pair{kdhost::Language::Chinese, QStringLiteral("zh_CN")}}) {
+        kdhost::setLanguage(language);
+        for (const QString& topic : topics) {
+            const QFileInfo found(kdhost::helpPage(topic));
+            EXPECT_EQ(found.completeBaseName(), topic);
+            EXPECT_EQ(found.dir().dirName(), folder) << topic.toStdString();
+            EXPECT_GT(found.size(), 1000) << topic.toStdString();
+        }
+        EXPECT_EQ(kdhost::helpPage({}), kdhost::helpPage(QStringLiteral("index")));
+        EXPECT_EQ(QFileInfo(kdhost::helpPage({})).dir().dirName(), folder);
+    }
+    kdhost::setLanguage(kdhost::Language::English);
+    kdhost::setHelpFolder({});
+}
+
+TEST(HelpPages, lead_only_to_pages_that_are_there) {
+    static const QRegularExpression link(QStringLiteral("\\]\\(([^)]+)\\)"));
+    QDirIterator walk(QStringLiteral(KD_SOURCE_DIRECTORY "/docs/help"), {QStringLiteral("*.md")}, QDir::Files,
+                      QDirIterator::Subdirectories);
+    int links = 0;
+    while (walk.hasNext()) {
+        QFile page(walk.next());
+        ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+        auto matches = link.globalMatch(QString::fromUtf8(page.readAll()));
+        for (; matches.hasNext(); ++links) {
+            const QString target = matches.next().captured(1);
+            EXPECT_TRUE(QFileInfo(page.fileName()).dir().exists(target)) << target.toStdString();
+        }
+    }
+    EXPECT_GE(links, 6);
 }
 
 TEST_F(Help, without_pages_it_says_so) {

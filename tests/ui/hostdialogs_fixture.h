@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -71,11 +70,6 @@ protected:
             EXPECT_TRUE(reached.count(focused) == 1) << control->objectName().toStdString();
             EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
         }
-    }
-    /// A picture in the folder for pictures, which the environment names.
-    static void shoot(QWidget& dialog, const QString& name) {
-        const QString folder = qEnvironmentVariable("KD_UI_SHOTS");
-        if (!folder.isEmpty()) dialog.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
     }
 
 private:

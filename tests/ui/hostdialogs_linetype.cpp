@@ -44,7 +44,6 @@ TEST_F(LinetypeDialogs, loaded_patterns_become_line_types_of_the_drawing) {
     const std::vector<std::wstring> before = names();
     next([&](QWidget& dialog) {
         next([](QWidget& load) {
-            shoot(load, QStringLiteral("linetypeload_en"));
             expectReachable(load);
             auto& list = in<QListWidget>(load, "IDC_LINETYPE_PATTERN_LIST");
             list.clearSelection();
@@ -99,7 +98,6 @@ TEST_F(LinetypeDialogs, without_a_database_there_is_no_dialog) {
 
 TEST_F(LinetypeDialogs, every_control_is_named_and_reached_by_tab) {
     next([](QWidget& dialog) {
-        shoot(dialog, QStringLiteral("linetype_en"));
         expectReachable(dialog);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });

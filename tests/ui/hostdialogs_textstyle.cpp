@@ -101,7 +101,6 @@ TEST_F(TextStyleDialogs, the_dialog_makes_a_style_and_writes_its_values) {
         in<QCheckBox>(dialog, "IDC_TEXTSTYLE_BOLD_CHECK").click();
         press(dialog, "IDC_TEXTSTYLE_SETCURRENT_BUTTON");
         EXPECT_EQ(in<QLabel>(dialog, "IDC_TEXTSTYLE_CURRENT_STATIC").text(), QStringLiteral("Current style: Notes"));
-        shoot(dialog, QStringLiteral("textstyle_en"));
         press(dialog, "IDOK");
     });
     EXPECT_TRUE(ask(&name));
@@ -162,7 +161,6 @@ TEST_F(TextStyleDialogs, every_control_is_named_and_reached_by_tab_in_both_langu
     for (const auto language : {kdhost::Language::English, kdhost::Language::Chinese}) {
         kdhost::setLanguage(language);
         next([&](QWidget& dialog) {
-            if (language == kdhost::Language::Chinese) shoot(dialog, QStringLiteral("textstyle_zh"));
             expectReachable(dialog);
             QTest::keyClick(&dialog, Qt::Key_Escape);
         });

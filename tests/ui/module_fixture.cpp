@@ -2,11 +2,8 @@
 
 #include "tests/ui/module_fixture.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QProcess>
@@ -101,39 +98,6 @@ void typeText(const QString& text) {
 std::string focusName() {
     const QWidget* focused = QApplication::focusWidget();
     return focused == nullptr ? std::string() : focused->objectName().toStdString();
-}
-
-namespace {
-
-bool showsText(const QWidget& widget) {
-    return qobject_cast<const QLabel*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr;
-}
-
-}  // namespace
-
-std::vector<std::string> cutWidgets(const QWidget& dialog) {
-    std::vector<const QWidget*> shown;
-    for (const QWidget* widget : dialog.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (widget->isVisible() && !widget->isWindow()) shown.push_back(widget);
-    }
-    std::vector<std::string> cut;
-    for (const QWidget* widget : shown) {
-        const QSize wanted = showsText(*widget) ? widget->sizeHint() : widget->minimumSizeHint();
-        bool fits = dialog.rect().contains(widget->geometry()) && widget->width() >= wanted.width() &&
-                    widget->height() >= wanted.height();
-        for (const QWidget* other : shown)
-            fits = fits && (other == widget || !other->geometry().intersects(widget->geometry()));
-        if (!fits) cut.push_back(widget->objectName().toStdString());
-    }
-    return cut;
-}
-
-void keepPicture(QWidget& widget, const QString& name) {
-    const QString folder = qEnvironmentVariable("KD_SHOTS");
-    if (folder.isEmpty()) return;
-    QDir().mkpath(folder);
-    const QString scale = QString::number(widget.logicalDpiX() / 96);
-    EXPECT_TRUE(widget.grab().save(QStringLiteral("%1/%2_%3x.png").arg(folder, name, scale)));
 }
 
 }  // namespace kdtest

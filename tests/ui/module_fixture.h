@@ -1,5 +1,5 @@
 // What tests of the module's dialogs share: the resource module in place, further resources of a test's own,
-// answers to message boxes, and a look at whether a dialog shows all of its texts.
+// answers to message boxes, looks at dialogs.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,6 +13,7 @@
 
 #include "host/win32/modules.h"
 #include "kd/ui/basedialog.h"
+#include "tests/ui/dialoglooks.h"
 
 namespace kdtest {
 
@@ -64,11 +65,5 @@ void pressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void typeText(const QString& text);
 /// Name of the control that has the focus.
 std::string focusName();
-
-/// Names of the widgets that have not room for their texts, lie outside their parent or cover a sibling.
-std::vector<std::string> cutWidgets(const QWidget& dialog);
-
-/// A picture of the widget, when the environment's KD_SHOTS names a folder for them.
-void keepPicture(QWidget& widget, const QString& name);
 
 }  // namespace kdtest

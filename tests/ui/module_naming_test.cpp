@@ -437,12 +437,7 @@ TEST_P(StyleNaming, All_texts_have_room_in_both_languages_and_sizes) {
             QApplication::setFont(font);
             const auto opened = naming({L"Standard", L"Schedule of doors"}, L"Standard");
             runModal(opened->dialog(), [&] {
-                EXPECT_EQ(cutWidgets(opened->dialog()), std::vector<std::string>());
-                const bool chinese = language == kdhost::Language::Chinese;
-                if (scale == 1) {
-                    keepPicture(opened->dialog(),
-                                QString::fromLatin1(kind.name) + QLatin1String(chinese ? "_zh_CN" : "_en"));
-                }
+                EXPECT_EQ(cutControls(opened->dialog()), Faults());
                 pressKey(Qt::Key_Escape);
             });
         }

@@ -3,19 +3,19 @@
 #include "host/app/script.h"
 
 #include <QClipboard>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 
 #include "host/app/cellreference.h"
 #include "host/app/commands/append.h"
-#include "host/app/hostcommands.h"
-#include "host/app/scriptrunner.h"
 #include "host/db/access.h"
 #include "host/ed/commands.h"
-#include "host/rx/commandstack.h"
+#include "host/rx/encoding.h"
 #include "kd/db/database.h"
 #include "kd/db/table.h"
 #include "kd/ed/prompts.h"
-#include "tests/support/application.h"
+#include "tests/host/app/scriptfixture.h"
 
 namespace {
 
@@ -73,11 +73,12 @@ INSTANTIATE_TEST_SUITE_P(
                       CellsCase{L"A:1", {}}, CellsCase{L"A1:B", {}}, CellsCase{L"1A", {}}, CellsCase{L"A1:B2:C3", {}},
                       CellsCase{L"A-1", {}}, CellsCase{L"ZZZZZZZZZZZ1", {}}, CellsCase{L"A99999999999", {}}));
 
-std::vector<std::wstring> answers;
+using kdtest::answers;
+using kdtest::Texts;
 
-void askForFile() {
+void askForFile(int flags) {
     resbuf* result = nullptr;
-    const bool chosen = kdedGetFileNavDialog(L"Choose", L"", L"csv", nullptr, 0, &result) == RTNORM;
+    const bool chosen = kdedGetFileNavDialog(L"Choose", L"", L"csv", nullptr, flags, &result) == RTNORM;
     answers.push_back(chosen ? result->resval.rstring : L"(cancelled)");
     kdutRelRb(result);
 }
@@ -88,31 +89,14 @@ void askForever() {
     answers.push_back(L"(cancelled)");
 }
 
-class ScriptRuns : public ::testing::Test {
+class ScriptRuns : public kdtest::ScriptTest {
 protected:
     ScriptRuns() {
-        answers.clear();
-        kdhost::registerHostCommands();
-        const auto add = [](const wchar_t* name, KdEdCommandFunction function) {
-            kdhost::commandStack().addCommand(L"TEST", name, name, 0, function, nullptr, -1, nullptr, nullptr);
-        };
-        add(L"ASKFILE", askForFile);
-        add(L"ASKFOREVER", askForever);
-        m_application.documents().openNew();
+        addCommand(L"ASKFILE", [] { askForFile(0); });
+        addCommand(L"ASKNEWFILE", [] { askForFile(1); });
+        addCommand(L"ASKFOREVER", askForever);
     }
-    ~ScriptRuns() override {
-        kdhost::unregisterHostCommands();
-        kdhost::commandStack().removeGroup(L"TEST");
-    }
-
-    std::string run(const std::string& text) {
-        return kdhost::ScriptRunner(m_application, Script("s.kds", text)).run();
-    }
-
-    kdhost::Application m_application;
 };
-
-using Texts = std::vector<std::wstring>;
 
 TEST_F(ScriptRuns, the_end_of_the_script_cancels_what_still_prompts) {
     EXPECT_EQ(run("ASKFOREVER\none\ntwo\n"), "");
@@ -120,8 +104,38 @@ TEST_F(ScriptRuns, the_end_of_the_script_cancels_what_still_prompts) {
 }
 
 TEST_F(ScriptRuns, a_file_dialog_is_answered) {
-    EXPECT_EQ(run("ASKFILE\n@file a b.csv\nASKFILE\n@file CANCEL\n"), "");
-    EXPECT_EQ(answers, (Texts{L"a b.csv", L"(cancelled)"}));
+    EXPECT_EQ(run("ASKNEWFILE\n@file " + file("a b.csv") + "\nASKNEWFILE\n@file CANCEL\n"), "");
+    EXPECT_EQ(answers, (Texts{kdhost::fromUtf8(file("a b.csv")), L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, a_file_without_a_folder_lies_in_that_of_the_program) {
+    EXPECT_EQ(run("ASKNEWFILE\n@file no such file\n"), "");
+    EXPECT_EQ(answers, Texts{QDir::current().filePath(QStringLiteral("no such file.csv")).toStdWString()});
+}
+
+TEST_F(ScriptRuns, a_file_to_be_replaced_is_asked_about) {
+    const std::string path = file("a.csv");
+    QFile existing(QString::fromStdString(path));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    EXPECT_EQ(run("ASKNEWFILE\n@file " + path + "\n@message box a.csv already exists. Replace it?\n@answer NO\n@file " +
+                  path + "\n@answer YES\n"),
+              "");
+    EXPECT_EQ(answers, Texts{kdhost::fromUtf8(path)});
+}
+
+TEST_F(ScriptRuns, a_missing_file_or_a_folder_can_not_be_chosen_for_reading) {
+    const std::string missing = file("b.csv");
+    EXPECT_EQ(run("ASKFILE\n@file " + missing + "\n"), "s.kds:2: " + missing + " can't be chosen.");
+    const std::string folder = m_folder.path().toStdString();
+    EXPECT_EQ(run("ASKFILE\n@file " + folder + "\n"), "s.kds:2: " + folder + " is a folder.");
+    EXPECT_EQ(answers, (Texts{L"(cancelled)", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, a_file_is_chosen_for_reading) {
+    QFile existing(m_folder.filePath(QStringLiteral("in.csv")));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    EXPECT_EQ(run("ASKFILE\n@file " + file("in.csv") + "\n"), "");
+    EXPECT_EQ(answers, Texts{existing.fileName().toStdWString()});
 }
 
 TEST_F(ScriptRuns, a_failure_ends_the_run_and_nothing_more_is_carried_out) {
@@ -184,8 +198,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Failing{"NOSUCH\n", "s.kds:1: Unknown command \"NOSUCH\"."},
                       Failing{"ASKFILE\n; nothing more\n", "s.kds:2: the file dialog \"Choose\" is not answered."},
                       Failing{"ASKFILE\na.csv\n",
-                              "s.kds:2: the file dialog \"Choose\" is open: it takes @file PATH or @file CANCEL."},
-                      Failing{"ASKFILE\n@file\n", "s.kds:2: @file takes a path or CANCEL."},
+                              "s.kds:2: the file dialog \"Choose\" is open: a line for a prompt doesn't reach it."},
+                      Failing{"ASKFILE\n@file\n", "s.kds:2: a file dialog is answered with a path or CANCEL."},
                       Failing{"@file a.csv\n", "s.kds:1: nothing is open that @file acts on."},
                       Failing{"@pick 1\n", "s.kds:1: @pick takes X,Y or +X,Y."},
                       Failing{"ASKFOREVER\n@pick 1,2\n", "s.kds:2: the prompt takes no pick."},
@@ -202,7 +216,9 @@ INSTANTIATE_TEST_SUITE_P(
                       Failing{"@expect IDOK enabled\n", "s.kds:1: nothing is open that @expect IDOK acts on."},
                       Failing{"@set IDC_NAME x\n", "s.kds:1: nothing is open that @set acts on."},
                       Failing{"@menu CANCEL\n", "s.kds:1: nothing is open that @menu acts on."},
-                      Failing{"@edit ENTER x\n", "s.kds:1: nothing is open that @edit acts on."},
+                      Failing{"@edit ENTER x\n", "s.kds:1: no cell is being edited."},
+                      Failing{"@expect editor x\n", "s.kds:1: no cell is being edited."},
+                      Failing{"@expect focus IDOK\n", "s.kds:1: nothing is open that @expect focus acts on."},
                       Failing{"@close\n", "s.kds:1: nothing is open that @close acts on."},
                       Failing{"LAYER Set walls\n", "s.kds:1: There is no layer \"walls\"."},
                       Failing{"DOCUMENT x\n", "s.kds:1: There is no drawing x."},

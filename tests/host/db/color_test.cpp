@@ -118,6 +118,15 @@ TEST(Values, each_type_gives_its_own_value_and_no_other) {
     EXPECT_EQ(value.dataType(), KdValue::kString);
     EXPECT_TRUE(value.get(text));
     EXPECT_EQ(text, L"text");
+
+    KdDate date{1999, 12, 31};
+    EXPECT_FALSE(value.get(date));
+    EXPECT_EQ(date, (KdDate{1999, 12, 31}));
+    value.set(KdDate{2004, 9, 1, 14, 5, 9});
+    EXPECT_EQ(value.dataType(), KdValue::kDate);
+    EXPECT_TRUE(value.get(date));
+    EXPECT_EQ(date, (KdDate{2004, 9, 1, 14, 5, 9}));
+    EXPECT_FALSE(value.get(text));
 }
 
 TEST(Values, another_type_drops_the_value_and_keeps_unit_and_format) {

@@ -237,4 +237,10 @@ TEST_F(Texts, formatting_is_stripped) {
     EXPECT_EQ(stripMtextFormatting(L"{\\H2x;big}\\Psmall", nullptr, {}), KdString(L"big\nsmall"));
 }
 
+TEST_F(Texts, a_text_without_codes_is_told_by_its_length) {
+    EXPECT_EQ(plainMtextLength(L"plain"), 5);
+    EXPECT_EQ(plainMtextLength(L"\\Pnot"), -1);
+    EXPECT_EQ(plainMtextLength(nullptr), 0);
+}
+
 }  // namespace

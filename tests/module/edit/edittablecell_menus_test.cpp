@@ -4,6 +4,7 @@
 
 #include "kd/ed/resbuf.h"
 #include "tests/module/edit/commandrun.h"
+#include "tests/module/edit/typist.h"
 
 namespace kdtest {
 namespace {
@@ -277,6 +278,31 @@ TEST_F(Menus, Unmerge_takes_the_merge_apart) {
     const std::string before = describeTable(id);
     runMenu(operation, id, {L"Merge", L"All", L"ba", L"Unmerge", L"BAck"});
     EXPECT_EQ(describeTable(id), before);
+}
+
+struct FormulaWord {
+    const wchar_t* word;
+    std::vector<Step> picks;
+    const wchar_t* formula;
+};
+
+TEST_F(Menus, Each_formula_word_opens_the_cell_editor_on_its_formula) {
+    const FormulaWord formulas[] = {
+        {L"_Sum", {L"1,-1", L"25,-15"}, L"=Sum(A1:B2)"},
+        {L"average", {L"1,-1", L"25,-15"}, L"=Average(A1:B2)"},
+        {L"CO", {L"1,-1", L"25,-15"}, L"=Count(A1:B2)"},
+        {L"_Cell", {L"25,-15"}, L"=B2"},
+        {L"Equation", {}, L"="},
+    };
+    const KdDbObjectId id = addSample();
+    for (const FormulaWord& formula : formulas) {
+        Typist typist;
+        std::vector<Step> steps = {L"_ExecuteOneAction", L"_Op", L"_Formula", formula.word};
+        steps.insert(steps.end(), formula.picks.begin(), formula.picks.end());
+        runCommandOn(L"D5", steps);
+        ASSERT_EQ(typist.opened.size(), 1U) << id.asInteger();
+        EXPECT_EQ(typist.opened[0].contents, formula.formula);
+    }
 }
 
 TEST_F(Menus, Words_for_a_list_that_names_them_are_understood) {

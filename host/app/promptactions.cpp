@@ -1,0 +1,122 @@
+// What scripts do to prompts: picks, cells, keys, another document.
+
+#include "host/app/promptactions.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "host/app/cellreference.h"
+#include "host/app/script.h"
+#include "host/db/access.h"
+#include "host/db/tableaccess.h"
+#include "host/ed/editor.h"
+#include "host/ed/picking.h"
+#include "host/ed/points.h"
+#include "kd/db/table.h"
+
+namespace kdhost::promptactions {
+namespace {
+
+bool takesPicks(PromptKind kind) {
+    return kind != PromptKind::Keyword && kind != PromptKind::Text;
+}
+
+}  // namespace
+
+std::wstring pick(Editor& editor, const std::wstring& arguments) {
+    const bool add = !arguments.empty() && arguments.front() == L'+';
+    const auto point = parsePoint(add ? arguments.substr(1) : arguments, {});
+    if (!point) return L"@pick takes X,Y or +X,Y.";
+    if (!takesPicks(editor.promptKind())) return L"the prompt takes no pick.";
+    editor.input().put(add ? InputItem::Kind::AddPick : InputItem::Kind::Pick, *point);
+    return {};
+}
+
+namespace {
+
+/// "#N" names a table by its place in the dump, counted from 0; without it the current one is meant.
+KdDbObjectId tableOf(const Editor& editor, const std::wstring& place) {
+    std::vector<KdDbObjectId> tables = entitiesOfCurrentSpace(editor.database());
+    std::erase_if(tables, [](KdDbObjectId id) { return peek<KdDbTable>(id) == nullptr; });
+    std::size_t number = 0;
+    if (place.empty() || place.size() > 9) return KdDbObjectId::kNull;
+    for (wchar_t digit : place) {
+        if (digit < L'0' || digit > L'9') return KdDbObjectId::kNull;
+        number = number * 10 + static_cast<std::size_t>(digit - L'0');
+    }
+    return number < tables.size() ? tables[number] : KdDbObjectId::kNull;
+}
+
+KdGePoint3d centerOf(const KdDbTable& table, const KdCellRange& cells) {
+    KdGePoint3dArray corners;
+    table.getCellExtents(cells.m_topRow, cells.m_leftColumn, true, corners);
+    return corners[0] + (corners[3] - corners[0]) / 2.0;
+}
+
+}  // namespace
+
+std::wstring cells(Editor& editor, const std::wstring& arguments) {
+    if (arguments == L"none") {
+        selectNothingByUser(editor);
+        return {};
+    }
+    const bool named = !arguments.empty() && arguments.front() == L'#';
+    const Split split = named ? splitFirst(arguments.substr(1)) : Split{{}, arguments};
+    const KdDbObjectId id = named ? tableOf(editor, split.first) : editor.pickFirst().currentTable();
+    const auto* table = peek<KdDbTable>(id);
+    if (table == nullptr) return L"there is no such table.";
+    const auto range = parseCells(split.rest, table->numRows(), table->numColumns());
+    if (!range) return L"\"" + split.rest + L"\" names no cells of the table.";
+
+    if (editor.promptKind() == PromptKind::Command) {
+        selectCellsByUser(editor, id, tableState(*table).grownToMerges(*range));
+    } else if (takesPicks(editor.promptKind())) {
+        editor.input().put(InputItem::Kind::Pick, centerOf(*table, *range));
+    } else {
+        return L"the prompt takes no cells.";
+    }
+    return {};
+}
+
+std::wstring document(Editor& editor, const std::wstring& number) {
+    if (editor.promptKind() != PromptKind::Command) return L"a command runs.";
+    if (number.empty()) return L"@document takes a number.";
+    editor.input().type(L"DOCUMENT " + number + L"\n");
+    return {};
+}
+
+namespace {
+
+struct Key {
+    const wchar_t* name;
+    void (*press)(InputQueue& queue);
+};
+
+constexpr Key kKeys[] = {
+    {L"ESC", [](InputQueue& queue) { queue.put(InputItem::Kind::Escape); }},
+    {L"ENTER", [](InputQueue& queue) { queue.type(L"\n"); }},
+    {L"SPACE", [](InputQueue& queue) { queue.type(L" "); }},
+};
+
+/// A prompt as it is read, without line ends and blanks around it.
+std::wstring visible(const std::wstring& prompt) {
+    const wchar_t* const blanks = L" \r\n";
+    const std::size_t first = prompt.find_first_not_of(blanks);
+    if (first == std::wstring::npos) return {};
+    return prompt.substr(first, prompt.find_last_not_of(blanks) - first + 1);
+}
+
+}  // namespace
+
+std::wstring key(Editor& editor, const std::wstring& name) {
+    const auto* found = std::find_if(std::begin(kKeys), std::end(kKeys), [&](const Key& k) { return k.name == name; });
+    if (found == std::end(kKeys)) return L"nothing is open that @key " + name + L" acts on.";
+    found->press(editor.input());
+    return {};
+}
+
+std::wstring expectPrompt(const Editor& editor, const std::wstring& text) {
+    return expectEqual(L"the prompt", visible(editor.promptText()), visible(text));
+}
+
+}  // namespace kdhost::promptactions

@@ -1,0 +1,145 @@
+// The clipboard between two running programs, on a display of the test's own: the offscreen platform has no
+// clipboard that programs share.
+
+#include <gtest/gtest.h>
+
+#include <QProcess>
+#include <QTemporaryFile>
+#include <memory>
+#include <random>
+
+namespace {
+
+constexpr int kPatience = 30000;  ///< milliseconds; a peer answers at once
+
+/// An X server without a screen to look at.
+class Display {
+public:
+    Display() {
+        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        // The server chooses a free number and tells it.
+        m_server.start(
+            QStringLiteral("Xvfb"),
+            {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+             QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("320x200x24")});
+        while (m_server.waitForStarted(kPatience) && !m_server.canReadLine()) {
+            if (!m_server.waitForReadyRead(kPatience)) break;
+        }
+        m_name = ':' + m_server.readLine().trimmed();
+    }
+    ~Display() {
+        m_server.terminate();
+        if (!m_server.waitForFinished(kPatience)) m_server.kill();
+    }
+
+    bool runs() const { return m_server.state() == QProcess::Running && m_name.size() > 1; }
+    QString name() const { return QString::fromLatin1(m_name); }
+
+private:
+    QProcess m_server;
+    QByteArray m_name;
+};
+
+/// One running program with its clipboard.
+class Peer {
+public:
+    explicit Peer(const Display& display) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("DISPLAY"), display.name());
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QStringLiteral(KD_BINARY_DIRECTORY "/bin/clipboardpeer"), QStringList());
+        EXPECT_EQ(answer(), "ready");
+    }
+    ~Peer() {
+        m_process.closeWriteChannel();
+        EXPECT_TRUE(m_process.waitForFinished(kPatience));
+        EXPECT_EQ(m_process.exitCode(), 0);
+    }
+
+    QByteArray ask(const QByteArray& line) {
+        m_process.write(line + '\n');
+        return answer();
+    }
+
+private:
+    QByteArray answer() {
+        while (!m_process.canReadLine()) {
+            if (!m_process.waitForReadyRead(kPatience)) return "no answer";
+        }
+        return m_process.readLine().trimmed();
+    }
+
+    QProcess m_process;
+};
+
+class ClipboardOfTwoPrograms : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(m_display.runs()) << "Xvfb, which packages.txt names, did not start";
+        one = std::make_unique<Peer>(m_display);
+        other = std::make_unique<Peer>(m_display);
+    }
+
+private:
+    Display m_display;
+
+protected:
+    std::unique_ptr<Peer> one;
+    std::unique_ptr<Peer> other;
+};
+
+TEST_F(ClipboardOfTwoPrograms, hands_a_registered_format_over_and_back_to_the_last_byte) {
+    const QByteArray there = QByteArray("a\0b\n\xff\x01", 6).toHex();
+    const QByteArray back = QByteArray("\0\0\0", 3).toHex();
+    EXPECT_EQ(other->ask("has CF_ACTABLE_CELLS"), "no");
+    EXPECT_EQ(one->ask("put CF_ACTABLE_CELLS " + there), "done");
+    EXPECT_EQ(other->ask("has CF_ACTABLE_CELLS"), "yes");
+    EXPECT_EQ(other->ask("get CF_ACTABLE_CELLS"), there);
+    EXPECT_EQ(other->ask("put CF_ACTABLE_CELLS " + back), "done");
+    EXPECT_EQ(one->ask("get CF_ACTABLE_CELLS"), back);
+}
+
+TEST_F(ClipboardOfTwoPrograms, knows_a_format_by_its_name_whatever_number_each_has_given_it) {
+    // Other formats that were registered before shift the numbers of the first program.
+    for (const char* name : {"has first", "has second"}) one->ask(name);
+    one->ask("put AutoCAD.r18 6162");
+    EXPECT_EQ(other->ask("get AutoCAD.r18"), "6162");
+    EXPECT_EQ(other->ask("has AutoCAD.r19"), "no");
+    EXPECT_EQ(other->ask("has first"), "no");
+}
+
+TEST_F(ClipboardOfTwoPrograms, hands_all_formats_of_one_object_over) {
+    one->ask("put CF_ACTABLE_CELLS 01");
+    one->ask("add AutoCAD.r18 0202");
+    EXPECT_EQ(other->ask("get CF_ACTABLE_CELLS"), "01");
+    EXPECT_EQ(other->ask("get AutoCAD.r18"), "0202");
+}
+
+TEST_F(ClipboardOfTwoPrograms, lets_the_last_one_win) {
+    one->ask("put CF_ACTABLE_CELLS 01");
+    other->ask("put AutoCAD.r18 02");
+    EXPECT_EQ(one->ask("has CF_ACTABLE_CELLS"), "no");
+    EXPECT_EQ(one->ask("get AutoCAD.r18"), "02");
+}
+
+TEST_F(ClipboardOfTwoPrograms, hands_plain_text_over_as_utf8) {
+    const QByteArray words = "Tab\there, \xE8\xA1\xA8\xE6\xA0\xBC and a quote \"";
+    EXPECT_EQ(one->ask("text " + words), "done");
+    EXPECT_EQ(other->ask("has text/plain"), "yes");
+    EXPECT_EQ(other->ask("get text/plain"), words.toHex());
+    EXPECT_EQ(other->ask("get CF_ACTABLE_CELLS"), "none");
+    EXPECT_EQ(other->ask("text back"), "done");
+    EXPECT_EQ(one->ask("get text/plain"), QByteArray("back").toHex());
+}
+
+TEST_F(ClipboardOfTwoPrograms, hands_megabytes_over) {
+    std::mt19937 random(5);
+    QByteArray bytes(3 << 20, '\0');
+    for (char& byte : bytes) byte = static_cast<char>(random());
+    EXPECT_EQ(one->ask("put CF_ACTABLE_CELLS " + bytes.toHex()), "done");
+    EXPECT_TRUE(other->ask("get CF_ACTABLE_CELLS") == bytes.toHex());
+}
+
+}  // namespace
