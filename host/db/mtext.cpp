@@ -188,7 +188,6 @@ KdString stripMtextFormatting(const KdString& text, KdDbDatabase*, const KdDbObj
     return kdhost::text::strip(text.str());
 }
 
-KdString stripMtextFormatting(KdString&& text, KdDbDatabase*, const KdDbObjectId&) {
-    if (kdhost::text::isPlain(text.str())) return std::move(text);
-    return kdhost::text::strip(text.str());
+int plainMtextLength(const wchar_t* text) {
+    return text == nullptr ? 0 : kdhost::text::plainLength(text);
 }

@@ -5,6 +5,18 @@
 
 #include "kd/rx/object.h"
 
+/// A moment of the calendar. Months and days count from 1, hours go to 23.
+struct KdDate {
+    int year = 0;
+    int month = 1;
+    int day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    friend bool operator==(const KdDate&, const KdDate&) = default;
+};
+
 class KdValue : public KdRxObject {
 public:
     KDRX_DECLARE_MEMBERS(KdValue)
@@ -28,6 +40,7 @@ public:
     void set(double value);
     void set(double x, double y, double z);
     void set(const wchar_t* text);
+    void set(const KdDate& date);
 
     DataType dataType() const { return m_dataType; }
     /// Changes the type alone; a value of another type is dropped.
@@ -43,6 +56,7 @@ public:
     bool get(double& value) const;
     bool get(double& x, double& y, double& z) const;
     bool get(std::wstring& text) const;
+    bool get(KdDate& date) const;
 
 private:
     DataType m_dataType = kUnknown;
@@ -51,4 +65,5 @@ private:
     std::wstring m_text;
     long m_long = 0;
     double m_numbers[3] = {0.0, 0.0, 0.0};
+    KdDate m_date;
 };
