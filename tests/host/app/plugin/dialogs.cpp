@@ -56,15 +56,18 @@ public:
         GotoDlgCtrl(GetDlgItem("IDC_EDIT"));
     }
 
-    void OnListNotify(const char*, NMHDR* header, LRESULT*) override {
-        if (header->code == LVN_ENDLABELEDIT) {
-            const auto& label = reinterpret_cast<const NMLVDISPINFO&>(*header);
-            tell(label.pszText == nullptr ? L"label given up" : std::wstring(L"label ") + label.pszText);
-        }
+    void OnListNotify(const char*, NMHDR* header, LRESULT* result) override {
+        if (header->code == LVN_ENDLABELEDIT) *result = takeLabel(reinterpret_cast<const NMLVDISPINFO&>(*header));
         if (header->code == NM_RCLICK) showRowMenu();
     }
 
 private:
+    /// 1 to let the row show what was typed.
+    static LRESULT takeLabel(const NMLVDISPINFO& label) {
+        tell(label.pszText == nullptr ? L"label given up" : std::wstring(L"label ") + label.pszText);
+        return 1;
+    }
+
     std::wstring text() {
         CStdStr<wchar_t> text;
         GetDlgItem("IDC_EDIT")->GetWindowTextW(text);
