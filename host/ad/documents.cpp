@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/ad/services.h"
+#include "host/ed/commandline.h"
 #include "host/ed/commands.h"
 #include "host/rx/dynamiclinker.h"
 
@@ -54,9 +55,13 @@ void DocumentManager::tell(void (KdApDocManagerReactor::*operation)(Parameters..
     }
 }
 
-Kdad::ErrorStatus DocumentManager::sendStringToExecute(KdApDocument* document, const wchar_t* text) {
+Kdad::ErrorStatus DocumentManager::sendStringToExecute(KdApDocument* document, const wchar_t* text, bool toFront, bool,
+                                                       bool echo) {
     if (!holds(document) || text == nullptr) return Kdad::eInvalidInput;
-    static_cast<Document*>(document)->editor().input().send(text);
+    Document& receiver = static_cast<Document&>(*document);
+    if (toFront) activate(receiver);
+    if (echo) commandLine().echo(text);
+    receiver.editor().input().send(text);
     return Kdad::eOk;
 }
 

@@ -44,7 +44,8 @@ public:
     std::size_t reactorCount() const { return m_reactors.size(); }
     int documentCount() const override { return static_cast<int>(m_documents.size()); }
     KdApDocument* curDocument() const override { return m_current; }
-    Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text) override;
+    Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text, bool activate = true,
+                                          bool wrapUp = false, bool echo = true) override;
 
     Document* current() const { return m_current; }
     /// Null outside 0 to the number of documents. They stand in the order of opening.

@@ -9,6 +9,8 @@
 
 namespace kdhost {
 
+void CommandLineListener::echoed(const std::wstring&) {}
+
 std::wstring withoutLineEnds(const std::wstring& text) {
     const wchar_t* const lineEnds = L"\r\n";
     const std::size_t first = text.find_first_not_of(lineEnds);
@@ -22,6 +24,10 @@ void CommandLine::write(const std::wstring& text) {
     }
     m_messages.push_back(text);
     if (m_listener != nullptr) m_listener->written(text);
+}
+
+void CommandLine::echo(const std::wstring& input) {
+    if (m_listener != nullptr) m_listener->echoed(input);
 }
 
 void CommandLine::fail(const std::wstring& message) {

@@ -13,6 +13,8 @@ public:
     virtual void written(const std::wstring& text) = 0;
     /// A command of the host could not do its work; the message has been written already.
     virtual void failed(const std::wstring& message) = 0;
+    /// Input that was sent, to be shown as if it had been typed; no message.
+    virtual void echoed(const std::wstring& input);
 };
 
 class CommandLine {
@@ -21,6 +23,8 @@ public:
     void write(const std::wstring& text);
     /// Writes the message of a command that can't do its work, and reports the failure.
     void fail(const std::wstring& message);
+    /// Shows input that was sent, where somebody looks.
+    void echo(const std::wstring& input);
 
     /// Everything written since the start or the last clear(), oldest first.
     const std::vector<std::wstring>& messages() const { return m_messages; }

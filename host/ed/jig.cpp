@@ -87,6 +87,11 @@ KdEdJig::DragStatus KdEdJig::acquirePoint(KdGePoint3d& point) {
     return moved || impl.picked ? kNormal : kNoChange;
 }
 
+/// Whether the loop takes the status for a sample like any other.
+static bool goesOn(KdEdJig::DragStatus status) {
+    return status == KdEdJig::kNormal || status == KdEdJig::kNoChange;
+}
+
 /// The jig samples the cursor's new place, and is brought up to date when that changes something.
 static KdEdJig::DragStatus followCursor(KdEdJig& jig) {
     const KdEdJig::DragStatus status = jig.sampler();
@@ -125,10 +130,13 @@ KdEdJig::DragStatus KdEdJig::drag() {
             picked = editor->toWorld(*point);
         }
         impl.cursor = picked.value_or(answer.point);
-        impl.picked = picked.has_value();
-        const DragStatus status = followCursor(*this);
-        impl.picked = false;
-        if (status != kNormal && status != kNoChange) return status;
+        DragStatus status = followCursor(*this);
+        if (picked && goesOn(status)) {
+            impl.picked = true;
+            status = followCursor(*this);
+            impl.picked = false;
+        }
+        if (!goesOn(status)) return status;
         if (!picked) continue;
         editor->lastPoint() = editor->toUser(*picked);
         return kNormal;

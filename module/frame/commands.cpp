@@ -1,6 +1,7 @@
 // The commands: the rows of the command table, and their handlers.
 
 #include "module/core/resources.h"
+#include "module/create/tableentry.h"
 #include "module/edit/celledit.h"
 #include "module/edit/edittablecell.h"
 #include "module/exchange/tableexport.h"
@@ -43,6 +44,7 @@ void TvxTableApp::TVX_TABLE_COMMANDSTABLE_CMDLINE() {
 
 void TvxTableApp::TVX_TABLE_COMMANDSTABLE() {
     ResourceScope resources;
+    tableEntry();
 }
 
 void TvxTableApp::TVX_TABLE_COMMANDSTABLESTYLE() {

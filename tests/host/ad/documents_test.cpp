@@ -106,7 +106,7 @@ TEST_F(Documents, each_has_its_own_record_selection_and_input) {
 TEST_F(Documents, text_is_sent_to_the_document_named) {
     kdhost::Document& first = host.document();
     host.documents().openNew();
-    EXPECT_EQ(kdDocManagerPtr()->sendStringToExecute(&first, L"FILEDIA 0\n"), Kdad::eOk);
+    EXPECT_EQ(kdDocManagerPtr()->sendStringToExecute(&first, L"FILEDIA 0\n", false), Kdad::eOk);
     EXPECT_TRUE(host.editor().input().isEmpty());
     EXPECT_FALSE(first.editor().input().isEmpty());
     EXPECT_EQ(kdDocManagerPtr()->sendStringToExecute(nullptr, L"x"), Kdad::eInvalidInput);

@@ -41,8 +41,12 @@ public:
     virtual int documentCount() const = 0;
     /// Null when no drawing is open.
     virtual KdApDocument* curDocument() const = 0;
-    /// Puts text into the input queue of the document, ahead of what comes from outside.
-    virtual Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text) = 0;
+    /// Puts text into the input queue of the document, ahead of what comes from outside; commands in it run once
+    /// the running one has ended. With `activate` the document comes to the front first. `wrapUp` is for hosts that
+    /// close a document behind the text, which this one never does. With `echo` the history of the command line
+    /// shows the text, as if the user had typed it. eInvalidInput without a document or a text.
+    virtual Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text, bool activate = true,
+                                                  bool wrapUp = false, bool echo = true) = 0;
 };
 
 /// Null before the host has started.
