@@ -11,6 +11,9 @@
 
 namespace kdhost::draw {
 
+/// The colour of characters that have one of their own.
+KdCmColor colorOf(const text::Ink& ink);
+
 /// What "by block" stands for inside a block or a table. The initial values are those outside of any.
 struct BlockLooks {
     Color color{0, 0, 0, true};

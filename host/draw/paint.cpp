@@ -13,9 +13,6 @@
 namespace kdhost::draw {
 namespace {
 
-/// Capitals lower than this, in pixels, can't be read.
-constexpr double kUnreadable = 1.5;
-
 /// Pixel size of the fonts that texts are painted with before they are scaled.
 constexpr int kFontSize = 64;
 
@@ -68,7 +65,7 @@ public:
         m_painter.save();
         m_painter.translate(origin);
         m_painter.rotate(-std::atan2(text.direction.y, text.direction.x) * 180.0 / M_PI);
-        if (height < kUnreadable) {
+        if (height < kReadablePixels) {
             bar(text, width, height);
         } else {
             alongLines(text, width, height);
@@ -79,6 +76,7 @@ public:
 
 private:
     QColor colorOf(const Color& color) const {
+        if (color.paper && m_device.paper.isValid()) return m_device.paper;
         if (color.foreground || color.paper) return color.paper == m_device.darkPaper ? Qt::black : Qt::white;
         return {color.red, color.green, color.blue};
     }

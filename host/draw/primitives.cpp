@@ -40,8 +40,7 @@ void drawSolid(const KdDbEntity& entity, const Context& context, Primitives& out
 /// A fill behind the text, in its own colour or in that of what is painted on.
 void drawBackground(const KdDbMText& mtext, const text::Layout& layout, const TextPlace& place, const Looks& looks,
                     Primitives& out) {
-    const auto color =
-        mtext.useBackgroundColorOn() ? Color{.paper = true} : looks.color(mtext.backgroundFillColor());
+    const auto color = mtext.useBackgroundColorOn() ? Color{.paper = true} : looks.color(mtext.backgroundFillColor());
     if (!color || layout.lines.empty()) return;
     const double margin = (mtext.backgroundScaleFactor() - 1.0) * mtext.textHeight();
     const double left = -0.5 * place.horizontal * layout.room - margin;
@@ -71,8 +70,8 @@ void drawMText(const KdDbEntity& entity, const Context& context, Primitives& out
 
 void drawBlockReference(const KdDbEntity& entity, const Context& context, Primitives& out) {
     const auto& reference = static_cast<const KdDbBlockReference&>(entity);
-    Context inside = context;
-    inside.block = Looks(entity, context.block, context.options).forParts();
+    const Options options = context.options.everywhere();
+    const Context inside{options, Looks(entity, context.block, context.options).forParts(), context.blocks};
     Primitives parts = primitivesOfBlock(reference.blockTableRecord(), inside);
     transform(parts, reference.blockTransform());
     std::move(parts.begin(), parts.end(), std::back_inserter(out));
@@ -165,12 +164,12 @@ void transform(Primitives& primitives, const KdGeMatrix3d& matrix) {
     }
 }
 
-namespace {
-
 KdCmColor colorOf(const text::Ink& ink) {
     if (ink.kind == text::Ink::Kind::index) return KdCmColor::fromIndex(ink.value);
     return KdCmColor::fromRgb(ink.value & 0xFF, ink.value >> 8 & 0xFF, ink.value >> 16 & 0xFF);
 }
+
+namespace {
 
 /// One line of a layout, in its place.
 class LineDrawer {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -57,10 +58,25 @@ struct Text {
 using Primitive = std::variant<Polyline, Polygon, Text>;
 using Primitives = std::vector<Primitive>;
 
+/// The part of the drawing that is looked at, in world coordinates.
+struct Visible {
+    double left = 0.0;
+    double bottom = 0.0;
+    double right = 0.0;
+    double top = 0.0;
+    double unitsPerPixel = 1.0;
+};
+
 /// What an entity's looks depend on beside itself.
 struct Options {
     bool lineWeights = false;  ///< the variable "LWDISPLAY"
     bool selections = false;   ///< selected cells show their frame, grips and indicators
+    /// Where it is given, tables leave out what lies outside, and what is too small to be told apart. Primitives
+    /// beyond it may still be there.
+    std::optional<Visible> visible{};
+
+    /// The same, for what is drawn in other coordinates than the world's.
+    Options everywhere() const { return {lineWeights, selections, std::nullopt}; }
 };
 
 /// Primitives of one entity, in the order of painting. An invisible entity has none.

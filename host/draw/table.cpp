@@ -12,11 +12,14 @@ void drawTable(const KdDbEntity& entity, const Context& context, Primitives& out
     inside.block = Looks(entity, context.block, context.options).forParts();
     const Looks looks(entity, inside.block, context.options);
     const TableGeometry geometry(table);
-    const TableDrawing drawing{table, inside, looks, geometry, out};
-    drawFills(drawing);
-    drawTexts(drawing);
-    drawBlocks(drawing);
-    drawGrid(drawing);
+    const TableStrips strips = stripsOf(geometry, context.options.visible);
+    const TableDrawing drawing{table, inside, looks, geometry, strips, out};
+    if (!strips.isEmpty()) {
+        drawFills(drawing);
+        drawTexts(drawing);
+        drawBlocks(drawing);
+        drawGrid(drawing);
+    }
     drawSelection(drawing);
 }
 

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cwchar>
 #include <map>
 #include <tuple>
 #include <unordered_map>
 
 #include "host/db/access.h"
 #include "host/db/textstyle.h"
+#include "host/draw/paint.h"
 #include "host/draw/tabledrawing.h"
 #include "kd/db/database.h"
 #include "kd/db/table.h"
@@ -18,14 +20,20 @@ namespace {
 
 constexpr double kAngleTolerance = 1e-6;
 
-/// Calls `draw(row, column, box)` for each cell that isn't covered, with the box of its merge.
+/// Calls `draw(row, column, box)` for each cell that isn't covered, with the box of its merge; once for a merge of
+/// which only a part is seen. Of cells that are drawn as one the first speaks for all.
 template <class Draw>
 void forEachCell(const TableDrawing& drawing, Draw draw) {
-    for (int row = 0; row < drawing.geometry.rows(); ++row) {
-        for (int column = 0; column < drawing.geometry.columns(); ++column) {
-            const KdCellRange range = drawing.table.getMergeRange(row, column);
-            if (range.m_topRow != row || range.m_leftColumn != column) continue;
-            draw(row, column, drawing.geometry.box(range));
+    const auto& [rows, columns] = drawing.strips;
+    for (int i = 0; i < rows.count(); ++i) {
+        for (int j = 0; j < columns.count(); ++j) {
+            const Strip row = rows.at(i);
+            const Strip column = columns.at(j);
+            KdCellRange range = drawing.table.getMergeRange(row.first, column.first);
+            if (!rows.isFirstSince(range.m_topRow, i) || !columns.isFirstSince(range.m_leftColumn, j)) continue;
+            range.m_bottomRow = std::max(range.m_bottomRow, row.last);
+            range.m_rightColumn = std::max(range.m_rightColumn, column.last);
+            draw(range.m_topRow, range.m_leftColumn, drawing.geometry.box(range));
         }
     }
 }
@@ -72,6 +80,7 @@ public:
         if (contents == nullptr || *contents == 0 || table.cellType(row, column) == KdDb::kBlockCell) return;
         const Color color = m_drawing.looks.color(table.contentColor(row, column)).value_or(m_drawing.looks.color());
         const CellBox free = inner(table, row, column, box);
+        if (isUnreadable(table.textHeight(row, column))) return drawHint(row, column, free, contents, color);
         const double angle = m_rotations.of(table.cellStyle(row, column));
         // Text at a slant doesn't wrap: it runs on, and its row has made room for it.
         const bool level = std::abs(std::sin(angle)) < kAngleTolerance;
@@ -83,6 +92,28 @@ public:
     }
 
 private:
+    /// Not worth to be laid out: the painter shows a bar in its place.
+    bool isUnreadable(double height) const {
+        const std::optional<Visible>& visible = m_drawing.context.options.visible;
+        return visible && height < kReadablePixels * visible->unitsPerPixel;
+    }
+
+    /// What a text that can't be read is painted from: a line of about its length.
+    void drawHint(int row, int column, const CellBox& free, const wchar_t* contents, const Color& color) {
+        constexpr double kUsualAdvance = 0.75;  // of a character, in text heights
+        const double height = m_drawing.table.textHeight(row, column);
+        const double length = kUsualAdvance * height * static_cast<double>(std::wcslen(contents));
+        const double width = std::clamp(length, 0.0, std::max(free.width(), 0.0));
+        const KdGePoint3d center = alignedCenter(free, width, height, m_drawing.table.alignment(row, column));
+        Text hint;
+        hint.origin = m_drawing.geometry.inPlane(center.x - 0.5 * width, center.y - 0.5 * height);
+        hint.direction = m_drawing.geometry.right();
+        hint.height = height;
+        hint.width = width;
+        hint.color = color;
+        m_drawing.out.push_back(std::move(hint));
+    }
+
     /// The text's turned box is aligned in the cell; the lines are aligned in the text's own box.
     TextPlace placeOf(const text::Layout& layout, const CellBox& free, double angle,
                       KdDb::CellAlignment alignment) const {
@@ -160,8 +191,8 @@ private:
         const auto key = std::make_tuple(block, color.red, color.green, color.blue, color.foreground);
         const auto [place, added] = m_parts.try_emplace(key);
         if (added) {
-            Context inside = m_drawing.context;
-            inside.block = m_drawing.looks.forParts();
+            const Options options = m_drawing.context.options.everywhere();
+            Context inside{options, m_drawing.looks.forParts(), m_drawing.context.blocks};
             inside.block.color = color;
             place->second = primitivesOfBlock(block, inside);
         }

@@ -3,6 +3,7 @@
 
 #include "host/draw/entitydrawing.h"
 #include "host/draw/tablegeometry.h"
+#include "host/draw/tablestrips.h"
 
 class KdDbTable;
 
@@ -14,6 +15,7 @@ struct TableDrawing {
     const Context& context;
     const Looks& looks;  ///< of the table's parts
     const TableGeometry& geometry;
+    const TableStrips& strips;
     Primitives& out;
 };
 

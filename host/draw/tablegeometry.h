@@ -40,6 +40,10 @@ public:
     double columnEdge(int line) const { return m_columnEdges[static_cast<std::size_t>(line)]; }
     double rowEdge(int line) const { return m_rowEdges[static_cast<std::size_t>(line)]; }
 
+    /// All of them, in rising order.
+    const std::vector<double>& columnEdges() const { return m_columnEdges; }
+    const std::vector<double>& rowEdges() const { return m_rowEdges; }
+
     /// World coordinates of a place given along `right()` and `next()`.
     KdGePoint3d at(double along, double next) const { return m_origin + m_right * along + m_up * (m_rowSign * next); }
     /// World coordinates of a place in the plane of the boxes.

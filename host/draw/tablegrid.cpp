@@ -34,17 +34,13 @@ struct Side {
 class Grid {
 public:
     explicit Grid(const TableDrawing& drawing)
-        : m_drawing(drawing), m_rows(drawing.geometry.rows()), m_columns(drawing.geometry.columns()) {
-        m_edges[0].assign(size(m_rows + 1, m_columns), kNoEdge);
-        m_edges[1].assign(size(m_columns + 1, m_rows), kNoEdge);
-        for (int row = 0; row < m_rows; ++row) {
-            for (int column = 0; column < m_columns; ++column) collectAbove(row, column);
-        }
-        for (int column = 0; column < m_columns; ++column) {
-            set(true, m_rows, column, fromSide({m_rows - 1, column, KdDb::kHorzBottom}));
-        }
-        for (int row = 0; row < m_rows; ++row) {
-            set(false, m_columns, row, fromSide({row, m_columns - 1, KdDb::kVertRight}));
+        : m_drawing(drawing), m_rows(drawing.strips.rows.count()), m_columns(drawing.strips.columns.count()) {
+        for (const bool ofRows : {true, false}) {
+            m_edges[ofRows ? 0 : 1].assign(size(lines(ofRows), length(ofRows)), kNoEdge);
+            for (int line = 0; line < lines(ofRows); ++line) {
+                for (int index = 0; index < length(ofRows); ++index)
+                    set(ofRows, line, index, find(ofRows, line, index));
+            }
         }
     }
 
@@ -75,15 +71,16 @@ private:
         m_edges[ofRows ? 0 : 1][place(ofRows, line, index)] = edge;
     }
 
-    /// The edges before a cell in both directions; those inside its merge are not drawn.
-    void collectAbove(int row, int column) {
+    /// The edge between two cells, or at the table's border; one inside a merge is not drawn.
+    Edge find(bool ofRows, int line, int index) {
+        const auto& [rows, columns] = m_drawing.strips;
+        const int row = ofRows ? rows.behind(line) : rows.at(index).first;
+        const int column = ofRows ? columns.at(index).first : columns.behind(line);
+        const Side before = ofRows ? Side{row - 1, column, KdDb::kHorzBottom} : Side{row, column - 1, KdDb::kVertRight};
+        if (row == m_drawing.geometry.rows() || column == m_drawing.geometry.columns()) return fromSide(before);
         const KdCellRange merge = m_drawing.table.getMergeRange(row, column);
-        if (merge.m_topRow == row) {
-            set(true, row, column, between({row - 1, column, KdDb::kHorzBottom}, {row, column, KdDb::kHorzTop}));
-        }
-        if (merge.m_leftColumn == column) {
-            set(false, column, row, between({row, column - 1, KdDb::kVertRight}, {row, column, KdDb::kVertLeft}));
-        }
+        if (ofRows ? merge.m_topRow != row : merge.m_leftColumn != column) return kNoEdge;
+        return between(before, {row, column, ofRows ? KdDb::kHorzTop : KdDb::kVertLeft});
     }
 
     /// The two cells beside an edge may differ: by their styles, and where a merge lies along several cells,
@@ -189,13 +186,14 @@ private:
         return corner && near == kNoEdge && m_grid.isDouble(far) ? -0.5 * m_grid.looks(far).spacing : 0.0;
     }
 
-    double position(int node) const {
-        return m_ofRows ? m_drawing.geometry.columnEdge(node) : m_drawing.geometry.rowEdge(node);
-    }
+    double rowEdge(int line) const { return m_drawing.geometry.rowEdge(m_drawing.strips.rows.behind(line)); }
+    double columnEdge(int line) const { return m_drawing.geometry.columnEdge(m_drawing.strips.columns.behind(line)); }
+
+    double position(int node) const { return m_ofRows ? columnEdge(node) : rowEdge(node); }
 
     void piece(Edge edge, int line, double offset, double from, double to) const {
         const TableGeometry& geometry = m_drawing.geometry;
-        const double fixed = (m_ofRows ? geometry.rowEdge(line) : geometry.columnEdge(line)) + offset;
+        const double fixed = (m_ofRows ? rowEdge(line) : columnEdge(line)) + offset;
         const EdgeLooks& looks = m_grid.looks(edge);
         const KdGePoint3d start = m_ofRows ? geometry.at(from, fixed) : geometry.at(fixed, from);
         const KdGePoint3d stop = m_ofRows ? geometry.at(to, fixed) : geometry.at(fixed, to);

@@ -80,28 +80,34 @@ private:
     void drawIndicators() {
         const TableGeometry& geometry = m_drawing.geometry;
         const double band = kBandInTextHeights * m_height;
-        for (int column = 0; column < geometry.columns(); ++column) {
-            const bool selected = column >= m_range.m_leftColumn && column <= m_range.m_rightColumn;
-            drawIndicator({geometry.columnEdge(column), geometry.columnEdge(column + 1), -band, 0.0}, -1, column,
-                          selected);
+        const auto& [rows, columns] = m_drawing.strips;
+        for (int i = 0; i < columns.count(); ++i) {
+            const Strip column = columns.at(i);
+            const bool selected = column.last >= m_range.m_leftColumn && column.first <= m_range.m_rightColumn;
+            const Area area{geometry.columnEdge(column.first), geometry.columnEdge(column.last + 1), -band, 0.0};
+            drawBand(area, selected);
+            if (column.isSingle()) drawLabel(area, -1, column.first);
         }
-        for (int row = 0; row < geometry.rows(); ++row) {
-            const bool selected = row >= m_range.m_topRow && row <= m_range.m_bottomRow;
-            drawIndicator({-band, 0.0, geometry.rowEdge(row), geometry.rowEdge(row + 1)}, row, -1, selected);
+        for (int i = 0; i < rows.count(); ++i) {
+            const Strip row = rows.at(i);
+            const bool selected = row.last >= m_range.m_topRow && row.first <= m_range.m_bottomRow;
+            const Area area{-band, 0.0, geometry.rowEdge(row.first), geometry.rowEdge(row.last + 1)};
+            drawBand(area, selected);
+            if (row.isSingle()) drawLabel(area, row.first, -1);
         }
     }
 
-    void drawIndicator(const Area& area, int row, int column, bool selected) {
+    void drawBand(const Area& area, bool selected) {
         const std::vector<KdGePoint3d> corners = cornersOf(area);
         m_drawing.out.push_back(Polygon{corners, selected ? kSelectedBandColor : kBandColor});
         outline(corners, kBandLineColor, 0);
-        KdString label;
-        kdadConvertIndexToIndicatorString(row, column, label);
-        drawLabel(label.str(), area);
     }
 
-    /// In the middle of its area, smaller where it would not fit.
-    void drawLabel(const std::wstring& label, const Area& area) {
+    /// In the middle of its area, smaller where it would not fit. -1 for the row or column that it isn't about.
+    void drawLabel(const Area& area, int row, int column) {
+        KdString text;
+        kdadConvertIndexToIndicatorString(row, column, text);
+        const std::wstring label = text.str();
         double height = kLetterInTextHeights * m_height;
         const double room = kLetterFill * (area.right - area.left);
         const double width = text::layout(label, m_font, height, 0.0).width;
