@@ -137,6 +137,7 @@ void Calculation::gather(const Operand& operand, Gathered& gathered) const {
         for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
             const Slot& slot = line[static_cast<std::size_t>(column)];
             if (slot.kind == SlotKind::number) gathered.take(slot.number);
+            if (slot.kind == SlotKind::error) gathered.error = true;
             if (slot.kind == SlotKind::field) gathered.take(m_operands.valueOfField(slot.cellField));
         }
     }
@@ -157,6 +158,8 @@ Value Calculation::valueAt(const Sheet& sheet, int row, int column) const {
             return {};
         case SlotKind::number:
             return Value::of(slot.number);
+        case SlotKind::error:
+            return Value::error();
         case SlotKind::field:
             return m_operands.valueOfField(slot.cellField);
         default:

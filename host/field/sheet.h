@@ -14,7 +14,7 @@
 
 namespace kdhost::field {
 
-enum class SlotKind : unsigned char { empty, number, text, field };
+enum class SlotKind : unsigned char { empty, number, text, error, field };
 
 /// One cell. Its text is looked up in the table's rows where it is wanted.
 struct Slot {

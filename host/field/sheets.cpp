@@ -104,6 +104,8 @@ Slot Engine::slotOf(const Cell& cell) {
             return {};
         case ValueKind::number:
             return {SlotKind::number, -1, value.number};
+        case ValueKind::error:
+            return {SlotKind::error, -1, 0.0};
         default:
             return {SlotKind::text, -1, 0.0};
     }

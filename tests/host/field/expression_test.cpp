@@ -65,6 +65,24 @@ TEST_F(Expressions, errors_go_through_every_calculation) {
     expectAll({{L"D1", "####"}, {L"D1*0", "####"}, {L"Sum(A1,D1)", "####"}, {L"Average(A1:D1)", "####"}});
 }
 
+TEST_F(Expressions, a_text_of_marks_is_an_error_wherever_it_is_read) {
+    const KdDbObjectId table = makeTable(4, 2);
+    type(table, "A1", L"5");
+    type(table, "A2", L" #### ");
+    const std::pair<const wchar_t*, const char*> cases[] = {
+        {L"A2", "####"},         {L"A2+1", "####"},           {L"Sum(A2)", "####"},
+        {L"Sum(A1:A3)", "####"}, {L"Average(A1:A3)", "####"}, {L"Count(A1:A3)", "1"}};
+    for (const auto& [expression, text] : cases) {
+        formula(table, "B1", expression);
+        EXPECT_EQ(shown(table, "B1"), text) << narrow(expression);
+    }
+    formula(table, "B1", L"Sum(A1:A3)");
+    type(table, "A2", L"7");
+    EXPECT_EQ(shown(table, "B1"), "12");
+    type(table, "A2", L"####");
+    EXPECT_EQ(shown(table, "B1"), "####");
+}
+
 TEST_F(Expressions, what_is_no_finite_number_is_an_error) {
     expectAll({{L"1/0", "####"},
                {L"0/0", "####"},
