@@ -33,7 +33,6 @@ protected:
         setOn(*object);
         object->close();
     }
-    bool isEntity() const { return kdhost::peekObject(id())->isKindOf(KdDbEntity::desc()); }
 
     SetterWorld m_world;
 };
@@ -81,8 +80,9 @@ TEST_P(Setters, without_a_write_open_changes_nothing_and_is_noted) {
     EXPECT_TRUE(history().undoSteps().empty());
 }
 
-TEST_P(Setters, finds_no_way_to_an_entity_on_a_locked_layer) {
-    if (!isEntity()) return;
+class EntitySetters : public Setters {};
+
+TEST_P(EntitySetters, finds_no_way_to_an_entity_on_a_locked_layer) {
     const KdDbObjectId layer = kdhost::peek<KdDbEntity>(id())->layerId();
     const auto lock = [&](bool locked) {
         auto* record = mustOpen<KdDbLayerTableRecord>(layer, KdDb::kForWrite);
@@ -109,8 +109,7 @@ TEST_P(Setters, finds_no_way_to_an_entity_on_a_locked_layer) {
     EXPECT_NE(all(), before);
 }
 
-TEST_P(Setters, goes_on_where_the_layer_is_locked_behind_its_open) {
-    if (!isEntity()) return;
+TEST_P(EntitySetters, goes_on_where_the_layer_is_locked_behind_its_open) {
     const std::string before = shown();
     auto* object = mustOpen<KdDbObject>(id(), KdDb::kForWrite);
     auto* layer = mustOpen<KdDbLayerTableRecord>(static_cast<const KdDbEntity&>(*object).layerId(), KdDb::kForWrite);
@@ -121,8 +120,9 @@ TEST_P(Setters, goes_on_where_the_layer_is_locked_behind_its_open) {
     EXPECT_NE(shown(), before);
 }
 
-TEST_P(Setters, asks_the_lock_that_concerns_it) {
-    if (GetParam().owner != "KdDbTable") return;
+class TableSetters : public Setters {};
+
+TEST_P(TableSetters, asks_the_lock_that_concerns_it) {
     struct Case {
         int state;
         bool refused;
@@ -141,15 +141,40 @@ TEST_P(Setters, asks_the_lock_that_concerns_it) {
         if (expected.refused) {
             EXPECT_EQ(value(), valueBefore) << expected.state;
             // What copies content and looks keeps the part that is locked.
-            if (expected.state == 51) EXPECT_EQ(fingerprint(world), before);
+            if (expected.state == 51) {
+                EXPECT_EQ(fingerprint(world), before);
+            }
         } else if (GetParam().name != "setCellState" || expected.state != 2) {
             EXPECT_NE(value(), valueBefore) << expected.state;
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Setters, ::testing::ValuesIn(allSetters()),
-                         [](const auto& row) { return testName(row.param); });
+std::string nameOfParam(const ::testing::TestParamInfo<Setter>& info) {
+    return testName(info.param);
+}
+
+/// The records of what is set on these objects.
+std::vector<Setter> settersOf(const std::vector<KdDbObjectId SetterWorld::*>& objects) {
+    std::vector<Setter> list = allSetters();
+    std::erase_if(list, [&](const Setter& setter) {
+        return std::find(objects.begin(), objects.end(), setter.object) == objects.end();
+    });
+    return list;
+}
+
+std::vector<Setter> tableSetters() {
+    std::vector<Setter> list = allSetters();
+    std::erase_if(list, [](const Setter& setter) { return setter.owner != "KdDbTable"; });
+    return list;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Setters, ::testing::ValuesIn(allSetters()), nameOfParam);
+INSTANTIATE_TEST_SUITE_P(All, EntitySetters,
+                         ::testing::ValuesIn(settersOf({&SetterWorld::line, &SetterWorld::solid, &SetterWorld::mtext,
+                                                        &SetterWorld::insertion, &SetterWorld::table})),
+                         nameOfParam);
+INSTANTIATE_TEST_SUITE_P(All, TableSetters, ::testing::ValuesIn(tableSetters()), nameOfParam);
 
 // ---- the settings of a drawing
 
