@@ -4,7 +4,9 @@
 
 #include "host/app/commands/documentcommands.h"
 #include "host/app/commands/drawcommands.h"
+#include "host/app/commands/exportcommands.h"
 #include "host/app/commands/layercommand.h"
+#include "host/app/commands/programcommands.h"
 #include "host/app/commands/tableimport.h"
 #include "host/app/commands/undocommands.h"
 #include "host/app/commands/viewcommands.h"
@@ -25,12 +27,18 @@ constexpr int kUsesSelection = KdEdCommandFlag::kUsePickSet;
 constexpr int kKeepsSelection = KdEdCommandFlag::kUsePickSet | KdEdCommandFlag::kRedraw;
 
 constexpr HostCommand kCommands[] = {
+    {L"CLOSE", kKeepsSelection, closeDocument},
     {L"DOCUMENT", kKeepsSelection, switchDocument},
     {L"ERASE", kUsesSelection, eraseObjects},
+    {L"EXPORTPNG", kKeepsSelection, exportPng},
+    {L"EXPORTSVG", kKeepsSelection, exportSvg},
+    {L"HELP", kKeepsSelection, showHelp},
+    {L"LANGUAGE", kKeepsSelection, chooseLanguage},
     {L"LAYER", 0, editLayers},
     {L"LINE", 0, drawLines},
     {L"LIST", kUsesSelection, listObjects},
     {L"NEW", kKeepsSelection, newDocument},
+    {L"PRINTPDF", kKeepsSelection, printPdf},
     {L"QUIT", 0, quit},
     {L"REDO", kKeepsSelection, redoStep},
     {L"REGEN", kKeepsSelection, regenerate},

@@ -77,17 +77,16 @@ ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
         }
         if (!parsed.error.empty()) return parsed;
     }
-    if (!parsed.options.headless && !parsed.options.help) {
-        parsed.error = "this program has no window: start it with --headless";
-    }
     return parsed;
 }
 
 std::string usage() {
-    return "kdhost --headless [--load MODULE.tvx ...] [--script FILE] [--lang en|zh_CN]\n"
+    return "kdhost [--headless] [--load MODULE.tvx ...] [--script FILE] [--lang en|zh_CN]\n"
            "       [--dump FILE.json] [--render FILE.png|.svg|.pdf]\n"
            "\n"
            "Without --load the table module beside the program is loaded.\n"
+           "With a window, the program stays open after the script and the outputs until QUIT. Without a display it\n"
+           "runs as with --headless, if there is a script or an output to make.\n"
            "Exit status: 0 done; 1 the script, an output or an object left open failed; 2 wrong arguments.\n";
 }
 

@@ -16,7 +16,7 @@ struct Options {
     std::string script;
     std::string dump;
     std::string render;
-    Language language = Language::English;
+    std::optional<Language> language;  ///< none: as the user chose, or English
 };
 
 struct ParsedOptions {

@@ -13,16 +13,20 @@
 #include <clocale>
 #include <iostream>
 
+#include "host/app/drawingoptions.h"
 #include "host/app/dump/dump.h"
 #include "host/app/hostcommands.h"
 #include "host/app/options.h"
 #include "host/app/scriptrunner.h"
+#include "host/app/usersettings.h"
+#include "host/app/window/mainwindow.h"
+#include "host/app/window/windowsession.h"
 #include "host/app/windowfeeder.h"
 #include "host/db/access.h"
 #include "host/draw/render.h"
-#include "host/ed/variables.h"
 #include "host/rx/encoding.h"
 #include "host/ui/filedialog.h"
+#include "host/ui/inplaceeditor/inplaceeditor.h"
 #include "host/win32/modules.h"
 
 namespace kdhost {
@@ -50,6 +54,22 @@ QtMessageHandler qtsOwnHandler = nullptr;
 /// A platform without a display complains of each window that it can't raise or give a least size to.
 void dropComplaintsOfPlatform(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (!message.startsWith(QLatin1String("This plugin does not support"))) qtsOwnHandler(type, context, message);
+}
+
+bool hasDisplay() {
+    const auto isSet = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
+/// Whether the run has an end without a person.
+bool hasWork(const Options& options) {
+    return !options.script.empty() || !options.dump.empty() || !options.render.empty();
+}
+
+/// A run without a window is the same for every user.
+Language languageOf(const Options& options) {
+    if (options.language) return *options.language;
+    return options.headless ? Language::English : storedLanguage().value_or(Language::English);
 }
 
 /// What has to be settled before Qt starts: no display is needed, and nothing is scaled but by the host itself.
@@ -90,13 +110,6 @@ std::string runScript(Application& application, const Options& options, WindowFe
     return ScriptRunner(application, std::move(*script), windows).run();
 }
 
-draw::Options drawingOptions() {
-    draw::Options options;
-    const auto value = readVariable(*findVariable(L"LWDISPLAY"));
-    options.lineWeights = value && std::get<std::int32_t>(*value) == 1;
-    return options;
-}
-
 std::string writeOutputs(Application& application, const Options& options, WindowFeeder&) {
     Document* document = application.documents().current();
     if (!options.dump.empty()) {
@@ -116,12 +129,13 @@ std::string describeOpenObjects() {
     return text;
 }
 
-/// How long a window that no line answers is waited for; the environment shortens it for tests.
-std::chrono::milliseconds patience() {
-    constexpr int kTenSeconds = 10000;
+/// How long a window that no line answers is waited for; on a screen a person may answer it. The environment
+/// shortens it for tests.
+std::optional<std::chrono::milliseconds> patience(const Options& options) {
+    if (!options.headless) return std::nullopt;
     bool isSet = false;
     const int milliseconds = qEnvironmentVariableIntValue("KDHOST_IDLE_MILLISECONDS", &isSet);
-    return std::chrono::milliseconds(isSet ? milliseconds : kTenSeconds);
+    return isSet ? std::chrono::milliseconds(milliseconds) : std::chrono::seconds(10);
 }
 
 /// Empty on success, else what the first step that failed says.
@@ -134,17 +148,29 @@ std::string runSteps(Application& application, const Options& options, WindowFee
     return describeOpenObjects();
 }
 
+/// The window stays, whatever the steps before have come to: a person reads there what was wrong.
+void runSession(WindowSession& session, std::string& failure) {
+    if (!failure.empty()) commandLine().fail(fromUtf8(failure));
+    session.run();
+    if (failure.empty()) failure = describeOpenObjects();
+}
+
 std::string runApplication(const Options& options) {
-    WindowFeeder windows(patience());
+    WindowFeeder windows(patience(options));
     const WindowFileDialog fileDialog;
+    const InstalledInPlaceEditor inPlaceEditor = installInPlaceEditor();
     std::string failure;
     {
-        QWidget mainWindow;
+        const std::unique_ptr<QWidget> hidden = options.headless ? std::make_unique<QWidget>() : nullptr;
+        const std::unique_ptr<MainWindow> window = options.headless ? nullptr : std::make_unique<MainWindow>();
         Application application;
-        application.setMainWindow(&mainWindow);
+        application.setMainWindow(window == nullptr ? hidden.get() : window.get());
         registerHostCommands();
+        std::optional<WindowSession> session;
+        if (window != nullptr) session.emplace(application, *window);
         application.documents().openNew();
         failure = runSteps(application, options, windows);
+        if (session) runSession(*session, failure);
     }
     // Modules may have asked something in their last message.
     return failure.empty() ? windows.failure() : failure;
@@ -153,17 +179,22 @@ std::string runApplication(const Options& options) {
 }  // namespace
 
 int runProgram(int argc, char** argv) {
-    const auto [options, error] = parseOptions({argv + 1, argv + argc});
+    auto [options, error] = parseOptions({argv + 1, argv + argc});
     if (!error.empty()) return complain(kWrongArguments, "kdhost: " + error);
     if (options.help) {
         std::cout << usage();
         return kDone;
     }
+    if (!options.headless && !hasDisplay()) {
+        if (!hasWork(options))
+            return complain(kWrongArguments, "kdhost: there is no display: start it with --headless");
+        options.headless = true;
+    }
     prepareQt(options);
     const QApplication qt(argc, argv);
     settleLocale();
     setPluginFolder(QCoreApplication::applicationDirPath().toStdString() + "/../plugins");
-    setLanguage(options.language);
+    setLanguage(languageOf(options));
     const std::string failure = runApplication(options);
     return failure.empty() ? kDone : complain(kFailed, failure);
 }

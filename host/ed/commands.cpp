@@ -36,6 +36,11 @@ std::vector<LeftOpen>& leftOpen() {
     return list;
 }
 
+std::vector<std::function<void()>>& postponed() {
+    static std::vector<std::function<void()>> actions;
+    return actions;
+}
+
 /// Notes for a command's time that it runs.
 class RunningScope {
 public:
@@ -147,6 +152,12 @@ void runCommand(const CommandRecord& command) {
     // Keywords announced for a prompt that never came are not for the next command.
     if (Editor* now = currentEditor()) now->takeAnnouncement();
     logLeftOpen(command.globalName, before);
+    if (!running().empty()) return;
+    for (const auto& action : std::exchange(postponed(), {})) action();
+}
+
+void afterCommands(std::function<void()> action) {
+    postponed().push_back(std::move(action));
 }
 
 void runCommands() {

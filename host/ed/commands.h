@@ -1,6 +1,7 @@
 // Running of commands: a word from the input is looked up among the registered commands and run.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ void runCommands();
 void runQueuedCommands();
 /// Runs one command now, as if its name had been typed.
 void runCommand(const CommandRecord& command);
+
+/// Carries out `action` as soon as no command runs any more.
+void afterCommands(std::function<void()> action);
 
 /// Names of the running commands, the outermost first, joined by "'"; empty outside of commands.
 std::wstring runningCommandNames();

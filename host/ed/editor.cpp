@@ -65,9 +65,30 @@ Editor::Announcement Editor::takeAnnouncement() {
     return std::exchange(m_announcement, {});
 }
 
+class Editor::Asking {
+public:
+    Asking(Editor& editor, Prompt prompt)
+        : m_editor(editor), m_outer(std::exchange(editor.m_prompt, std::move(prompt))) {
+        ++m_editor.m_asking;
+    }
+    ~Asking() {
+        if (--m_editor.m_asking > 0) m_editor.m_prompt = std::move(m_outer);
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+private:
+    Editor& m_editor;
+    Prompt m_outer;
+};
+
 Answer Editor::ask(PromptKind kind, const std::wstring& prompt, bool takesBlanks) {
-    m_promptKind = kind;
-    m_promptText = prompt;
+    const Asking asking(*this, {kind, prompt, takesBlanks});
+    return readAnswer();
+}
+
+Answer Editor::readAnswer() {
+    const auto [kind, text, takesBlanks] = m_prompt;
     Answer answer;
     while (const std::optional<InputItem> item = m_input.next(source)) {
         switch (item->kind) {

@@ -47,9 +47,12 @@ public:
     /// prompt takes blanks. A pick that the prompt doesn't take is passed over.
     Answer ask(PromptKind kind, const std::wstring& prompt, bool takesBlanks = false);
 
-    /// What waits now, or asked last.
-    PromptKind promptKind() const { return m_promptKind; }
-    const std::wstring& promptText() const { return m_promptText; }
+    /// What waits now, or asked last. A prompt may wait inside another one, of what a click on a window sets off
+    /// meanwhile; when it has its answer, the outer one waits again.
+    PromptKind promptKind() const { return m_prompt.kind; }
+    const std::wstring& promptText() const { return m_prompt.text; }
+    bool promptTakesBlanks() const { return m_prompt.takesBlanks; }
+    bool isAsking() const { return m_asking > 0; }
 
     /// Keywords and flags for the next prompt; taking them leaves none.
     struct Announcement {
@@ -73,13 +76,23 @@ public:
     KdGePoint3d& lastPoint() { return m_lastPoint; }
 
 private:
+    struct Prompt {
+        PromptKind kind = PromptKind::Command;
+        std::wstring text;
+        bool takesBlanks = false;
+    };
+    /// Shows one prompt for the time of its waiting.
+    class Asking;
+
+    Answer readAnswer();
+
     KdDbDatabase& m_database;
     InputQueue m_input;
     PickFirst m_pickFirst;
     View m_view;
     LispFunctions m_lispFunctions;
-    PromptKind m_promptKind = PromptKind::Command;
-    std::wstring m_promptText;
+    Prompt m_prompt;
+    int m_asking = 0;
     Announcement m_announcement;
     std::wstring m_chosenKeyword;
     KdGePoint3d m_lastPoint;

@@ -3,6 +3,7 @@
 #include "host/ed/inputqueue.h"
 
 #include <string_view>
+#include <utility>
 
 namespace kdhost {
 namespace {
@@ -27,20 +28,32 @@ void InputQueue::send(const std::wstring& text) {
         m_sent.push_back(cancel ? kCancelItem : character(text[at]));
         at += cancel ? kCancel.size() : 1;
     }
+    tell();
 }
 
 void InputQueue::type(const std::wstring& text) {
     std::size_t at = 0;
     for (; cancelStandsAt(text, at); at += kCancel.size()) m_typed.push_back(kCancelItem);
     for (; at < text.size(); ++at) m_typed.push_back(character(text[at]));
+    tell();
 }
 
 void InputQueue::put(InputItem::Kind kind, const KdGePoint3d& point) {
     m_typed.push_back({kind, 0, point, {}});
+    tell();
 }
 
 void InputQueue::put(const CellsOfTable& cells) {
     m_typed.push_back({InputItem::Kind::Cells, 0, {}, cells});
+    tell();
+}
+
+std::function<void()> InputQueue::setListener(std::function<void()> listener) {
+    return std::exchange(m_listener, std::move(listener));
+}
+
+void InputQueue::tell() const {
+    if (m_listener) m_listener();
 }
 
 void InputQueue::clear() {

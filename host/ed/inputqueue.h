@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -58,10 +59,17 @@ public:
     bool isEmpty() const { return m_sent.empty() && m_typed.empty(); }
     void clear();
 
+    /// Called whenever something comes into the queue, so that a source which waits can go on; empty for none. The one
+    /// before is handed back.
+    std::function<void()> setListener(std::function<void()> listener);
+
     /// The next item; the source is asked only when the queue is empty. None when nothing comes any more.
     std::optional<InputItem> next(InputSource* source);
 
 private:
+    void tell() const;
+
+    std::function<void()> m_listener;
     std::deque<InputItem> m_sent;
     std::deque<InputItem> m_typed;
 };

@@ -21,6 +21,10 @@ constexpr double kMarginPixels = 20.0;
 }  // namespace
 
 View::View() : m_shown(kStartWidth, kStartHeight) {
+    zoomToSheet();
+}
+
+void View::zoomToSheet() {
     zoomTo({{0.0, 0.0, 0.0}, {kSheetWidth, kSheetHeight, 0.0}});
 }
 

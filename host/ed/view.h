@@ -16,6 +16,8 @@ public:
     draw::View& shown() { return m_shown; }
     const draw::View& shown() const { return m_shown; }
     double unitsPerPixel() const { return 1.0 / m_shown.scale(); }
+    /// Shows a sheet of a new drawing's size whole.
+    void zoomToSheet();
     /// Shows a box whole. An invalid box changes nothing.
     void zoomTo(const KdDbExtents& box);
     /// Enlarges about the middle; a factor that isn't positive changes nothing.

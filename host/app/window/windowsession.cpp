@@ -1,0 +1,94 @@
+// The host behind a main window.
+
+#include "host/app/window/windowsession.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+#include "host/app/usersettings.h"
+#include "host/app/window/commandlinewidget.h"
+#include "host/app/window/drawingview.h"
+#include "host/app/window/mainwindow.h"
+#include "host/ed/commands.h"
+
+namespace kdhost {
+
+WindowSession::WindowSession(Application& application, MainWindow& window)
+    : m_application(application), m_window(window) {
+    setDisplay(this);
+    setViewWidget(&m_window.view());
+    m_application.documents().addReactor(this);
+    m_window.restoreGeometry(storedWindowPlace());
+    m_window.show();
+}
+
+WindowSession::~WindowSession() {
+    storeWindowPlace(m_window.saveGeometry());
+    m_application.documents().removeReactor(this);
+    setViewWidget(nullptr);
+    setDisplay(nullptr);
+}
+
+void WindowSession::run() {
+    for (const std::wstring& message : commandLine().messages()) m_window.commandLineWidget().append(message);
+    setInputSource(this);
+    commandLine().setListener(this);
+    if (!m_application.isQuitRequested()) runCommands();
+    commandLine().setListener(nullptr);
+    setInputSource(nullptr);
+}
+
+// A prompt that an event sets off waits in a loop of its own inside the loop of the outer one. Only the innermost
+// is told of input; what it leaves in the queue is then for those around it, which wake up to look.
+bool WindowSession::feed(InputQueue& queue) {
+    if (m_application.isQuitRequested()) return false;
+    updateDisplay();
+    showPrompt();
+    QEventLoop loop;
+    m_waiting.push_back(&loop);
+    const auto outer = queue.setListener([&loop] { loop.quit(); });
+    if (queue.isEmpty()) loop.exec();
+    queue.setListener(outer);
+    m_waiting.pop_back();
+    if (!m_waiting.empty()) {
+        if (!queue.isEmpty() || m_application.isQuitRequested()) m_waiting.back()->quit();
+        QTimer::singleShot(0, &m_later, [this] { showPrompt(); });
+    }
+    return !m_application.isQuitRequested();
+}
+
+void WindowSession::showPrompt() {
+    const Editor* editor = currentEditor();
+    if (editor == nullptr) return;
+    m_window.commandLineWidget().showPrompt(editor->promptText(), editor->promptKind() == PromptKind::Command,
+                                            editor->promptTakesBlanks());
+}
+
+void WindowSession::redraw(const std::vector<KdDbObjectId>&) {
+    m_window.view().redraw();
+}
+
+void WindowSession::written(const std::wstring& text) {
+    m_window.commandLineWidget().append(text);
+}
+
+void WindowSession::echoed(const std::wstring& input) {
+    m_window.commandLineWidget().echo(withoutLineEnds(input));
+}
+
+/// A new drawing's sheet fills the view as it is now.
+void WindowSession::documentCreated(KdApDocument* document) {
+    View& view = static_cast<Document*>(document)->editor().view();
+    view.shown().resize(m_window.view().width(), m_window.view().height());
+    view.zoomToSheet();
+}
+
+void WindowSession::documentActivated(KdApDocument*) {
+    m_window.showDocuments(m_application.documents());
+}
+
+void WindowSession::documentDestroyed(const wchar_t*) {
+    m_window.showDocuments(m_application.documents());
+}
+
+}  // namespace kdhost

@@ -1,0 +1,48 @@
+// The host behind a main window: prompts wait in an event loop until the window has put something into the queue,
+// and what the host writes, draws and opens is shown.
+#pragma once
+
+#include <QObject>
+#include <vector>
+
+#include "host/ad/application.h"
+#include "host/ed/commandline.h"
+#include "host/ed/display.h"
+#include "host/ed/inputqueue.h"
+
+class QEventLoop;
+
+namespace kdhost {
+
+class MainWindow;
+
+class WindowSession : private InputSource, private Display, private CommandLineListener, private KdApDocManagerReactor {
+public:
+    /// Both outlive the session. The window is shown, as it was left, with what is opened and drawn from now on.
+    WindowSession(Application& application, MainWindow& window);
+    ~WindowSession() override;
+    WindowSession(const WindowSession&) = delete;
+    WindowSession& operator=(const WindowSession&) = delete;
+
+    /// Runs the commands of the user until QUIT. What had been written before is shown first.
+    void run();
+
+private:
+    bool feed(InputQueue& queue) override;
+    void redraw(const std::vector<KdDbObjectId>& ids) override;
+    void written(const std::wstring& text) override;
+    void failed(const std::wstring&) override {}
+    void echoed(const std::wstring& input) override;
+    void documentCreated(KdApDocument* document) override;
+    void documentActivated(KdApDocument* document) override;
+    void documentDestroyed(const wchar_t* fileName) override;
+
+    void showPrompt();
+
+    Application& m_application;
+    MainWindow& m_window;
+    QObject m_later;  ///< what is put off ends with the session
+    std::vector<QEventLoop*> m_waiting;
+};
+
+}  // namespace kdhost
