@@ -68,8 +68,8 @@ std::wstring cells(Editor& editor, const std::wstring& arguments) {
     const auto range = parseCells(split.rest, table->numRows(), table->numColumns());
     if (!range) return L"\"" + split.rest + L"\" names no cells of the table.";
 
-    if (editor.promptKind() == PromptKind::Command) {
-        selectCellsByUser(editor, id, tableState(*table).grownToMerges(*range));
+    if (editor.promptKind() == PromptKind::Command || editor.promptKind() == PromptKind::Cells) {
+        editor.input().put(CellsOfTable{id, tableState(*table).grownToMerges(*range)});
     } else if (takesPicks(editor.promptKind())) {
         editor.input().put(InputItem::Kind::Pick, centerOf(*table, *range));
     } else {
@@ -109,6 +109,10 @@ std::wstring visible(const std::wstring& prompt) {
 }  // namespace
 
 std::wstring key(Editor& editor, const std::wstring& name) {
+    if (name.size() == 1) {
+        editor.input().type(name);
+        return {};
+    }
     const auto* found = std::find_if(std::begin(kKeys), std::end(kKeys), [&](const Key& k) { return k.name == name; });
     if (found == std::end(kKeys)) return L"nothing is open that @key " + name + L" acts on.";
     found->press(editor.input());

@@ -16,7 +16,7 @@ std::wstring pick(Editor& editor, const std::wstring& arguments);
 std::wstring cells(Editor& editor, const std::wstring& arguments);
 /// The document of that number, counted from 1.
 std::wstring document(Editor& editor, const std::wstring& number);
-/// ESC, ENTER or SPACE.
+/// ESC, ENTER, SPACE or a single character.
 std::wstring key(Editor& editor, const std::wstring& name);
 /// An error unless the prompt reads so; blanks and line ends around both don't count.
 std::wstring expectPrompt(const Editor& editor, const std::wstring& text);

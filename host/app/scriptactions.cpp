@@ -6,12 +6,14 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "host/app/promptactions.h"
 #include "host/app/script.h"
 #include "host/ed/commandline.h"
 #include "host/mfc/messagebox.h"
 #include "host/ui/automation.h"
+#include "host/ui/inplaceeditor/editorautomation.h"
 
 namespace kdhost {
 namespace {
@@ -47,15 +49,20 @@ std::wstring expectMessage(const std::wstring& arguments) {
     return expectEqual(L"the last message", lastMessageBoxText(), withLineEnds(split.rest));
 }
 
-/// The in-place editor is part of the drawing view.
-std::wstring editCell(const std::wstring&) {
-    return L"no cell is being edited.";
+std::wstring editCell(const std::wstring& arguments) {
+    const Split split = splitFirst(arguments);
+    return automation::edit(split.first, withLineEnds(split.rest));
+}
+
+std::wstring expectEditor(const std::wstring& wanted) {
+    const std::optional<std::wstring> shown = automation::editorText();
+    return shown ? expectEqual(L"the editor's text", *shown, withLineEnds(wanted)) : L"no cell is being edited.";
 }
 
 std::wstring expectInWindow(const std::wstring& arguments) {
     const Split split = splitFirst(arguments);
     if (split.first == L"prompt") return automation::topWindowName() + L" is open: no prompt waits.";
-    if (split.first == L"editor") return editCell(split.rest);
+    if (split.first == L"editor") return expectEditor(split.rest);
     if (split.first == L"focus") return automation::expectFocus(split.rest);
     const Split property = splitFirst(split.rest);
     return automation::expect(split.first, property.first, property.rest);
@@ -67,9 +74,12 @@ std::wstring nothingOpenFor(const std::wstring& action) {
 
 std::wstring expectAtPrompt(Editor& editor, const std::wstring& arguments) {
     const Split split = splitFirst(arguments);
-    if (split.first == L"prompt") return promptactions::expectPrompt(editor, split.rest);
-    if (split.first == L"editor" || automation::hasWindow()) return expectInWindow(arguments);
-    return nothingOpenFor(L"expect " + split.first);
+    return split.first == L"prompt" ? promptactions::expectPrompt(editor, split.rest) : expectInWindow(arguments);
+}
+
+/// To a window that stands beside the prompt when that has the keyboard.
+std::wstring keyAtPrompt(Editor& editor, const std::wstring& name) {
+    return automation::hasKeyboard() ? automation::key(name) : promptactions::key(editor, name);
 }
 
 struct Action {
@@ -93,14 +103,14 @@ constexpr Action kActions[] = {
     {L"expect", expectAtPrompt, expectInWindow},
     {L"file", nullptr, automation::file},
     {L"focus", nullptr, automation::focus},
-    {L"key", promptactions::key, automation::key},
+    {L"key", keyAtPrompt, automation::key},
     {L"label", nullptr, automation::label},
     {L"menu", nullptr, automation::menu},
     {L"message", anywhere<expectMessage>, expectMessage},
     {L"pick", promptactions::pick, nullptr},
     {L"select", nullptr, onControl<automation::select>},
     {L"set", nullptr, onControl<automation::set>},
-    {L"shot", nullptr, automation::shot},
+    {L"shot", anywhere<automation::shot>, automation::shot},
     {L"type", nullptr, onControl<automation::type>},
 };
 

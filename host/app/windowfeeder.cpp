@@ -10,6 +10,8 @@
 
 #include "host/rx/encoding.h"
 #include "host/ui/automation.h"
+#include "host/ui/inplaceeditor/editorpanel.h"
+#include "host/ui/inplaceeditor/inplaceeditor.h"
 
 namespace kdhost {
 namespace {
@@ -18,18 +20,18 @@ namespace {
 constexpr int kMostDismissed = 1000;
 
 bool keepsPeopleFromAllElse(const QWidget& widget) {
-    return widget.isWindow() && (widget.isModal() || widget.windowType() == Qt::Popup);
+    const bool isOnTop = widget.isWindow() && (widget.isModal() || widget.windowType() == Qt::Popup);
+    return isOnTop || &widget == openInPlaceEditor();
 }
 
 }  // namespace
 
-WindowFeeder::WindowFeeder(std::chrono::milliseconds patience) {
+WindowFeeder::WindowFeeder(std::optional<std::chrono::milliseconds> patience) : m_patience(patience) {
     // Without delay, and each a shot of its own, since a repeating timer keeps still in loops that it has opened.
     m_round.setSingleShot(true);
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(patience);
+    m_idle.setSingleShot(true);
     connect(&m_round, &QTimer::timeout, this, &WindowFeeder::goRound);
-    connect(&m_patience, &QTimer::timeout, this, &WindowFeeder::losePatience);
+    connect(&m_idle, &QTimer::timeout, this, &WindowFeeder::losePatience);
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -44,10 +46,10 @@ bool WindowFeeder::eventFilter(QObject* object, QEvent* event) {
 }
 
 void WindowFeeder::askForTurn() {
+    m_idle.stop();
     // A loop whose window has gone ends between two rounds: by the second the loop of the window on top runs.
     m_roundsToGo = 2;
     m_round.start();
-    m_patience.start();
 }
 
 void WindowFeeder::goRound() {
@@ -62,10 +64,10 @@ void WindowFeeder::takeTurn() {
     // A window that has just come is told by and by that it is on the screen and in front.
     QCoreApplication::processEvents();
     if (!automation::isBlocked()) return;
-    m_patience.start();
     if (m_dismisses) {
         dismissTop();
     } else if (m_user == nullptr || !m_user->useWindow()) {
+        if (m_patience) m_idle.start(*m_patience);
         return;
     }
     askForTurn();

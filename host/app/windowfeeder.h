@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 #include <chrono>
+#include <optional>
 #include <string>
 
 namespace kdhost {
@@ -23,8 +24,9 @@ public:
 
 class WindowFeeder : public QObject {
 public:
-    /// Watches all windows of the program, until it ends. A window that is left alone for `patience` fails.
-    explicit WindowFeeder(std::chrono::milliseconds patience = std::chrono::seconds(10));
+    /// Watches all windows of the program, until it ends. A window that is left alone for `patience` fails; without
+    /// a limit it may stay open for ever.
+    explicit WindowFeeder(std::optional<std::chrono::milliseconds> patience);
     ~WindowFeeder() override;
 
     /// Null for none; the user stays the caller's. A window that opens without one waits in vain.
@@ -49,7 +51,8 @@ private:
 
     WindowUser* m_user = nullptr;
     QTimer m_round;
-    QTimer m_patience;
+    std::optional<std::chrono::milliseconds> m_patience;
+    QTimer m_idle;  ///< runs while nobody has anything to do to the window on top
     int m_roundsToGo = 0;
     bool m_dismisses = false;
     int m_dismissed = 0;

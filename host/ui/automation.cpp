@@ -10,19 +10,17 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <array>
 #include <optional>
 
+#include "host/ad/application.h"
 #include "host/ui/automationfind.h"
+#include "host/ui/inplaceeditor/editorpanel.h"
+#include "host/ui/inplaceeditor/inplaceeditor.h"
 #include "host/ui/realinput.h"
 
 namespace kdhost::automation {
 
 namespace {
-
-QString qt(const std::wstring& text) {
-    return QString::fromStdWString(text);
-}
 
 /// The edit that typing goes to; null for a control without one.
 QLineEdit* editOf(QWidget& control) {
@@ -32,76 +30,8 @@ QLineEdit* editOf(QWidget& control) {
     return nullptr;
 }
 
-std::optional<bool> flagOf(const std::wstring& value) {
-    const QString word = qt(value).toLower();
-    for (const char* on : {"on", "yes", "true", "1"}) {
-        if (word == QLatin1String(on)) return true;
-    }
-    for (const char* off : {"off", "no", "false", "0"}) {
-        if (word == QLatin1String(off)) return false;
-    }
-    return std::nullopt;
-}
-
 void setCheck(QAbstractButton& button, bool wanted) {
     if (button.isChecked() != wanted) pressKey(Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-}
-
-struct NamedKey {
-    const wchar_t* name;
-    int key;
-    const char* text;
-};
-
-constexpr std::array kKeys = {
-    NamedKey{L"ENTER", Qt::Key_Return, "\r"},    NamedKey{L"ESC", Qt::Key_Escape, ""},
-    NamedKey{L"TAB", Qt::Key_Tab, "\t"},         NamedKey{L"SPACE", Qt::Key_Space, " "},
-    NamedKey{L"DELETE", Qt::Key_Delete, ""},     NamedKey{L"BACKSPACE", Qt::Key_Backspace, ""},
-    NamedKey{L"INSERT", Qt::Key_Insert, ""},     NamedKey{L"UP", Qt::Key_Up, ""},
-    NamedKey{L"DOWN", Qt::Key_Down, ""},         NamedKey{L"LEFT", Qt::Key_Left, ""},
-    NamedKey{L"RIGHT", Qt::Key_Right, ""},       NamedKey{L"HOME", Qt::Key_Home, ""},
-    NamedKey{L"END", Qt::Key_End, ""},           NamedKey{L"PAGEUP", Qt::Key_PageUp, ""},
-    NamedKey{L"PAGEDOWN", Qt::Key_PageDown, ""}, NamedKey{L"MENU", Qt::Key_Menu, ""},
-};
-
-/// Takes a prefix off; false when it isn't there.
-bool takePrefix(std::wstring& text, const std::wstring& prefix) {
-    if (text.rfind(prefix, 0) != 0) return false;
-    text.erase(0, prefix.size());
-    return true;
-}
-
-Qt::KeyboardModifiers takeModifiers(std::wstring& name) {
-    Qt::KeyboardModifiers modifiers;
-    for (;;) {
-        if (takePrefix(name, L"CTRL+")) {
-            modifiers |= Qt::ControlModifier;
-        } else if (takePrefix(name, L"SHIFT+")) {
-            modifiers |= Qt::ShiftModifier;
-        } else {
-            return modifiers;
-        }
-    }
-}
-
-/// 1 to 12; 0 for a name that is none of a function key.
-int functionKey(const std::wstring& name) {
-    if (name.size() < 2 || name[0] != L'F') return 0;
-    const int number = qt(name).midRef(1).toInt();
-    return number >= 1 && number <= 12 ? number : 0;
-}
-
-bool isFlag(const std::wstring& property) {
-    return property == L"enabled" || property == L"checked" || property == L"visible";
-}
-
-std::wstring actual(const QWidget& control, const std::wstring& property) {
-    if (property == L"text") return shownText(control).toStdWString();
-    if (property == L"rows") return std::to_wstring(Choices(const_cast<QWidget&>(control)).count());
-    if (property == L"enabled") return control.isEnabled() ? L"on" : L"off";
-    if (property == L"visible") return control.isVisible() ? L"on" : L"off";
-    const auto* button = qobject_cast<const QAbstractButton*>(&control);
-    return button != nullptr && button->isChecked() ? L"on" : L"off";
 }
 
 QString quoted(const QString& text) {
@@ -115,10 +45,18 @@ QString nameOfPopup(const QWidget& popup) {
     return QStringLiteral("the list of ") + (owner == nullptr ? popup.objectName() : owner->objectName());
 }
 
+/// The in-place editor, unless a dialog is open over it.
+QWidget* editorOnTop() {
+    EditorPanel* editor = openInPlaceEditor();
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal == nullptr || modal == editor ? editor : nullptr;
+}
+
 }  // namespace
 
 QWidget* topWindow() {
     if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+    if (QWidget* editor = editorOnTop()) return editor;
     bringTopDialogToFront();
     return QApplication::activeWindow();
 }
@@ -127,7 +65,9 @@ std::wstring topWindowName() {
     const QWidget* top = topWindow();
     if (top == nullptr) return {};
     QString name;
-    if (const auto* box = qobject_cast<const QMessageBox*>(top)) {
+    if (top == openInPlaceEditor()) {
+        name = QStringLiteral("the cell editor");
+    } else if (const auto* box = qobject_cast<const QMessageBox*>(top)) {
         name = QStringLiteral("the message box ") + quoted(box->text());
     } else if (qobject_cast<const QFileDialog*>(top) != nullptr) {
         name = QStringLiteral("the file dialog ") + quoted(top->windowTitle());
@@ -140,12 +80,21 @@ std::wstring topWindowName() {
 }
 
 bool isBlocked() {
-    return QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr;
+    return QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr ||
+           openInPlaceEditor() != nullptr;
 }
 
 bool hasWindow() {
     const QWidgetList windows = QApplication::topLevelWidgets();
     return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) { return window->isVisible(); });
+}
+
+bool hasKeyboard() {
+    if (QApplication::activePopupWidget() != nullptr) return true;
+    // A dialog that asks at the prompt leaves the keys to it.
+    if (QApplication::activeModalWidget() != nullptr) return false;
+    const QWidget* focused = QApplication::focusWidget();
+    return focused != nullptr && focused->isVisible();
 }
 
 std::wstring set(const std::wstring& name, const std::wstring& value) {
@@ -190,51 +139,11 @@ std::wstring focus(const std::wstring& name) {
     });
 }
 
-std::wstring key(const std::wstring& name) {
-    std::wstring rest = name;
-    const Qt::KeyboardModifiers modifiers = takeModifiers(rest);
-    if (topWindow() == nullptr) return L"no window is open.";
-    for (const NamedKey& known : kKeys) {
-        if (rest != known.name) continue;
-        const bool backwards = known.key == Qt::Key_Tab && (modifiers & Qt::ShiftModifier) != 0;
-        pressKey(backwards ? Qt::Key_Backtab : known.key, modifiers, QString::fromLatin1(known.text));
-        return {};
-    }
-    if (const int number = functionKey(rest); number != 0) {
-        pressKey(Qt::Key_F1 + number - 1, modifiers);
-        return {};
-    }
-    if (rest.size() != 1) return L"there is no key " + name + L".";
-    const QString character = qt(rest);
-    const bool command = (modifiers & Qt::ControlModifier) != 0;
-    pressKey(character.toUpper().at(0).unicode(), modifiers, command ? QString() : character);
-    return {};
-}
-
 std::wstring shot(const std::wstring& file) {
     QWidget* top = topWindow();
+    if (top == nullptr && Application::current() != nullptr) top = Application::current()->mainWindow();
     if (top == nullptr) return L"no window is open.";
     return top->grab().save(qt(file)) ? L"" : L"the picture " + file + L" can't be written.";
-}
-
-std::wstring expect(const std::wstring& name, const std::wstring& property, const std::wstring& value) {
-    const QWidget* control = findControl(qt(name));
-    if (control == nullptr) return L"there is no control " + name + L".";
-    if (!isFlag(property) && property != L"text" && property != L"rows") {
-        return L"nothing is called " + property + L" of a control.";
-    }
-    const std::wstring found = actual(*control, property);
-    const std::optional<bool> flag = isFlag(property) ? flagOf(value) : false;
-    if (!flag) return property + L" is on or off.";
-    const std::wstring wanted = isFlag(property) ? (*flag ? L"on" : L"off") : value;
-    return found == wanted ? L"" : name + L" " + property + L" is " + found + L", not " + wanted + L".";
-}
-
-std::wstring expectFocus(const std::wstring& name) {
-    if (QApplication::activePopupWidget() == nullptr) bringTopDialogToFront();
-    const QWidget* focused = QApplication::focusWidget();
-    const std::wstring found = focused == nullptr ? L"nowhere" : focused->objectName().toStdWString();
-    return found == name ? L"" : L"the focus is in " + found + L", not in " + name + L".";
 }
 
 std::wstring close() {

@@ -17,6 +17,8 @@ QWidget* topWindow();
 std::wstring topWindowName();
 /// True when a dialog, message box, menu or drop-down list is open, which keeps people from all else.
 bool isBlocked();
+/// While a prompt waits: true when a menu or window that stands beside it has the keys.
+bool hasKeyboard();
 /// True when any window shows that has controls.
 bool hasWindow();
 
@@ -46,11 +48,12 @@ std::wstring answer(const std::wstring& button);
 std::wstring file(const std::wstring& path);
 /// Answers the colour dialog: none, bylayer, byblock, an index, "R,G,B" or "CANCEL".
 std::wstring color(const std::wstring& color);
-/// "[CTRL+][SHIFT+]NAME" to whatever has the focus.
+/// "[CTRL+][SHIFT+]NAME", a name or a single character, to whatever has the focus.
 std::wstring key(const std::wstring& name);
-/// A picture of the top window, in the format of the file's ending.
+/// A picture of the top window, with none open of the main window, also a hidden one, in the format of the file's
+/// ending.
 std::wstring shot(const std::wstring& file);
-/// `property` is text, enabled, checked, rows or visible.
+/// `name` is a control or an item of the open menu; `property` is text, enabled, checked, rows or visible.
 std::wstring expect(const std::wstring& name, const std::wstring& property, const std::wstring& value);
 std::wstring expectFocus(const std::wstring& name);
 /// Closes the top window by its frame.

@@ -1,17 +1,14 @@
-// The answers of scripts to menus, message boxes and the host's own dialogs.
+// The answers of scripts to message boxes and the host's own dialogs.
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
-#include <QPointer>
 #include <array>
-#include <functional>
+#include <vector>
 
 #include "host/ui/automation.h"
 #include "host/ui/automationfind.h"
@@ -21,47 +18,6 @@
 namespace kdhost::automation {
 
 namespace {
-
-QString qt(const std::wstring& text) {
-    return QString::fromStdWString(text);
-}
-
-QString plainText(const QAction& action) {
-    QString text = action.text().section(QLatin1Char('\t'), 0, 0);
-    text.replace(QStringLiteral("&&"), QStringLiteral("\n"));
-    text.remove(QLatin1Char('&'));
-    return text.replace(QLatin1Char('\n'), QLatin1Char('&'));
-}
-
-using Way = QList<QPointer<QAction>>;
-
-/// The way from the menu down to the item: sub-menus' actions, then the item's own. Empty when it isn't there.
-Way wayTo(const QMenu& menu, const std::function<bool(const QAction&)>& wanted) {
-    for (QAction* action : menu.actions()) {
-        if (!action->isVisible() || action->isSeparator()) continue;
-        if (action->menu() == nullptr) {
-            if (wanted(*action)) return {action};
-            continue;
-        }
-        Way way = wayTo(*action->menu(), wanted);
-        if (!way.isEmpty()) return Way{action} + way;
-    }
-    return {};
-}
-
-QMenu* openMenu() {
-    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-}
-
-/// By object name, or by its text in quotes or without.
-Way wayToItem(const QMenu& menu, const std::wstring& item) {
-    const bool quoted = item.size() >= 2 && item.front() == L'"' && item.back() == L'"';
-    const QString name = qt(quoted ? item.substr(1, item.size() - 2) : item);
-    Way way;
-    if (!quoted) way = wayTo(menu, [&](const QAction& action) { return action.objectName() == name; });
-    if (way.isEmpty()) way = wayTo(menu, [&](const QAction& action) { return plainText(action) == name; });
-    return way;
-}
 
 struct Answer {
     const wchar_t* name;
@@ -89,30 +45,45 @@ QAbstractButton* buttonOf(const QDialog& dialog, QDialogButtonBox::ButtonRole ro
     return nullptr;
 }
 
-}  // namespace
+struct NamedColor {
+    bool (KdCmColor::*is)() const;
+    const wchar_t* button;
+};
 
-std::wstring menu(const std::wstring& item) {
-    QMenu* open = openMenu();
-    if (open == nullptr) return L"no menu is open.";
-    if (item == L"CANCEL") {
-        // One press for each level.
-        for (; open != nullptr; open = openMenu()) pressKey(Qt::Key_Escape);
-        return {};
-    }
-    const Way way = wayToItem(*open, item);
-    if (way.isEmpty()) return L"the menu has no item " + item + L".";
-    for (const QPointer<QAction>& step : way) {
-        if (!step->isEnabled()) return L"the menu's item " + item + L" is disabled.";
-    }
-    for (const QPointer<QAction>& step : way) {
-        open = openMenu();
-        if (open == nullptr || step == nullptr) return L"the menu closed before " + item + L" was chosen.";
-        open->setActiveAction(step);
-        // An active sub-menu's own action has opened it.
-        if (step->menu() == nullptr || !step->menu()->isVisible()) pressKey(Qt::Key_Return);
-    }
-    return {};
+constexpr std::array kNamedColors = {
+    NamedColor{&KdCmColor::isByLayer, L"IDC_COLOR_BYLAYER_BUTTON"},
+    NamedColor{&KdCmColor::isByBlock, L"IDC_COLOR_BYBLOCK_BUTTON"},
+    NamedColor{&KdCmColor::isNone, L"IDC_COLOR_NONE_BUTTON"},
+};
+
+/// Where the colour dialog takes a colour's numbers.
+struct ColorNumber {
+    const wchar_t* page;
+    const wchar_t* control;
+    int value;
+};
+
+std::vector<ColorNumber> numbersOf(const KdCmColor& color) {
+    if (color.isByACI()) return {{L"#0", L"IDC_COLOR_INDEX_EDIT", color.colorIndex()}};
+    return {{L"#1", L"IDC_COLOR_RED_SPIN", color.red()},
+            {L"#1", L"IDC_COLOR_GREEN_SPIN", color.green()},
+            {L"#1", L"IDC_COLOR_BLUE_SPIN", color.blue()}};
 }
+
+/// By the controls of the colour dialog, which has no button for what it doesn't offer.
+std::wstring enterColor(const KdCmColor& color) {
+    for (const NamedColor& named : kNamedColors) {
+        if ((color.*named.is)()) return click(named.button);
+    }
+    std::wstring error;
+    for (const ColorNumber& number : numbersOf(color)) {
+        if (error.empty()) error = select(L"IDC_COLOR_PAGES", number.page);
+        if (error.empty()) error = set(number.control, std::to_wstring(number.value));
+    }
+    return error;
+}
+
+}  // namespace
 
 std::wstring answer(const std::wstring& button) {
     const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -153,7 +124,10 @@ std::wstring file(const std::wstring& path) {
 std::wstring color(const std::wstring& color) {
     const QWidget* top = QApplication::activeModalWidget();
     if (top == nullptr || top->objectName() != QLatin1String("ColorDialog")) return L"no colour dialog is open.";
-    if (answerColorDialog(qt(color))) return {};
+    if (color == L"CANCEL") return click(L"IDCANCEL");
+    const std::optional<KdCmColor> wanted = colorOfText(qt(color));
+    const std::wstring error = wanted ? enterColor(*wanted) : L"no colour";
+    if (error.empty()) return click(L"IDOK");
     return L"the colour dialog takes none, bylayer and byblock where it offers them, N, R,G,B or CANCEL, not " + color +
            L".";
 }

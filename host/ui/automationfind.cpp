@@ -45,15 +45,17 @@ bool liesUnderPopup(const QWidget& control) {
 
 QWidget* findControl(const QString& name) {
     if (QWidget* modal = QApplication::activeModalWidget()) return findWithin(*modal, name);
+    QWidget* hidden = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (!window->isVisible()) continue;
-        if (QWidget* found = findWithin(*window, name)) return found;
+        QWidget* found = findWithin(*window, name);
+        if (found != nullptr && found->isVisible()) return found;
+        if (hidden == nullptr) hidden = found;
     }
-    return nullptr;
+    return hidden;
 }
 
 std::wstring onControl(const std::wstring& name, const std::function<std::wstring(QWidget&)>& act) {
-    QWidget* control = findControl(QString::fromStdWString(name));
+    QWidget* control = findControl(qt(name));
     if (control == nullptr) return L"there is no control " + name + L".";
     if (!control->isVisible()) return name + L" is hidden.";
     if (!control->isEnabled()) return name + L" is disabled.";
@@ -70,12 +72,23 @@ bool hasKeys(const QPointer<QWidget>& control) {
     return control != nullptr && focused != nullptr && (control->hasFocus() || belongsTo(focused, control));
 }
 
+std::optional<bool> flagOf(const std::wstring& text) {
+    const QString word = qt(text).toLower();
+    for (const char* on : {"on", "yes", "true", "1"}) {
+        if (word == QLatin1String(on)) return true;
+    }
+    for (const char* off : {"off", "no", "false", "0"}) {
+        if (word == QLatin1String(off)) return false;
+    }
+    return std::nullopt;
+}
+
 std::wstring replaceText(QLineEdit& edit, const std::wstring& name, const std::wstring& value) {
     const QPointer<QWidget> typed(&edit);
     if (edit.isReadOnly()) return name + L" can't be changed.";
     edit.selectAll();
     if (value.empty()) pressKey(Qt::Key_Delete);
-    for (const QChar character : QString::fromStdWString(value)) {
+    for (const QChar character : qt(value)) {
         if (!hasKeys(typed)) return name + L" lost the focus before all was typed.";
         typeKeys(character);
     }
@@ -121,12 +134,11 @@ std::optional<int> Choices::find(const QString& choice) const {
     return std::nullopt;
 }
 
-QString shownText(const QWidget& control) {
-    auto& own = const_cast<QWidget&>(control);
-    const Choices choices(own);
+QString shownText(QWidget& control) {
+    const Choices choices(control);
     if (choices.exist() && choices.combo() == nullptr) return choices.text(choices.current());
     CStdStr<wchar_t> text;
-    CWnd(&own).GetWindowTextW(text);
+    CWnd(&control).GetWindowTextW(text);
     return QString::fromStdWString(text);
 }
 

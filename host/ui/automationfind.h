@@ -8,6 +8,7 @@
 #include <string>
 
 class QAbstractItemView;
+class QAction;
 class QComboBox;
 class QLineEdit;
 class QTabBar;
@@ -15,8 +16,11 @@ class QWidget;
 
 namespace kdhost::automation {
 
-/// A control of the top dialog, or of any dialog that is shown while none is modal; visible ones first. Null
-/// when there is none.
+inline QString qt(const std::wstring& text) {
+    return QString::fromStdWString(text);
+}
+
+/// A control of the top dialog or, while none is modal, of any window; visible ones first. Null when there is none.
 QWidget* findControl(const QString& name);
 
 /// Carries `act` out on a control that a person could use now, in the window that is in front then. What is wrong
@@ -25,6 +29,9 @@ std::wstring onControl(const std::wstring& name, const std::function<std::wstrin
 
 /// True while the control has the keys. What a key or a click sets off may end its dialog or move the focus.
 bool hasKeys(const QPointer<QWidget>& control);
+
+/// What "on" and "off" and their like say; none for any other word.
+std::optional<bool> flagOf(const std::wstring& word);
 
 /// Replaces an edit's text by keys.
 std::wstring replaceText(QLineEdit& edit, const std::wstring& name, const std::wstring& value);
@@ -52,7 +59,12 @@ private:
     QTabBar* m_tabs = nullptr;
 };
 
+/// An item of the open popup menu, its sub-menus included, by object name; null when there is none.
+QAction* findMenuItem(const QString& name);
+/// The text of an item without its mnemonic's mark and its shortcut.
+QString plainText(const QAction& action);
+
 /// What the control shows as its text: of a combo box, list or tab bar the chosen row's.
-QString shownText(const QWidget& control);
+QString shownText(QWidget& control);
 
 }  // namespace kdhost::automation

@@ -17,10 +17,6 @@ namespace kdhost::automation {
 
 namespace {
 
-QString qt(const std::wstring& text) {
-    return QString::fromStdWString(text);
-}
-
 /// A place of a widget.
 struct Target {
     QWidget* widget;

@@ -18,8 +18,4 @@ QString colorName(const KdCmColor& color);
 /// True when a dialog offers the colour: by layer, by block and none only where these are asked for.
 bool offersColor(const KdCmColor& color, bool allowMeta);
 
-/// Answers the colour dialog that is open on top: a text of colorOfText chooses that colour and presses OK,
-/// "CANCEL" cancels. False when none is open or it doesn't take the text; the dialog then stays as it was.
-bool answerColorDialog(const QString& text);
-
 }  // namespace kdhost

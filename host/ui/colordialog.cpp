@@ -46,24 +46,6 @@ public:
 
     const KdCmColor& color() const { return m_color; }
 
-    /// As if the user chose it; false when it isn't offered.
-    bool choose(const KdCmColor& color) {
-        if (!offersColor(color, m_allowMeta)) return false;
-        if (color.isByACI() || color.isByColor()) {
-            m_pages->setCurrentIndex(color.isByColor() ? 1 : 0);
-            if (color.isByACI()) {
-                m_index->setText(QString::number(color.colorIndex()));
-            } else {
-                const std::array values = {color.red(), color.green(), color.blue()};
-                for (std::size_t i = 0; i < values.size(); ++i) m_parts[i]->setValue(values[i]);
-                takeTrueColor();
-            }
-        } else {
-            take(color);
-        }
-        return true;
-    }
-
 private:
     QWidget* indexPage() {
         auto* page = new QWidget(this);
@@ -95,6 +77,13 @@ private:
             nameControl(m_parts[i], kNames[i]);
             layout->addRow(labelFor(m_parts[i], kTexts[i]), m_parts[i]);
             connect(m_parts[i], QOverload<int>::of(&QSpinBox::valueChanged), this, [this] { takeTrueColor(); });
+            // The numbers of the colour at hand, typed again, mean the true colour of its looks.
+            connect(m_parts[i], &QSpinBox::editingFinished, this, [this, spin = m_parts[i]] {
+                auto* edit = spin->findChild<QLineEdit*>();
+                if (!edit->isModified()) return;
+                edit->setModified(false);
+                takeTrueColor();
+            });
         }
         return page;
     }
@@ -201,18 +190,6 @@ private:
 };
 
 }  // namespace
-
-bool answerColorDialog(const QString& text) {
-    auto* dialog = dynamic_cast<ColorDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return false;
-    const bool cancel = text.trimmed().compare(QLatin1String("CANCEL"), Qt::CaseInsensitive) == 0;
-    if (!cancel) {
-        const std::optional<KdCmColor> color = colorOfText(text);
-        if (!color || !dialog->choose(*color)) return false;
-    }
-    dialog->findChild<QPushButton*>(cancel ? QStringLiteral("IDCANCEL") : QStringLiteral("IDOK"))->click();
-    return true;
-}
 
 }  // namespace kdhost
 

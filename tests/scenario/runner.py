@@ -35,7 +35,7 @@ def expected_error(script, wanted):
     return wanted
 
 
-def environment(folder, more):
+def environment(folder, more=""):
     """What the program finds in its environment: settings of its own, little patience, and `NAME=VALUE`s."""
     values = dict(os.environ, XDG_CONFIG_HOME=str(folder / "settings"),
                   KDHOST_IDLE_MILLISECONDS=str(IDLE_MILLISECONDS))
@@ -43,11 +43,17 @@ def environment(folder, more):
     return values
 
 
+def start(kdhost, folder, name, arguments, variables):
+    """A run of NAME.kds in the folder, which writes NAME.json."""
+    command = [kdhost, "--headless", "--script", f"{name}.kds", "--dump", f"{name}.json"] + arguments
+    return subprocess.run(command, cwd=folder, env=variables, capture_output=True, encoding="utf-8",
+                          timeout=TIMEOUT_SECONDS)
+
+
 def play(kdhost, folder, lines, arguments):
     """The dump after a good run of these script lines in the folder."""
     (folder / "play.kds").write_text("".join(line + "\n" for line in lines), encoding="utf-8")
-    command = [kdhost, "--headless", "--script", "play.kds", "--dump", "play.json"] + arguments.split()
-    done = subprocess.run(command, cwd=folder, capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS)
+    done = start(kdhost, folder, "play", arguments.split(), environment(folder))
     assert done.returncode == 0, f"status {done.returncode}: {done.stderr}"
     return json.loads((folder / "play.json").read_text(encoding="utf-8"))
 
@@ -57,10 +63,8 @@ def run(kdhost, script, folder):
     plugins = str(pathlib.Path(kdhost).parent.parent / "test_plugins")
     shutil.copytree(script.parent / "inputs", folder, dirs_exist_ok=True)
     shutil.copy(script, folder)
-    command = [kdhost, "--headless", "--script", script.name, "--dump", "dump.json"]
-    command += expected.get("arguments", "").replace("TEST_PLUGINS", plugins).split()
-    done = subprocess.run(command, cwd=folder, env=environment(folder, expected.get("environment", "")),
-                          capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS)
+    arguments = expected.get("arguments", "").replace("TEST_PLUGINS", plugins).split()
+    done = start(kdhost, folder, script.stem, arguments, environment(folder, expected.get("environment", "")))
     print(done.stdout, end="")
 
     fails = expected.get("fails")
@@ -69,7 +73,7 @@ def run(kdhost, script, folder):
     assert done.returncode == status, f"status {done.returncode}, not {status}: {done.stderr}"
     assert done.stderr.strip() == error, f"standard error reads {done.stderr!r}, not {error!r}"
 
-    dump = folder / "dump.json"
+    dump = folder / f"{script.stem}.json"
     return SimpleNamespace(
         folder=folder, output=done.stdout,
         play=lambda lines, arguments="": play(kdhost, folder, lines, arguments),

@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 
-#include "host/ui/colorchoice.h"
+#include "host/ui/automation.h"
 #include "tests/ui/combo_fixture.h"
 
 namespace {
@@ -16,7 +16,8 @@ class ColorBox : public BoxTest {
 protected:
     ColorBox() { box.Attach(combo); }
     void answer(const char* text, const std::function<void()>& run) {
-        inDialog([&](QWidget&) { EXPECT_TRUE(kdhost::answerColorDialog(QString::fromLatin1(text))); }, run);
+        inDialog([&](QWidget&) { EXPECT_EQ(kdhost::automation::color(QString::fromLatin1(text).toStdWString()), L""); },
+                 run);
     }
     KdCmColor color() const {
         KdCmColor current = KdCmColor::none();

@@ -2,6 +2,7 @@
 
 #include <QTabWidget>
 
+#include "host/ui/automation.h"
 #include "host/ui/colorchoice.h"
 #include "host/ui/colorpalette.h"
 #include "tests/ui/hostdialogs_fixture.h"
@@ -76,7 +77,10 @@ class ColorDialogs : public kdtest::HostDialogTest {
 protected:
     bool ask(bool meta = true) { return kdedSetColorDialogTrueColor(color, meta, KdCmColor::fromIndex(3)); }
     void nextAnswer(const char* text) {
-        next([text](QWidget&) { EXPECT_TRUE(kdhost::answerColorDialog(QString::fromLatin1(text))); });
+        next([text](QWidget&) { EXPECT_EQ(answer(text), L""); });
+    }
+    static std::wstring answer(const char* text) {
+        return kdhost::automation::color(QString::fromLatin1(text).toStdWString());
     }
     KdCmColor color = KdCmColor::fromIndex(1);
 };
@@ -90,26 +94,44 @@ TEST_F(ColorDialogs, answers_by_text_press_ok_or_cancel) {
         EXPECT_TRUE(ask());
         EXPECT_EQ(color, named.color) << named.text;
     }
-    nextAnswer("cancel");
+    nextAnswer("CANCEL");
     EXPECT_FALSE(ask());
     EXPECT_EQ(color, KdCmColor::fromRgb(0, 0, 0));
 }
 
 TEST_F(ColorDialogs, without_a_dialog_there_is_nothing_to_answer) {
-    EXPECT_FALSE(kdhost::answerColorDialog(QStringLiteral("1")));
+    EXPECT_EQ(answer("1"), L"no colour dialog is open.");
 }
 
 TEST_F(ColorDialogs, what_is_not_offered_or_no_colour_leaves_the_dialog_open) {
     next([](QWidget& dialog) {
-        for (const char* text : {"bylayer", "byblock", "none", "0", "x"}) {
-            EXPECT_FALSE(kdhost::answerColorDialog(QString::fromLatin1(text))) << text;
+        for (const char* text : {"bylayer", "byblock", "none", "0", "x", "cancel", ""}) {
+            EXPECT_NE(answer(text), L"") << text;
         }
         EXPECT_EQ(dialog.findChild<QPushButton*>(QStringLiteral("IDC_COLOR_BYLAYER_BUTTON")), nullptr);
         EXPECT_TRUE(dialog.isVisible());
-        EXPECT_TRUE(kdhost::answerColorDialog(QStringLiteral("5")));
+        EXPECT_EQ(answer("5"), L"");
     });
     EXPECT_TRUE(ask(false));
     EXPECT_EQ(color, KdCmColor::fromIndex(5));
+}
+
+TEST_F(ColorDialogs, black_typed_over_the_parts_of_no_colour_is_black) {
+    color = KdCmColor::none();
+    nextAnswer("0,0,0");
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(color, KdCmColor::fromRgb(0, 0, 0));
+}
+
+TEST_F(ColorDialogs, passing_over_the_parts_of_a_colour_leaves_it_as_it_is) {
+    next([](QWidget& dialog) {
+        in<QTabWidget>(dialog, "IDC_COLOR_PAGES").setCurrentIndex(1);
+        in<QSpinBox>(dialog, "IDC_COLOR_RED_SPIN").setFocus();
+        for (int i = 0; i < 3; ++i) QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        press(dialog, "IDOK");
+    });
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(color, KdCmColor::fromIndex(1));
 }
 
 TEST_F(ColorDialogs, typing_an_index_and_enter_chooses_it) {

@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include "host/ui/automation.h"
-#include "host/ui/colorchoice.h"
 #include "host/ui/colorpalette.h"
 #include "host/win32/modules.h"
 #include "kd/ad/mainapp.h"
@@ -56,7 +55,7 @@ protected:
         next([=](QWidget& dialog) {
             if (shown != nullptr)
                 *shown = dialog.findChild<kdhost::ColorPalette*>(QStringLiteral("IDC_COLOR_PALETTE"))->index();
-            EXPECT_TRUE(kdhost::answerColorDialog(QString::fromLatin1(answer)));
+            EXPECT_EQ(automation::color(QString::fromLatin1(answer).toStdWString()), L"");
         });
     }
 
@@ -95,7 +94,7 @@ TEST_F(AskingEdits, SetBackgroundColorFormMenu_takes_by_layer_and_by_block_too) 
 TEST_F(AskingEdits, SetBackgroundColorFormMenu_cancelled_changes_nothing) {
     const KdDbObjectId table = addTable(TableBuilder(1, 1).select("A1"));
     const auto stepsBefore = steps();
-    nextColor("cancel");
+    nextColor("CANCEL");
     EXPECT_EQ(Common::SetBackgroundColorFormMenu(table), 1);
     EXPECT_TRUE(look(table).backgroundColor(0, 0).isNone());
     EXPECT_EQ(steps(), stepsBefore);
@@ -115,12 +114,12 @@ TEST_F(AskingEdits, The_colour_of_the_cells_never_reaches_the_dialog_which_start
     Common::SetBackgroundColor(table, KdCmColor::fromIndex(1));
     setLayerColor(KdCmColor::fromIndex(77));
     int shown = 0;
-    nextColor("cancel", &shown);
+    nextColor("CANCEL", &shown);
     Common::SetBackgroundColorFormMenu(table);
     EXPECT_EQ(shown, 77);
 
     KdCmColor color = KdCmColor::fromIndex(5);
-    nextColor("cancel", &shown);
+    nextColor("CANCEL", &shown);
     EXPECT_FALSE(Common::GetColorDialogTrueColor(color, true));
     EXPECT_EQ(shown, 77);
     EXPECT_EQ(color, KdCmColor::fromIndex(77)) << "the caller's colour is lost";
@@ -149,12 +148,12 @@ TEST_F(AskingEdits, SetTableIndicator_keeps_the_colour_chosen_and_offers_no_meta
         return color;
     };
     const KdDbObjectId table = addTable(TableBuilder(1, 1).select("A1"));
-    nextColor("cancel");
+    nextColor("CANCEL");
     EXPECT_TRUE(Common::SetTableIndicator(table));
     EXPECT_EQ(kept(), before);
     next([](QWidget&) {
-        EXPECT_FALSE(kdhost::answerColorDialog(QStringLiteral("bylayer")));
-        EXPECT_TRUE(kdhost::answerColorDialog(QStringLiteral("11,22,33")));
+        EXPECT_NE(automation::color(L"bylayer"), L"");
+        EXPECT_EQ(automation::color(L"11,22,33"), L"");
     });
     EXPECT_TRUE(Common::SetTableIndicator(KdDbObjectId::kNull)) << "it is one colour for all tables";
     EXPECT_EQ(kept(), KdCmColor::fromRgb(11, 22, 33));

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
+#include <QImage>
+#include <QWidget>
 
 #include "host/app/cellreference.h"
 #include "host/app/commands/append.h"
@@ -153,6 +155,19 @@ TEST_F(ScriptRuns, keys_press_esc_enter_and_blank) {
     EXPECT_EQ(answers, (Texts{L"", L"", L"(cancelled)"}));
 }
 
+TEST_F(ScriptRuns, keys_type_character_by_character) {
+    EXPECT_EQ(run("ASKFOREVER\n@key a\n@key b\n@key 2\n@key ENTER\n@key ESC\n"), "");
+    EXPECT_EQ(answers, (Texts{L"ab2", L"(cancelled)"}));
+}
+
+TEST_F(ScriptRuns, a_picture_without_an_open_window_shows_the_main_window) {
+    QWidget mainWindow;
+    mainWindow.resize(40, 30);
+    m_application.setMainWindow(&mainWindow);
+    EXPECT_EQ(run("@shot " + file("main.png") + "\n"), "");
+    EXPECT_EQ(QImage(QString::fromStdString(file("main.png"))).size(), QSize(40, 30));
+}
+
 TEST_F(ScriptRuns, cells_are_selected_as_dragging_would_up_to_whole_merges) {
     auto table = std::make_unique<KdDbTable>();
     table->setSize(6, 6);
@@ -213,12 +228,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Failing{"@message line Done\n", "s.kds:1: the last message is \"\", not \"Done\"."},
                       Failing{"@message other\n", "s.kds:1: @message takes box or line."},
                       Failing{"@expect prompt Name:\n", "s.kds:1: the prompt is \"Command:\", not \"Name:\"."},
-                      Failing{"@expect IDOK enabled\n", "s.kds:1: nothing is open that @expect IDOK acts on."},
+                      Failing{"@expect IDOK enabled on\n", "s.kds:1: there is no control IDOK."},
                       Failing{"@set IDC_NAME x\n", "s.kds:1: nothing is open that @set acts on."},
                       Failing{"@menu CANCEL\n", "s.kds:1: nothing is open that @menu acts on."},
                       Failing{"@edit ENTER x\n", "s.kds:1: no cell is being edited."},
                       Failing{"@expect editor x\n", "s.kds:1: no cell is being edited."},
-                      Failing{"@expect focus IDOK\n", "s.kds:1: nothing is open that @expect focus acts on."},
+                      Failing{"@expect focus IDOK\n", "s.kds:1: the focus is in nowhere, not in IDOK."},
+                      Failing{"@shot a.png\n", "s.kds:1: no window is open."},
                       Failing{"@close\n", "s.kds:1: nothing is open that @close acts on."},
                       Failing{"LAYER Set walls\n", "s.kds:1: There is no layer \"walls\"."},
                       Failing{"DOCUMENT x\n", "s.kds:1: There is no drawing x."},

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "host/ed/commands.h"
 #include "kd/ed/prompts.h"
 #include "kd/ui/hostdialogs.h"
 #include "mfc/messagebox.h"
@@ -111,6 +112,29 @@ void leaveMenuOpen() {
     menu.popup(QPoint(10, 10));
 }
 
+/// A window that stays beside the prompts, as a toolbar does.
+class TestBar : public QWidget {
+public:
+    TestBar() : QWidget(nullptr, Qt::Tool) {
+        setObjectName(QStringLiteral("BAR"));
+        auto* layout = new QVBoxLayout(this);
+        edit.setObjectName(QStringLiteral("IDC_FIND"));
+        layout->addWidget(&edit);
+        const auto button = [&](const char* name, auto clicked) {
+            auto* added = new QPushButton(QString::fromLatin1(name), this);
+            added->setObjectName(QString::fromLatin1(name));
+            added->setFocusPolicy(Qt::NoFocus);
+            layout->addWidget(added);
+            connect(added, &QPushButton::clicked, this, clicked);
+        };
+        button("IDC_SEND", [] { kdhost::currentEditor()->input().send(L"NEST\n"); });
+        button("IDC_MENU", showMenu);
+        button("IDC_HIDE", [this] { hide(); });
+    }
+
+    QLineEdit edit;
+};
+
 class WindowScripts : public kdtest::ScriptTest {
 protected:
     WindowScripts() {
@@ -127,6 +151,48 @@ protected:
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     }
 };
+
+class BarScripts : public WindowScripts {
+protected:
+    BarScripts() { m_bar.show(); }
+
+    TestBar m_bar;
+};
+
+TEST_F(BarScripts, a_window_beside_the_prompt_is_clicked_and_its_commands_come_before_the_next_line) {
+    EXPECT_EQ(run("@click IDC_SEND\n@set IDC_EDIT sent\n@click IDOK\nreply\n@expect prompt Command:\n"), "");
+    EXPECT_EQ(answers, (Texts{L"OUTER OK sent", L"reply"}));
+}
+
+TEST_F(BarScripts, a_menu_that_a_window_beside_the_prompt_opens_is_chosen_from_and_leads_on) {
+    EXPECT_EQ(run("@click IDC_MENU\n@menu IDR_BOX\n@answer OK\n@expect prompt Command:\n"), "");
+    EXPECT_EQ(answers, (Texts{L"Box? 1", L"IDR_BOX"}));
+    EXPECT_EQ(run("@click IDC_MENU\n"), "s.kds:1: the menu IDR_TEST is not answered.");
+}
+
+TEST_F(BarScripts, keys_go_to_a_window_beside_the_prompt_only_while_that_has_the_keyboard) {
+    EXPECT_EQ(run("NEST\n@click IDOK\n@focus IDC_FIND\n@key a\n@key b\n@expect IDC_FIND text ab\n@click IDC_HIDE\n"
+                  "@key c\n@key ENTER\n@expect IDC_FIND text ab\n"),
+              "");
+    EXPECT_EQ(answers, (Texts{L"OUTER OK ", L"c"}));
+}
+
+TEST_F(BarScripts, a_hidden_window_is_told_from_none) {
+    EXPECT_EQ(run("@expect BAR visible on\n@click IDC_HIDE\n@expect BAR visible off\n@expect IDC_FIND visible off\n"),
+              "");
+    EXPECT_EQ(run("@expect IDC_NONE visible off\n"), "s.kds:1: there is no control IDC_NONE.");
+    m_bar.show();
+    EXPECT_EQ(run("@click IDC_HIDE\n@close\n"), "s.kds:2: nothing is open that @close acts on.");
+}
+
+TEST_F(BarScripts, a_window_beside_the_prompt_is_closed_by_its_frame) {
+    EXPECT_EQ(run("@focus IDC_FIND\n@close\n@expect BAR visible off\n"), "");
+}
+
+TEST_F(BarScripts, a_dialog_keeps_all_lines_from_the_windows_beside_it) {
+    EXPECT_EQ(run("NEST\n@click IDC_HIDE\n"), "s.kds:2: there is no control IDC_HIDE.");
+    EXPECT_TRUE(m_bar.isVisible());
+}
 
 TEST_F(WindowScripts, lines_follow_into_dialogs_over_dialogs_and_out_again_to_prompts) {
     EXPECT_EQ(run("NEST\n"
@@ -182,6 +248,14 @@ TEST_F(WindowScripts, menus_are_chosen_from_and_what_their_items_open_is_answere
                   "SHOWMENU\n@key DOWN\n@key ENTER\n@key ENTER\n"),
               "");
     EXPECT_EQ(answers, (Texts{L"Box? 1", L"IDR_BOX", L"deep", L"IDR_DEEP", L"(no item)", L"Box? 1", L"IDR_BOX"}));
+}
+
+TEST_F(WindowScripts, items_of_the_open_menu_are_looked_at_as_controls_are) {
+    EXPECT_EQ(
+        run("SHOWMENU\n@expect IDR_OFF enabled off\n@expect IDR_BOX enabled on\n@expect IDR_BOX text Box\n"
+            "@expect IDR_BOX checked off\n@expect IDR_DEEP visible on\n@expect IDR_TEST visible on\n@menu CANCEL\n"),
+        "");
+    EXPECT_EQ(run("SHOWMENU\n@expect IDR_OFF enabled on\n"), "s.kds:2: IDR_OFF enabled is off, not on.");
 }
 
 TEST_F(WindowScripts, a_menu_without_a_loop_of_its_own_is_chosen_from_at_the_prompt) {

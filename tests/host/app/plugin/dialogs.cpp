@@ -43,6 +43,10 @@ public:
             m_list.InsertItem(m_list.GetItemCount(), text);
         }
         getWidgetsFromOrignal("IDC_LIST")->setMinimumHeight(140);
+        constexpr int kWithArrow = 6;
+        qobject_cast<KdUiPushButton*>(getWidgetsFromOrignal("IDC_PICTURE"))->setButtonStyle(kWithArrow);
+        connectControl("IDC_PICTURE", "clicked()", [] { tell(L"picture"); });
+        connectControl("IDC_PICTURE", "clickedEventEx()", [this] { showRowMenu(); });
     }
 
     void run() {
