@@ -3,9 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QStandardItemModel>
 #include <memory>
 
+#include "bench/itempeers.h"
 #include "bench/peerratio.h"
 #include "kd/db/database.h"
 #include "kd/db/table.h"
@@ -86,19 +86,7 @@ KdDbTable& zippedTable() {
 }
 
 void scanOfItemFlags(benchmark::State& state) {
-    QStandardItemModel model(rows, columns);
-    for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column) model.setItem(row, column, new QStandardItem);
-    }
-    for (auto _ : state) {
-        int editable = 0;
-        for (int row = 0; row < rows; ++row) {
-            for (int column = 0; column < columns; ++column) {
-                if ((model.flags(model.index(row, column)) & Qt::ItemIsEditable) != 0) ++editable;
-            }
-        }
-        benchmark::DoNotOptimize(editable);
-    }
+    kdbench::scanItemFlags(state, rows, columns);
 }
 BENCHMARK(scanOfItemFlags)->Unit(benchmark::kMicrosecond);
 

@@ -1,0 +1,140 @@
+// Rows and columns inserted into a table of 10,000 by 8 cells and deleted from it, each with its step of undo kept. The
+// peer is an item model of as many items, which takes and loses a row of items.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QStandardItemModel>
+#include <memory>
+
+#include "bench/peerratio.h"
+#include "bench/session.h"
+#include "host/win32/modules.h"
+#include "module/core/resources.h"
+
+namespace {
+
+using Common = CVqTableCommon;
+
+constexpr int columns = 8;
+constexpr int rows = 10'000;
+
+std::unique_ptr<kdbench::Session> session;
+
+std::unique_ptr<QStandardItemModel> itemModel() {
+    auto model = std::make_unique<QStandardItemModel>(rows, columns);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            model->setItem(row, column, new QStandardItem(QStringLiteral("123.45")));
+        }
+    }
+    return model;
+}
+
+QList<QStandardItem*> itemRow() {
+    QList<QStandardItem*> items;
+    for (int column = 0; column < columns; ++column) items.append(new QStandardItem(QStringLiteral("123.45")));
+    return items;
+}
+
+void insertItemRow(benchmark::State& state) {
+    const auto model = itemModel();
+    for (auto _ : state) {
+        model->insertRow(rows / 2, itemRow());
+        state.PauseTiming();
+        model->removeRow(rows / 2);
+        state.ResumeTiming();
+    }
+}
+
+void deleteItemRow(benchmark::State& state) {
+    const auto model = itemModel();
+    for (auto _ : state) {
+        model->removeRow(rows / 2);
+        state.PauseTiming();
+        model->insertRow(rows / 2, itemRow());
+        state.ResumeTiming();
+    }
+}
+
+void insertItemColumn(benchmark::State& state) {
+    const auto model = itemModel();
+    for (auto _ : state) {
+        QList<QStandardItem*> items;
+        for (int row = 0; row < rows; ++row) items.append(new QStandardItem(QStringLiteral("123.45")));
+        model->insertColumn(columns / 2, items);
+        state.PauseTiming();
+        model->removeColumn(columns / 2);
+        state.ResumeTiming();
+    }
+}
+
+void deleteItemColumn(benchmark::State& state) {
+    const auto model = itemModel();
+    for (auto _ : state) {
+        model->removeColumn(columns / 2);
+        state.PauseTiming();
+        model->insertColumn(columns / 2);
+        for (int row = 0; row < rows; ++row) {
+            model->setItem(row, columns / 2, new QStandardItem(QStringLiteral("123.45")));
+        }
+        state.ResumeTiming();
+    }
+}
+
+void selectMiddleCell(KdDbObjectId id) {
+    const OpenObject<KdDbTable> table(id, KdDb::kForRead);
+    const int row = table->numRows() / 2;
+    const int column = table->numColumns() / 2;
+    table->setSubSelection({row, column, row, column});
+}
+
+struct StructuralEdit {
+    const char* name;
+    kdbench::Edit edit;
+    const char* peer;
+};
+
+template <int (*operation)(KdDbObjectId)>
+int run(KdDbObjectId table, bool) {
+    return operation(table);
+}
+
+constexpr StructuralEdit edits[] = {
+    {"InsertRowByAbove", run<Common::InsertRowByAbove>, "insertItemRow"},
+    {"InsertRowByBelow", run<Common::InsertRowByBelow>, "insertItemRow"},
+    {"DeleteRows", run<Common::DeleteRows>, "deleteItemRow"},
+    {"InsertColumnByLeft", run<Common::InsertColumnByLeft>, "insertItemColumn"},
+    {"InsertColumnByRight", run<Common::InsertColumnByRight>, "insertItemColumn"},
+    {"DeleteColumns", run<Common::DeleteColumns>, "deleteItemColumn"},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    hLibModule = LoadResourceDll(L"TvxTableRes.dll");
+    benchmark::Initialize(&argc, argv);
+    session = std::make_unique<kdbench::Session>();
+    kdbench::PeerRatioReporter reporter("insertItemRow", 0.5, 0.2);
+    constexpr auto unit = benchmark::kMicrosecond;
+    benchmark::RegisterBenchmark("insertItemRow", insertItemRow)->Unit(unit);
+    benchmark::RegisterBenchmark("deleteItemRow", deleteItemRow)->Unit(unit);
+    benchmark::RegisterBenchmark("insertItemColumn", insertItemColumn)->Unit(unit);
+    benchmark::RegisterBenchmark("deleteItemColumn", deleteItemColumn)->Unit(unit);
+    const KdDbObjectId table = session->addTable(rows, columns);
+    const KdDbObjectId tenTimes = session->addTable(10 * rows, columns);
+    for (const StructuralEdit& edit : edits) {
+        kdbench::measureEdit(*session, edit.name, table, edit.edit, unit, selectMiddleCell);
+        kdbench::measureEdit(*session, edit.name + kdbench::tenTimesTheCells, tenTimes, edit.edit, unit,
+                             selectMiddleCell);
+        reporter.setGoal(edit.name, {edit.peer, 0.5, 0.2});
+        reporter.setGoal(std::string("undo_of_") + edit.name, {edit.peer, 0.5, 0.2});
+    }
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    session.reset();
+    FreeLibrary(hLibModule);
+    return 0;
+}
