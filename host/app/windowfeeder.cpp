@@ -37,6 +37,12 @@ WindowFeeder::WindowFeeder(std::optional<std::chrono::milliseconds> patience) : 
 
 WindowFeeder::~WindowFeeder() = default;
 
+void WindowFeeder::setUser(WindowUser* user) {
+    m_user = user;
+    m_dismissed = 0;
+    if (user == nullptr && !m_patience) m_dismisses = false;
+}
+
 bool WindowFeeder::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::Show && object->isWidgetType() &&
         keepsPeopleFromAllElse(static_cast<QWidget&>(*object))) {

@@ -29,11 +29,11 @@ public:
     explicit WindowFeeder(std::optional<std::chrono::milliseconds> patience);
     ~WindowFeeder() override;
 
-    /// Null for none; the user stays the caller's. A window that opens without one waits in vain.
-    void setUser(WindowUser* user) { m_user = user; }
+    /// Null for none; the user stays the caller's. A window that opens without one waits for a person, or in vain.
+    void setUser(WindowUser* user);
 
-    /// Ends the windows that are open, the top one first, and all that open from now on; why, in a line that is
-    /// empty when all is well.
+    /// Ends the windows that are open, the top one first, and all that open from now on: in a run that has its
+    /// patience until its end, in any other while its user stays. Why, in a line that is empty when all is well.
     void dismissAll(const std::string& reason);
     /// Why windows were dismissed; empty when none had to be.
     const std::string& failure() const { return m_failure; }

@@ -1,6 +1,5 @@
 // The colour dialog: an index colour from the palette, a true colour, or by layer, by block and none.
 
-#include <QApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>

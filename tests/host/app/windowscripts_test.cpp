@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -310,6 +311,15 @@ TEST_F(WindowScripts, windows_without_a_script_are_not_waited_for_for_ever) {
     EXPECT_EQ(windows.failure(), "the dialog OUTER \"Title of OUTER\" is not answered.");
     ask(nullptr, L"Late", MB_YESNO);
     EXPECT_EQ(answers, (Texts{L"OUTER cancelled ", L"(cancelled)", L"Late 2"}));
+}
+
+TEST_F(WindowScripts, a_person_goes_on_where_a_script_has_failed) {
+    kdhost::WindowFeeder windows{std::nullopt};
+    EXPECT_EQ(kdhost::ScriptRunner(m_application, kdhost::Script("s.kds", "NEST\n@nosuch\n"), windows).run(),
+              "s.kds:2: there is no action @nosuch.");
+    QTimer::singleShot(30, [] { qobject_cast<QDialog*>(QApplication::activeModalWidget())->done(QMessageBox::Yes); });
+    ask(nullptr, L"Still there?", MB_YESNO);
+    EXPECT_EQ(answers, (Texts{L"OUTER cancelled ", L"(cancelled)", L"Still there? 6"}));
 }
 
 TEST_F(WindowScripts, a_command_that_asks_for_ever_ends_the_program) {
