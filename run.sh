@@ -6,7 +6,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 csv=$(realpath -m -- "${1:-$here/examples/parts.csv}")
 cd "$here"
 
-scripts/build release
+scripts/build release kdhost TvxTable TvxTableRes
 
 name=$(basename -- "$csv")
 name=${name%.*}
