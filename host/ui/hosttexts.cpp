@@ -117,6 +117,17 @@ constexpr std::array kTexts = {
     Text{HostText::FileReplace, "%1 already exists. Replace it?", "%1 已存在。要替换它吗？"},
     Text{HostText::HelpTitle, "Help", "帮助"},
     Text{HostText::HelpMissing, "There are no help pages.", "没有帮助页面。"},
+    Text{HostText::HelpBack, "&Back", "后退(&B)"},
+    Text{HostText::HelpContents, "&Contents", "目录(&C)"},
+    Text{HostText::HelpClose, "Close", "关闭"},
+    Text{HostText::EditorTitle, "Text Editor", "文字编辑器"},
+    Text{HostText::EditorBar, "Text format", "文字格式"},
+    Text{HostText::EditorBold, "Bold", "粗体"},
+    Text{HostText::EditorItalic, "Italic", "斜体"},
+    Text{HostText::EditorUnderline, "Underline", "下划线"},
+    Text{HostText::EditorColor, "Color", "颜色"},
+    Text{HostText::EditorHeight, "Text height", "文字高度"},
+    Text{HostText::EditorFormula, "Insert formula (Enter)", "插入公式 (回车)"},
 };
 
 constexpr bool inOrder() {

@@ -105,6 +105,17 @@ enum class HostText {
     FileReplace,  ///< %1 the file
     HelpTitle,
     HelpMissing,
+    HelpBack,
+    HelpContents,
+    HelpClose,
+    EditorTitle,
+    EditorBar,
+    EditorBold,
+    EditorItalic,
+    EditorUnderline,
+    EditorColor,
+    EditorHeight,
+    EditorFormula,
     kCount,
 };
 
