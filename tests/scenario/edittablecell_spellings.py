@@ -63,8 +63,8 @@ def merged(action):
     return [*ROADS["merge"], ("merge", action)]
 
 
-def formula(action, *picks):
-    return [*ROADS["formula"], ("formula", action), *[(LINE, f"@cells #PLACE {cell}") for cell in picks]]
+def formula(action, *lines):
+    return [*ROADS["formula"], ("formula", action), *[(LINE, line) for line in lines]]
 
 
 def content(action):
@@ -106,6 +106,16 @@ EDITS = {
     "format unlocked": ("C3", formatted("Unlock"), ("C3", formatted("Lock")), lambda t: states(t) == {}),
     "style": ("2:2", styled("editcellStyle", "_TITLE"), None,
               lambda t: {cell["style"] for cell in t["cells"][1]} == {"_TITLE"}),
+    "sum": ("B2", formula("Sum", "@cells #PLACE A2:A5", "@expect editor =Sum(A2:A5)", "@edit OUTSIDE"), None,
+            lambda t: rows(t)[1][:3] == ["1", "10", ""]),
+    "average": ("B2", formula("Average", "@cells #PLACE A2:A5", "@edit OUTSIDE"), None,
+                lambda t: rows(t)[1][:3] == ["1", "2.5", ""]),
+    "count": ("C2", formula("Count", "@cells #PLACE A2:A5", "@edit OUTSIDE"), None,
+              lambda t: rows(t)[1][:3] == ["1", "", "4"]),
+    "cell": ("B2", formula("Cell", "@cells #PLACE C5", "@expect editor =C5", "@edit OUTSIDE"), None,
+             lambda t: rows(t)[1][:3] == ["1", "200", ""]),
+    "equation": ("B2", formula("Equation", "@expect editor =", "@edit OUTSIDE =A5*2"), None,
+                 lambda t: rows(t)[1][:3] == ["1", "8", ""]),
 }
 for number, place in enumerate(["TL", "TC", "TR", "ML", "MC", "MR", "BL", "BC", "BR"], start=1):
     EDITS[f"aligned {place}"] = ("D4", aligned(place), None,
@@ -113,11 +123,7 @@ for number, place in enumerate(["TL", "TC", "TR", "ML", "MC", "MR", "BL", "BC", 
 
 # Keywords that leave the table as it is: what they ask is asked all the same.
 QUESTIONS = {
-    "sum": ("B2", formula("Sum", "A2", "A5")),
-    "average": ("B2", formula("Average", "A2", "A5")),
-    "count": ("B2", formula("Count", "A5", "A2")),
-    "cell": ("B2", formula("Cell", "A2")),
-    "equation": ("B2", formula("Equation")),
+    "sum": ("B2", formula("Sum", "@cells #PLACE A2:A5", "@edit ESC")),
     "border": ("B2", structure("BOrder")),
     "background": ("B2", formatted("BGcolor", "255,0,0")),
     "cell styles": ("B2", styled("Edittablestyle")),
