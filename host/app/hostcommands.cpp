@@ -2,12 +2,14 @@
 
 #include "host/app/hostcommands.h"
 
+#include "host/app/commands/blockcommands.h"
 #include "host/app/commands/documentcommands.h"
 #include "host/app/commands/drawcommands.h"
 #include "host/app/commands/exportcommands.h"
 #include "host/app/commands/layercommand.h"
 #include "host/app/commands/programcommands.h"
 #include "host/app/commands/tableimport.h"
+#include "host/app/commands/ucscommand.h"
 #include "host/app/commands/undocommands.h"
 #include "host/app/commands/viewcommands.h"
 #include "host/rx/commandstack.h"
@@ -27,12 +29,14 @@ constexpr int kUsesSelection = KdEdCommandFlag::kUsePickSet;
 constexpr int kKeepsSelection = KdEdCommandFlag::kUsePickSet | KdEdCommandFlag::kRedraw;
 
 constexpr HostCommand kCommands[] = {
+    {L"BLOCK", kUsesSelection, makeBlock},
     {L"CLOSE", kKeepsSelection, closeDocument},
     {L"DOCUMENT", kKeepsSelection, switchDocument},
     {L"ERASE", kUsesSelection, eraseObjects},
     {L"EXPORTPNG", kKeepsSelection, exportPng},
     {L"EXPORTSVG", kKeepsSelection, exportSvg},
     {L"HELP", kKeepsSelection, showHelp},
+    {L"INSERT", 0, insertBlock},
     {L"LANGUAGE", kKeepsSelection, chooseLanguage},
     {L"LAYER", 0, editLayers},
     {L"LINE", 0, drawLines},
@@ -45,6 +49,7 @@ constexpr HostCommand kCommands[] = {
     {L"SETVAR", kKeepsSelection, setVariable},
     {L"TABLEIMPORT", 0, importTable},
     {L"U", kKeepsSelection, undoStep},
+    {L"UCS", kKeepsSelection, setUserCoordinates},
     {L"UNDO", kKeepsSelection, undoSteps},
     {L"ZOOM", kKeepsSelection, zoom},
 };

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <unordered_set>
+#include <vector>
 
 #include "kd/db/database.h"
 #include "kd/db/headervar.h"
@@ -37,6 +38,14 @@ struct UserSystem {
     friend bool operator==(const UserSystem&, const UserSystem&) = default;
 };
 
+/// Those of one space.
+struct SpaceSystems {
+    UserSystem now;
+    std::vector<UserSystem> earlier;  ///< that the user may go back to, the newest last
+
+    friend bool operator==(const SpaceSystems&, const SpaceSystems&) = default;
+};
+
 /// What new objects take, and where they go.
 struct CurrentSettings {
     KdDbObjectId layer;
@@ -44,8 +53,8 @@ struct CurrentSettings {
     KdDbObjectId textStyle;
     KdDbObjectId tableStyle;
     bool modelSpace = true;
-    UserSystem modelSystem;
-    UserSystem paperSystem;
+    SpaceSystems modelSystems;
+    SpaceSystems paperSystems;
 
     friend bool operator==(const CurrentSettings&, const CurrentSettings&) = default;
 };

@@ -14,10 +14,16 @@
 #include "host/ed/picking.h"
 #include "host/ed/variableprompt.h"
 #include "host/ed/variables.h"
+#include "host/ed/words.h"
 #include "host/rx/commandstack.h"
+#include "host/rx/encoding.h"
 
 namespace kdhost {
 namespace {
+
+constexpr Words kUnknown{L"Unknown command \"%1\".", L"未知命令“%1”。"};
+constexpr Words kEndedByError{L"%1 ended by an error: %2", L"%1 因错误而终止: %2"};
+constexpr Words kEndedByAnError{L"%1 ended by an error.", L"%1 因错误而终止。"};
 
 constexpr int kKeepsSelection = KdEdCommandFlag::kUsePickSet | KdEdCommandFlag::kRedraw;
 
@@ -81,10 +87,9 @@ void callSafely(const CommandRecord& command) {
     try {
         command.function();
     } catch (const std::exception& error) {
-        commandLine().fail(command.globalName + L" ended by an error: " +
-                           QString::fromUtf8(error.what()).toStdWString());
+        commandLine().fail(kEndedByError.with(command.globalName, fromUtf8(error.what())));
     } catch (...) {
-        commandLine().fail(command.globalName + L" ended by an error.");
+        commandLine().fail(kEndedByAnError.with(command.globalName));
     }
 }
 
@@ -108,7 +113,7 @@ void runWord(const std::wstring& word) {
     } else if (const VariableRecord* variable = findVariable(word)) {
         runVariable(*variable);
     } else if (!runLispWord(word)) {
-        commandLine().fail(L"Unknown command \"" + word + L"\".");
+        commandLine().fail(kUnknown.with(word));
     }
 }
 

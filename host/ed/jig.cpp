@@ -124,7 +124,7 @@ KdEdJig::DragStatus KdEdJig::drag() {
             }
             const auto point = kdhost::parsePoint(answer.text, editor->lastPoint());
             if (!point) {
-                kdhost::commandLine().write(L"\nA point is needed: x,y or x,y,z.");
+                kdhost::commandLine().write(kdhost::kPointNeeded.text());
                 continue;
             }
             picked = editor->toWorld(*point);

@@ -79,4 +79,9 @@ std::optional<std::wstring> KeywordList::match(const std::wstring& answer) const
     return std::nullopt;
 }
 
+std::optional<std::wstring> KeywordList::matchEither(const std::wstring& answer) const {
+    const std::optional<std::wstring> local = match(answer);
+    return local ? local : match(L"_" + answer);
+}
+
 }  // namespace kdhost

@@ -20,6 +20,9 @@ public:
     /// first run of capitals must be there; the letters before it may be left out and more of the letters
     /// behind it may follow. A leading underscore asks for the global words.
     std::optional<std::wstring> match(const std::wstring& answer) const;
+    /// The same, and the global words need no underscore: what the host asks itself is answered by a script in
+    /// either language.
+    std::optional<std::wstring> matchEither(const std::wstring& answer) const;
 
 private:
     struct Word {

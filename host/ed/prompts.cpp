@@ -39,8 +39,12 @@ bool chooseKeyword(Editor& editor, const Editor::Announcement& announced, const 
     return word.has_value();
 }
 
-void tell(const wchar_t* message) {
-    kdhost::commandLine().write(message);
+constexpr kdhost::Words kAnswerNeeded{L"\nAn answer is needed.", L"\n需要输入。"};
+constexpr kdhost::Words kEntityNeeded{L"\nPick an entity, or type the coordinates of a point on it.",
+                                      L"\n请拾取对象，或输入其上一点的坐标。"};
+
+void tell(const kdhost::Words& message) {
+    kdhost::commandLine().write(message.text());
 }
 
 }  // namespace
@@ -62,7 +66,7 @@ int kdedGetKword(const wchar_t* prompt, wchar_t* reply) {
             return RTNORM;
         }
         if (!announced.refusesEnter()) return RTREJ;
-        tell(L"\nAn answer is needed.");
+        tell(kAnswerNeeded);
     }
 }
 
@@ -77,7 +81,7 @@ int kdedGetString(int allowSpaces, const wchar_t* prompt, wchar_t* reply) {
             copyCut(reply, kStringSize, answer.text);
             return RTNORM;
         }
-        tell(L"\nAn answer is needed.");
+        tell(kAnswerNeeded);
     }
 }
 
@@ -97,7 +101,7 @@ int kdedGetPoint(const KdGePoint3d* base, const wchar_t* prompt, KdGePoint3d& po
         if (chooseKeyword(*editor, announced, answer.text)) return RTKWORD;
         const auto entered = kdhost::parsePoint(answer.text, base == nullptr ? editor->lastPoint() : *base);
         if (entered) return accept(*entered);
-        tell(L"\nA point is needed: x,y or x,y,z.");
+        tell(kdhost::kPointNeeded);
     }
 }
 
@@ -120,7 +124,7 @@ int kdedEntSel(const wchar_t* prompt, kded_name name, kded_point point) {
         std::optional<KdGePoint3d> picked = answer.point;
         if (!answer.isPick()) picked = kdhost::parsePoint(answer.text, editor->lastPoint());
         if (!picked) {
-            tell(L"\nPick an entity, or type the coordinates of a point on it.");
+            tell(kEntityNeeded);
             continue;
         }
         const KdGePoint3d world = answer.isPick() ? *picked : editor->toWorld(*picked);

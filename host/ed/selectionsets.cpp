@@ -20,6 +20,12 @@ namespace {
 
 using Ids = std::vector<KdDbObjectId>;
 
+constexpr Words kSelect{L"\nSelect objects: ", L"\n选择对象: "};
+constexpr Words kWords{L"ALL Last _ALL Last", L"全部(ALL) 上一个(L) _ALL Last"};
+constexpr Words kObjectsNeeded{L"\nPick objects, or type the coordinates of a point on one, All or Last.",
+                               L"\n请拾取对象，或输入其上一点的坐标、全部(ALL) 或上一个(L)。"};
+constexpr Words kNothingThere{L"\nNothing lies there.", L"\n该处没有对象。"};
+
 struct SelectionSets {
     std::map<std::int64_t, Ids> sets;
     std::int64_t lastNumber = 0;
@@ -49,8 +55,8 @@ void addOnce(Ids& ids, KdDbObjectId id) {
 
 /// What one answer adds; false, with the user told, when it adds nothing.
 bool addAnswer(Editor& editor, const Answer& answer, Ids& ids) {
-    static const KeywordList words(L"ALL Last _ALL Last");
-    const std::wstring word = answer.isPick() ? L"" : words.match(answer.text).value_or(L"");
+    const KeywordList words(kWords.text());
+    const std::wstring word = answer.isPick() ? L"" : words.matchEither(answer.text).value_or(L"");
     if (!word.empty()) {
         Ids all = entitiesOfCurrentSpace(editor.database());
         if (word == L"Last" && !all.empty()) all = {all.back()};
@@ -63,12 +69,12 @@ bool addAnswer(Editor& editor, const Answer& answer, Ids& ids) {
         if (point) point = editor.toWorld(*point);
     }
     if (!point) {
-        commandLine().write(L"\nPick objects, or type the coordinates of a point on one, All or Last.");
+        commandLine().write(kObjectsNeeded.text());
         return false;
     }
     const Ids hit = pickAt(editor, *point);
     if (hit.empty()) {
-        commandLine().write(L"\nNothing lies there.");
+        commandLine().write(kNothingThere.text());
         return false;
     }
     addOnce(ids, hit.front());
@@ -78,7 +84,7 @@ bool addAnswer(Editor& editor, const Answer& answer, Ids& ids) {
 int askForObjects(Editor& editor, Ids& ids) {
     editor.takeAnnouncement();
     for (;;) {
-        const Answer answer = editor.ask(PromptKind::Objects, L"\nSelect objects: ");
+        const Answer answer = editor.ask(PromptKind::Objects, kSelect.text());
         if (answer.isCancel()) return RTCAN;
         if (!answer.isPick() && answer.text.empty()) return ids.empty() ? RTERROR : RTNORM;
         addAnswer(editor, answer, ids);

@@ -12,7 +12,7 @@ void switchDocument();
 void closeDocument();
 /// QUIT: ends the program once the command is done; what was typed ahead is dropped.
 void quit();
-/// SETVAR: shows a host variable and takes a new value.
+/// SETVAR: shows a host variable and takes a new value; "?" lists all of them.
 void setVariable();
 
 }  // namespace kdhost

@@ -1,118 +1,108 @@
-// LINE, ERASE and LIST.
+// LINE and ERASE.
 
 #include "host/app/commands/drawcommands.h"
 
-#include <cstdarg>
+#include <optional>
 #include <vector>
 
 #include "host/app/commands/append.h"
-#include "host/db/access.h"
+#include "host/app/commands/chosenobjects.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
 #include "host/ed/opened.h"
+#include "host/ed/words.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"
-#include "kd/db/symboltable.h"
-#include "kd/db/table.h"
 #include "kd/ed/prompts.h"
-#include "kd/ed/selection.h"
-#include "mfc/stdstr.h"
 
 namespace kdhost {
 namespace {
 
-/// What is selected, or else what the user picks; nothing when that is cancelled.
-std::vector<KdDbObjectId> chosenObjects() {
-    kded_name set;
-    std::vector<KdDbObjectId> ids;
-    if (kdedSSGet(L"_I", nullptr, nullptr, nullptr, set) != RTNORM &&
-        kdedSSGet(nullptr, nullptr, nullptr, nullptr, set) != RTNORM) {
-        return ids;
+constexpr Words kFirstPoint{L"\nFirst point: ", L"\n第一点: "};
+constexpr Words kNextPoint{L"\nNext point or [Close/Undo]: ", L"\n下一点或 [闭合(C)/放弃(U)]: "};
+constexpr Words kWords{L"Close Undo _Close Undo", L"闭合(C) 放弃(U) _Close Undo"};
+constexpr Words kNotWritten{L"The drawing can't be written now.", L"现在无法修改图形。"};
+constexpr Words kNothingToClose{L"\nTwo lines at least are needed to close.", L"\n至少需要两条直线才能闭合。"};
+constexpr Words kNothingToUndo{L"\nThere is no line to take back.", L"\n没有可放弃的直线。"};
+constexpr Words kErased{L"\n%1 erased.", L"\n已删除 %1 个对象。"};
+constexpr Words kKept{L"\n%1 on locked layers or in use kept.", L"\n锁定图层上或正在使用的 %1 个对象未删除。"};
+
+/// Lines drawn one behind the other, by one run of the command. Points are the user's.
+class LineString {
+public:
+    LineString(Editor& editor, const KdGePoint3d& first) : m_editor(editor), m_points{first} {}
+
+    const KdGePoint3d& last() const { return m_points.back(); }
+
+    /// False, with the user told, when the drawing can't take the line.
+    bool goTo(const KdGePoint3d& to) {
+        auto line = std::make_unique<KdDbLine>(m_editor.toWorld(last()), m_editor.toWorld(to));
+        line->setDatabaseDefaults(&m_editor.database());
+        const KdDbLine* made = line.get();
+        if (!appendToCurrentSpace(m_editor.database(), std::move(line))) {
+            commandLine().fail(kNotWritten.text());
+            return false;
+        }
+        m_lines.push_back(made->objectId());
+        m_points.push_back(to);
+        return true;
     }
-    int length = 0;
-    kdedSSLength(set, &length);
-    for (int i = 0; i < length; ++i) {
-        kded_name name;
-        KdDbObjectId id;
-        if (kdedSSName(set, i, name) == RTNORM && kddbGetObjectId(id, name) == Kdad::eOk) ids.push_back(id);
+
+    void takeBack() {
+        if (m_lines.empty()) return commandLine().write(kNothingToUndo.text());
+        if (const Opened<KdDbLine> line(m_lines.back(), KdDb::kForWrite); line) line->erase();
+        m_lines.pop_back();
+        m_points.pop_back();
+        m_editor.lastPoint() = last();
     }
-    kdedSSFree(set);
-    return ids;
-}
 
-bool isOnLockedLayer(KdDbObjectId id) {
-    const auto* entity = peek<KdDbEntity>(id);
-    const auto* layer = entity == nullptr ? nullptr : peek<KdDbLayerTableRecord>(entity->layerId());
-    return layer != nullptr && layer->isLocked();
-}
-
-bool erase(KdDbObjectId id) {
-    if (isOnLockedLayer(id)) return false;
-    const Opened<KdDbEntity> entity(id, KdDb::kForWrite);
-    return entity && entity->erase() == Kdad::eOk;
-}
-
-std::wstring layerName(const KdDbEntity& entity) {
-    std::wstring name;
-    if (const auto* layer = peek<KdDbLayerTableRecord>(entity.layerId())) layer->getName(name);
-    return name;
-}
-
-CStdStr<wchar_t> formatted(const wchar_t* pattern, ...) {
-    va_list arguments;
-    va_start(arguments, pattern);
-    CStdStr<wchar_t> text(kdFormatV(pattern, arguments));
-    va_end(arguments);
-    return text;
-}
-
-void list(const KdDbEntity& entity) {
-    std::wstring text = formatted(L"%ls, handle %llX, layer %ls", entity.isA()->name(),
-                                  static_cast<unsigned long long>(entity.handle()), layerName(entity).c_str());
-    if (entity.isKindOf(KdDbTable::desc())) {
-        const auto& table = static_cast<const KdDbTable&>(entity);
-        text += formatted(L", %d rows, %d columns", table.numRows(), table.numColumns());
+    /// False where there is nothing to close.
+    bool close() {
+        if (m_lines.size() >= 2) {
+            goTo(m_points.front());
+            return true;
+        }
+        commandLine().write(kNothingToClose.text());
+        return false;
     }
-    if (const KdDbExtents box = entity.getGeomExtents(); box.isValid()) {
-        text +=
-            formatted(L", from %g,%g to %g,%g", box.minPoint().x, box.minPoint().y, box.maxPoint().x, box.maxPoint().y);
-    }
-    kdedPrompt((L"\n" + text).c_str());
+
+private:
+    Editor& m_editor;
+    std::vector<KdGePoint3d> m_points;  ///< one more than there are lines
+    std::vector<KdDbObjectId> m_lines;
+};
+
+/// False when that ends the command.
+bool goOn(LineString& lines) {
+    KdGePoint3d point;
+    kdedInitGet(0, kWords.text());
+    const int status = kdedGetPoint(&lines.last(), kNextPoint.text(), point);
+    if (status == RTNORM) return lines.goTo(point);
+    if (status != RTKWORD) return false;
+    wchar_t word[132];
+    kdedGetInput(word);
+    if (std::wstring(word) == L"Close") return !lines.close();
+    lines.takeBack();
+    return true;
 }
 
 }  // namespace
 
 void drawLines() {
-    Editor& editor = *currentEditor();
-    KdGePoint3d from;
-    if (kdedGetPoint(nullptr, L"\nFirst point: ", from) != RTNORM) return;
-    KdGePoint3d to;
-    while (kdedGetPoint(&from, L"\nNext point: ", to) == RTNORM) {
-        auto line = std::make_unique<KdDbLine>(editor.toWorld(from), editor.toWorld(to));
-        line->setDatabaseDefaults(&editor.database());
-        if (!appendToCurrentSpace(editor.database(), std::move(line))) {
-            commandLine().fail(L"The drawing can't be written now.");
-            return;
-        }
-        from = to;
+    KdGePoint3d first;
+    if (kdedGetPoint(nullptr, kFirstPoint.text(), first) != RTNORM) return;
+    LineString lines(*currentEditor(), first);
+    while (goOn(lines)) {
     }
 }
 
 void eraseObjects() {
     const std::vector<KdDbObjectId> ids = chosenObjects();
     if (ids.empty()) return;
-    int erased = 0;
-    for (KdDbObjectId id : ids) erased += erase(id) ? 1 : 0;
-    const int kept = static_cast<int>(ids.size()) - erased;
-    kdutPrintf(L"\n%d erased.", erased);
-    if (kept > 0) kdutPrintf(L"\n%d on locked layers or in use kept.", kept);
+    const int kept = eraseWhatMayGo(ids);
+    commandLine().write(kErased.with(static_cast<int>(ids.size()) - kept));
+    if (kept > 0) commandLine().write(kKept.with(kept));
     currentEditor()->pickFirst().clear();
-}
-
-void listObjects() {
-    for (KdDbObjectId id : chosenObjects()) {
-        if (const Opened<KdDbEntity> entity(id); entity) list(*entity);
-    }
 }
 
 }  // namespace kdhost

@@ -2,17 +2,21 @@
 
 #include "host/app/commands/layercommand.h"
 
-#include <cwchar>
-
-#include "host/ed/commandline.h"
+#include "host/app/commands/keywordmenu.h"
 #include "host/ed/editor.h"
 #include "host/ed/opened.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
-#include "kd/ed/prompts.h"
 
 namespace kdhost {
 namespace {
+
+constexpr KeywordPrompt kMenu{
+    {L"\n[Make/Set/LOck/Unlock]: ", L"\n[新建(M)/置为当前(S)/锁定(LO)/解锁(U)]: "},
+    {L"Make Set LOck Unlock _Make Set LOck Unlock", L"新建(M) 置为当前(S) 锁定(LO) 解锁(U) _Make Set LOck Unlock"}};
+constexpr Words kName{L"\nName of the layer: ", L"\n图层名: "};
+constexpr Words kNoSuchLayer{L"There is no layer \"%1\".", L"没有图层“%1”。"};
+constexpr Words kNotMade{L"The layer \"%1\" can't be made.", L"无法新建图层“%1”。"};
 
 KdDbObjectId findLayer(KdDbDatabase& database, const std::wstring& name) {
     KdDbObjectId id;
@@ -29,37 +33,24 @@ KdDbObjectId makeLayer(KdDbDatabase& database, const std::wstring& name) {
     return id;
 }
 
-void noSuchLayer(const std::wstring& name) {
-    commandLine().fail(L"There is no layer \"" + name + L"\".");
-}
-
 /// A layer that is there already is made current all the same.
 void make(KdDbDatabase& database, const std::wstring& name) {
     KdDbObjectId id = findLayer(database, name);
     if (id.isNull()) id = makeLayer(database, name);
-    if (id.isNull()) {
-        commandLine().fail(L"The layer \"" + name + L"\" can't be made.");
-    } else {
-        database.setClayer(id);
-    }
+    if (id.isNull()) return commandLine().fail(kNotMade.with(name));
+    database.setClayer(id);
 }
 
 void setCurrent(KdDbDatabase& database, const std::wstring& name) {
     const KdDbObjectId id = findLayer(database, name);
-    if (id.isNull()) {
-        noSuchLayer(name);
-    } else {
-        database.setClayer(id);
-    }
+    if (id.isNull()) return commandLine().fail(kNoSuchLayer.with(name));
+    database.setClayer(id);
 }
 
 void setLocked(KdDbDatabase& database, const std::wstring& name, bool locked) {
     const Opened<KdDbLayerTableRecord> layer(findLayer(database, name), KdDb::kForWrite);
-    if (layer) {
-        layer->setIsLocked(locked);
-    } else {
-        noSuchLayer(name);
-    }
+    if (!layer) return commandLine().fail(kNoSuchLayer.with(name));
+    layer->setIsLocked(locked);
 }
 
 struct Action {
@@ -78,21 +69,10 @@ constexpr Action kActions[] = {
 
 void editLayers() {
     KdDbDatabase& database = currentEditor()->database();
-    wchar_t word[132];
     wchar_t name[1024];
-    for (;;) {
-        kdedInitGet(0, L"Make Set LOck Unlock");
-        if (kdedGetKword(L"\n[Make/Set/LOck/Unlock]: ", word) != RTNORM) return;
-        const Action* chosen = nullptr;
-        for (const Action& action : kActions) {
-            if (wcscasecmp(action.word, word) == 0) chosen = &action;
-        }
-        if (chosen == nullptr) {
-            commandLine().fail(std::wstring(L"\"") + word + L"\" is none of Make, Set, LOck, Unlock.");
-            return;
-        }
-        if (kdedGetString(1, L"\nName of the layer: ", name) != RTNORM) return;
-        chosen->run(database, name);
+    while (const Action* action = askForAction(kMenu, kActions)) {
+        if (kdedGetString(1, kName.text(), name) != RTNORM) return;
+        action->run(database, name);
     }
 }
 

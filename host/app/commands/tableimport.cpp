@@ -8,6 +8,7 @@
 #include "host/app/commands/append.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
+#include "host/ed/words.h"
 #include "host/rx/dynamiclinker.h"
 #include "kd/db/table.h"
 #include "kd/ed/prompts.h"
@@ -24,13 +25,27 @@ struct Release {
     void operator()(CVqTableIOHandle* handle) const { handle->Release(); }
 };
 
+constexpr Words kFile{L"\nFile to import: ", L"\n要导入的文件: "};
+constexpr Words kPoint{L"\nInsertion point: ", L"\n插入点: "};
+constexpr Words kNotCsv{L"is not a .csv file.", L"不是 .csv 文件。"};
+constexpr Words kMissing{L"does not exist.", L"不存在。"};
+constexpr Words kFolder{L"is a folder.", L"是文件夹。"};
+constexpr Words kUnreadable{L"can't be read.", L"无法读取。"};
+constexpr Words kNoModule{L"can't be read: the table module is not loaded.", L"无法读取: 未加载表格模块。"};
+constexpr Words kNoReader{L"can't be read: the table module reads no such files.",
+                          L"无法读取: 表格模块不支持此类文件。"};
+constexpr Words kNotUtf8{L"is not UTF-8 text.", L"不是 UTF-8 文本。"};
+constexpr Words kNoRow{L"holds no row to import.", L"没有可导入的行。"};
+constexpr Words kNotWritten{L"can't be put into the drawing now.", L"现在无法放入图形。"};
+constexpr Words kImported{L"\nImported %1: %2 rows, %3 columns.", L"\n已导入 %1: %2 行，%3 列。"};
+
 /// Empty when the file may be read, else what is wrong with it.
 std::wstring refusal(const QString& path) {
     const QFileInfo file(path);
-    if (!path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)) return L"is not a .csv file.";
-    if (!file.exists()) return L"does not exist.";
-    if (file.isDir()) return L"is a folder.";
-    if (!file.isReadable()) return L"can't be read.";
+    if (!path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)) return kNotCsv.text();
+    if (!file.exists()) return kMissing.text();
+    if (file.isDir()) return kFolder.text();
+    if (!file.isReadable()) return kUnreadable.text();
     return {};
 }
 
@@ -42,9 +57,9 @@ struct Reading {
 Reading readTable(const std::wstring& path) {
     const auto create = reinterpret_cast<decltype(&CreateTableIOHandle)>(findExport(kModule, "CreateTableIOHandle"));
     const auto import = reinterpret_cast<decltype(&ImportTableFromCSV)>(findExport(kModule, "ImportTableFromCSV"));
-    if (create == nullptr || import == nullptr) return {nullptr, L"can't be read: the table module is not loaded."};
+    if (create == nullptr || import == nullptr) return {nullptr, kNoModule.text()};
     const std::unique_ptr<CVqTableIOHandle, Release> handle(create(kCommaSeparated));
-    if (!handle) return {nullptr, L"can't be read: the table module reads no such files."};
+    if (!handle) return {nullptr, kNoReader.text()};
 
     struTableIoInfo info;
     info.handle = handle.get();
@@ -53,10 +68,10 @@ Reading readTable(const std::wstring& path) {
     std::unique_ptr<KdDbTable> table(info.table);
     if (info.status != 0 || !table) {
         // The reader gives no text of its own where bytes are not UTF-8.
-        return {nullptr, info.error.empty() ? L"is not UTF-8 text." : info.error};
+        return {nullptr, info.error.empty() ? std::wstring(kNotUtf8.text()) : info.error};
     }
     // A table without a row would lie in the drawing where nobody can see or pick it.
-    if (table->numRows() == 0) return {nullptr, L"holds no row to import."};
+    if (table->numRows() == 0) return {nullptr, kNoRow.text()};
     return {std::move(table), {}};
 }
 
@@ -69,21 +84,21 @@ void fail(const std::wstring& path, const std::wstring& what) {
 void importTable() {
     Editor& editor = *currentEditor();
     wchar_t name[1024];
-    if (kdedGetString(1, L"\nFile to import: ", name) != RTNORM) return;
+    if (kdedGetString(1, kFile.text(), name) != RTNORM) return;
     const std::wstring path = name;
     if (const std::wstring what = refusal(QString::fromStdWString(path)); !what.empty()) return fail(path, what);
     Reading reading = readTable(path);
     if (!reading.table) return fail(path, reading.failure);
 
     KdGePoint3d point;
-    if (kdedGetPoint(nullptr, L"\nInsertion point: ", point) != RTNORM) return;
+    if (kdedGetPoint(nullptr, kPoint.text(), point) != RTNORM) return;
     reading.table->setPosition(editor.toWorld(point));
     const int rows = reading.table->numRows();
     const int columns = reading.table->numColumns();
     if (!appendToCurrentSpace(editor.database(), std::move(reading.table))) {
-        return fail(path, L"can't be put into the drawing now.");
+        return fail(path, kNotWritten.text());
     }
-    kdutPrintf(L"\nImported %ls: %d rows, %d columns.", path.c_str(), rows, columns);
+    commandLine().write(kImported.with(path, rows, columns));
 }
 
 }  // namespace kdhost

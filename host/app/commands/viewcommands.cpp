@@ -2,19 +2,22 @@
 
 #include "host/app/commands/viewcommands.h"
 
-#include <charconv>
-#include <cwchar>
-
+#include "host/app/commands/keywordmenu.h"
+#include "host/app/commands/numberprompt.h"
 #include "host/db/access.h"
-#include "host/ed/commandline.h"
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
-#include "host/rx/encoding.h"
 #include "kd/db/entity.h"
-#include "kd/ed/prompts.h"
 
 namespace kdhost {
 namespace {
+
+constexpr KeywordPrompt kMenu{
+    {L"\n[All/Extents/Window] or a factor: ", L"\n[全部(A)/范围(E)/窗口(W)] 或比例: "},
+    {L"All Extents Window _All Extents Window", L"全部(A) 范围(E) 窗口(W) _All Extents Window"}};
+constexpr Words kFirstCorner{L"\nFirst corner: ", L"\n第一个角点: "};
+constexpr Words kOtherCorner{L"\nOther corner: ", L"\n对角点: "};
+constexpr Words kNoFactor{L"\"%1\" is no factor to zoom by.", L"“%1”不是缩放比例。"};
 
 KdDbExtents extentsOfDrawing(const Editor& editor) {
     KdDbExtents box;
@@ -24,37 +27,43 @@ KdDbExtents extentsOfDrawing(const Editor& editor) {
     return box;
 }
 
+void zoomAll(Editor& editor) {
+    editor.view().zoomTo(extentsOfDrawing(editor));
+}
+
 void zoomWindow(Editor& editor) {
     KdGePoint3d first;
     KdGePoint3d second;
-    if (kdedGetPoint(nullptr, L"\nFirst corner: ", first) != RTNORM) return;
-    if (kdedGetPoint(&first, L"\nOther corner: ", second) != RTNORM) return;
+    if (kdedGetPoint(nullptr, kFirstCorner.text(), first) != RTNORM) return;
+    if (kdedGetPoint(&first, kOtherCorner.text(), second) != RTNORM) return;
     editor.view().zoomTo({editor.toWorld(first), editor.toWorld(second)});
 }
 
-/// False for a text that is no positive number.
-bool zoomFactor(Editor& editor, std::string text) {
-    if (!text.empty() && (text.back() == 'x' || text.back() == 'X')) text.pop_back();
-    double factor = 0.0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), factor);
-    if (error != std::errc() || end != text.data() + text.size() || !(factor > 0.0)) return false;
-    editor.view().zoomBy(factor);
-    return true;
+/// "2" or "2x".
+void zoomByFactor(Editor& editor, const std::wstring& text) {
+    const bool marked = !text.empty() && (text.back() == L'x' || text.back() == L'X');
+    const std::optional<double> factor = numberOf(text.substr(0, text.size() - (marked ? 1 : 0)));
+    if (!factor || !(*factor > 0.0)) return commandLine().fail(kNoFactor.with(text));
+    editor.view().zoomBy(*factor);
 }
+
+struct Action {
+    const wchar_t* word;
+    void (*run)(Editor& editor);
+};
+constexpr Action kActions[] = {{L"All", zoomAll}, {L"Extents", zoomAll}, {L"Window", zoomWindow}};
 
 }  // namespace
 
 void zoom() {
     Editor& editor = *currentEditor();
-    wchar_t word[132];
-    kdedInitGet(0, L"All Extents Window");
-    if (kdedGetKword(L"\n[All/Extents/Window] or a factor: ", word) != RTNORM) return;
-    if (wcscmp(word, L"Window") == 0) {
-        zoomWindow(editor);
-    } else if (wcscmp(word, L"All") == 0 || wcscmp(word, L"Extents") == 0) {
-        editor.view().zoomTo(extentsOfDrawing(editor));
-    } else if (!zoomFactor(editor, toUtf8(word))) {
-        commandLine().fail(std::wstring(L"\"") + word + L"\" is no factor to zoom by.");
+    wchar_t answer[132];
+    kdedInitGet(0, kMenu.words.text());
+    if (kdedGetKword(kMenu.prompt.text(), answer) != RTNORM) return;
+    if (const Action* action = actionOf(kMenu, kActions, answer)) {
+        action->run(editor);
+    } else {
+        zoomByFactor(editor, answer);
     }
     queueAllForRedraw();
 }
