@@ -40,6 +40,7 @@ CommandLineWidget::CommandLineWidget(Actions actions, QWidget* parent)
     m_history->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_history->setMaximumBlockCount(kKeptLines);
     m_history->setFrameShape(QFrame::NoFrame);
+    m_history->document()->setDocumentMargin(fontMetrics().averageCharWidth());
     m_history->setMinimumHeight(2 * fontMetrics().lineSpacing());
 
     m_prompt->setObjectName(QStringLiteral("CommandPrompt"));
@@ -51,6 +52,9 @@ CommandLineWidget::CommandLineWidget(Actions actions, QWidget* parent)
             [this](const QString& link) { submitText(QUrl::fromPercentEncoding(link.toUtf8()), QLatin1Char('\n')); });
     connect(m_edit, &QLineEdit::textEdited, this, [this] { offerCompletions(); });
 
+    // History and edit are one sheet.
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
     auto* row = new QHBoxLayout;
     const int gap = fontMetrics().averageCharWidth();
     row->setContentsMargins(gap, gap / 2, gap, gap / 2);
@@ -60,7 +64,11 @@ CommandLineWidget::CommandLineWidget(Actions actions, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFixedHeight(1);
     layout->addWidget(m_history, 1);
+    layout->addWidget(line);
     layout->addLayout(row);
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/app/window/windowsession.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -30,12 +31,14 @@ WindowSession::~WindowSession() {
 }
 
 void WindowSession::run() {
-    for (const std::wstring& message : commandLine().messages()) m_window.commandLineWidget().append(message);
+    showUnseenMessages();
+    m_runs = true;
     setInputSource(this);
     commandLine().setListener(this);
     if (!m_application.isQuitRequested()) runCommands();
     commandLine().setListener(nullptr);
     setInputSource(nullptr);
+    m_runs = false;
 }
 
 // A prompt that an event sets off waits in a loop of its own inside the loop of the outer one. Only the innermost
@@ -64,8 +67,24 @@ void WindowSession::showPrompt() {
                                             editor->promptTakesBlanks());
 }
 
+void WindowSession::showUnseenMessages() {
+    const std::vector<std::wstring>& messages = commandLine().messages();
+    if (m_seenMessages > messages.size()) m_seenMessages = 0;
+    for (; m_seenMessages < messages.size(); ++m_seenMessages) {
+        m_window.commandLineWidget().append(messages[m_seenMessages]);
+    }
+}
+
+/// Without a loop of its own the window would stand still until the script is over.
+void WindowSession::followScript() {
+    showUnseenMessages();
+    showPrompt();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 void WindowSession::redraw(const std::vector<KdDbObjectId>&) {
     m_window.view().redraw();
+    if (!m_runs) followScript();
 }
 
 void WindowSession::written(const std::wstring& text) {

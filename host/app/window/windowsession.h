@@ -38,11 +38,16 @@ private:
     void documentDestroyed(const wchar_t* fileName) override;
 
     void showPrompt();
+    /// What was written while somebody else listened, as a script does.
+    void showUnseenMessages();
+    void followScript();
 
     Application& m_application;
     MainWindow& m_window;
     QObject m_later;  ///< what is put off ends with the session
     std::vector<QEventLoop*> m_waiting;
+    bool m_runs = false;
+    std::size_t m_seenMessages = 0;
 };
 
 }  // namespace kdhost

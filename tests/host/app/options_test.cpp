@@ -40,7 +40,13 @@ INSTANTIATE_TEST_SUITE_P(ProgramOptions, WrongOptions,
                                            Wrong{{"--lang", "fr"}, "--lang: \"fr\" is neither en nor zh_CN"},
                                            Wrong{{"--open", "a.dxf"}, "--open: this program handles no drawing files"},
                                            Wrong{{"--headless", "--save", "a.dxf"},
-                                                 "--save: this program handles no drawing files"},
-                                           Wrong{{}, "this program has no window: start it with --headless"}));
+                                                 "--save: this program handles no drawing files"}));
+
+TEST(ProgramOptions, leave_window_and_language_open) {
+    const auto [options, error] = kdhost::parseOptions({});
+    EXPECT_EQ(error, "");
+    EXPECT_FALSE(options.headless);
+    EXPECT_EQ(options.language, std::nullopt);
+}
 
 }  // namespace

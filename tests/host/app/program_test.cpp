@@ -19,10 +19,23 @@ protected:
         std::string output;
     };
 
-    Result run(const QStringList& arguments) {
-        QProcess process;
+    /// Without a display, unless a platform is given that has one.
+    void start(QProcess& process, const QStringList& arguments, const char* platform = nullptr) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            environment.remove(QString::fromUtf8(name));
+        }
+        if (platform != nullptr) environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QString::fromUtf8(platform));
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
+        process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder.path());
         process.start(QStringLiteral(KD_BINARY_DIRECTORY "/bin/kdhost"), arguments);
+    }
+
+    Result run(const QStringList& arguments, const char* platform = nullptr) {
+        QProcess process;
+        start(process, arguments, platform);
         EXPECT_TRUE(process.waitForFinished(60000)) << "the program hangs";
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
                 process.readAllStandardError().toStdString(), process.readAllStandardOutput().toStdString()};
@@ -54,6 +67,44 @@ TEST_F(Program, wrong_arguments_end_with_status_2_and_one_line) {
         EXPECT_EQ(result.error.rfind("kdhost: ", 0), 0u) << result.error;
         EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << result.error;
     }
+}
+
+TEST_F(Program, without_a_display_needs_something_to_do) {
+    EXPECT_EQ(run({}).error, "kdhost: there is no display: start it with --headless\n");
+    const QString script = write("s.kds", "LINE 0,0 10,5 \n");
+    EXPECT_EQ(run({QStringLiteral("--script"), script, QStringLiteral("--render"), QStringLiteral("p.png")}).status, 0);
+    EXPECT_TRUE(QFile::exists(m_folder.filePath(QStringLiteral("p.png"))));
+}
+
+TEST_F(Program, with_a_window_ends_with_the_QUIT_of_its_script) {
+    const QString script = write("s.kds", "LINE 0,0 10,5 \nQUIT\n");
+    const Result result =
+        run({QStringLiteral("--script"), script, QStringLiteral("--dump"), QStringLiteral("d.json")}, "offscreen");
+    EXPECT_EQ(result.status, 0) << result.error;
+    EXPECT_EQ(QJsonDocument::fromJson(read("d.json")).object()[QStringLiteral("entities")].toArray().size(), 1);
+}
+
+TEST_F(Program, with_a_window_stays_open_after_script_and_outputs) {
+    const QString script = write("s.kds", "LINE 0,0 10,5 \n");
+    QProcess process;
+    start(process, {QStringLiteral("--script"), script, QStringLiteral("--dump"), QStringLiteral("d.json")},
+          "offscreen");
+    const QString dump = m_folder.filePath(QStringLiteral("d.json"));
+    for (int i = 0; i < 600 && !QFile::exists(dump); ++i) process.waitForFinished(50);
+    EXPECT_TRUE(QFile::exists(dump));
+    EXPECT_FALSE(process.waitForFinished(300)) << "the window has closed by itself";
+    process.kill();
+    process.waitForFinished();
+}
+
+TEST_F(Program, with_a_window_takes_the_language_that_was_chosen) {
+    const QString script = write("s.kds", "LANGUAGE Chinese\nQUIT\n");
+    const Result choosing = run({QStringLiteral("--script"), script}, "offscreen");
+    EXPECT_NE(choosing.output.find("下次启动时使用中文。"), std::string::npos) << choosing.output;
+    const QString asking = write("a.kds", "EDITTABLECELL\n@expect prompt 选择表格：\n@key ESC\nQUIT\n");
+    EXPECT_EQ(run({QStringLiteral("--script"), asking}, "offscreen").error, "");
+    // Without a window the run is the same for every user.
+    EXPECT_NE(headless({QStringLiteral("--script"), asking}).error, "");
 }
 
 TEST_F(Program, help_tells_the_arguments) {

@@ -35,7 +35,7 @@ protected:
         auto table = TableBuilder(60, 12).fill().merge("B2:D30").merge("F40:F60").merge("A35:L35").build();
         table->setTableStyle(drawing.database.tablestyle());
         table->setDirection(direction);
-        table->setFlowDirection(static_cast<KdDb::FlowDirection>(flow));
+        table->setFlowDirection(flow);
         for (int row = 0; row < 60; row += 3) table->setBackgroundColor(row, 4, KdCmColor::fromRgb(200, 220, 240));
         drawing.add(std::move(table));
     }

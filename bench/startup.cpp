@@ -1,0 +1,80 @@
+// From the start of the program to its first prompt, and to the end that it is asked for there. The peer is an empty
+// program with one window, which shows it and ends.
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "bench/peerratio.h"
+
+namespace {
+
+constexpr const char* asPeer = "--empty-window";
+
+std::string ownPath;
+std::string script;
+
+int runEmptyWindow(int argc, char** argv) {
+    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+    QApplication application(argc, argv);
+    QWidget window;
+    window.show();
+    QTimer::singleShot(0, &application, &QCoreApplication::quit);
+    return QApplication::exec();
+}
+
+void runToEnd(benchmark::State& state, const std::string& command) {
+    for (auto _ : state) {
+        if (std::system((command + " >/dev/null").c_str()) != 0) state.SkipWithError("the program failed");
+    }
+}
+
+void emptyWindow(benchmark::State& state) {
+    runToEnd(state, ownPath + " " + asPeer);
+}
+BENCHMARK(emptyWindow)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+void startToFirstPrompt(benchmark::State& state) {
+    runToEnd(state, KD_BINARY_DIRECTORY "/bin/kdhost --script " + script);
+}
+BENCHMARK(startToFirstPrompt)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+void startToFirstPromptHeadless(benchmark::State& state) {
+    runToEnd(state, KD_BINARY_DIRECTORY "/bin/kdhost --headless --script " + script);
+}
+BENCHMARK(startToFirstPromptHeadless)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+/// The time of other processes is no time of this one's processor.
+class WallClockReporter : public kdbench::PeerRatioReporter {
+public:
+    using PeerRatioReporter::PeerRatioReporter;
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        std::vector<Run> timed = runs;
+        for (Run& run : timed) run.cpu_accumulated_time = run.real_accumulated_time;
+        PeerRatioReporter::ReportRuns(timed);
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc > 1 && std::string(argv[1]) == asPeer) return runEmptyWindow(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+    ownPath = argv[0];
+    script = folder.filePath(QStringLiteral("quit.kds")).toStdString();
+    std::ofstream(script) << "QUIT\n";
+    benchmark::Initialize(&argc, argv);
+    // Names of figures in wall-clock time end so.
+    WallClockReporter reporter("emptyWindow/real_time", 1.25, 1.1);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return 0;
+}
