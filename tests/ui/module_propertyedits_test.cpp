@@ -13,7 +13,9 @@
 #include "host/win32/modules.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/tablestyle.h"
+#include "kd/ed/resbuf.h"
 #include "module/core/cellstylewalk.h"
+#include "module/edit/edittablecell.h"
 #include "tests/module/core/editfixture.h"
 
 namespace kdtest {
@@ -238,6 +240,47 @@ TEST_F(AskingEdits, SetDataFormat_starts_from_the_first_cells_format) {
     EXPECT_STREQ(look(table).format(0, 1), L"%lu2%pr4");
 }
 
+TEST_F(AskingEdits, SetDataFormat_starts_from_the_unit_of_the_cells) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 2).select("A1:B1"));
+    for (const auto kept : {KdValue::kUnitless, KdValue::kAngle, KdValue::kCurrency, KdValue::kPercentage}) {
+        Common::SetDataType(table, KdValue::kDouble, kept);
+        next([](QWidget&) { EXPECT_EQ(automation::click(L"IDOK"), L""); });
+        EXPECT_EQ(Common::SetDataFormat(table), 1);
+        for (int column = 0; column < 2; ++column) {
+            auto type = KdValue::kUnknown;
+            auto unit = KdValue::kUnitless;
+            look(table).getDataType(0, column, type, unit);
+            EXPECT_EQ(type, KdValue::kDouble);
+            EXPECT_EQ(unit, kept);
+        }
+    }
+}
+
+TEST_F(AskingEdits, SetDataFormat_gives_cells_of_different_types_one_type_when_the_user_agrees) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 3).select("A1:C1"));
+    {
+        const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
+        open->setDataType(0, 0, KdValue::kDouble, KdValue::kCurrency);
+        open->setDataType(0, 1, KdValue::kString, KdValue::kUnitless);
+        open->setDataType(0, 2, KdValue::kDate, KdValue::kUnitless);
+    }
+    const std::string before = describe(look(table));
+    next([](QWidget&) { EXPECT_EQ(automation::click(L"IDCANCEL"), L""); });
+    EXPECT_EQ(Common::SetDataFormat(table), 1);
+    EXPECT_EQ(describe(look(table)), before);
+    next([](QWidget&) {
+        EXPECT_EQ(automation::select(L"IDC_DATAFORMAT_TYPE_COMBOBOX", L"Text"), L"");
+        EXPECT_EQ(automation::click(L"IDOK"), L"");
+    });
+    EXPECT_EQ(Common::SetDataFormat(table), 1);
+    for (int column = 0; column < 3; ++column) {
+        auto type = KdValue::kUnknown;
+        auto unit = KdValue::kUnitless;
+        look(table).getDataType(0, column, type, unit);
+        EXPECT_EQ(type, KdValue::kString) << column;
+    }
+}
+
 TEST_F(AskingEdits, SetDataFormat_cancelled_changes_nothing) {
     const KdDbObjectId table = addTable(TableBuilder(1, 2).select("A1:B1"));
     const std::string before = describe(look(table));
@@ -329,6 +372,21 @@ TEST_F(NewCellStyles, CreateNewCellStyle_makes_the_style_that_the_dialog_names) 
     }
     EXPECT_EQ(undoHistory().undo(), Kdad::eOk);
     EXPECT_EQ(names().size(), 4U);
+}
+
+TEST_F(NewCellStyles, The_word_Newtablestyle_opens_the_dialog_whatever_is_locked) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 1).lock("A1", static_cast<KdDb::CellState>(17)).select("A1"));
+    EditTableCellGUI gui;
+    EXPECT_FALSE(gui.canFormatEdit(table));
+    EXPECT_FALSE(gui.canContentEdit(table));
+    next([](QWidget&) {
+        EXPECT_EQ(automation::set(L"IDC_CREATECELLSTYLE_NEWNAME_EDIT", L"Totals"), L"");
+        EXPECT_EQ(automation::click(L"IDOK"), L"");
+    });
+    host.type(L"Newtablestyle\nBAck\n");
+    const ResourceScope resources;
+    EXPECT_EQ(gui.editCell_Style(table), RTNORM);
+    EXPECT_EQ(names().back(), L"Totals");
 }
 
 TEST_F(NewCellStyles, CreateNewCellStyle_cancelled_makes_none) {

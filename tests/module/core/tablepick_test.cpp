@@ -9,6 +9,7 @@
 #include "kd/db/database.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
+#include "kd/ed/prompts.h"
 #include "kd/ed/selection.h"
 #include "module/core/openobject.h"
 #include "tests/module/core/sampletables.h"
@@ -89,6 +90,17 @@ TEST_F(TablePick, GetTableAtPt_takes_the_answer_in_user_coordinates) {
     KdDbTable* table = getTableAtPt(point);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(point, (KdGePoint3d{110.0, 45.0, 0.0}));
+    table->close();
+}
+
+TEST_F(TablePick, GetTableAtPt_knows_no_keywords_of_an_earlier_prompt) {
+    const KdDbObjectId id = appendTable(100.0, 50.0);
+    kdedInitGet(0, L"Other _Other");
+    host.type(L"other\n110,45\n");
+    KdGePoint3d point;
+    KdDbTable* table = getTableAtPt(point);
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->objectId(), id);
     table->close();
 }
 

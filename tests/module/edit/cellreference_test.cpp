@@ -106,6 +106,23 @@ TEST(CellReference, A_column_is_saturated_from_134217727_on) {
     EXPECT_EQ(parseCellReference(std::wstring(1000, L'Z'))->m_leftColumn, above);
 }
 
+/// The letters of a column.
+std::wstring nameOf(int column) {
+    std::wstring name;
+    for (long long left = column + 1LL; left > 0; left = (left - 1) / 26) {
+        name.insert(name.begin(), static_cast<wchar_t>(L'A' + (left - 1) % 26));
+    }
+    return name;
+}
+
+TEST(CellReference, The_first_saturated_column_takes_no_letter_and_the_last_one_before_it_does) {
+    constexpr int saturation = 134217727;
+    ASSERT_EQ(parseCellReference(nameOf(saturation))->m_leftColumn, saturation);
+    EXPECT_EQ(parseCellReference(nameOf(saturation) + L"A")->m_leftColumn, saturation);
+    EXPECT_GT(parseCellReference(nameOf(saturation - 1) + L"A")->m_leftColumn, saturation);
+    EXPECT_EQ(parseCellReference(nameOf(saturation / 26 - 2) + L"C")->m_leftColumn, (saturation / 26 - 1) * 26 + 2);
+}
+
 TEST(CellReference, A_row_is_saturated_from_134217727_on) {
     EXPECT_EQ(parseCellReference(L"134217726")->m_topRow, 134217725);
     EXPECT_EQ(parseCellReference(L"134217727")->m_topRow, 134217726);
