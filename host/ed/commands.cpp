@@ -21,6 +21,7 @@
 namespace kdhost {
 namespace {
 
+constexpr Words kPrompt{L"\nCommand: ", L"\n命令: "};
 constexpr Words kUnknown{L"Unknown command \"%1\".", L"未知命令“%1”。"};
 constexpr Words kEndedByError{L"%1 ended by an error: %2", L"%1 因错误而终止: %2"};
 constexpr Words kEndedByAnError{L"%1 ended by an error.", L"%1 因错误而终止。"};
@@ -168,13 +169,13 @@ void afterCommands(std::function<void()> action) {
 void runCommands() {
     // A command may close the document and open another.
     while (Editor* editor = currentEditor()) {
-        if (!runAnswer(*editor, editor->ask(PromptKind::Command, L"\nCommand: "))) return;
+        if (!runAnswer(*editor, editor->ask(PromptKind::Command, kPrompt.text()))) return;
     }
 }
 
 void runQueuedCommands() {
     for (Editor* editor = currentEditor(); editor != nullptr && !editor->input().isEmpty(); editor = currentEditor()) {
-        runAnswer(*editor, editor->ask(PromptKind::Command, L"\nCommand: "));
+        runAnswer(*editor, editor->ask(PromptKind::Command, kPrompt.text()));
     }
 }
 

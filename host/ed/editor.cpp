@@ -12,6 +12,7 @@ namespace {
 
 Editor* activeEditor = nullptr;
 InputSource* source = nullptr;
+PromptListener* promptListener = nullptr;
 
 bool takesPicks(PromptKind kind) {
     return kind != PromptKind::Keyword && kind != PromptKind::Text;
@@ -44,6 +45,10 @@ void setInputSource(InputSource* newSource) {
     source = newSource;
 }
 
+void setPromptListener(PromptListener* listener) {
+    promptListener = listener;
+}
+
 Editor::Editor(KdDbDatabase& database) : m_database(database), m_pickFirst(database) {}
 
 KdGeMatrix3d Editor::ucs() const {
@@ -70,14 +75,21 @@ public:
     Asking(Editor& editor, Prompt prompt)
         : m_editor(editor), m_outer(std::exchange(editor.m_prompt, std::move(prompt))) {
         ++m_editor.m_asking;
+        tell();
     }
     ~Asking() {
-        if (--m_editor.m_asking > 0) m_editor.m_prompt = std::move(m_outer);
+        if (--m_editor.m_asking == 0) return;
+        m_editor.m_prompt = std::move(m_outer);
+        tell();
     }
     Asking(const Asking&) = delete;
     Asking& operator=(const Asking&) = delete;
 
 private:
+    void tell() const {
+        if (promptListener != nullptr) promptListener->prompted(m_editor);
+    }
+
     Editor& m_editor;
     Prompt m_outer;
 };

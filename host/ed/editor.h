@@ -31,6 +31,17 @@ struct Answer {
     bool isCancel() const { return kind == Kind::Cancel || kind == Kind::Escape || kind == Kind::End; }
 };
 
+class Editor;
+
+/// Told of what waits for the user, whenever that changes.
+class PromptListener {
+public:
+    virtual ~PromptListener() = default;
+    virtual void prompted(const Editor& editor) = 0;
+};
+/// Null for none. The listener stays the caller's.
+void setPromptListener(PromptListener* listener);
+
 class Editor {
 public:
     explicit Editor(KdDbDatabase& database);

@@ -78,7 +78,7 @@ TEST_F(WindowKeys, an_empty_line_repeats_no_command) {
 TEST_F(WindowKeys, the_history_holds_prompts_with_answers_and_messages) {
     play({keys("SETVAR LWDISPLAY 1 "), keys("NOSUCH ")});
     const QString text = historyText();
-    EXPECT_TRUE(text.startsWith(QStringLiteral("Command: SETVAR\nName of the variable: LWDISPLAY\n")))
+    EXPECT_TRUE(text.startsWith(QStringLiteral("Command: SETVAR\nName of the variable or [?]: LWDISPLAY\n")))
         << text.toStdString();
     EXPECT_TRUE(text.contains(QStringLiteral("\nCommand: NOSUCH\nUnknown command \"NOSUCH\"."))) << text.toStdString();
 }

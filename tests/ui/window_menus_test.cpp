@@ -21,6 +21,10 @@
 
 namespace {
 
+QString inQt(const kdhost::Words& words) {
+    return QString::fromWCharArray(words.text());
+}
+
 class WindowMenus : public kdtest::WindowTest {
 protected:
     ~WindowMenus() override { kdhost::setLanguage(kdhost::Language::English); }
@@ -54,12 +58,12 @@ TEST(WindowTexts, of_every_menu_are_there_in_both_languages_with_mnemonics_of_th
             return text.mid(text.indexOf(QLatin1Char('&')) + 1, 1).toUpper();
         };
         for (const kdhost::MenuRecord& menu : kdhost::menuRecords()) {
-            EXPECT_TRUE(titles.insert(mnemonic(menu.title.text())).second) << menu.name;
-            EXPECT_EQ(isChinese(menu.title.text()), language == kdhost::Language::Chinese) << menu.name;
+            EXPECT_TRUE(titles.insert(mnemonic(inQt(menu.title))).second) << menu.name;
+            EXPECT_EQ(isChinese(inQt(menu.title)), language == kdhost::Language::Chinese) << menu.name;
             std::set<QString> entries;
             for (const kdhost::MenuEntry& entry : menu.entries) {
                 if (entry.name == nullptr) continue;
-                const QString text = entry.text.text();
+                const QString text = inQt(entry.text);
                 EXPECT_TRUE(text.contains(QLatin1Char('&'))) << entry.name;
                 EXPECT_TRUE(entries.insert(mnemonic(text)).second) << entry.name << " has the mnemonic of another";
                 // A language is called by its own name.

@@ -66,6 +66,8 @@ CommandLineWidget::CommandLineWidget(Actions actions, QWidget* parent)
     layout->setSpacing(0);
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Midlight);
     line->setFixedHeight(1);
     layout->addWidget(m_history, 1);
     layout->addWidget(line);

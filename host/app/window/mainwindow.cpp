@@ -3,12 +3,15 @@
 #include "host/app/window/mainwindow.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "host/ad/documents.h"
@@ -16,11 +19,13 @@
 #include "host/app/window/drawingview.h"
 #include "host/app/window/menus.h"
 #include "host/ed/editor.h"
+#include "host/ed/words.h"
 
 namespace kdhost {
 namespace {
 
 constexpr const wchar_t* kCancel = L"^C";
+constexpr Words kCloseDrawing{L"Close the drawing", L"关闭图形"};
 
 QString inCoordinates(double value) {
     return QString::number(value, 'f', 4);
@@ -65,13 +70,10 @@ MainWindow::~MainWindow() = default;
 void MainWindow::build() {
     m_tabs->setObjectName(QStringLiteral("DocumentTabs"));
     m_tabs->setDocumentMode(true);
-    m_tabs->setTabsClosable(true);
     m_tabs->setExpanding(false);
     m_tabs->setFocusPolicy(Qt::NoFocus);
     m_tabs->setDrawBase(false);
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { openTab(index); });
-    connect(m_tabs, &QTabBar::tabCloseRequested, this,
-            [this](int index) { type(L"^C^C_CLOSE " + std::to_wstring(index + 1) + L"\n"); });
 
     auto* drawing = new QWidget;
     auto* column = new QVBoxLayout(drawing);
@@ -94,7 +96,24 @@ void MainWindow::build() {
     m_coordinates->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("-00000000.0000, -00000000.0000")) +
                                    2 * gap);
     statusBar()->addWidget(m_coordinates);
-    resize(fontMetrics().averageCharWidth() * 160, fontMetrics().lineSpacing() * 48);
+    const QSize wanted(fontMetrics().averageCharWidth() * 200, fontMetrics().lineSpacing() * 54);
+    resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize() * 0.9));
+}
+
+/// The style's own cross doesn't grow with the screen's scale.
+void MainWindow::addTab() {
+    const int index = m_tabs->addTab(QString());
+    auto* button = new QToolButton;
+    button->setText(QStringLiteral("×"));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAccessibleName(QString::fromWCharArray(kCloseDrawing.text()));
+    connect(button, &QToolButton::clicked, this, [this, button] {
+        int place = 0;
+        while (place < m_tabs->count() && m_tabs->tabButton(place, QTabBar::RightSide) != button) ++place;
+        type(L"^C^C_CLOSE " + std::to_wstring(place + 1) + L"\n");
+    });
+    m_tabs->setTabButton(index, QTabBar::RightSide, button);
 }
 
 void MainWindow::showCoordinates(const KdGePoint3d& world) {
@@ -120,7 +139,7 @@ void MainWindow::openTab(int index) {
 void MainWindow::showDocuments(const DocumentManager& documents) {
     const QSignalBlocker blocker(m_tabs);
     while (m_tabs->count() > documents.documentCount()) m_tabs->removeTab(m_tabs->count() - 1);
-    while (m_tabs->count() < documents.documentCount()) m_tabs->addTab(QString());
+    while (m_tabs->count() < documents.documentCount()) addTab();
     m_activeTab = -1;
     for (int index = 0; index < documents.documentCount(); ++index) {
         const Document* document = documents.at(index);

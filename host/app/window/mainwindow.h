@@ -38,6 +38,7 @@ protected:
 
 private:
     void build();
+    void addTab();
     void showCoordinates(const KdGePoint3d& world);
     void openTab(int index);
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/app/window/windowtexts.h"
+#include "host/ed/words.h"
 
 class QMenuBar;
 
@@ -13,14 +13,14 @@ namespace kdhost {
 
 struct MenuEntry {
     const char* name;  ///< the action's object name; null for a separator
-    TwoLanguages text;
+    Words text;
     const wchar_t* typed;  ///< what choosing it types, behind the cancelling of what runs
     const char* shortcut = nullptr;
 };
 
 struct MenuRecord {
     const char* name;
-    TwoLanguages title;
+    Words title;
     std::vector<MenuEntry> entries;
 };
 

@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QTimer>
 
 #include "host/app/usersettings.h"
 #include "host/app/window/commandlinewidget.h"
@@ -18,6 +17,7 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
     : m_application(application), m_window(window) {
     setDisplay(this);
     setViewWidget(&m_window.view());
+    setPromptListener(this);
     m_application.documents().addReactor(this);
     m_window.restoreGeometry(storedWindowPlace());
     m_window.show();
@@ -26,6 +26,7 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
 WindowSession::~WindowSession() {
     storeWindowPlace(m_window.saveGeometry());
     m_application.documents().removeReactor(this);
+    setPromptListener(nullptr);
     setViewWidget(nullptr);
     setDisplay(nullptr);
 }
@@ -46,25 +47,19 @@ void WindowSession::run() {
 bool WindowSession::feed(InputQueue& queue) {
     if (m_application.isQuitRequested()) return false;
     updateDisplay();
-    showPrompt();
     QEventLoop loop;
     m_waiting.push_back(&loop);
     const auto outer = queue.setListener([&loop] { loop.quit(); });
     if (queue.isEmpty()) loop.exec();
     queue.setListener(outer);
     m_waiting.pop_back();
-    if (!m_waiting.empty()) {
-        if (!queue.isEmpty() || m_application.isQuitRequested()) m_waiting.back()->quit();
-        QTimer::singleShot(0, &m_later, [this] { showPrompt(); });
-    }
+    if (!m_waiting.empty() && (!queue.isEmpty() || m_application.isQuitRequested())) m_waiting.back()->quit();
     return !m_application.isQuitRequested();
 }
 
-void WindowSession::showPrompt() {
-    const Editor* editor = currentEditor();
-    if (editor == nullptr) return;
-    m_window.commandLineWidget().showPrompt(editor->promptText(), editor->promptKind() == PromptKind::Command,
-                                            editor->promptTakesBlanks());
+void WindowSession::prompted(const Editor& editor) {
+    m_window.commandLineWidget().showPrompt(editor.promptText(), editor.promptKind() == PromptKind::Command,
+                                            editor.promptTakesBlanks());
 }
 
 void WindowSession::showUnseenMessages() {
@@ -78,7 +73,6 @@ void WindowSession::showUnseenMessages() {
 /// Without a loop of its own the window would stand still until the script is over.
 void WindowSession::followScript() {
     showUnseenMessages();
-    showPrompt();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 

@@ -2,7 +2,6 @@
 // and what the host writes, draws and opens is shown.
 #pragma once
 
-#include <QObject>
 #include <vector>
 
 #include "host/ad/application.h"
@@ -16,7 +15,11 @@ namespace kdhost {
 
 class MainWindow;
 
-class WindowSession : private InputSource, private Display, private CommandLineListener, private KdApDocManagerReactor {
+class WindowSession : private InputSource,
+                      private Display,
+                      private PromptListener,
+                      private CommandLineListener,
+                      private KdApDocManagerReactor {
 public:
     /// Both outlive the session. The window is shown, as it was left, with what is opened and drawn from now on.
     WindowSession(Application& application, MainWindow& window);
@@ -29,6 +32,7 @@ public:
 
 private:
     bool feed(InputQueue& queue) override;
+    void prompted(const Editor& editor) override;
     void redraw(const std::vector<KdDbObjectId>& ids) override;
     void written(const std::wstring& text) override;
     void failed(const std::wstring&) override {}
@@ -37,14 +41,12 @@ private:
     void documentActivated(KdApDocument* document) override;
     void documentDestroyed(const wchar_t* fileName) override;
 
-    void showPrompt();
     /// What was written while somebody else listened, as a script does.
     void showUnseenMessages();
     void followScript();
 
     Application& m_application;
     MainWindow& m_window;
-    QObject m_later;  ///< what is put off ends with the session
     std::vector<QEventLoop*> m_waiting;
     bool m_runs = false;
     std::size_t m_seenMessages = 0;
