@@ -9,16 +9,16 @@
 namespace kdhost::text {
 namespace {
 
-/// A bit for each character below 128 that ends a plain text: the zero, and what may begin a code.
-constexpr std::array<std::uint64_t, 2> kEnds = [] {
-    std::array<std::uint64_t, 2> bits{};
-    for (const unsigned char c : {'\0', '\\', '%', '{', '}', '\r'}) bits[c / 64] |= std::uint64_t{1} << c % 64;
-    return bits;
+/// For each character below 128 whether it ends a plain text: the zero, and what may begin a code.
+constexpr std::array<bool, 128> kEnds = [] {
+    std::array<bool, 128> ends{};
+    for (const unsigned char c : {'\0', '\\', '%', '{', '}', '\r'}) ends[c] = true;
+    return ends;
 }();
 
 bool endsPlainText(wchar_t character) {
     const auto code = static_cast<std::uint32_t>(character);
-    return code < 128 && (kEnds[code / 64] >> code % 64 & 1) != 0;
+    return code < kEnds.size() && kEnds[code];
 }
 
 }  // namespace

@@ -46,15 +46,18 @@ int CVqTableCommon::CanRowSizeEqually(const KdDbTable* table) {
 }
 
 bool CVqTableCommon::GetReadOnlyState(const KdDbTable* table, bool& content, bool& format) {
-    content = false;
-    format = false;
-    if (table == nullptr) return false;
-    anyCell(*table, table->getSubSelection(), [&](int row, int column) {
-        content = content || table->isContentEditable(row, column);
-        format = format || table->isFormatEditable(row, column);
-        return content && format;
-    });
-    return true;
+    bool anyContent = false;
+    bool anyFormat = false;
+    if (table != nullptr) {
+        anyCell(*table, table->getSubSelection(), [&](int row, int column) {
+            anyContent = anyContent || table->isContentEditable(row, column);
+            anyFormat = anyFormat || table->isFormatEditable(row, column);
+            return anyContent && anyFormat;
+        });
+    }
+    content = anyContent;
+    format = anyFormat;
+    return table != nullptr;
 }
 
 bool CVqTableCommon::IsTableLocking(KdDbObjectId table) {

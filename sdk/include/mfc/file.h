@@ -59,22 +59,20 @@ public:
             m_room.next += count;
         }
     }
-    /// Writes single bytes: as many as `next(byte)` gives, one after the other, until it returns false. As a call of
-    /// Write for each of them, but that where the buffer is filled up to stays in hand meanwhile.
-    template <class Next>
-    void WriteEach(Next next) {
-        Room room = m_room;
-        for (char byte; next(byte);) {
-            if (room.next != room.end) [[likely]] {
-                *room.next++ = byte;
-                continue;
+    /// Writes single bytes, put one after the other straight where a buffer has room for them: `put(room, end)` puts
+    /// as many as it has and fit, and returns the place behind them. It is asked again until it leaves room free.
+    /// Without a buffer the room is that of one byte, which goes to the system on its own. Throws.
+    template <class Put>
+    void WriteEach(Put put) {
+        for (;;) {
+            if (m_room.next != m_room.end) {
+                m_room.next = put(m_room.next, m_room.end);
+                if (m_room.next != m_room.end) return;
             }
-            m_room = room;
-            const char single = byte;
+            char single;
+            if (put(&single, &single + 1) == &single) return;
             writeThrough(&single, 1);
-            room = m_room;
         }
-        m_room = room;
     }
     /// Returns the new position from the start. Throws.
     virtual std::uint64_t Seek(std::int64_t offset, UINT from);

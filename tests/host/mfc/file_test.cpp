@@ -69,10 +69,9 @@ std::string readAll(CFile& file, UINT step) {
 /// Writes the text byte by byte.
 void writeEach(CFile& file, const std::string& text) {
     std::size_t place = 0;
-    file.WriteEach([&](char& byte) {
-        if (place == text.size()) return false;
-        byte = text[place++];
-        return true;
+    file.WriteEach([&](char* room, const char* end) {
+        while (room != end && place != text.size()) *room++ = text[place++];
+        return room;
     });
 }
 

@@ -60,6 +60,8 @@ const std::vector<CharacterBytes>& characters() {
         {L'"', "\"", "\"", "\"", "\"\0"s},
         {L'\r', "\r", "\r", "\r", "\r\0"s},
         {L'\n', "\n", "\n", "\n", "\n\0"s},
+        {L'\x7F', "\x7F", "\x7F", "\x7F", "\x7F\0"s},
+        {L'\x80', "\\U+0080", "?", "\xC2\x80", "\x80\0"s},
         {L'管', "\xB9\xDC", "\xB9\xDC", "\xE7\xAE\xA1", "\xA1\x7B"},
         {L'ä', "\\U+00E4", "?", "\xC3\xA4", "\xE4\0"s},
         {L'\u05D0', "\\U+05D0", "?", "\xD7\x90", "\xD0\x05"},
@@ -144,6 +146,23 @@ TEST_P(KdFileModes, WriteString_writes_each_character_in_the_encoding) {
         file.Close();
         ASSERT_EQ(bytes(), expectedBytes(text + L"a", encoding, escapes, lineEnds));
     }
+}
+
+// Long stretches of plain characters are looked at in groups: another one must stop them wherever it stands.
+TEST_P(KdFileModes, Any_character_at_any_place_of_a_line_is_written_like_one_of_its_own) {
+    const auto& [encoding, escapes, lineEnds, bufferSize] = GetParam();
+    KdCStdioFile file(path().c_str(), create, encoding, escapes, lineEnds, bufferSize);
+    std::string expected;
+    for (const CharacterBytes& entry : characters()) {
+        for (std::size_t place = 0; place < 40; ++place) {
+            std::wstring line(40, L'a');
+            line[place] = entry.character;
+            file.WriteString(line.c_str());
+            expected += expectedBytes(line, encoding, escapes, lineEnds);
+        }
+    }
+    file.Close();
+    EXPECT_EQ(bytes(), expected);
 }
 
 TEST_P(KdFileModes, Write_writes_what_WriteString_writes) {
