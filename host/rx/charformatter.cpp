@@ -2,7 +2,6 @@
 
 #include "kd/rx/charformatter.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>

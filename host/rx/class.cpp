@@ -2,7 +2,6 @@
 
 #include "kd/rx/class.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 

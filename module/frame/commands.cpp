@@ -14,7 +14,7 @@ struct CommandRow {
     bool added;
 };
 
-constexpr const wchar_t* kGroup = L"TVX_TABLE_COMMANDS";
+constexpr const wchar_t* kGroup = kTableCommandGroup;
 
 CommandRow rows[] = {
     // group, name, local name, flags, function, context, text of the local name

@@ -5,7 +5,6 @@
 #include <array>
 
 #include "kd/ed/lispfunctions.h"
-#include "kd/rx/commandstack.h"
 #include "module/frame/registryentry.h"
 
 namespace {
@@ -16,15 +15,16 @@ using NameBuffer = std::array<wchar_t, 132>;
 /// A row with this flag keeps its texts out of the module's resources.
 constexpr int kNoResourceInstance = 1 << 21;
 
-KdEdCommandStack& commandStack() {
-    return requiredRegistryEntry<KdEdCommandStack>(L"KDAD_REGISTERED_COMMANDS");
+/// The row's own name, else that of the resource text, which then stands in the buffer. A text that is missing leaves
+/// what stood there before.
+const wchar_t* nameOr(const wchar_t* name, HINSTANCE resources, int number, NameBuffer& buffer) {
+    if (name != nullptr) return name;
+    LoadStringW(resources, static_cast<unsigned>(number), buffer.data(), static_cast<int>(buffer.size()));
+    return buffer.data();
 }
 
 const wchar_t* functionName(const _KFSSYMBOL_ENTRY& row, HINSTANCE resources, NameBuffer& buffer) {
-    if (row.name != nullptr) return row.name;
-    LoadStringW(resources, static_cast<unsigned>(row.localNameResource), buffer.data(),
-                static_cast<int>(buffer.size()));
-    return buffer.data();
+    return nameOr(row.name, resources, row.localNameResource, buffer);
 }
 
 }  // namespace
@@ -35,12 +35,7 @@ int KdRxTvxApp::On_kInitAppMsg(void* applicationId) {
     NameBuffer buffer{};
     for (const _TVXCOMMAND_ENTRY* row : commandTable()) {
         if (row == nullptr) continue;
-        const wchar_t* localName = row->localName;
-        if (localName == nullptr) {
-            LoadStringW(m_resourceInstance, static_cast<unsigned>(row->localNameResource), buffer.data(),
-                        static_cast<int>(buffer.size()));
-            localName = buffer.data();
-        }
+        const wchar_t* localName = nameOr(row->localName, m_resourceInstance, row->localNameResource, buffer);
         HINSTANCE resources = (row->flags & kNoResourceInstance) != 0 ? nullptr : m_resourceInstance;
         commandStack().addCommand(row->group, row->name, localName, row->flags, row->function, row->context, -1,
                                   resources, nullptr);

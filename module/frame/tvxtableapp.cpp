@@ -7,7 +7,6 @@
 
 #include "kd/db/table.h"
 #include "kd/ed/uicontext.h"
-#include "kd/rx/commandstack.h"
 #include "kd/rx/kdstring.h"
 #include "kd/rx/service.h"
 #include "module/core/resources.h"
@@ -18,7 +17,6 @@
 
 namespace {
 
-constexpr const wchar_t* kCommandGroup = L"TVX_TABLE_COMMANDS";
 constexpr const wchar_t* kServiceName = L"TVXTABLE_SERVICE";
 constexpr unsigned kCommandLineTableName = 2009;
 
@@ -49,9 +47,8 @@ int TvxTableApp::On_kInitAppMsg(void* applicationId) {
 
     KdString localName;
     localName.loadString(hLibModule, kCommandLineTableName);
-    requiredRegistryEntry<KdEdCommandStack>(L"KDAD_REGISTERED_COMMANDS")
-        .addCommand(kCommandGroup, L"-TABLE", localName.kwszPtr(), KdEdCommandFlag::kUsePickSet,
-                    TVX_TABLE_COMMANDSTABLE_CMDLINE, nullptr, -1, nullptr, nullptr);
+    commandStack().addCommand(kTableCommandGroup, L"-TABLE", localName.kwszPtr(), KdEdCommandFlag::kUsePickSet,
+                              TVX_TABLE_COMMANDSTABLE_CMDLINE, nullptr, -1, nullptr, nullptr);
 
     dropContextMenu();
     m_contextMenu = std::make_unique<CVqTableUIContext>();
@@ -66,7 +63,7 @@ int TvxTableApp::On_kUnloadAppMsg(void* argument) {
     const int result = KdRxTvxApp::On_kUnloadAppMsg(argument);
 
     // Takes "-TABLE" away, which the command table doesn't know.
-    requiredRegistryEntry<KdEdCommandStack>(L"KDAD_REGISTERED_COMMANDS").removeGroup(kCommandGroup);
+    commandStack().removeGroup(kTableCommandGroup);
 
     // The floating toolbar is not destroyed here: its pointer alone is given up.
     gpTableditMiniFrameWnd = nullptr;

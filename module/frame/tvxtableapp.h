@@ -8,6 +8,9 @@
 class CVqTableUIContext;
 class VqTableDocManagerReactor;
 
+/// The group of all commands of the module.
+inline constexpr const wchar_t* kTableCommandGroup = L"TVX_TABLE_COMMANDS";
+
 class TvxTableApp : public KdRxTvxApp {
 public:
     /// Loads the resource module.
