@@ -1,8 +1,7 @@
-// A cell, a row, and the rows of a table.
+// A cell and a row of a table.
 //
 // A cell is small: its text, and what it rarely has (overrides of its format, a block, a field), lie apart and are
-// shared until written. Cells formatted alike share one record of overrides. Rows are shared between the
-// states of a table until one of them writes, so that keeping a state is cheap whatever the table's size.
+// shared until written. Cells formatted alike share one record of overrides.
 #pragma once
 
 #include <cstdint>
@@ -87,45 +86,6 @@ struct TableRow {
     /// Lowest height that the row's own text allows, as last worked out under `stamp`; 0 for never.
     mutable double minimumHeight = 0.0;
     mutable std::uint64_t minimumStamp = 0;
-};
-
-/// The rows of one state of a table.
-class TableRows {
-public:
-    int size() const { return m_count; }
-    const TableRow& operator[](int row) const { return *(*m_rows)[static_cast<std::size_t>(row)]; }
-    const Cell& cell(int row, int column) const { return (*this)[row].cells[static_cast<std::size_t>(column)]; }
-    /// Whether nothing was written in either since one was copied from the other.
-    bool shares(const TableRows& other) const { return m_rows.shares(other.m_rows); }
-
-    /// The row for this state alone.
-    TableRow& write(int row) {
-        TableRow& own = m_rows.write()[static_cast<std::size_t>(row)].write();
-        own.minimumStamp = 0;
-        return own;
-    }
-    /// A height is no part of what the row's own text asks for.
-    void setHeight(int row, double height) {
-        if ((*this)[row].height != height) m_rows.write()[static_cast<std::size_t>(row)].write().height = height;
-    }
-    Cell& writeCell(int row, int column) { return write(row).cells[static_cast<std::size_t>(column)]; }
-
-    /// Inserts copies of one row; they share it until written.
-    void insert(int at, int count, TableRow row) {
-        Rows& rows = m_rows.write();
-        rows.insert(rows.begin() + at, static_cast<std::size_t>(count), CopyOnWrite<TableRow>(std::move(row)));
-        m_count += count;
-    }
-    void erase(int first, int count) {
-        Rows& rows = m_rows.write();
-        rows.erase(rows.begin() + first, rows.begin() + first + count);
-        m_count -= count;
-    }
-
-private:
-    using Rows = std::vector<CopyOnWrite<TableRow>>;
-    CopyOnWrite<Rows> m_rows;
-    int m_count = 0;  ///< asked for before every look at a cell, hence at hand
 };
 
 }  // namespace kdhost

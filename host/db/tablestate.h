@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "host/db/entitystate.h"
-#include "host/db/tablecell.h"
+#include "host/db/tablerows.h"
 #include "host/db/tablestylepool.h"
 #include "kd/db/cellrange.h"
 

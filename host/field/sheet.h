@@ -8,7 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "host/db/tablecell.h"
+#include "host/db/tablerows.h"
 #include "host/field/rangeindex.h"
 #include "kd/db/objectid.h"
 

@@ -1,0 +1,108 @@
+// Rows that come and go, in their blocks.
+
+#include "host/db/tablerows.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kdhost {
+namespace {
+
+/// A block that would grow larger is cut.
+constexpr std::size_t kLargestBlock = 128;
+/// The length of new blocks.
+constexpr std::size_t kNewBlock = 96;
+/// Neighbours that have no more rows together become one.
+constexpr std::size_t kSmallBlocks = 64;
+
+template <class List>
+auto at(List& list, std::size_t place) {
+    return list.begin() + static_cast<std::ptrdiff_t>(place);
+}
+
+}  // namespace
+
+std::size_t TableRows::blockOf(int row) const {
+    const List& all = *m_list;
+    const auto behind = std::upper_bound(all.firstRows.begin(), all.firstRows.end(), row);
+    const auto block = static_cast<std::size_t>(behind - all.firstRows.begin()) - 1;
+    m_near = {all.blocks[block]->data(), static_cast<unsigned>(all.blocks[block]->size()), all.firstRows[block], block};
+    return block;
+}
+
+TableRow& TableRows::ownRow(int row) {
+    if (static_cast<unsigned>(row - m_near.first) >= m_near.count) blockOf(row);
+    Block& rows = m_list.write().blocks[m_near.block].write();
+    m_near.rows = rows.data();
+    return rows[static_cast<std::size_t>(row - m_near.first)].write();
+}
+
+void TableRows::insert(int where, int count, TableRow row) {
+    if (count <= 0) return;
+    const Row made(std::move(row));
+    const auto added = static_cast<std::size_t>(count);
+    const std::size_t block = m_count == 0 ? 0 : blockOf(std::min(where, m_count - 1));
+    const auto place = static_cast<std::size_t>(where - m_near.first);
+    List& all = m_list.write();
+    if (m_count == 0) {
+        replaceBlocks(all, 0, 0, Block(added, made));
+    } else if (all.blocks[block]->size() + added <= kLargestBlock) {
+        Block& rows = all.blocks[block].write();
+        rows.insert(at(rows, place), added, made);
+        countFrom(all, block + 1);
+    } else {
+        Block rows = *all.blocks[block];
+        rows.insert(at(rows, place), added, made);
+        replaceBlocks(all, block, 1, rows);
+    }
+    m_count += count;
+    forgetNear();
+}
+
+void TableRows::erase(int first, int count) {
+    if (count <= 0) return;
+    const int behind = first + count;
+    const std::size_t from = blockOf(first);
+    const auto head = static_cast<std::size_t>(first - m_near.first);
+    const std::size_t last = blockOf(behind - 1);
+    const auto tail = static_cast<std::size_t>(behind - m_near.first);
+    List& all = m_list.write();
+    if (from == last && m_near.count - static_cast<std::size_t>(count) > kSmallBlocks) {
+        Block& rows = all.blocks[from].write();
+        rows.erase(at(rows, head), at(rows, tail));
+        countFrom(all, from + 1);
+    } else {
+        // What is left at both ends, and the next block if that is small, make new blocks.
+        Block rows(all.blocks[from]->begin(), at(*all.blocks[from], head));
+        rows.insert(rows.end(), at(*all.blocks[last], tail), all.blocks[last]->end());
+        std::size_t replaced = last - from + 1;
+        if (last + 1 < all.blocks.size() && rows.size() + all.blocks[last + 1]->size() <= kSmallBlocks) {
+            rows.insert(rows.end(), all.blocks[last + 1]->begin(), all.blocks[last + 1]->end());
+            ++replaced;
+        }
+        replaceBlocks(all, from, replaced, rows);
+    }
+    m_count -= count;
+    forgetNear();
+}
+
+void TableRows::replaceBlocks(List& list, std::size_t place, std::size_t count, const Block& rows) {
+    std::vector<CopyOnWrite<Block>> made;
+    for (std::size_t first = 0; first < rows.size(); first += kNewBlock) {
+        const std::size_t behind = std::min(rows.size(), first + kNewBlock);
+        made.emplace_back(Block(at(rows, first), at(rows, behind)));
+    }
+    list.blocks.erase(at(list.blocks, place), at(list.blocks, place + count));
+    list.blocks.insert(at(list.blocks, place), made.begin(), made.end());
+    countFrom(list, place);
+}
+
+void TableRows::countFrom(List& list, std::size_t block) {
+    list.firstRows.resize(list.blocks.size());
+    for (; block < list.blocks.size(); ++block) {
+        list.firstRows[block] =
+            block == 0 ? 0 : list.firstRows[block - 1] + static_cast<int>(list.blocks[block - 1]->size());
+    }
+}
+
+}  // namespace kdhost

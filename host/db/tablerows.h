@@ -1,0 +1,82 @@
+// The rows of one state of a table.
+//
+// Rows stand in blocks, and a list holds the blocks; rows, blocks and the list are each shared between states until one
+// of them writes. So keeping a state costs nothing, a changed row costs its block, and a row that comes or goes costs
+// its block and the list, which is short: not the table's length.
+//
+//     list      block 0 (row 0)    block 1 (row 96)    block 2 (row 200) ...
+//     block     row row row ...    row row row ...
+#pragma once
+
+#include <vector>
+
+#include "host/db/tablecell.h"
+#include "host/db/tablecow.h"
+
+namespace kdhost {
+
+class TableRows {
+public:
+    TableRows() = default;
+    // Copies only: what is moved from would keep its memory of a block that it no longer holds.
+    TableRows(const TableRows&) = default;
+    TableRows& operator=(const TableRows&) = default;
+    ~TableRows() = default;
+
+    int size() const { return m_count; }
+    const TableRow& operator[](int row) const {
+        const unsigned place = static_cast<unsigned>(row - m_near.first);
+        if (place < m_near.count) [[likely]]
+            return *m_near.rows[place];
+        blockOf(row);
+        return *m_near.rows[row - m_near.first];
+    }
+    const Cell& cell(int row, int column) const { return (*this)[row].cells[static_cast<std::size_t>(column)]; }
+    /// Whether nothing was written in either since one was copied from the other.
+    bool shares(const TableRows& other) const { return m_list.shares(other.m_list); }
+
+    /// The row for this state alone.
+    TableRow& write(int row) {
+        TableRow& own = ownRow(row);
+        own.minimumStamp = 0;
+        return own;
+    }
+    /// A height is no part of what the row's own text asks for.
+    void setHeight(int row, double height) {
+        if ((*this)[row].height != height) ownRow(row).height = height;
+    }
+    Cell& writeCell(int row, int column) { return write(row).cells[static_cast<std::size_t>(column)]; }
+
+    /// Inserts copies of one row; they share it until written.
+    void insert(int at, int count, TableRow row);
+    void erase(int first, int count);
+
+private:
+    using Row = CopyOnWrite<TableRow>;
+    using Block = std::vector<Row>;
+    struct List {
+        std::vector<CopyOnWrite<Block>> blocks;  ///< none of them empty
+        std::vector<int> firstRows;              ///< of each block; they ascend from 0
+    };
+    /// The block looked at last. Walks go row by row, so that the next look mostly goes there too.
+    struct Near {
+        const Row* rows = nullptr;
+        unsigned count = 0;
+        int first = 0;
+        std::size_t block = 0;
+    };
+
+    /// The block that the row stands in, which is then the near one.
+    std::size_t blockOf(int row) const;
+    TableRow& ownRow(int row);
+    void forgetNear() const { m_near = {}; }
+    /// Puts rows in the place of `count` blocks, as blocks with room to grow.
+    static void replaceBlocks(List& list, std::size_t at, std::size_t count, const Block& rows);
+    static void countFrom(List& list, std::size_t block);
+
+    CopyOnWrite<List> m_list;
+    int m_count = 0;  ///< asked for before every look at a cell, hence at hand
+    mutable Near m_near;
+};
+
+}  // namespace kdhost

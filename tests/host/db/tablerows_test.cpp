@@ -1,0 +1,152 @@
+// Rows of a table in their blocks: the same as a plain list of rows, whatever is shared with older states.
+
+#include "host/db/tablerows.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace kdtest {
+namespace {
+
+using kdhost::TableRow;
+using kdhost::TableRows;
+
+TableRow rowOf(int number) {
+    TableRow row;
+    row.height = number;
+    row.cells.resize(1);
+    return row;
+}
+
+/// Each row is told by its height.
+std::vector<int> heights(const TableRows& rows) {
+    std::vector<int> all;
+    for (int row = 0; row < rows.size(); ++row) all.push_back(static_cast<int>(rows[row].height));
+    return all;
+}
+
+/// Rows 0, 1, 2 ...
+TableRows numbered(int count) {
+    TableRows rows;
+    for (int row = 0; row < count; ++row) rows.insert(row, 1, rowOf(row));
+    return rows;
+}
+
+TEST(TableRows, Keep_their_order_however_many_come_one_by_one_or_at_once) {
+    const TableRows rows = numbered(1000);
+    for (int row = 999; row >= 0; --row) ASSERT_EQ(rows[row].height, row);
+    for (int row = 0; row < 1000; row += 7) ASSERT_EQ(rows[(row * 389) % 1000].height, (row * 389) % 1000);
+
+    TableRows atOnce;
+    atOnce.insert(0, 1000, rowOf(7));
+    atOnce.insert(500, 300, rowOf(8));
+    EXPECT_EQ(atOnce.size(), 1300);
+    EXPECT_EQ(atOnce[499].height, 7);
+    EXPECT_EQ(atOnce[500].height, 8);
+    EXPECT_EQ(atOnce[799].height, 8);
+    EXPECT_EQ(atOnce[800].height, 7);
+}
+
+TEST(TableRows, That_are_all_gone_can_come_back) {
+    TableRows rows = numbered(300);
+    rows.erase(0, 300);
+    EXPECT_EQ(rows.size(), 0);
+    rows.insert(0, 2, rowOf(5));
+    EXPECT_EQ(heights(rows), (std::vector{5, 5}));
+}
+
+TEST(TableRows, Are_shared_with_a_copy_until_one_of_both_writes) {
+    const TableRows before = numbered(400);
+    TableRows after = before;
+    EXPECT_TRUE(after.shares(before));
+    EXPECT_EQ(&after[200], &before[200]);
+    after.write(200).height = -1.0;
+    EXPECT_FALSE(after.shares(before));
+    EXPECT_EQ(before[200].height, 200.0);
+    EXPECT_EQ(after[200].height, -1.0);
+    for (int row = 0; row < 400; ++row) {
+        EXPECT_EQ(&after[row] == &before[row], row != 200) << row;
+    }
+    after.erase(10, 300);
+    after.insert(10, 1, rowOf(-2));
+    EXPECT_EQ(&after[11], &before[310]) << "rows that only moved are still shared";
+}
+
+TEST(TableRows, Lose_what_was_worked_out_about_a_row_by_every_write_but_that_of_its_height) {
+    TableRows rows = numbered(3);
+    for (int row = 0; row < 3; ++row) rows[row].minimumStamp = 9;
+    rows.setHeight(0, 50.0);
+    rows.writeCell(1, 0).style = 3;
+    EXPECT_EQ(rows[0].height, 50.0);
+    EXPECT_EQ(rows[0].minimumStamp, 9U);
+    EXPECT_EQ(rows[1].minimumStamp, 0U);
+    EXPECT_EQ(rows[2].minimumStamp, 9U);
+}
+
+/// A state of the rows and what it must hold.
+struct Kept {
+    TableRows rows;
+    std::vector<int> expected;
+};
+
+class RandomRows : public ::testing::Test {
+protected:
+    int below(int bound) { return static_cast<int>(m_random() % static_cast<unsigned>(bound)); }
+
+    /// Few rows mostly, now and then many.
+    int someOf(int most) { return below(4) == 0 ? below(most + 1) : std::min(most, below(3)); }
+
+    void change(Kept& state) {
+        const int size = state.rows.size();
+        if (below(3) == 0 && size > 0) {
+            const int row = below(size);
+            if (below(2) == 0) {
+                state.rows.write(row).height = ++m_next;
+            } else {
+                state.rows.setHeight(row, ++m_next);
+            }
+            state.expected[static_cast<std::size_t>(row)] = m_next;
+        } else if (below(2) == 0 && size > 0) {
+            const int first = below(size);
+            const int count = someOf(size - first);
+            state.rows.erase(first, count);
+            state.expected.erase(state.expected.begin() + first, state.expected.begin() + first + count);
+        } else {
+            const int at = below(size + 1);
+            const int count = size > 1500 ? 1 : someOf(400);
+            state.rows.insert(at, count, rowOf(++m_next));
+            state.expected.insert(state.expected.begin() + at, static_cast<std::size_t>(count), m_next);
+        }
+    }
+
+private:
+    std::mt19937 m_random{20};
+    int m_next = 0;
+};
+
+TEST_F(RandomRows, Are_those_of_a_plain_list_in_every_state_that_was_kept) {
+    std::vector<Kept> states(4);
+    for (int round = 0; round < 20'000; ++round) {
+        const auto of = [&] { return static_cast<std::size_t>(below(4)); };
+        Kept& state = states[of()];
+        if (below(8) == 0) {
+            // As keeping a state, putting one back and forgetting one do.
+            state = states[of()];
+        } else {
+            change(state);
+        }
+        const int size = state.rows.size();
+        ASSERT_EQ(size, static_cast<int>(state.expected.size()));
+        for (int look = 0; look < 4 && size > 0; ++look) {
+            const int row = below(size);
+            ASSERT_EQ(state.rows[row].height, state.expected[static_cast<std::size_t>(row)]);
+        }
+        if (round % 50 != 0) continue;
+        for (const Kept& kept : states) ASSERT_EQ(heights(kept.rows), kept.expected) << "round " << round;
+    }
+}
+
+}  // namespace
+}  // namespace kdtest
