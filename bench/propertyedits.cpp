@@ -64,7 +64,7 @@ void measureMenu(const std::string& name, KdDbObjectId id, MenuTest test, const 
 }
 
 void measure(const std::string& name, KdDbObjectId table, kdbench::Edit edit) {
-    kdbench::measureEdit(*session, name, table, edit, benchmark::kMillisecond);
+    kdbench::measureEdit(*session, table, {.name = name, .edit = edit, .unit = benchmark::kMillisecond});
 }
 
 void registerEdits(KdDbObjectId table, const std::string& size) {

@@ -42,11 +42,12 @@ public:
 
     std::size_t steps() { return history().undoSteps().size(); }
 
-    /// Takes the last step back and ends what could be redone by another one.
-    void undoAndForget() {
+    /// Takes the last steps back and ends what could be redone, by a change that belongs to no step.
+    void undoAndForget(int count) {
         m_odd = !m_odd;
-        history().undo();
-        CVqTableCommon::SettingLocked(m_odd ? 1820 : 1819, m_small);
+        for (; count > 0; --count) history().undo();
+        const OpenObject<KdDbTable> small(m_small, KdDb::kForWrite);
+        small->setAlignment(0, 0, m_odd ? KdDb::kTopLeft : KdDb::kTopRight);
     }
 
 private:
@@ -58,39 +59,50 @@ private:
 /// Sets one of two values, so that each run changes every cell.
 using Edit = int (*)(KdDbObjectId table, bool odd);
 
-/// The edit, and its undo and redo. Each run of the edit leaves one step of undo, which is undone and forgotten before
-/// the next one; `prepare` is called before each.
-inline void measureEdit(
-    Session& session, const std::string& name, KdDbObjectId table, Edit edit, benchmark::TimeUnit unit,
-    void (*prepare)(KdDbObjectId table) = [](KdDbObjectId) {}) {
-    benchmark::RegisterBenchmark(name.c_str(), [=, &session](benchmark::State& state) {
+struct MeasuredEdit {
+    std::string name;
+    Edit edit;
+    benchmark::TimeUnit unit;
+    /// As many edits make one run: what takes a few microseconds would drown in the cost of looking at the clock.
+    int edits = 1;
+    void (*prepare)(KdDbObjectId table) = [](KdDbObjectId) {};  ///< called before each run
+};
+
+/// The edits, and the undo of them. Each edit leaves one step of undo, which is undone and forgotten before the next
+/// run.
+inline void measureEdit(Session& session, KdDbObjectId table, const MeasuredEdit& measured) {
+    benchmark::RegisterBenchmark(measured.name.c_str(), [=, &session](benchmark::State& state) {
         bool odd = false;
         const std::size_t steps = session.steps();
         for (auto _ : state) {
             state.PauseTiming();
-            prepare(table);
+            measured.prepare(table);
             odd = !odd;
             state.ResumeTiming();
-            if (edit(table, odd) == 0) state.SkipWithError("refused");
+            for (int edit = 0; edit < measured.edits; ++edit) {
+                if (measured.edit(table, odd) == 0) state.SkipWithError("refused");
+            }
             state.PauseTiming();
-            session.undoAndForget();
+            session.undoAndForget(measured.edits);
             state.ResumeTiming();
         }
-        if (session.steps() != steps + static_cast<std::size_t>(state.iterations())) {
-            state.SkipWithError("not one step of undo each time");
-        }
-    })->Unit(unit);
-    benchmark::RegisterBenchmark(("undo_of_" + name).c_str(), [=, &session](benchmark::State& state) {
-        prepare(table);
-        edit(table, true);
+        if (session.steps() != steps) state.SkipWithError("not one step of undo each time");
+    })->Unit(measured.unit);
+    benchmark::RegisterBenchmark(("undo_of_" + measured.name).c_str(), [=, &session](benchmark::State& state) {
+        measured.prepare(table);
+        for (int edit = 0; edit < measured.edits; ++edit) measured.edit(table, edit % 2 == 0);
         for (auto _ : state) {
-            if (session.history().undo() != Kdad::eOk) state.SkipWithError("not undone");
+            for (int edit = 0; edit < measured.edits; ++edit) {
+                if (session.history().undo() != Kdad::eOk) state.SkipWithError("not undone");
+            }
             state.PauseTiming();
-            if (session.history().redo() != Kdad::eOk) state.SkipWithError("not redone");
+            for (int edit = 0; edit < measured.edits; ++edit) {
+                if (session.history().redo() != Kdad::eOk) state.SkipWithError("not redone");
+            }
             state.ResumeTiming();
         }
-        session.undoAndForget();
-    })->Unit(unit);
+        session.undoAndForget(measured.edits);
+    })->Unit(measured.unit);
 }
 
 }  // namespace kdbench

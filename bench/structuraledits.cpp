@@ -19,6 +19,9 @@ using Common = CVqTableCommon;
 constexpr int columns = 8;
 constexpr int rows = 10'000;
 
+/// As many rows come or go in one run of a figure.
+constexpr int rowsAtATime = 32;
+
 std::unique_ptr<kdbench::Session> session;
 
 std::unique_ptr<QStandardItemModel> itemModel() {
@@ -40,9 +43,9 @@ QList<QStandardItem*> itemRow() {
 void insertItemRow(benchmark::State& state) {
     const auto model = itemModel();
     for (auto _ : state) {
-        model->insertRow(rows / 2, itemRow());
+        for (int row = 0; row < rowsAtATime; ++row) model->insertRow(rows / 2, itemRow());
         state.PauseTiming();
-        model->removeRow(rows / 2);
+        model->removeRows(rows / 2, rowsAtATime);
         state.ResumeTiming();
     }
 }
@@ -50,9 +53,9 @@ void insertItemRow(benchmark::State& state) {
 void deleteItemRow(benchmark::State& state) {
     const auto model = itemModel();
     for (auto _ : state) {
-        model->removeRow(rows / 2);
+        for (int row = 0; row < rowsAtATime; ++row) model->removeRow(rows / 2);
         state.PauseTiming();
-        model->insertRow(rows / 2, itemRow());
+        for (int row = 0; row < rowsAtATime; ++row) model->insertRow(rows / 2, itemRow());
         state.ResumeTiming();
     }
 }
@@ -93,6 +96,7 @@ struct StructuralEdit {
     const char* name;
     kdbench::Edit edit;
     const char* peer;
+    int edits;
 };
 
 template <int (*operation)(KdDbObjectId)>
@@ -101,12 +105,12 @@ int run(KdDbObjectId table, bool) {
 }
 
 constexpr StructuralEdit edits[] = {
-    {"InsertRowByAbove", run<Common::InsertRowByAbove>, "insertItemRow"},
-    {"InsertRowByBelow", run<Common::InsertRowByBelow>, "insertItemRow"},
-    {"DeleteRows", run<Common::DeleteRows>, "deleteItemRow"},
-    {"InsertColumnByLeft", run<Common::InsertColumnByLeft>, "insertItemColumn"},
-    {"InsertColumnByRight", run<Common::InsertColumnByRight>, "insertItemColumn"},
-    {"DeleteColumns", run<Common::DeleteColumns>, "deleteItemColumn"},
+    {"InsertRowByAbove", run<Common::InsertRowByAbove>, "insertItemRow", rowsAtATime},
+    {"InsertRowByBelow", run<Common::InsertRowByBelow>, "insertItemRow", rowsAtATime},
+    {"DeleteRows", run<Common::DeleteRows>, "deleteItemRow", rowsAtATime},
+    {"InsertColumnByLeft", run<Common::InsertColumnByLeft>, "insertItemColumn", 1},
+    {"InsertColumnByRight", run<Common::InsertColumnByRight>, "insertItemColumn", 1},
+    {"DeleteColumns", run<Common::DeleteColumns>, "deleteItemColumn", 1},
 };
 
 }  // namespace
@@ -127,9 +131,10 @@ int main(int argc, char** argv) {
     const KdDbObjectId table = session->addTable(rows, columns);
     const KdDbObjectId tenTimes = session->addTable(10 * rows, columns);
     for (const StructuralEdit& edit : edits) {
-        kdbench::measureEdit(*session, edit.name, table, edit.edit, unit, selectMiddleCell);
-        kdbench::measureEdit(*session, edit.name + kdbench::tenTimesTheCells, tenTimes, edit.edit, unit,
-                             selectMiddleCell);
+        kdbench::MeasuredEdit measured{edit.name, edit.edit, unit, edit.edits, selectMiddleCell};
+        kdbench::measureEdit(*session, table, measured);
+        measured.name += kdbench::tenTimesTheCells;
+        kdbench::measureEdit(*session, tenTimes, measured);
         reporter.setGoal(edit.name, {edit.peer, 0.5, 0.2});
         reporter.setGoal(std::string("undo_of_") + edit.name, {edit.peer, 0.5, 0.2});
     }
