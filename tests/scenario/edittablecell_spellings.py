@@ -15,6 +15,8 @@ ROADS = {
     "alignment": [("main", "Format"), ("format", "ALignment")],
     "style": [("main", "Style")],
 }
+# The prompt of the program itself.
+COMMAND_PROMPTS = {"en": "Command:", "zh_CN": "命令:"}
 SPACING = 1000
 # A line of the script between keywords stands under this name.
 LINE = "line"
@@ -147,8 +149,9 @@ def states(table):
 class User:
     """Types keywords of one language in one way, and keeps which."""
 
-    def __init__(self, menus, spell):
-        self.menus, self.spell, self.typed = menus, spell, set()
+    def __init__(self, language, spell):
+        self.menus, self.spell, self.typed = keywords(language), spell, set()
+        self.expect_end = f"@expect prompt {COMMAND_PROMPTS[language]}"
 
     def word(self, menu, word):
         self.typed.add((menu, word))
@@ -161,20 +164,20 @@ class User:
         """One run of the command on the table at that place, ended in the menu that it came to."""
         last = [menu for menu, _ in words if menu != LINE][-1]
         return ["EDITTABLECELL", f"{place * SPACING + 10},195", cells, *self.words(place, words),
-                self.word(last, "Quit"), "@expect prompt Command:"]
+                self.word(last, "Quit"), self.expect_end]
 
     def one_action(self, place, cells, words):
         """The same, ended by its one action; a merge leaves the user in its menu."""
         back = [self.word("merge", "BAck")] if ("operation", "Merge") in words else []
         return ["EDITTABLECELL", f"{place * SPACING + 10},195", cells, self.word("main", "ExecuteOneAction"),
-                *self.words(place, words), *back, "@expect prompt Command:"]
+                *self.words(place, words), *back, self.expect_end]
 
     def climb(self, place):
         """Into each menu and back to the main one."""
         lines = ["EDITTABLECELL", f"{place * SPACING + 10},195", "A1"]
         for menu, road in ROADS.items():
             lines += self.words(place, road) + [self.word(step, "BAck") for step, _ in [*road, (menu, "")][:0:-1]]
-        return [*lines, self.word("main", "Quit"), "@expect prompt Command:"]
+        return [*lines, self.word("main", "Quit"), self.expect_end]
 
 
 def imports():
@@ -221,11 +224,10 @@ def check(run):
     assert run.dump["tables"][0]["selection"] is None
     reference = None
     for language in ["en", "zh_CN"]:
-        menus = keywords(language)
-        every_word = {(menu, word) for menu, words in menus.items() for word in words}
+        every_word = {(menu, word) for menu, words in keywords(language).items() for word in words}
         arguments = f"--lang {language}"
         for name, spell in SPELLINGS.items():
-            user = User(menus, spell)
+            user = User(language, spell)
             edited = run.play([*script(user.command), *questions(user.command), *user.climb(len(EDITS))], arguments)
             check_edits(edited)
             reference = reference or drawing(edited)
@@ -234,7 +236,7 @@ def check(run):
             one_by_one = run.play([*script(user.one_action), *questions(user.one_action)], arguments)
             assert drawing(one_by_one) == reference, (language, name)
             assert user.typed == every_word, every_word - user.typed
-        check_undo(run, User(menus, spell), arguments)
+        check_undo(run, User(language, spell), arguments)
 
 
 def check_undo(run, user, arguments):
@@ -246,8 +248,8 @@ def check_undo(run, user, arguments):
     assert drawing(run.play(script(user.command, ["U", "REDO", "U"]), arguments)) == untouched
 
     new_style = user.command(0, *QUESTIONS["new cell style"])
-    untouched = drawing(run.play(imports()))
-    made = drawing(run.play([*imports(), *new_style]))
+    untouched = drawing(run.play(imports(), arguments))
+    made = drawing(run.play([*imports(), *new_style], arguments))
     assert made["styles"] != untouched["styles"]
     assert drawing(run.play([*imports(), *new_style, "U"], arguments)) == untouched
     assert drawing(run.play([*imports(), *new_style, "U", "REDO"], arguments)) == made
