@@ -1,5 +1,6 @@
 """Runs one scenario; README.md tells what a scenario is."""
 
+import contextlib
 import json
 import os
 import pathlib
@@ -43,9 +44,27 @@ def environment(folder, more=""):
     return values
 
 
+@contextlib.contextmanager
+def screen():
+    """The name of an X display that nobody sees, while it lasts."""
+    read, write = os.pipe()
+    # The server chooses a free number and tells it.
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-nolisten", "tcp", "-screen", "0", "1280x1024x24"],
+                              pass_fds=[write], stderr=subprocess.DEVNULL)
+    os.close(write)
+    try:
+        with os.fdopen(read) as told:
+            number = told.readline().strip()
+        assert number, "Xvfb, which packages.txt names, did not start"
+        yield ":" + number
+    finally:
+        server.terminate()
+        server.wait()
+
+
 def start(kdhost, folder, name, arguments, variables):
     """A run of NAME.kds in the folder, which writes NAME.json."""
-    command = [kdhost, "--headless", "--script", f"{name}.kds", "--dump", f"{name}.json"] + arguments
+    command = [kdhost, "--script", f"{name}.kds", "--dump", f"{name}.json"] + arguments
     return subprocess.run(command, cwd=folder, env=variables, capture_output=True, encoding="utf-8",
                           timeout=TIMEOUT_SECONDS)
 
@@ -53,18 +72,33 @@ def start(kdhost, folder, name, arguments, variables):
 def play(kdhost, folder, lines, arguments):
     """The dump after a good run of these script lines in the folder."""
     (folder / "play.kds").write_text("".join(line + "\n" for line in lines), encoding="utf-8")
-    done = start(kdhost, folder, "play", arguments.split(), environment(folder))
+    done = start(kdhost, folder, "play", ["--headless"] + arguments.split(), environment(folder))
     assert done.returncode == 0, f"status {done.returncode}: {done.stderr}"
     return json.loads((folder / "play.json").read_text(encoding="utf-8"))
 
 
-def run(kdhost, script, folder):
+def run_on_screen(kdhost, folder, name, arguments, variables):
+    """The same with a window, which closes at the end of the script."""
+    with open(folder / f"{name}.kds", "a", encoding="utf-8") as script:
+        script.write("QUIT\n")
+    runtime = folder / "runtime"
+    runtime.mkdir(mode=0o700)
+    with screen() as display:
+        variables.update(DISPLAY=display, QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=str(runtime))
+        return start(kdhost, folder, name, arguments, variables)
+
+
+def run(kdhost, script, folder, on_screen):
     expected = directives(script)
     plugins = str(pathlib.Path(kdhost).parent.parent / "test_plugins")
     shutil.copytree(script.parent / "inputs", folder, dirs_exist_ok=True)
     shutil.copy(script, folder)
     arguments = expected.get("arguments", "").replace("TEST_PLUGINS", plugins).split()
-    done = start(kdhost, folder, script.stem, arguments, environment(folder, expected.get("environment", "")))
+    variables = environment(folder, expected.get("environment", ""))
+    if on_screen:
+        done = run_on_screen(kdhost, folder, script.stem, arguments, variables)
+    else:
+        done = start(kdhost, folder, script.stem, ["--headless"] + arguments, variables)
     print(done.stdout, end="")
 
     fails = expected.get("fails")
@@ -88,9 +122,9 @@ def check(script, result):
 
 
 def main():
-    kdhost, script = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
+    kdhost, script, on_screen = sys.argv[1], pathlib.Path(sys.argv[2]).resolve(), "--screen" in sys.argv[3:]
     with tempfile.TemporaryDirectory() as folder:
-        check(script, run(str(pathlib.Path(kdhost).resolve()), script, pathlib.Path(folder)))
+        check(script, run(str(pathlib.Path(kdhost).resolve()), script, pathlib.Path(folder), on_screen))
 
 
 if __name__ == "__main__":
