@@ -3,7 +3,12 @@
 #include "mfc/messagebox.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
+#include <algorithm>
 #include <array>
 
 #include "host/mfc/messagebox.h"
@@ -11,6 +16,37 @@
 namespace {
 
 std::wstring lastText;
+
+/// Qt bounds the width of its boxes in plain pixels. Here a line holds the same number of letters at any scale.
+class Box : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    bool event(QEvent* event) override {
+        const bool done = QMessageBox::event(event);
+        if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) fitToText();
+        return done;
+    }
+
+private:
+    void fitToText() {
+        constexpr int kLongestLine = 60;  // in letters
+        auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        if (label == nullptr || layout() == nullptr) return;
+        const QFontMetrics metrics = label->fontMetrics();
+        const int natural = metrics.size(0, label->text()).width() + metrics.averageCharWidth();
+        const int widest = metrics.averageCharWidth() * kLongestLine;
+        label->setWordWrap(natural > widest);
+        label->setMinimumWidth(std::min(natural, widest));
+        layout()->activate();
+        const int title = fontMetrics().horizontalAdvance(windowTitle()) + 4 * metrics.height();
+        const int width = std::max(layout()->totalMinimumSize().width(), title);
+        const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width)
+                                                         : layout()->totalMinimumSize().height();
+        setFixedSize(width, height);
+    }
+};
 
 constexpr UINT kButtonMask = 0x0F;
 constexpr UINT kIconMask = 0xF0;
@@ -67,7 +103,7 @@ void forgetMessageBoxes() {
 
 int kdMessageBox(QWidget* parent, const wchar_t* text, const wchar_t* caption, UINT type) {
     lastText = text == nullptr ? L"" : text;
-    QMessageBox box(parent);
+    Box box(parent);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdWString(lastText));

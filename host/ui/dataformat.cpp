@@ -5,6 +5,7 @@
 #include <array>
 
 #include "host/db/valueformat.h"
+#include "host/win32/modules.h"
 #include "kd/db/headervar.h"
 
 namespace kdhost {
@@ -69,19 +70,42 @@ const std::vector<FormatKind>& decimalKinds(KdValue::UnitType unit) {
     }
 }
 
-/// From the shortest to the one with names, then those with the time.
-const std::vector<FormatKind>& dateKinds() {
-    static const std::vector<FormatKind> kinds = [] {
-        std::vector<FormatKind> made = {kAsStored};
-        for (const wchar_t* pattern :
-             {L"yyyy-MM-dd", L"yyyy/M/d", L"M/d/yyyy", L"d/M/yyyy", L"dd.MM.yyyy", L"dd-MMM-yy", L"d MMM yyyy",
-              L"d MMMM yyyy", L"MMMM d, yyyy", L"dddd, MMMM d, yyyy", L"yyyy\u5e74M\u6708d\u65e5",
-              L"yyyy\u5e74M\u6708d\u65e5 dddd", L"yyyy-MM-dd HH:mm", L"M/d/yyyy h:mm AP", L"H:mm", L"H:mm:ss",
-              L"h:mm AP"}) {
-            made.push_back({HostText::FormatDate, std::wstring(L"%td[") + pattern + L"]", L"", false});
-        }
-        return made;
-    }();
+struct DatePattern {
+    const wchar_t* pattern;
+    bool inEnglish;
+    bool inChinese;
+};
+
+/// From the shortest to the ones with names, then those with the time. Names in an order that isn't the language's
+/// are not offered in it.
+constexpr std::array kDatePatterns = {
+    DatePattern{L"yyyy-MM-dd", true, true},
+    DatePattern{L"yyyy/M/d", true, true},
+    DatePattern{L"M/d/yyyy", true, true},
+    DatePattern{L"d/M/yyyy", true, true},
+    DatePattern{L"dd.MM.yyyy", true, true},
+    DatePattern{L"dd-MMM-yy", true, false},
+    DatePattern{L"d MMM yyyy", true, false},
+    DatePattern{L"d MMMM yyyy", true, false},
+    DatePattern{L"MMMM d, yyyy", true, false},
+    DatePattern{L"dddd, MMMM d, yyyy", true, false},
+    DatePattern{L"yyyy\u5e74M\u6708d\u65e5", true, true},
+    DatePattern{L"yyyy\u5e74M\u6708d\u65e5 dddd", false, true},
+    DatePattern{L"yyyy-MM-dd HH:mm", true, true},
+    DatePattern{L"M/d/yyyy h:mm AP", true, false},
+    DatePattern{L"yyyy\u5e74M\u6708d\u65e5 APh:mm", false, true},
+    DatePattern{L"H:mm", true, true},
+    DatePattern{L"H:mm:ss", true, true},
+    DatePattern{L"h:mm AP", true, false},
+    DatePattern{L"APh:mm", false, true},
+};
+
+std::vector<FormatKind> dateKinds() {
+    std::vector<FormatKind> kinds = {kAsStored};
+    for (const DatePattern& each : kDatePatterns) {
+        const bool offered = language() == Language::Chinese ? each.inChinese : each.inEnglish;
+        if (offered) kinds.push_back({HostText::FormatDate, std::wstring(L"%td[") + each.pattern + L"]", L"", false});
+    }
     return kinds;
 }
 
@@ -119,9 +143,13 @@ std::vector<FormatKind> formatKinds(KdValue::DataType type, KdValue::UnitType un
 }
 
 QString formatName(const FormatKind& kind) {
-    if (kind.name != HostText::FormatDate) return hostText(kind.name);
-    const ValueFormat format = parseValueFormat(kind.head);
-    return QString::fromStdWString(formattedValue(sampleOf(KdValue::kDate), format, {}).value_or(kind.head));
+    return kind.name == HostText::FormatDate ? codeName(kind.head) : hostText(kind.name);
+}
+
+QString codeName(const std::wstring& code) {
+    const ValueFormat format = parseValueFormat(code);
+    if (format.datePattern.empty()) return QString::fromStdWString(code);
+    return QString::fromStdWString(formattedValue(sampleOf(KdValue::kDate), format, {}).value_or(code));
 }
 
 std::wstring formatCode(const FormatKind& kind, int precision) {

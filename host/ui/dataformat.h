@@ -23,6 +23,8 @@ std::vector<FormatKind> formatKinds(KdValue::DataType type, KdValue::UnitType un
 
 /// What a list shows for a kind; for a kind of dates, a date in it.
 QString formatName(const FormatKind& kind);
+/// The code itself; for one of dates, a date in it.
+QString codeName(const std::wstring& code);
 
 inline constexpr int kMostDecimals = 8;
 

@@ -116,7 +116,7 @@ private:
         if (code) {
             const std::optional<FormatPlace> place = placeOfFormat(m_kinds, *code);
             m_foreign = *code;
-            if (!place) m_format->addItem(QString::fromStdWString(m_foreign));
+            if (!place) m_format->addItem(codeName(m_foreign));
             m_format->setCurrentIndex(place ? static_cast<int>(place->kind) : m_format->count() - 1);
             if (place && m_kinds[place->kind].hasPrecision) m_precision->setValue(place->precision);
         }

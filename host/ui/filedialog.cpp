@@ -4,6 +4,9 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QSplitter>
+#include <QTreeView>
 
 #include "host/ui/hostdialog.h"
 #include "host/ui/hosttexts.h"
@@ -30,6 +33,7 @@ public:
         if (!request.extension.empty()) setDefaultSuffix(qt(request.extension));
         // A name to begin with is a proposal for a new file; for an existing one the user has to choose.
         if (request.forWriting && !request.defaultName.empty()) selectFile(qt(request.defaultName));
+        giveRoom();
     }
 
 protected:
@@ -44,6 +48,20 @@ private:
         const QString suffix = qt(extension);
         if (!suffix.isEmpty()) filters << QStringLiteral("%1 (*.%2)").arg(suffix.toUpper(), suffix);
         return filters << hostText(HostText::FileFilterAll);
+    }
+
+    /// All columns are seen whole, at any scale.
+    void giveRoom() {
+        resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 28);
+        if (auto* parts = findChild<QSplitter*>(QStringLiteral("splitter"))) {
+            const int places = fontMetrics().averageCharWidth() * 22;
+            parts->setSizes({places, width() - places});
+        }
+        auto* details = findChild<QTreeView*>(QStringLiteral("treeView"));
+        if (details == nullptr) return;
+        details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        details->header()->setStretchLastSection(false);
     }
 
     /// A file that would be replaced is asked about; a folder is gone into.

@@ -3,13 +3,15 @@
 #include "host/ui/help.h"
 
 #include <QCoreApplication>
-#include <QDialog>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
 #include <QScreen>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -60,34 +62,80 @@ QString pageNamed(const QStringList& pages, const QString& name) {
     return {};
 }
 
-/// Belongs to the window below it, so that it can be read while a dialog is open, and goes with it.
-QDialog* helpWindow() {
-    QWidget* below = HostDialog::windowBelow();
-    const QString name = QStringLiteral("HelpWindow");
-    if (below != nullptr) {
-        if (auto* open = below->findChild<QDialog*>(name)) return open;
+/// The pages, and the way back. It belongs to the window below it, so that it can be read while a dialog is open, and
+/// goes with it.
+class HelpWindow : public HostDialog {
+public:
+    explicit HelpWindow(QWidget* below) : HostDialog(kName, HostText::HelpTitle, below) {
+        setAttribute(Qt::WA_DeleteOnClose);
+        m_browser = new QTextBrowser(this);
+        nameControl(m_browser, "IDC_HELP_PAGE", hostText(HostText::HelpTitle));
+        m_browser->setOpenExternalLinks(false);
+        m_browser->document()->setDocumentMargin(fontMetrics().height());
+        content()->addWidget(m_browser);
+        addWays();
+        connect(m_browser, &QTextBrowser::sourceChanged, this, [this] { spaceTables(); });
+        resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 34);
+        m_browser->setFocus();
     }
-    auto* window = new QDialog(below);
-    window->setObjectName(name);
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->setWindowTitle(hostText(HostText::HelpTitle));
-    auto* browser = new QTextBrowser(window);
-    nameControl(browser, "IDC_HELP_PAGE", hostText(HostText::HelpTitle));
-    browser->setOpenExternalLinks(false);
-    auto* layout = new QVBoxLayout(window);
-    layout->addWidget(browser);
-    const QFontMetrics metrics = window->fontMetrics();
-    window->resize(metrics.averageCharWidth() * 100, metrics.height() * 30);
-    return window;
-}
 
-/// Links of a page lead to the pages beside it; the browser walks back and forth between them.
-void showPage(QTextBrowser& browser, const QString& path) {
-    if (path.isEmpty() || !QFileInfo(path).isReadable()) {
-        browser.setPlainText(hostText(HostText::HelpMissing));
-    } else {
-        browser.setSource(QUrl::fromLocalFile(path));
+    void show(const QString& page) {
+        if (page.isEmpty() || !QFileInfo(page).isReadable()) {
+            m_browser->setPlainText(hostText(HostText::HelpMissing));
+        } else {
+            m_browser->setSource(QUrl::fromLocalFile(page));
+        }
+        QDialog::show();
+        raise();
+        activateWindow();
     }
+
+    static constexpr const char* kName = "HelpWindow";
+
+private:
+    void addWays() {
+        auto* row = new QHBoxLayout;
+        QPushButton* back = addButton(row, "IDC_HELP_BACK_BUTTON", HostText::HelpBack);
+        back->setEnabled(false);
+        connect(m_browser, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+        connect(back, &QPushButton::clicked, m_browser, &QTextBrowser::backward);
+        QPushButton* contents = addButton(row, "IDC_HELP_CONTENTS_BUTTON", HostText::HelpContents);
+        connect(contents, &QPushButton::clicked, this, [this] { show(helpPage({})); });
+        row->addStretch();
+        QPushButton* close = addButton(row, "IDCANCEL", HostText::HelpClose);
+        close->setDefault(true);
+        connect(close, &QPushButton::clicked, this, &QWidget::close);
+        content()->addLayout(row);
+    }
+
+    /// Tables of a page come without any space in their cells.
+    void spaceTables() {
+        for (QTextFrame* frame : m_browser->document()->rootFrame()->childFrames()) {
+            auto* table = qobject_cast<QTextTable*>(frame);
+            if (table == nullptr) continue;
+            QTextTableFormat format = table->format();
+            format.setCellPadding(fontMetrics().height() / 4.0);
+            format.setCellSpacing(0);
+            format.setBorderCollapse(true);
+            format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+            format.setBorderBrush(palette().mid());
+            format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
+            table->setFormat(format);
+        }
+    }
+
+    QTextBrowser* m_browser = nullptr;
+};
+
+/// The open one is used again, with its way back.
+HelpWindow& helpWindow() {
+    QWidget* below = HostDialog::windowBelow();
+    for (QWidget* window = below; window != nullptr; window = window->parentWidget()) {
+        if (auto* open = dynamic_cast<HelpWindow*>(window)) return *open;
+        auto* open = dynamic_cast<HelpWindow*>(window->findChild<QWidget*>(QString::fromLatin1(HelpWindow::kName)));
+        if (open != nullptr && open->isVisible()) return *open;
+    }
+    return *new HelpWindow(below);  // deleted when it closes
 }
 
 }  // namespace
@@ -116,11 +164,8 @@ QString helpPage(const QString& topic) {
 }  // namespace kdhost
 
 int kdedHelp(const wchar_t*, const wchar_t* topic, int) {
-    QDialog* window = kdhost::helpWindow();
     const QString wanted = QString::fromWCharArray(topic == nullptr ? L"" : topic);
-    kdhost::showPage(*window->findChild<QTextBrowser*>(), kdhost::helpPage(wanted));
-    window->show();
-    window->raise();
+    kdhost::helpWindow().show(kdhost::helpPage(wanted));
     return RTNORM;
 }
 

@@ -1,57 +1,35 @@
-// Samples paint themselves at the size wanted, so that they are sharp at any scale.
+// The samples of rows: a colour, a line of a weight, a line of a pattern.
 
 #include "host/ui/rowsamples.h"
 
 #include <QComboBox>
-#include <QIconEngine>
 #include <QListWidget>
 #include <QPainter>
 #include <QPointer>
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <utility>
 
+#include "host/ui/paintedicon.h"
 #include "kd/ui/widgets.h"
 #include "mfc/wnd.h"
 
 namespace kdhost {
 namespace {
 
-using Paint = std::function<void(QPainter&, const QRect&)>;
+/// Between a row's picture and its text Qt leaves a few pixels, whatever the scale; this lies within the picture.
+int gapBehind(int height) {
+    return height / 4;
+}
 
-class SampleEngine : public QIconEngine {
-public:
-    SampleEngine(QWidget* box, SampleStyle style, Paint paint)
-        : m_box(box), m_style(style), m_paint(std::move(paint)) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        const auto* box = qobject_cast<const KdUiComboBox*>(m_box.data());
-        if (box != nullptr && box->comboBoxStyle() != static_cast<int>(m_style)) return;
-        painter->save();
-        if (mode == QIcon::Disabled) painter->setOpacity(0.4);
-        m_paint(*painter, rect);
-        painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
-    }
-
-    QIconEngine* clone() const override { return new SampleEngine(*this); }
-
-private:
-    QPointer<QWidget> m_box;
-    SampleStyle m_style;
-    Paint m_paint;
-};
-
-QIcon sample(QWidget* box, SampleStyle style, Paint paint) {
-    return QIcon(new SampleEngine(box, style, std::move(paint)));  // the icon owns its engine
+/// A box of another style paints nothing.
+QIcon sample(QWidget* box, SampleStyle style, PaintIcon paint) {
+    const QPointer<QWidget> owner(box);
+    return paintedIcon([owner, style, paint = std::move(paint)](QPainter& painter, const QRect& rect) {
+        const auto* combo = qobject_cast<const KdUiComboBox*>(owner.data());
+        if (combo != nullptr && combo->comboBoxStyle() != static_cast<int>(style)) return;
+        paint(painter, rect.adjusted(0, 0, -gapBehind(rect.height()), 0));
+    });
 }
 
 QColor textColor(const QPointer<QWidget>& box) {
@@ -121,7 +99,8 @@ QIcon linetypeSample(QWidget* box, const std::vector<double>& dashes) {
 
 QSize sampleSize(const QWidget& box, SampleStyle style) {
     const int height = box.fontMetrics().height();
-    return style == SampleStyle::Color ? QSize(height, height) : QSize(height * 4, height);
+    const int width = style == SampleStyle::Color ? height : height * 4;
+    return {width + gapBehind(height), height};
 }
 
 QVariant rowData(const CWnd& box, int row, int role) {

@@ -147,7 +147,8 @@ TEST_F(TypeBox, samples_follow_the_pattern) {
     kdhost::loadLinetype(host.database(), kdhost::standardLinetypes()[3]);
     box.AddItems();
     const auto inked = [&](int row) {
-        const QImage picture = combo->itemIcon(row).pixmap(64, 16).toImage();
+        // A quarter of its height is left free before the text.
+        const QImage picture = combo->itemIcon(row).pixmap(64 + 4, 16).toImage();
         int columns = 0;
         for (int x = 0; x < picture.width(); ++x) {
             bool ink = false;

@@ -102,20 +102,29 @@ protected:
         const QList<QDialog*> open = windows();
         return open.isEmpty() ? QString() : open.first()->findChild<QTextBrowser*>()->document()->toPlainText();
     }
+    /// The window becomes active as its events come.
+    static int ask(const wchar_t* topic) {
+        const int result = kdedHelp(nullptr, topic, 0);
+        QApplication::processEvents();
+        return result;
+    }
+    static QPushButton* button(const char* name) {
+        return windows().first()->findChild<QPushButton*>(QString::fromLatin1(name));
+    }
     QTemporaryDir folder;
 };
 
 TEST_F(Help, a_topics_page_is_shown_whatever_its_case) {
-    EXPECT_EQ(kdedHelp(nullptr, L"Tablestyle", 0), RTNORM);
+    EXPECT_EQ(ask(L"Tablestyle"), RTNORM);
     EXPECT_TRUE(page().startsWith(QStringLiteral("Styles"))) << page().toStdString();
     EXPECT_TRUE(page().contains(QStringLiteral("text of styles")));
 }
 
 TEST_F(Help, an_unknown_or_missing_topic_shows_the_first_page) {
-    EXPECT_EQ(kdedHelp(nullptr, L"nothing of the kind", 0), RTNORM);
+    EXPECT_EQ(ask(L"nothing of the kind"), RTNORM);
     EXPECT_EQ(page().trimmed(), QStringLiteral("First page"));
     delete windows().first();
-    EXPECT_EQ(kdedHelp(nullptr, nullptr, 0), RTNORM);
+    EXPECT_EQ(ask(nullptr), RTNORM);
     EXPECT_EQ(page().trimmed(), QStringLiteral("First page"));
 }
 
@@ -127,7 +136,7 @@ TEST_F(Help, a_page_in_the_hosts_language_goes_before_one_in_no_language_and_tha
     EXPECT_EQ(folderOf(), QDir(folder.path()).dirName());
     kdhost::setLanguage(kdhost::Language::Chinese);
     EXPECT_EQ(folderOf(), QStringLiteral("zh_CN"));
-    EXPECT_EQ(kdedHelp(nullptr, L"Tablestyle", 0), RTNORM);
+    EXPECT_EQ(ask(L"Tablestyle"), RTNORM);
     EXPECT_EQ(page(), QString::fromUtf8("\xE6\xA0\xB7\xE5\xBC\x8F"));
     kdhost::setLanguage(kdhost::Language::English);
     ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("TableStyle.md"))));
@@ -139,14 +148,55 @@ TEST_F(Help, a_page_in_the_hosts_language_goes_before_one_in_no_language_and_tha
 
 TEST_F(Help, links_lead_to_the_pages_beside_and_back) {
     write(QStringLiteral("index.md"), "[styles](TableStyle.md)\n");
-    EXPECT_EQ(kdedHelp(nullptr, nullptr, 0), RTNORM);
+    EXPECT_EQ(ask(nullptr), RTNORM);
     auto* browser = windows().first()->findChild<QTextBrowser*>();
-    browser->setFocus();
+    auto* back = button("IDC_HELP_BACK_BUTTON");
+    EXPECT_TRUE(browser->hasFocus());
+    EXPECT_FALSE(back->isEnabled());
     QTest::keyClick(browser, Qt::Key_Tab);
     QTest::keyClick(browser, Qt::Key_Return);
     EXPECT_TRUE(page().startsWith(QStringLiteral("Styles"))) << page().toStdString();
-    QTest::keyClick(browser, Qt::Key_Backspace);
+    QTest::keyClick(browser, Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(page(), QStringLiteral("styles"));
+    QTest::keyClick(browser, Qt::Key_Return);  // the link is still the chosen one
+    EXPECT_TRUE(page().startsWith(QStringLiteral("Styles"))) << page().toStdString();
+    QTest::mouseClick(back, Qt::LeftButton);
+    EXPECT_EQ(page(), QStringLiteral("styles"));
+    EXPECT_FALSE(back->isEnabled());
+}
+
+TEST_F(Help, the_first_page_is_one_press_away_from_every_page) {
+    EXPECT_EQ(ask(L"Tablestyle"), RTNORM);
+    // A button that is pressed by its mnemonic stays down for a moment.
+    const auto comes = [](const char* text) {
+        return QTest::qWaitFor([text] { return page().startsWith(QString::fromLatin1(text)); }, 5000);
+    };
+    QTest::keyClick(windows().first(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(comes("First page"));
+    QTest::keyClick(windows().first(), Qt::Key_B, Qt::AltModifier);
+    EXPECT_TRUE(comes("Styles"));
+}
+
+TEST_F(Help, a_second_topic_is_shown_in_the_window_that_is_open) {
+    EXPECT_EQ(ask(L"Tablestyle"), RTNORM);
+    EXPECT_EQ(ask(nullptr), RTNORM);
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(page().trimmed(), QStringLiteral("First page"));
+    QTest::mouseClick(button("IDC_HELP_BACK_BUTTON"), Qt::LeftButton);
+    EXPECT_TRUE(page().startsWith(QStringLiteral("Styles")));
+}
+
+TEST_F(Help, is_closed_by_its_button_and_by_Esc) {
+    for (const bool byKey : {false, true}) {
+        EXPECT_EQ(ask(L"Tablestyle"), RTNORM);
+        if (byKey) {
+            QTest::keyClick(windows().first(), Qt::Key_Escape);
+        } else {
+            QTest::mouseClick(button("IDCANCEL"), Qt::LeftButton);
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(windows().isEmpty()) << byKey;
+    }
 }
 
 /// Topics that the module asks the help for, as its sources name them.
@@ -180,6 +230,31 @@ TEST(HelpPages, there_is_one_for_each_topic_of_the_module_in_each_language) {
         }
         EXPECT_EQ(kdhost::helpPage({}), kdhost::helpPage(QStringLiteral("index")));
         EXPECT_EQ(QFileInfo(kdhost::helpPage({})).dir().dirName(), folder);
+    }
+    kdhost::setLanguage(kdhost::Language::English);
+    kdhost::setHelpFolder({});
+}
+
+TEST(HelpPages, open_by_their_topics_in_both_languages) {
+    struct Page {
+        const wchar_t* topic;
+        kdhost::Language language;
+        QString title;
+    };
+    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    for (const Page& each :
+         {Page{L"Tablestyle", kdhost::Language::English, QStringLiteral("Table styles")},
+          Page{L"TABLE_DIA", kdhost::Language::English, QStringLiteral("Insert table")},
+          Page{L"Tablestyle", kdhost::Language::Chinese, QStringLiteral("\u8868\u683c\u6837\u5f0f")},
+          Page{L"TABLE_DIA", kdhost::Language::Chinese, QStringLiteral("\u63d2\u5165\u8868\u683c")}}) {
+        kdhost::setLanguage(each.language);
+        EXPECT_EQ(kdedHelp(nullptr, each.topic, 0), RTNORM);
+        QApplication::processEvents();
+        QWidget* window = QApplication::activeWindow();
+        ASSERT_NE(window, nullptr);
+        const QString shown = window->findChild<QTextBrowser*>()->document()->toPlainText();
+        EXPECT_EQ(shown.section(QLatin1Char('\n'), 0, 0).toStdString(), each.title.toStdString());
+        delete window;
     }
     kdhost::setLanguage(kdhost::Language::English);
     kdhost::setHelpFolder({});

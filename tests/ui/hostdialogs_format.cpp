@@ -71,6 +71,18 @@ TEST(DataFormats, those_of_dates_are_named_by_a_date_in_them) {
     }
 }
 
+TEST(DataFormats, of_dates_in_chinese_are_in_the_order_of_that_language) {
+    kdhost::setLanguage(kdhost::Language::Chinese);
+    std::vector<std::string> names;
+    for (const FormatKind& kind : kdhost::formatKinds(KdValue::kDate, KdValue::kUnitless)) {
+        names.push_back(kdhost::formatName(kind).toStdString());
+    }
+    kdhost::setLanguage(kdhost::Language::English);
+    EXPECT_EQ(names, (std::vector<std::string>{"原样", "2004-09-01", "2004/9/1", "9/1/2004", "1/9/2004", "01.09.2004",
+                                               "2004年9月1日", "2004年9月1日 星期三", "2004-09-01 14:05",
+                                               "2004年9月1日 下午2:05", "14:05", "14:05:09", "下午2:05"}));
+}
+
 class FormatDialogs : public kdtest::HostDialogTest {
 protected:
     int ask() {
@@ -169,6 +181,19 @@ TEST_F(FormatDialogs, dates_are_chosen_by_a_date_in_the_format) {
     KdDate date;
     EXPECT_TRUE(value.get(date));
     EXPECT_EQ(date, (KdDate{1999, 12, 31, 23, 59}));
+}
+
+TEST_F(FormatDialogs, a_date_format_that_is_not_offered_is_shown_by_a_date_and_kept) {
+    const wchar_t* code = L"%td[yy, MMM d]";
+    value.set(KdDate{1999, 12, 31});
+    value.setFormat(code);
+    next([](QWidget& dialog) {
+        EXPECT_EQ(in<QComboBox>(dialog, "IDC_DATAFORMAT_FORMAT_COMBOBOX").currentText(), QStringLiteral("04, Sep 1"));
+        EXPECT_EQ(preview(dialog), "99, Dec 31");
+        press(dialog, "IDOK");
+    });
+    EXPECT_EQ(ask(), 0);
+    EXPECT_STREQ(value.getFormat(), code);
 }
 
 TEST_F(FormatDialogs, a_value_without_a_type_is_a_date_by_its_format) {

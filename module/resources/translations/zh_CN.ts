@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>&amp;New style name:</source>
-        <translation>新样式名(&amp;N)：</translation>
+        <translation>新样式名(&amp;N):</translation>
     </message>
     <message>
         <source>Name of the new cell style</source>
@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>&amp;Start with:</source>
-        <translation>基础样式(&amp;S)：</translation>
+        <translation>基础样式(&amp;S):</translation>
     </message>
     <message>
         <source>Cell style to start with</source>
@@ -44,7 +44,7 @@
     </message>
     <message>
         <source>&amp;New style name:</source>
-        <translation>新样式名(&amp;N)：</translation>
+        <translation>新样式名(&amp;N):</translation>
     </message>
     <message>
         <source>Name of the new table style</source>
@@ -52,7 +52,7 @@
     </message>
     <message>
         <source>&amp;Start with:</source>
-        <translation>基础样式(&amp;S)：</translation>
+        <translation>基础样式(&amp;S):</translation>
     </message>
     <message>
         <source>Table style to start with</source>
