@@ -70,10 +70,12 @@ bool CVqTableCommon::GetBackgroundColor(const KdDbTable* table, KdCmColor& color
     const KdCellRange selection = table->getSubSelection();
     if (cellwalk::isNoCell(selection)) return false;
     color = table->backgroundColor(selection.m_topRow, selection.m_leftColumn);
-    CVqTableCellRange merge;
+    const auto isCovered = [&](int row, int column) {
+        CVqTableCellRange merge;
+        return cellwalk::mergeOfCell(*table, row, column, merge) &&
+               (row != merge.m_topRow || column != merge.m_leftColumn);
+    };
     return !cellwalk::anyCell(*table, selection, [&](int row, int column) {
-        const bool covered = cellwalk::mergeOfCell(*table, row, column, merge) &&
-                             (row != merge.m_topRow || column != merge.m_leftColumn);
-        return !covered && table->backgroundColor(row, column) != color;
+        return table->backgroundColor(row, column) != color && !isCovered(row, column);
     });
 }
