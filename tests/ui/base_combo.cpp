@@ -172,6 +172,57 @@ TEST(DroppedCombos, a_handler_may_open_the_list_again) {
     combo.ShowDropDown(false);
 }
 
+/// A closed box with three rows, the focus in it.
+class CombosOfUsers : public ::testing::Test {
+protected:
+    CombosOfUsers() {
+        combo.Attach(&widget);
+        for (const wchar_t* text : {L"one", L"two", L"three"}) combo.AddString(text);
+        combo.SetCurSel(0);
+        dialog.record("IDC_COMBO", "currentIndexChanged(int)", "changed");
+        dialog.open();
+        widget.setFocus();
+        dialog.take();
+    }
+    RecordingDialog dialog;
+    KdUiComboBox& widget = dialog.control<KdUiComboBox>("IDC_COMBO");
+    CComboBox combo;
+};
+
+TEST_F(CombosOfUsers, arrows_and_first_letters_choose_and_signal_each_time) {
+    QTest::keyClick(&widget, Qt::Key_Down);
+    EXPECT_EQ(combo.GetCurSel(), 1);
+    QTest::keyClick(&widget, Qt::Key_End);
+    EXPECT_EQ(combo.GetCurSel(), 2);
+    QTest::keyClick(&widget, Qt::Key_Down);  // no row is left
+    QTest::keyClick(&widget, Qt::Key_O);
+    EXPECT_EQ(combo.GetCurSel(), 0);
+    EXPECT_EQ(dialog.take(), (Log{"changed", "changed", "changed"}));
+}
+
+TEST_F(CombosOfUsers, the_mouse_opens_the_list_and_chooses_a_row) {
+    QTest::mouseClick(&widget, Qt::LeftButton);
+    ASSERT_TRUE(combo.GetDroppedState());
+    QAbstractItemView* list = widget.view();
+    QTest::qWait(QApplication::doubleClickInterval() + 50);  // a press at once would count for the opening one
+    const QPoint row = list->visualRect(list->model()->index(2, 0)).center();
+    QTest::mouseMove(list->viewport(), row);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row);
+    EXPECT_FALSE(combo.GetDroppedState());
+    EXPECT_EQ(combo.GetCurSel(), 2);
+    EXPECT_EQ(dialog.take(), Log{"changed"});
+}
+
+TEST_F(CombosOfUsers, Esc_in_the_list_leaves_the_row_and_the_dialog) {
+    combo.ShowDropDown();
+    QTest::keyClick(widget.view(), Qt::Key_Down);
+    QTest::keyClick(widget.view(), Qt::Key_Escape);
+    EXPECT_FALSE(combo.GetDroppedState());
+    EXPECT_EQ(combo.GetCurSel(), 0);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.take(), Log{});
+}
+
 TEST(EditableCombos, typed_text_survives_rows_that_come) {
     RecordingDialog dialog;
     auto& widget = dialog.control<KdUiComboBox>("IDC_COMBO");
