@@ -2,7 +2,7 @@
 
 #include "host/ui/inplaceeditor/editorautomation.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <array>
 
@@ -45,24 +45,24 @@ const EditorKey* findKey(const std::wstring& name) {
 }
 
 /// Characters that no key of a plain keyboard has come from an input method.
-void typeCharacter(const QString& character) {
+void typeCharacter(EditorPanel& panel, const QString& character) {
     constexpr ushort kLastOfKeys = 0xFF;
     if (character == QLatin1String("\n")) {
         pressKey(Qt::Key_Return, Qt::AltModifier, QStringLiteral("\r"));
     } else if (character.at(0).unicode() <= kLastOfKeys) {
         typeKeys(character);
-    } else if (QObject* focused = QApplication::focusObject()) {
+    } else {
         QInputMethodEvent event;
         event.setCommitString(character);
-        QCoreApplication::sendEvent(focused, &event);
+        QCoreApplication::sendEvent(&panel, &event);
     }
 }
 
-void replaceText(const std::wstring& text) {
+void replaceText(EditorPanel& panel, const std::wstring& text) {
     pressKey(Qt::Key_A, Qt::ControlModifier);
     for (const wchar_t c : text) {
         const uint code = static_cast<uint>(c);
-        typeCharacter(QString::fromUcs4(&code, 1));
+        typeCharacter(panel, QString::fromUcs4(&code, 1));
     }
 }
 
@@ -77,7 +77,7 @@ std::wstring edit(const std::wstring& key, const std::wstring& text) {
         return L"@edit takes TAB, SHIFTTAB, ENTER, SHIFTENTER, CTRLENTER, UP, DOWN, LEFT, RIGHT, ESC or OUTSIDE.";
     }
     panel->focusText();
-    if (!text.empty()) replaceText(text);
+    if (!text.empty()) replaceText(*panel, text);
     if (ending == nullptr) {
         pressMouse(*panel->viewport(), panel->placeOutside());
         return {};

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "host/ui/hostdialog.h"
@@ -55,7 +56,11 @@ EditorPanel::EditorPanel(KdDbMText& text, const EditorPlace& place)
     connect(&m_document.document(), &QTextDocument::contentsChanged, this, [this] { this->place(); });
 }
 
-EditorPanel::~EditorPanel() = default;
+EditorPanel::~EditorPanel() {
+    m_document.document().disconnect(this);
+    m_document.document().documentLayout()->disconnect(this);
+    delete m_bar;
+}
 
 int EditorPanel::run(int& key, int mode) {
     if (m_place.widget() != nullptr) {
@@ -93,8 +98,7 @@ void EditorPanel::open(int mode) {
     qApp->installEventFilter(this);
     place();
     show();
-    raise();
-    QApplication::setActiveWindow(window());
+    if (!isWindow()) raise();
     focusText();
     if (mode == kMTextEditorCaretAtEnd) {
         text().moveToEnd();
@@ -120,12 +124,16 @@ void EditorPanel::end(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 void EditorPanel::focusText() {
+    // Where a dialog has just ended, nobody else makes the window active again at once.
+    QApplication::setActiveWindow(window());
     setFocus(Qt::OtherFocusReason);
     m_scene.setFocusItem(&text());
 }
 
 void EditorPanel::place() {
-    if (m_bar == nullptr) return;
+    // Taking a place gives the document another width, which tells of its new size.
+    if (m_bar == nullptr || m_placing) return;
+    const QScopedValueRollback<bool> placing(m_placing, true);
     m_scene.setSceneRect(QRectF(QPointF(), QSizeF(size())));
     m_box->place(m_place, m_scene.sceneRect(), logicalDpiX());
     placeBar();

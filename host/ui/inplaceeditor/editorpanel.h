@@ -70,6 +70,7 @@ private:
     QEventLoop m_loop;
     int m_key;
     bool m_ended = false;
+    bool m_placing = false;
 };
 
 }  // namespace kdhost

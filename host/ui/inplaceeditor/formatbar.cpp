@@ -82,7 +82,10 @@ FormatBar::FormatBar(const KdDbMText& text, RichDocument& document, TextItem& it
     refresh();
 }
 
-FormatBar::~FormatBar() = default;
+FormatBar::~FormatBar() {
+    // An edit that has the keys when it goes would tell that it was left.
+    for (QLineEdit* edit : {m_height, m_formula}) edit->disconnect(this);
+}
 
 void FormatBar::addToggles(QHBoxLayout& row) {
     for (const Toggle& toggle : toggles()) {

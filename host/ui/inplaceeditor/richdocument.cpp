@@ -259,7 +259,9 @@ RichDocument::Extent RichDocument::extent() const {
     // Asking for a place makes the document lay itself out.
     layout.blockBoundingRect(last);
     const QTextLayout& lastLines = *last.layout();
-    if (first.layout()->lineCount() == 0 || lastLines.lineCount() == 0) return {TextLooks::kCapital, 0.0, 0.0};
+    if (first.layout()->lineCount() == 0 || lastLines.lineCount() == 0) {
+        return {TextLooks::kCapital, TextLooks::kCapital, TextLooks::kCapital};
+    }
     return {baseline(first, first.layout()->lineAt(0)), baseline(last, lastLines.lineAt(lastLines.lineCount() - 1)),
             capitalOfFirstLine()};
 }
