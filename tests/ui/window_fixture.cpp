@@ -93,6 +93,8 @@ WindowTest::Step WindowTest::choose(const char* action) {
         menu->popup(window.mapToGlobal(QPoint(0, 0)));
         ASSERT_TRUE(chosen->isEnabled()) << action;
         QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(chosen).center());
+        // Without a window manager nobody gives the focus back.
+        QApplication::setActiveWindow(&window);
     };
 }
 

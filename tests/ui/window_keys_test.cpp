@@ -76,7 +76,7 @@ TEST_F(WindowKeys, an_empty_line_repeats_no_command) {
 }
 
 TEST_F(WindowKeys, the_history_holds_prompts_with_answers_and_messages) {
-    play({keys("SETVAR LWDISPLAY 1 "), keys("NOSUCH ")});
+    play({keys("SETVAR "), keys("LWDISPLAY "), keys("1 "), keys("NOSUCH ")});
     const QString text = historyText();
     EXPECT_TRUE(text.startsWith(QStringLiteral("Command: SETVAR\nName of the variable or [?]: LWDISPLAY\n")))
         << text.toStdString();

@@ -161,6 +161,8 @@ void DrawingView::paintDrawing() {
 }
 
 void DrawingView::paintEvent(QPaintEvent*) {
+    // A window's frame may come after its place has been told.
+    if (Editor* editor = currentEditor()) place(*editor);
     if (m_isStale || m_picture.size() != size()) paintDrawing();
     m_isStale = false;
     QPainter painter(this);
@@ -268,6 +270,7 @@ void DrawingView::setShape(Qt::CursorShape shape) {
 }
 
 void DrawingView::mousePressEvent(QMouseEvent* event) {
+    if (Editor* editor = currentEditor()) place(*editor);
     if (event->button() == Qt::MiddleButton) {
         m_pans = true;
         m_mouse = event->localPos();

@@ -5,7 +5,7 @@
 #include <QMainWindow>
 #include <string>
 
-#include "host/app/window/promptinput.h"
+#include "host/app/cells/cellmouse.h"
 #include "kd/ge/point3d.h"
 
 class QLabel;
@@ -42,7 +42,7 @@ private:
     void showCoordinates(const KdGePoint3d& world);
     void openTab(int index);
 
-    PromptInput m_input;
+    CellMouse m_input;
     QTabBar* m_tabs;
     DrawingView* m_view;
     CommandLineWidget* m_commandLine;

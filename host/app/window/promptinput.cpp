@@ -16,6 +16,8 @@ void PromptInput::press(const ViewPoint& point) {
 void PromptInput::move(const ViewPoint& point) {
     Editor* editor = currentEditor();
     if (editor == nullptr || editor->promptKind() != PromptKind::Drag || !editor->isAsking()) return;
+    // A place that the cursor has left meanwhile is of no use to a drag that is slow to follow.
+    if (!editor->input().isEmpty()) return;
     editor->input().put(InputItem::Kind::Move, point.world);
 }
 

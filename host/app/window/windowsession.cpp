@@ -21,6 +21,7 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
     m_application.documents().addReactor(this);
     m_window.restoreGeometry(storedWindowPlace());
     m_window.show();
+    m_window.showDocuments(m_application.documents());
 }
 
 WindowSession::~WindowSession() {
