@@ -16,6 +16,8 @@ namespace {
 
 constexpr wchar_t kHardBlank = 0x00A0;
 constexpr double kMaxFactor = 1e4;
+constexpr double kMaxHeight = 1e9;
+constexpr double kMinSize = 1e-9;
 constexpr double kMaxObliqueDegrees = 85.0;
 
 /// A plain decimal number, nothing else around it.
@@ -27,12 +29,14 @@ std::optional<double> number(const std::wstring& text) {
     return *end == L'\0' && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-/// A size, or with an "x" behind it a factor on the present one. Only sensible positive sizes count.
-void setSize(double& size, const std::wstring& parameter) {
+/// A size, or with an "x" behind it a factor on the present one. Only sensible positive sizes count, so that each can
+/// be written again.
+void setSize(double& size, const std::wstring& parameter, double largest) {
     const bool relative = !parameter.empty() && (parameter.back() == L'x' || parameter.back() == L'X');
     const auto value = number(relative ? parameter.substr(0, parameter.size() - 1) : parameter);
-    if (!value || *value <= 0.0 || *value > kMaxFactor) return;
-    size = relative ? size * *value : *value;
+    if (!value || (relative && *value > kMaxFactor)) return;
+    const double now = relative ? size * *value : *value;
+    if (now >= kMinSize && now <= largest) size = now;
 }
 
 std::vector<std::wstring> split(const std::wstring& text, wchar_t separator) {
@@ -48,13 +52,13 @@ std::vector<std::wstring> split(const std::wstring& text, wchar_t separator) {
 }
 
 void setHeight(Format& format, const std::wstring& parameter) {
-    setSize(format.height, parameter);
+    setSize(format.height, parameter, kMaxHeight);
 }
 void setWidth(Format& format, const std::wstring& parameter) {
-    setSize(format.font.widthFactor, parameter);
+    setSize(format.font.widthFactor, parameter, kMaxFactor);
 }
 void setTracking(Format& format, const std::wstring& parameter) {
-    setSize(format.tracking, parameter);
+    setSize(format.tracking, parameter, kMaxFactor);
 }
 void setOblique(Format& format, const std::wstring& parameter) {
     const auto degrees = number(parameter);
@@ -75,18 +79,27 @@ void setTrueColor(Format& format, const std::wstring& parameter) {
     if (value && *value >= 0.0 && *value <= 0xFFFFFF) format.ink = {Ink::Kind::bgr, static_cast<int>(*value)};
 }
 
+void noteTypeface(Format& format, const std::wstring& code) {
+    format.typeface = {{format.font.family, format.font.bold, format.font.italic}, code};
+}
+
 /// The family, then b and i for bold and italic; the rest says what a font engine of its own finds out.
 void setTypeface(Format& format, const std::wstring& parameter) {
     const std::vector<std::wstring> parts = split(parameter, L'|');
     if (!parts[0].empty()) format.font.family = parts[0];
     format.font.bold = std::find(parts.begin() + 1, parts.end(), L"b1") != parts.end();
     format.font.italic = std::find(parts.begin() + 1, parts.end(), L"i1") != parts.end();
+    // A code without a family leans on what was before it and can't stand elsewhere.
+    noteTypeface(format, parts[0].empty() ? typefaceCode(format.font) : L'f' + parameter);
 }
 
-/// A font file: its name without the extension stands for the family.
+/// A font file: its name without the extension stands for the family. It is neither bold nor italic.
 void setFontFile(Format& format, const std::wstring& parameter) {
     const std::wstring file = split(split(parameter, L'|')[0], L',')[0];
-    if (!file.empty()) format.font.family = file.substr(0, file.rfind(L'.'));
+    if (file.empty()) return;
+    format.font.family = file.substr(0, file.rfind(L'.'));
+    format.font.bold = format.font.italic = false;
+    noteTypeface(format, L'F' + parameter);
 }
 
 void setParagraphLength(double& length, const std::wstring& text) {
@@ -97,11 +110,13 @@ void setParagraphLength(double& length, const std::wstring& text) {
     }
 }
 
-/// Parts between commas, each with a letter ahead; numbers behind a "t" part are its further tabs.
+/// Parts between commas, each with a letter ahead; numbers behind a "t" part are its further tabs. An "x" ahead of it
+/// all says nothing.
 void setParagraph(Format& format, const std::wstring& parameter) {
     Paragraph& paragraph = format.paragraph;
     bool inTabs = false;
-    for (const std::wstring& part : split(parameter, L',')) {
+    std::wstring rest;
+    for (const std::wstring& part : split(parameter.substr(parameter.starts_with(L'x') ? 1 : 0), L',')) {
         const wchar_t letter = part.empty() ? L'\0' : part[0];
         const std::wstring value = part.empty() ? L"" : part.substr(1);
         const auto furtherTab = inTabs ? number(part) : std::nullopt;
@@ -121,10 +136,11 @@ void setParagraph(Format& format, const std::wstring& parameter) {
         } else if (inTabs) {
             paragraph.tabs.clear();
             if (const auto tab = number(value)) paragraph.tabs.push_back(*tab);
-        } else if (!part.empty() && letter != L'x') {
-            paragraph.rest = part;
+        } else if (!part.empty()) {
+            rest += (rest.empty() ? L"" : L",") + part;
         }
     }
+    if (!rest.empty()) paragraph.rest = rest;
 }
 
 struct PropertyRule {

@@ -21,9 +21,19 @@ struct Paragraph {
     friend bool operator==(const Paragraph&, const Paragraph&) = default;
 };
 
+/// How a typeface was asked for. Codes say more of it than is used here: while the font is still that one, it is
+/// written with the same code again.
+struct Typeface {
+    Font font;          ///< that came of it: family, bold and italic
+    std::wstring code;  ///< letter and parameter; empty for none
+
+    friend bool operator==(const Typeface&, const Typeface&) = default;
+};
+
 /// What the characters of a piece look like.
 struct Format {
     Font font;
+    Typeface typeface;
     double height = 1.0;    ///< drawing units
     double tracking = 1.0;  ///< factor on each character's advance
     Ink ink;
@@ -54,6 +64,9 @@ std::vector<Piece> pieces(const std::wstring& contents, const Format& base);
 /// The text with codes that gives these pieces again. Codes for what differs from `base` stand in groups, so that
 /// pieces without formatting of their own are written plainly.
 std::wstring write(const std::vector<Piece>& pieces, const Format& base);
+
+/// Letter and parameter of the code for a font's family, bold and italic.
+std::wstring typefaceCode(const Font& font);
 
 /// Characters as they must be written to be read as themselves.
 std::wstring escaped(const std::wstring& characters);

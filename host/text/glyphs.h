@@ -10,14 +10,20 @@
 
 namespace kdhost::text {
 
-/// A character, or with kStackCharacter a stack.
+/// What stands for a stack where only characters can stand. Texts may hold the same character, for itself.
+inline constexpr wchar_t kStackCharacter = 0xFFFC;
+
+/// A character or a stack.
 struct Glyph {
-    wchar_t character;
+    static constexpr std::uint32_t kNoStack = 0xFFFF'FFFF;
+
+    wchar_t character;     ///< kStackCharacter for a stack
     std::uint32_t format;  ///< place among the formats
     double advance;        ///< of a tab, none: it depends on its place
-    std::uint32_t stack = 0;
+    std::uint32_t stack = kNoStack;
+
+    bool isStack() const { return stack != kNoStack; }
 };
-inline constexpr wchar_t kStackCharacter = 0xFFFC;
 
 /// The parts of a stack side by side or above each other, from the stack's left edge.
 struct StackLayout {

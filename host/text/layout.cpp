@@ -135,7 +135,7 @@ private:
         for (std::size_t i = begin; i < end; ++i) {
             const Glyph& glyph = (*m_glyphs)[i];
             const double advance = advanceAt(glyph, line.width) + (glyph.character == L' ' ? stretch : 0.0);
-            if (glyph.character == kStackCharacter) {
+            if (glyph.isStack()) {
                 appendStack(line, m_text.stacks[glyph.stack]);
                 line.width += advance;
                 before = nullptr;
@@ -177,7 +177,7 @@ private:
             const Glyph& glyph = (*m_glyphs)[i];
             const Format& format = m_text.formats[glyph.format];
             extent.height = std::max(extent.height, format.height);
-            if (glyph.character != kStackCharacter) continue;
+            if (!glyph.isStack()) continue;
             extent.above = std::max(extent.above, m_text.stacks[glyph.stack].above);
             extent.below = std::max(extent.below, m_text.stacks[glyph.stack].below);
         }

@@ -123,18 +123,19 @@ private:
         return true;
     }
 
-    /// A backslash in a stack takes the next character literally.
+    /// A backslash in a stack takes the next character literally. A stack stands in one line.
     bool stack() {
         if (m_at < m_noStackBefore) return false;
         Token token{TokenKind::stack, 0, {}, {}};
         std::size_t at = m_at + 2;
-        for (; at < m_text.size() && m_text[at] != L';' && m_text[at] != L'\n' && m_text[at] != L'\r'; ++at) {
+        const auto isLineEnd = [&](std::size_t place) { return m_text[place] == L'\n' || m_text[place] == L'\r'; };
+        for (; at < m_text.size() && m_text[at] != L';' && !isLineEnd(at); ++at) {
             wchar_t c = m_text[at];
             if (token.code == 0 && (c == L'/' || c == L'^' || c == L'#')) {
                 token.code = c;
                 continue;
             }
-            if (c == L'\\' && at + 1 < m_text.size()) c = m_text[++at];
+            if (c == L'\\' && at + 1 < m_text.size() && !isLineEnd(at + 1)) c = m_text[++at];
             (token.code == 0 ? token.text : token.lower) += c;
         }
         if (at >= m_text.size() || m_text[at] != L';') {

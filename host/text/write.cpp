@@ -13,16 +13,28 @@ namespace {
 
 constexpr wchar_t kHardBlank = 0x00A0;
 
-/// With as few digits as give the number again.
-std::wstring shortest(double value) {
+/// With as few digits as `reads` takes for the number.
+template <class Reads>
+std::wstring shortest(double value, Reads&& reads) {
     for (int digits = 6; digits <= 17; ++digits) {
         std::wostringstream out;
         out.imbue(std::locale::classic());
         out.precision(digits);
         out << value;
-        if (digits == 17 || std::wcstod(out.str().c_str(), nullptr) == value) return out.str();
+        if (digits == 17 || reads(std::wcstod(out.str().c_str(), nullptr))) return out.str();
     }
     return {};
+}
+
+std::wstring shortest(double value) {
+    return shortest(value, [value](double read) { return read == value; });
+}
+
+/// An angle in radians, in degrees.
+std::wstring degrees(double angle) {
+    constexpr double kHalfTurn = 180.0;
+    return shortest(angle * kHalfTurn / std::numbers::pi,
+                    [angle](double read) { return read * std::numbers::pi / kHalfTurn == angle; });
 }
 
 std::wstring code(wchar_t letter, const std::wstring& parameter) {
@@ -39,10 +51,6 @@ std::wstring paragraphCode(const Paragraph& paragraph) {
     return code(L'p', parts);
 }
 
-std::wstring typefaceCode(const Font& font) {
-    return code(L'f', font.family + (font.bold ? L"|b1" : L"|b0") + (font.italic ? L"|i1" : L"|i0"));
-}
-
 std::wstring inkCode(const Ink& ink) {
     return code(ink.kind == Ink::Kind::bgr ? L'c' : L'C',
                 std::to_wstring(ink.kind == Ink::Kind::ofText ? 256 : ink.value));
@@ -52,15 +60,21 @@ bool sameFace(const Font& a, const Font& b) {
     return a.family == b.family && a.bold == b.bold && a.italic == b.italic;
 }
 
+std::wstring codeOfTypeface(const Format& format) {
+    const std::wstring& given = format.typeface.code;
+    const bool holds = !given.empty() && sameFace(format.typeface.font, format.font);
+    return L'\\' + (holds ? given : typefaceCode(format.font)) + L';';
+}
+
 /// Codes from one format to another.
 std::wstring change(const Format& from, const Format& to) {
     std::wstring codes;
     if (!(from.paragraph == to.paragraph)) codes += paragraphCode(to.paragraph);
-    if (!sameFace(from.font, to.font)) codes += typefaceCode(to.font);
+    if (!sameFace(from.font, to.font) || from.typeface.code != to.typeface.code) codes += codeOfTypeface(to);
     if (from.height != to.height) codes += code(L'H', shortest(to.height));
     if (from.font.widthFactor != to.font.widthFactor) codes += code(L'W', shortest(to.font.widthFactor));
     if (from.font.obliqueAngle != to.font.obliqueAngle) {
-        codes += code(L'Q', shortest(to.font.obliqueAngle * 180.0 / std::numbers::pi));
+        codes += code(L'Q', degrees(to.font.obliqueAngle));
     }
     if (from.tracking != to.tracking) codes += code(L'T', shortest(to.tracking));
     if (from.alignment != to.alignment) codes += code(L'A', std::to_wstring(to.alignment));
@@ -96,6 +110,10 @@ std::wstring content(const Piece& piece) {
 }
 
 }  // namespace
+
+std::wstring typefaceCode(const Font& font) {
+    return L'f' + font.family + (font.bold ? L"|b1" : L"|b0") + (font.italic ? L"|i1" : L"|i0");
+}
 
 std::wstring escaped(const std::wstring& characters) {
     std::wstring out;

@@ -1,5 +1,5 @@
-// Calls every fuzz target with a fixed number of seeded inputs: raw bytes, letters of numbers and angles, and texts
-// of every accepted form with a few bytes changed.
+// Calls every fuzz target with a fixed number of seeded inputs: raw bytes, letters of the target's kind of text, and
+// texts of every accepted form with a few bytes changed.
 
 #include <gtest/gtest.h>
 
@@ -25,9 +25,17 @@ constexpr Target targets[] = {KD_FUZZ_TARGETS};
 
 constexpr int inputs = 200000;
 
+/// What the texts of a target are made of.
+struct Vocabulary {
+    std::string alphabet;
+    std::vector<std::string> texts;
+};
+Vocabulary vocabularyOf(const std::string& target);
+
 class Inputs {
 public:
-    explicit Inputs(unsigned seed) : m_random(seed) {}
+    Inputs(const Vocabulary& vocabulary, unsigned seed)
+        : m_random(seed), m_alphabet(vocabulary.alphabet), m_texts(vocabulary.texts) {}
 
     std::string next() {
         switch (below(4)) {
@@ -70,46 +78,126 @@ private:
     }
 
     std::mt19937 m_random;
-    const std::string m_alphabet = "0123456789012345678901234567890123456789....''\"\"//--++  eEdDgGrRnNsSwW\x80";
-    const std::vector<std::string> m_texts = {
-        "12",
-        "12.5",
-        ".5",
-        "1e3",
-        "1.5e-2",
-        "5'",
-        "5'3\"",
-        "5'-3 1/2\"",
-        "3-1/2",
-        "3/4",
-        "5.5'",
-        "45d30'15\"",
-        "45",
-        "-45.25",
-        "100g",
-        "1.5r",
-        "N 45d W",
-        "S45d30'W",
-        "E",
-        "W",
-        "45\x80",
-        "007.50",
-        "+007",
-        " 45d30'W",
-        "2147483647",
-        " 30.5' w",
-        "  12.5\t",
-        "1e99",
-        "5'3.5\"",
-        "N 45\x80"
-        "30' W",
-    };
+    const std::string m_alphabet;
+    const std::vector<std::string> m_texts;
 };
+
+const Vocabulary numbersAndAngles = {"0123456789012345678901234567890123456789....''\"\"//--++  eEdDgGrRnNsSwW\x80",
+                                     {
+                                         "12",
+                                         "12.5",
+                                         ".5",
+                                         "1e3",
+                                         "1.5e-2",
+                                         "5'",
+                                         "5'3\"",
+                                         "5'-3 1/2\"",
+                                         "3-1/2",
+                                         "3/4",
+                                         "5.5'",
+                                         "45d30'15\"",
+                                         "45",
+                                         "-45.25",
+                                         "100g",
+                                         "1.5r",
+                                         "N 45d W",
+                                         "S45d30'W",
+                                         "E",
+                                         "W",
+                                         "45\x80",
+                                         "007.50",
+                                         "+007",
+                                         " 45d30'W",
+                                         "2147483647",
+                                         " 30.5' w",
+                                         "  12.5\t",
+                                         "1e99",
+                                         "5'3.5\"",
+                                         "N 45\x80"
+                                         "30' W",
+                                     }};
+
+const Vocabulary formulas = {"AB12.($:,)+-*/^ Sum#eE\x83\x84",
+                             {
+                                 "1+2*3",
+                                 "(1.5+.5)/-2^2",
+                                 "--3^-1^2",
+                                 "1e3-2E-1*1e+2",
+                                 "Sum(1,2,(3))",
+                                 "average(COUNT(1,2),4)",
+                                 "Sum(A1:B2)*2",
+                                 "$A$1+b$2/C3",
+                                 "Sum ( A1 : A3 , 1 )",
+                                 "Table(12).A1",
+                                 "count( table( 7 ) . A1:B2 )",
+                                 "#REF!+1",
+                                 "Sum(#REF!)",
+                                 "%<\\_FldIdx 0>%*2",
+                                 "\\AcExpr (1+1)*\\AcExpr(2)",
+                                 "1/0",
+                                 "10^400",
+                                 "1e999",
+                                 "AA100:A1",
+                                 "A1000000000",
+                                 "(((((1)))))",
+                             }};
+
+const Vocabulary fieldCodes = {"\\AcExpr ()AB12:+%<_FldIdx0>f\"lu2pr[],#$",
+                               {
+                                   "\\AcExpr (A1+1)",
+                                   "\\AcExpr (Sum(A1:C3)) \\f \"%lu2%pr2\"",
+                                   "\\AcExpr (B2)",
+                                   "\\AcExpr (%<\\_FldIdx 0>%*2)",
+                                   "\\AcExpr (A1 \\f \"%ps[(,)]\")",
+                                   "\\AcExpr (\\AcExpr (A1)*2)",
+                                   "\\AcExpr (#REF!+A1)",
+                                   "\\AcExpr (Table(1).A1)",
+                                   "\\AcExpr (B1) \\f \"%tc1\"",
+                                   "\\AcExpr (A1/3) \\f \"%lu5%pr3%th[,]%zs8\"",
+                                   "\\AcExpr (1) \\f \"%ct8[1e308]\"",
+                                   "\\AcExpr (0.5) \\f \"%au1%pr4\"",
+                                   "\\AcExpr (7) \\f \"%td[yyyy]\"",
+                                   "total %<\\_FldIdx 0>% of %<\\_FldIdx 1>%",
+                                   "%<\\_FldIdx 0>%",
+                                   "\\AcVar Date",
+                                   "plain text",
+                                   "A1:",
+                               }};
+
+const Vocabulary formattedTexts = {"ab \\\\\\{}%;/^#~PLlOoKkHWQTACcFfpSUM+019.x,|\n\t\x83\x84",
+                                   {
+                                       "plain text",
+                                       "a\\Pb\\~c",
+                                       "{\\H2x;big} \\W0.8;\\Q15;\\T2;x",
+                                       "{\\C1;red}{\\c255;also}",
+                                       "{\\fArial|b1|i1|c0|p34;bold}",
+                                       "{\\Ftxt.shx,gbcbig.shx;file}",
+                                       "\\Lunder\\l\\Oover\\o\\Kthrough\\k",
+                                       "\\A1;\\S1/2; \\S1#2; \\S+0.1^-0.2; x\\S2^;",
+                                       "\\Sa\\/b\\;c/d;",
+                                       "\\pi-2,l4,r1,qc,sm1,t4,8;x\tz\\Py",
+                                       "\\pxqr;right",
+                                       "90%%d %%p0.1 %%c20 %%065 5%%%",
+                                       "\\U+4E2D\\M+5D6D0\\U+D83D\\U+DE00",
+                                       "\\{not a group\\}\\\\",
+                                       "{a{b}c",
+                                       "a}b",
+                                       "one two three four five six seven",
+                                       "first\nsecond\r\nthird\n",
+                                       "\\H0.0001;\\H10000x;\\H10000x;x",
+                                   }};
+
+Vocabulary vocabularyOf(const std::string& target) {
+    if (target == "formula") return formulas;
+    if (target == "fieldcode") return fieldCodes;
+    if (target == "mtext") return formattedTexts;
+    return numbersAndAngles;
+}
 
 class EveryTarget : public ::testing::TestWithParam<Target> {};
 
 TEST_P(EveryTarget, stands_seeded_inputs) {
-    Inputs random(20240229);
+    Inputs random(vocabularyOf(GetParam().name), 20240229);
     for (int number = 0; number < inputs; ++number) {
         const std::string input = random.next();
         ASSERT_EQ(GetParam().run(reinterpret_cast<const std::uint8_t*>(input.data()), input.size()), 0);

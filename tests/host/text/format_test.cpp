@@ -72,6 +72,26 @@ TEST(Format, a_paragraph_code_sets_indents_alignment_and_tabs) {
     EXPECT_EQ(formatOf(L"\\pl3;\\pi*,l*,q*;x").paragraph.left, 0.0);
 }
 
+TEST(Format, an_x_ahead_of_a_paragraph_code_says_nothing) {
+    EXPECT_EQ(formatOf(L"\\pxqr;x").paragraph.align, L'r');
+    EXPECT_EQ(formatOf(L"\\pxi-1,l2;x").paragraph.left, 2.0);
+    EXPECT_EQ(formatOf(L"\\px;x"), base());
+}
+
+TEST(Format, a_font_file_is_neither_bold_nor_italic) {
+    const Format file = formatOf(L"\\fArial|b1|i1;\\Ftxt.shx;x");
+    EXPECT_EQ(file.font.family, L"txt");
+    EXPECT_FALSE(file.font.bold);
+    EXPECT_FALSE(file.font.italic);
+}
+
+TEST(Format, sizes_that_multiply_beyond_all_bounds_stay_as_they_were) {
+    EXPECT_DOUBLE_EQ(formatOf(L"\\H25000;x").height, 25000.0) << "large drawings have large texts";
+    EXPECT_DOUBLE_EQ(formatOf(L"\\H10000x;\\H10000x;\\H10000x;x").height, 2.5e8);
+    EXPECT_DOUBLE_EQ(formatOf(L"\\W10000x;\\W2x;x").font.widthFactor, 1e4);
+    EXPECT_DOUBLE_EQ(formatOf(L"\\T0.0001x;\\T0.0001x;\\T0.0001x;x").tracking, 1e-8);
+}
+
 TEST(Format, groups_give_back_what_was_before_them) {
     const std::vector<Piece> all = pieces(L"a{\\H2x;\\Lb{\\C3;c}d}e", base());
     ASSERT_EQ(all.size(), 5U);
@@ -117,6 +137,82 @@ TEST(FormatWriting, formatting_stands_in_groups) {
     EXPECT_EQ(again(L"a{\\Lb}c"), L"a{\\Lb}c");
     EXPECT_EQ(again(L"\\Lall"), L"{\\Lall}");
     EXPECT_EQ(again(L"\\S1#2;"), L"\\S1#2;");
+}
+
+TEST(FormatWriting, what_a_typeface_code_says_beyond_its_use_is_kept) {
+    for (const wchar_t* text :
+         {L"{\\fArial|b1|i0|c134|p34;x}", L"{\\Ftxt.shx,gbcbig.shx;x}", L"a{\\fSimSun|b0|i0|c134|p2;b}c"}) {
+        EXPECT_EQ(again(text), text);
+    }
+    std::vector<Piece> all = pieces(L"{\\fArial|b1|i0|c134|p34;x}", base());
+    all[0].format.font.bold = false;
+    EXPECT_EQ(write(all, base()), L"{\\fArial|b0|i0;x}") << "what a user changes counts";
+    EXPECT_EQ(again(L"\\fArial|c134;\\f|b1;x"), L"{\\fArial|b1|i0;x}") << "no family: the one before";
+}
+
+TEST(FormatWriting, what_a_paragraph_code_says_beyond_its_use_is_kept) {
+    EXPECT_EQ(again(L"\\pi1,sm1.2,b2,t4;x"), L"{\\pi1,l0,r0,q*,sm1.2,b2,t4;x}");
+    EXPECT_EQ(formatOf(L"\\psm1,b2;\\psm3;x").paragraph.rest, L"sm3");
+}
+
+/// Every code, by itself, in a group, nested and across lines: none is lost.
+TEST(FormatWriting, every_code_reads_the_same_once_written) {
+    for (const wchar_t* code : {L"\\H7;",
+                                L"\\H1.5x;",
+                                L"\\W0.8;",
+                                L"\\Q15;",
+                                L"\\Q-15;",
+                                L"\\T1.5;",
+                                L"\\A0;",
+                                L"\\A1;",
+                                L"\\A2;",
+                                L"\\C0;",
+                                L"\\C1;",
+                                L"\\C256;",
+                                L"\\c255;",
+                                L"\\c0;",
+                                L"\\L",
+                                L"\\O",
+                                L"\\K",
+                                L"\\fArial|b1|i1|c0|p34;",
+                                L"\\Ftxt,gbcbig;",
+                                L"\\pi-2,l4,r1,qc,t4,8;",
+                                L"\\pql;",
+                                L"\\pqj;",
+                                L"\\pqd;",
+                                L"\\S1/2;",
+                                L"\\S1#2;",
+                                L"\\S+1^-2;",
+                                L"\\Sx^;",
+                                L"\\S^x;",
+                                L"\\Sa\\/b\\^c\\#d\\;e\\\\/f;",
+                                L"\\P",
+                                L"\\~",
+                                L"%%d",
+                                L"%%p",
+                                L"%%c",
+                                L"%%%",
+                                L"%%065",
+                                L"\\U+4E2D",
+                                L"\\M+5D6D0",
+                                L"\\\\",
+                                L"\\{",
+                                L"\\}"}) {
+        const std::wstring c = code;
+        for (const std::wstring& text :
+             {c + L"x", L"a{" + c + L"b}c", L"{\\H2x;a{" + c + L"b\\Pc}d}e", L"\\L" + c + L"\\l" + c + L"x"}) {
+            const std::string name = QString::fromStdWString(text).toStdString();
+            EXPECT_EQ(pieces(again(text), base()), pieces(text, base())) << name;
+            std::wstring read = strip(text);
+            std::replace(read.begin(), read.end(), L'\u00A0', L' ');
+            std::wstring readAgain = strip(again(text));
+            EXPECT_EQ(readAgain, read) << name;
+            const Layout before = layout(text, base().font, base().height, 0.0);
+            const Layout now = layout(again(text), base().font, base().height, 0.0);
+            EXPECT_DOUBLE_EQ(now.width, before.width) << name;
+            EXPECT_DOUBLE_EQ(now.height, before.height) << name;
+        }
+    }
 }
 
 /// A random text of codes, well-formed and not.

@@ -140,6 +140,14 @@ TEST(Layout, a_slanted_fraction_has_its_parts_side_by_side) {
     ASSERT_EQ(one.lines[0].strokes.size(), 1U);
 }
 
+TEST(Layout, a_character_that_stands_for_objects_elsewhere_is_a_character) {
+    const Layout plain = layout(L"a\uFFFCb", kFont, 10.0, 0.0);
+    ASSERT_EQ(plain.lines.size(), 1U);
+    EXPECT_EQ(plain.lines[0].runs[0].text, L"a\uFFFCb");
+    EXPECT_TRUE(plain.lines[0].strokes.empty());
+    EXPECT_EQ(layout(L"\uFFFC\\S1/2;\uFFFC", kFont, 10.0, 5.0).lines[0].strokes.size(), 1U);
+}
+
 TEST(Layout, a_tolerance_has_no_stroke) {
     const Layout one = layout(L"\\S+0.1^-0.2;", kFont, 10.0, 0.0);
     EXPECT_TRUE(one.lines[0].strokes.empty());

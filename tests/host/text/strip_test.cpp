@@ -82,10 +82,11 @@ INSTANTIATE_TEST_SUITE_P(characters, StripReads,
 INSTANTIATE_TEST_SUITE_P(cut_short, StripReads,
                          ::testing::Values(Case{L"\\", L"\\"}, Case{L"a\\", L"a\\"}, Case{L"\\H2.5", L"\\H2.5"},
                                            Case{L"\\H2.5\\P", L"\\H2.5\n"}, Case{L"\\S1/2", L"\\S1/2"},
-                                           Case{L"\\U+12", L"\\U+12"}, Case{L"\\U+00G0", L"\\U+00G0"},
-                                           Case{L"\\M+9FFFF", L"\\M+9FFFF"}, Case{L"\\M+", L"\\M+"}, Case{L"%%", L"%%"},
-                                           Case{L"%%12", L"%%12"}, Case{L"%%999", L"%%999"}, Case{L"%%x", L"%%x"},
-                                           Case{L"{a", L"a"}, Case{L"a}", L"a}"}, Case{L"\\z", L"\\z"}));
+                                           Case{L"\\S1\\\n;", L"\\S1\\\n;"}, Case{L"\\U+12", L"\\U+12"},
+                                           Case{L"\\U+00G0", L"\\U+00G0"}, Case{L"\\M+9FFFF", L"\\M+9FFFF"},
+                                           Case{L"\\M+", L"\\M+"}, Case{L"%%", L"%%"}, Case{L"%%12", L"%%12"},
+                                           Case{L"%%999", L"%%999"}, Case{L"%%x", L"%%x"}, Case{L"{a", L"a"},
+                                           Case{L"a}", L"a}"}, Case{L"\\z", L"\\z"}));
 
 TEST(Strip, keeps_every_character_behind_an_escape) {
     // Escaping any text and stripping it gives the text back.
