@@ -4,14 +4,17 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "host/app/cellreference.h"
+#include "host/app/cells/cellactions.h"
 #include "host/app/script.h"
 #include "host/db/access.h"
 #include "host/db/tableaccess.h"
 #include "host/ed/editor.h"
 #include "host/ed/picking.h"
 #include "host/ed/points.h"
+#include "host/ui/automationkeys.h"
 #include "kd/db/table.h"
 
 namespace kdhost::promptactions {
@@ -87,6 +90,46 @@ std::wstring document(Editor& editor, const std::wstring& number) {
 
 namespace {
 
+/// The cells of the current table that the right button is pressed on; none for a text that names none of them.
+std::optional<CellsOfTable> cellsUnderMenu(const Editor& editor, const std::wstring& text) {
+    const KdDbObjectId id = editor.pickFirst().currentTable();
+    const auto* table = peek<KdDbTable>(id);
+    if (table == nullptr) return std::nullopt;
+    const Split split = splitFirst(text);
+    const bool isLine = split.first == L"row" || split.first == L"column";
+    const std::wstring reference = isLine ? split.rest + L":" + split.rest : text;
+    const auto range = parseCells(reference, table->numRows(), table->numColumns());
+    return range ? std::optional(CellsOfTable{id, *range}) : std::nullopt;
+}
+
+/// Empty when the right button has selected something, else why it hasn't.
+std::wstring selectUnderMenu(Editor& editor, const std::wstring& arguments) {
+    if (const auto point = parsePoint(arguments, {})) {
+        return selectForMenu(editor, *point) ? std::wstring() : L"nothing lies there.";
+    }
+    const auto cells = cellsUnderMenu(editor, arguments);
+    if (!cells) return L"\"" + arguments + L"\" is no place and names no cells of the table.";
+    selectForMenu(editor, *cells);
+    return {};
+}
+
+}  // namespace
+
+std::wstring doubleClick(Editor& editor, const std::wstring& arguments) {
+    const auto point = parsePoint(arguments, {});
+    if (!point) return L"@doubleclick takes X,Y, or the name of a control and a row.";
+    if (!isIdle(editor)) return L"a command runs.";
+    return doubleClickAt(editor, *point) ? std::wstring() : L"no cell lies there.";
+}
+
+std::wstring context(Editor& editor, const std::wstring& arguments) {
+    if (!isIdle(editor)) return L"a command runs.";
+    if (const std::wstring failure = selectUnderMenu(editor, arguments); !failure.empty()) return failure;
+    return showContextMenu(editor, {}) ? std::wstring() : L"what is selected has no context menu.";
+}
+
+namespace {
+
 struct Key {
     const wchar_t* name;
     void (*press)(InputQueue& queue);
@@ -109,6 +152,8 @@ std::wstring visible(const std::wstring& prompt) {
 }  // namespace
 
 std::wstring key(Editor& editor, const std::wstring& name) {
+    const auto stroke = automation::strokeOf(name);
+    if (stroke && sendKeyToCells(editor, stroke->key, stroke->modifiers, stroke->text)) return {};
     if (name.size() == 1) {
         editor.input().type(name);
         return {};

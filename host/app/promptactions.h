@@ -16,7 +16,11 @@ std::wstring pick(Editor& editor, const std::wstring& arguments);
 std::wstring cells(Editor& editor, const std::wstring& arguments);
 /// The document of that number, counted from 1.
 std::wstring document(Editor& editor, const std::wstring& number);
-/// ESC, ENTER, SPACE or a single character.
+/// A double click on a cell at X,Y.
+std::wstring doubleClick(Editor& editor, const std::wstring& arguments);
+/// The right button at X,Y, on a cell of the current table, or on an indicator of it ("row 3", "column B").
+std::wstring context(Editor& editor, const std::wstring& arguments);
+/// ESC, ENTER, SPACE or a single character; while cells are selected also the keys that act on them.
 std::wstring key(Editor& editor, const std::wstring& name);
 /// An error unless the prompt reads so; blanks and line ends around both don't count.
 std::wstring expectPrompt(const Editor& editor, const std::wstring& text);

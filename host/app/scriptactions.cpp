@@ -13,6 +13,7 @@
 #include "host/ed/commandline.h"
 #include "host/mfc/messagebox.h"
 #include "host/ui/automation.h"
+#include "host/ui/automationfind.h"
 #include "host/ui/inplaceeditor/editorautomation.h"
 
 namespace kdhost {
@@ -82,6 +83,15 @@ std::wstring keyAtPrompt(Editor& editor, const std::wstring& name) {
     return automation::hasKeyboard() ? automation::key(name) : promptactions::key(editor, name);
 }
 
+/// On a control of a window that stands beside the prompt, or in the drawing.
+template <OnPrompt inDrawing, OnWindow inWindow>
+std::wstring besidePrompt(Editor& editor, const std::wstring& arguments) {
+    const QString control = QString::fromStdWString(splitFirst(arguments).first);
+    return automation::findControl(control) != nullptr ? inWindow(arguments) : inDrawing(editor, arguments);
+}
+constexpr OnPrompt contextAtPrompt = besidePrompt<promptactions::context, onControl<automation::context>>;
+constexpr OnPrompt doubleClickAtPrompt = besidePrompt<promptactions::doubleClick, onControl<automation::doubleClick>>;
+
 struct Action {
     const wchar_t* name;
     OnPrompt onPrompt;  ///< null for an action on windows only
@@ -95,9 +105,9 @@ constexpr Action kActions[] = {
     {L"clipboard", anywhere<setClipboard>, setClipboard},
     {L"close", nullptr, [](const std::wstring&) { return automation::close(); }},
     {L"color", nullptr, automation::color},
-    {L"context", nullptr, onControl<automation::context>},
+    {L"context", contextAtPrompt, onControl<automation::context>},
     {L"document", promptactions::document, nullptr},
-    {L"doubleclick", nullptr, onControl<automation::doubleClick>},
+    {L"doubleclick", doubleClickAtPrompt, onControl<automation::doubleClick>},
     {L"drop", nullptr, automation::drop},
     {L"edit", anywhere<editCell>, editCell},
     {L"expect", expectAtPrompt, expectInWindow},

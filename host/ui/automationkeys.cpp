@@ -1,7 +1,8 @@
 // The keys that scripts press, by their names.
 
+#include "host/ui/automationkeys.h"
+
 #include <array>
-#include <optional>
 
 #include "host/ui/automation.h"
 #include "host/ui/automationfind.h"
@@ -10,12 +11,6 @@
 namespace kdhost::automation {
 
 namespace {
-
-struct Stroke {
-    int key = 0;
-    Qt::KeyboardModifiers modifiers;
-    QString text;  ///< what the key types
-};
 
 struct NamedKey {
     const wchar_t* name;
@@ -76,7 +71,8 @@ Qt::KeyboardModifiers takeModifiers(std::wstring& name) {
     return modifiers;
 }
 
-/// None for a name that no key has.
+}  // namespace
+
 std::optional<Stroke> strokeOf(std::wstring name) {
     const Qt::KeyboardModifiers modifiers = takeModifiers(name);
     for (const NamedKey& known : kKeys) {
@@ -89,8 +85,6 @@ std::optional<Stroke> strokeOf(std::wstring name) {
     const bool isCommand = (modifiers & Qt::ControlModifier) != 0;
     return Stroke{character.toUpper().at(0).unicode(), modifiers, isCommand ? QString() : character};
 }
-
-}  // namespace
 
 std::wstring key(const std::wstring& name) {
     const std::optional<Stroke> stroke = strokeOf(name);

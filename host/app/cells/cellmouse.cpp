@@ -1,0 +1,223 @@
+// From presses and moves to selections.
+
+#include "host/app/cells/cellmouse.h"
+
+#include <QCursor>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWidget>
+#include <algorithm>
+
+#include "host/app/cells/cellactions.h"
+#include "host/db/access.h"
+#include "host/draw/tablegeometry.h"
+#include "host/ed/editor.h"
+#include "host/ed/picking.h"
+#include "host/ed/viewwidget.h"
+#include "kd/db/table.h"
+
+namespace kdhost {
+namespace {
+
+const QColor kGripColor(0, 90, 200);
+const QColor kDragColor(230, 120, 0);
+
+bool isShift(const ViewPoint& point) {
+    return point.modifiers.testFlag(Qt::ShiftModifier);
+}
+
+KdCellRange joined(const KdCellRange& a, const KdCellRange& b) {
+    return {std::min(a.m_topRow, b.m_topRow), std::min(a.m_leftColumn, b.m_leftColumn),
+            std::max(a.m_bottomRow, b.m_bottomRow), std::max(a.m_rightColumn, b.m_rightColumn)};
+}
+
+/// The row or column between whose edges the place lies; the first or last one beyond them.
+int indexAt(const std::vector<double>& edges, double place) {
+    const auto behind = std::upper_bound(edges.begin(), edges.end(), place) - edges.begin() - 1;
+    return std::clamp(static_cast<int>(behind), 0, static_cast<int>(edges.size()) - 2);
+}
+
+/// The cell of the table nearest to a place in its plane.
+KdCellRange nearestCell(const KdDbTable& table, const KdGePoint3d& world) {
+    const draw::TableGeometry geometry(table);
+    const KdGeVector3d place = world - geometry.at(0.0, 0.0);
+    const int row = indexAt(geometry.rowEdges(), place.dotProduct(geometry.next()));
+    const int column = indexAt(geometry.columnEdges(), place.dotProduct(geometry.right()));
+    return table.getMergeRange(row, column);
+}
+
+KdCellRange wholeRows(const KdDbTable& table, KdCellRange cells) {
+    cells.m_leftColumn = 0;
+    cells.m_rightColumn = table.numColumns() - 1;
+    return cells;
+}
+
+KdCellRange wholeColumns(const KdDbTable& table, KdCellRange cells) {
+    cells.m_topRow = 0;
+    cells.m_bottomRow = table.numRows() - 1;
+    return cells;
+}
+
+}  // namespace
+
+void CellMouse::begin(Drag drag, KdDbObjectId table, const KdCellRange& anchor) {
+    m_drag = drag;
+    m_table = table;
+    m_anchor = anchor;
+}
+
+void CellMouse::press(const ViewPoint& point) {
+    Editor* editor = currentEditor();
+    if (editor == nullptr) return;
+    m_drag = Drag::Nothing;
+    if (editor->promptKind() == PromptKind::Cells) return answerCells(*editor, point);
+    const KdDbObjectId table = isIdle(*editor) ? soleTable(*editor) : KdDbObjectId::kNull;
+    const bool taken = !table.isNull() && (beginGrip(*editor, table, point) || beginIndicator(*editor, table, point) ||
+                                           beginCells(*editor, table, point));
+    if (!taken) PromptInput::press(point);
+}
+
+bool CellMouse::beginGrip(Editor& editor, KdDbObjectId table, const ViewPoint& point) {
+    const auto grip = gripAt(table, point.pixels, editor.view().shown());
+    if (!grip) return false;
+    begin(Drag::Grip, table, {});
+    m_grip = *grip;
+    m_gripTo = grip->place;
+    return true;
+}
+
+/// Indicators stand where cells are selected only.
+bool CellMouse::beginIndicator(Editor& editor, KdDbObjectId id, const ViewPoint& point) {
+    const auto* table = peek<KdDbTable>(id);
+    int row = -1, column = -1, content = 0;
+    KdDb::TableHitItem item = KdDb::kTableHitNone;
+    if (!table->hasSubSelection()) return false;
+    if (!table->hitTest(point.world, KdGeVector3d::kZAxis, 0.0, 0.0, row, column, content, item)) return false;
+    if (item != KdDb::kTableHitRowIndicator && item != KdDb::kTableHitColumnIndicator) return false;
+    const bool rows = item == KdDb::kTableHitRowIndicator;
+    const KdCellRange line = rows ? wholeRows(*table, {row, 0, row, 0}) : wholeColumns(*table, {0, column, 0, column});
+    begin(rows ? Drag::Rows : Drag::Columns, id, isShift(point) ? joined(table->getSubSelection(), line) : line);
+    dragOverCells(editor, id, m_anchor);
+    return true;
+}
+
+bool CellMouse::beginCells(Editor& editor, KdDbObjectId id, const ViewPoint& point) {
+    const auto cell = cellAt(editor, point.world);
+    if (!cell || cell->table != id) return false;
+    const KdCellRange selected = peek<KdDbTable>(id)->getSubSelection();
+    const bool extends = isShift(point) && selected.m_topRow >= 0 && selected.m_leftColumn >= 0;
+    begin(Drag::Cells, id, extends ? selected : cell->range);
+    dragOverCells(editor, id, joined(m_anchor, cell->range));
+    return true;
+}
+
+/// A prompt for cells takes the cell that is clicked, or the rectangle that is dragged over.
+void CellMouse::answerCells(Editor& editor, const ViewPoint& point) {
+    const auto cell = cellAt(editor, point.world);
+    if (cell) {
+        begin(Drag::AnsweringCells, cell->table, cell->range);
+    } else {
+        editor.input().put(InputItem::Kind::Pick, point.world);
+    }
+}
+
+KdCellRange CellMouse::rangeTo(const ViewPoint& point) const {
+    const auto* table = peek<KdDbTable>(m_table);
+    if (table == nullptr) return m_anchor;
+    const KdCellRange range = joined(m_anchor, nearestCell(*table, point.world));
+    if (m_drag == Drag::Rows) return wholeRows(*table, range);
+    if (m_drag == Drag::Columns) return wholeColumns(*table, range);
+    return range;
+}
+
+void CellMouse::extendTo(Editor& editor, const ViewPoint& point) {
+    const auto* table = peek<KdDbTable>(m_table);
+    const KdCellRange range = rangeTo(point);
+    if (table != nullptr && table->getSubSelection() != range) dragOverCells(editor, m_table, range);
+}
+
+void CellMouse::move(const ViewPoint& point) {
+    Editor* editor = currentEditor();
+    if (editor == nullptr) return;
+    switch (m_drag) {
+        case Drag::Nothing:
+            PromptInput::move(point);
+            break;
+        case Drag::Grip:
+            m_gripTo = point.world;
+            break;
+        case Drag::AnsweringCells:
+            break;
+        default:
+            extendTo(*editor, point);
+    }
+}
+
+void CellMouse::release(const ViewPoint& point) {
+    Editor* editor = currentEditor();
+    const Drag ended = std::exchange(m_drag, Drag::Nothing);
+    if (editor == nullptr) return;
+    if (ended == Drag::Grip && point.world.distanceTo(m_grip.place) > 0.5 * kGripPixels * point.unitsPerPixel) {
+        dragGrip(*editor, m_table, m_grip, point.world);
+    } else if (ended == Drag::AnsweringCells) {
+        const KdCellRange range = rangeTo(point);
+        if (range == m_anchor) {
+            editor->input().put(InputItem::Kind::Pick, point.world);
+        } else {
+            editor->input().put(CellsOfTable{m_table, range});
+        }
+    }
+}
+
+void CellMouse::doubleClick(const ViewPoint& point) {
+    Editor* editor = currentEditor();
+    if (editor == nullptr) return;
+    m_drag = Drag::Nothing;
+    if (!isIdle(*editor) || !doubleClickAt(*editor, point.world)) press(point);
+}
+
+void CellMouse::context(const ViewPoint& point) {
+    Editor* editor = currentEditor();
+    if (editor == nullptr) return;
+    if (!isIdle(*editor)) return PromptInput::context(point);
+    if (!selectForMenu(*editor, point.world)) return;
+    ViewWidget* widget = viewWidget();
+    const QPoint place = widget == nullptr ? QCursor::pos() : widget->widget().mapToGlobal(point.pixels.toPoint());
+    showContextMenu(*editor, place);
+}
+
+bool CellMouse::key(const QKeyEvent& event) {
+    Editor* editor = currentEditor();
+    return editor != nullptr && sendKeyToCells(*editor, event.key(), event.modifiers(), event.text());
+}
+
+void CellMouse::paintOver(QPainter& painter, const draw::View& view) {
+    const Editor* editor = currentEditor();
+    if (editor == nullptr) return;
+    const double half = 0.5 * kGripPixels;
+    for (KdDbObjectId id : editor->pickFirst().objects()) {
+        for (const Grip& grip : gripsOf(id, view)) {
+            const QPointF place = view.toPixels(grip.place);
+            painter.fillRect(QRectF(place.x() - half, place.y() - half, kGripPixels, kGripPixels), kGripColor);
+        }
+    }
+    const auto* table = m_drag == Drag::Grip ? peek<KdDbTable>(m_table) : nullptr;
+    if (table == nullptr) return;
+    QPolygonF line;
+    for (const KdGePoint3d& corner : draggedLine(*table, m_grip, m_gripTo)) line << view.toPixels(corner);
+    painter.setPen(QPen(kDragColor, 0.0, Qt::DashLine));
+    painter.drawPolyline(line);
+}
+
+Qt::CursorShape CellMouse::cursorAt(const ViewPoint& point) {
+    const Editor* editor = currentEditor();
+    const KdDbObjectId table = editor == nullptr || !isIdle(*editor) ? KdDbObjectId::kNull : soleTable(*editor);
+    if (table.isNull()) return Qt::CrossCursor;
+    const auto grip =
+        m_drag == Drag::Grip ? std::optional(m_grip) : gripAt(table, point.pixels, editor->view().shown());
+    if (!grip) return Qt::CrossCursor;
+    if (grip->kind == Grip::Kind::Move) return Qt::SizeAllCursor;
+    return grip->kind == Grip::Kind::Column ? Qt::SplitHCursor : Qt::SplitVCursor;
+}
+
+}  // namespace kdhost
