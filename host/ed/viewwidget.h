@@ -2,6 +2,7 @@
 // none.
 #pragma once
 
+#include <QColor>
 #include <QPointF>
 
 #include "kd/ge/point3d.h"
@@ -29,6 +30,8 @@ public:
     virtual KdGePoint3d toWorld(const QPointF& pixels) const = 0;
     /// Pixels for a drawing unit.
     virtual double scale() const = 0;
+    /// What the drawing is painted on.
+    virtual QColor paper() const = 0;
 
     /// Followers stay their makers'; each is told from its adding to its removal.
     virtual void addFollower(ViewFollower* follower) = 0;

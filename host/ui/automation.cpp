@@ -143,7 +143,7 @@ std::wstring shot(const std::wstring& file) {
     QWidget* top = topWindow();
     if (top == nullptr && Application::current() != nullptr) top = Application::current()->mainWindow();
     if (top == nullptr) return L"no window is open.";
-    return top->grab().save(qt(file)) ? L"" : L"the picture " + file + L" can't be written.";
+    return top->window()->grab().save(qt(file)) ? L"" : L"the picture " + file + L" can't be written.";
 }
 
 std::wstring close() {

@@ -139,6 +139,10 @@ KdGePoint3d DrawingView::toWorld(const QPointF& pixels) const {
     return view == nullptr ? KdGePoint3d() : view->toWorld(pixels);
 }
 
+QColor DrawingView::paper() const {
+    return kPaper;
+}
+
 double DrawingView::scale() const {
     const draw::View* view = shown();
     return view == nullptr ? 1.0 : view->scale();

@@ -41,6 +41,7 @@ public:
     QPointF toPixels(const KdGePoint3d& world) const override;
     KdGePoint3d toWorld(const QPointF& pixels) const override;
     double scale() const override;
+    QColor paper() const override;
     void addFollower(ViewFollower* follower) override { m_followers.push_back(follower); }
     void removeFollower(ViewFollower* follower) override;
 

@@ -61,7 +61,7 @@ void EditorBox::fitText(double width, double height) {
     const double top = -0.5 * draw::verticalOf(place) * height;
     // A text that fits stands in its box as in the cell; a longer one begins at the top.
     const double above = 0.5 * draw::verticalOf(place) * std::max(0.0, height - textHeight);
-    m_item.setPos(left, top + above - (extent.firstBaseline - extent.capital) * m_scale);
+    m_item.setPos(left, top + above - (extent.firstBaseline - extent.above) * m_scale);
     const double bottom = std::max(height, above + textHeight);
     const double hangs = std::max(m_border, kHangs * capital);
     m_frame = QRectF(left, top, std::max(width, needed), bottom).adjusted(-m_border, -m_border, m_border, hangs);

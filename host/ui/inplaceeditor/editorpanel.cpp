@@ -32,7 +32,7 @@ EditorPanel::EditorPanel(KdDbMText& text, const EditorPlace& place)
       m_text(text),
       m_place(place),
       m_fields(text),
-      m_looks(text, place.hasDarkPaper()),
+      m_looks(text, place.paper()),
       m_document(m_looks, [this](wchar_t field) { return m_fields.shown(field); }),
       m_before(text::pieces(m_fields.contents(), m_looks.base())),
       m_box(new EditorBox(text, m_document)),
@@ -90,7 +90,7 @@ void EditorPanel::lieOverDrawing() {
 void EditorPanel::standAlone() {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowModality(Qt::ApplicationModal);
-    setBackgroundBrush(Qt::white);
+    setBackgroundBrush(m_place.paper());
     resize(m_place.size());
 }
 
@@ -142,10 +142,11 @@ void EditorPanel::place() {
 /// Above the box, below it where there is no room.
 void EditorPanel::placeBar() {
     const QRect box = this->box().toAlignedRect();
-    const int above = box.top() - kBarGap - m_bar->height();
+    const QSize bar = m_bar->sizeHint();
+    const int above = box.top() - kBarGap - bar.height();
     const int y = above >= 0 ? above : box.bottom() + kBarGap;
-    const int rightmost = width() - m_bar->width();
-    m_bar->move(std::max(0, std::min(box.left(), rightmost)), std::max(0, std::min(y, height() - m_bar->height())));
+    const int rightmost = width() - bar.width();
+    m_bar->move(std::max(0, std::min(box.left(), rightmost)), std::max(0, std::min(y, height() - bar.height())));
 }
 
 void EditorPanel::viewMoved() {

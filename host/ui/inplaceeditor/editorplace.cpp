@@ -29,10 +29,9 @@ double EditorPlace::pixelsPerUnit() const {
     return shown == nullptr ? m_view->shown().scale() : shown->scale();
 }
 
-bool EditorPlace::hasDarkPaper() const {
-    constexpr int kHalf = 128;
-    const QWidget* over = widget();
-    return over != nullptr && over->palette().color(over->backgroundRole()).lightness() < kHalf;
+QColor EditorPlace::paper() const {
+    const ViewWidget* shown = viewWidget();
+    return shown == nullptr ? QColor(Qt::white) : shown->paper();
 }
 
 }  // namespace kdhost

@@ -2,6 +2,7 @@
 // as large as the view would be.
 #pragma once
 
+#include <QColor>
 #include <QPointF>
 #include <QSize>
 
@@ -24,7 +25,8 @@ public:
     QSize size() const;
     QPointF toPixels(const KdGePoint3d& world) const;
     double pixelsPerUnit() const;
-    bool hasDarkPaper() const;
+    /// What the drawing is painted on.
+    QColor paper() const;
 
 private:
     const View* m_view;

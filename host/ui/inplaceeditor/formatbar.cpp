@@ -75,10 +75,10 @@ FormatBar::FormatBar(const KdDbMText& text, RichDocument& document, TextItem& it
     const int gap = fontMetrics().height() / 4;
     row->setContentsMargins(gap, gap, gap, gap);
     row->setSpacing(gap);
+    row->setSizeConstraint(QLayout::SetFixedSize);
     addToggles(*row);
     addColor(*row);
     addEdits(*row);
-    adjustSize();
     refresh();
 }
 

@@ -238,15 +238,18 @@ std::wstring RichDocument::plainText() const {
     return text::strip(text::write(withFieldsAsShown(pieces()), m_looks.base()));
 }
 
-double RichDocument::capitalOfFirstLine() const {
+double RichDocument::heightOfFirstLine() const {
     const QTextBlock block = m_document.begin();
     const int end = block.position() + block.layout()->lineAt(0).textLength();
     double height = 0.0;
     for (auto at = block.begin(); !at.atEnd() && at.fragment().position() < end; ++at) {
-        height = std::max(height, formatOf(at.fragment().charFormat()).height);
+        const QTextCharFormat format = at.fragment().charFormat();
+        height = std::max(height, formatOf(format).height * m_looks.pixelsPerUnit());
+        const bool isStack =
+            format.objectType() == TextObjects::kType && object(format).kind == text::Piece::Kind::Stack;
+        if (isStack) height = std::max(height, m_looks.stack(object(format)).above);
     }
-    if (height == 0.0) height = m_looks.base().height;
-    return height * m_looks.pixelsPerUnit();
+    return height == 0.0 ? TextLooks::kCapital : height;
 }
 
 RichDocument::Extent RichDocument::extent() const {
@@ -263,7 +266,7 @@ RichDocument::Extent RichDocument::extent() const {
         return {TextLooks::kCapital, TextLooks::kCapital, TextLooks::kCapital};
     }
     return {baseline(first, first.layout()->lineAt(0)), baseline(last, lastLines.lineAt(lastLines.lineCount() - 1)),
-            capitalOfFirstLine()};
+            heightOfFirstLine()};
 }
 
 }  // namespace kdhost

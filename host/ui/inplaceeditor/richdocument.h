@@ -49,13 +49,13 @@ public:
     /// As it is read: stacks in one line, fields as they are shown.
     std::wstring plainText() const;
 
-    /// Place of the first and the last baseline below the document's top, in document pixels, and the height of
-    /// the first line's capitals.
+    /// Place of the first and the last baseline below the document's top, in document pixels, and how high the
+    /// first line's capitals or stacks stand above its baseline.
     struct Extent {
         double firstBaseline = 0.0;
         double lastBaseline = 0.0;
-        double capital = 0.0;
-        double height() const { return capital + lastBaseline - firstBaseline; }
+        double above = 0.0;
+        double height() const { return above + lastBaseline - firstBaseline; }
     };
     Extent extent() const;
 
@@ -73,7 +73,7 @@ private:
     void insertAsObject(QTextCursor& cursor, const text::Piece& piece);
     std::vector<text::Piece> piecesBetween(int from, int to) const;
     void appendText(std::vector<text::Piece>& pieces, const QString& text, const QTextCharFormat& format) const;
-    double capitalOfFirstLine() const;
+    double heightOfFirstLine() const;
 
     const TextLooks& m_looks;
     std::function<std::wstring(wchar_t)> m_nameOf;

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QStyleOptionGraphicsItem>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <array>
@@ -85,6 +86,13 @@ std::optional<int> TextItem::endingKey(const QKeyEvent& event) const {
 bool TextItem::isComposing() const {
     const QTextLayout* layout = textCursor().block().layout();
     return layout != nullptr && !layout->preeditAreaText().isEmpty();
+}
+
+void TextItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) {
+    // The box has a frame; Qt's own would be another one within it.
+    QStyleOptionGraphicsItem plain = *option;
+    plain.state &= ~(QStyle::State_HasFocus | QStyle::State_Selected);
+    QGraphicsTextItem::paint(painter, &plain, widget);
 }
 
 void TextItem::press(QKeyEvent& event) {

@@ -50,13 +50,13 @@ Qt::Alignment alignmentOf(wchar_t align) {
 
 }  // namespace
 
-TextLooks::TextLooks(const KdDbMText& text, bool darkPaper)
+TextLooks::TextLooks(const KdDbMText& text, QColor paper)
     : m_base(baseOf(text)),
       m_attachment(text.attachment()),
       m_looks(text, {}, m_options),
       m_color(m_looks.color()),
       m_fill(kPaper),
-      m_darkPaper(darkPaper) {
+      m_paper(std::move(paper)) {
     if (text.backgroundFillOn() && !text.useBackgroundColorOn()) {
         m_fill = m_looks.color(text.backgroundFillColor()).value_or(kPaper);
     }
@@ -109,8 +109,14 @@ QTextOption TextLooks::option() const {
     return option;
 }
 
+bool TextLooks::hasDarkPaper() const {
+    constexpr int kHalf = 128;
+    return m_paper.lightness() < kHalf;
+}
+
 QColor TextLooks::shown(const draw::Color& color) const {
-    if (color.foreground || color.paper) return color.paper == m_darkPaper ? Qt::black : Qt::white;
+    if (color.paper) return m_paper;
+    if (color.foreground) return hasDarkPaper() ? Qt::white : Qt::black;
     return {color.red, color.green, color.blue};
 }
 
@@ -143,7 +149,7 @@ void TextLooks::paintStack(QPainter& painter, const QPointF& origin, const text:
     painter.save();
     painter.translate(origin - QPointF(0.5 * kSheet, 0.5 * kSheet));
     draw::paintPrimitives(painter, primitives, draw::View(kSheet, kSheet),
-                          {.thinnestLine = 0.06 * kCapital, .darkPaper = m_darkPaper, .wholePixels = false});
+                          {.thinnestLine = 0.06 * kCapital, .darkPaper = hasDarkPaper(), .wholePixels = false});
     painter.restore();
 }
 

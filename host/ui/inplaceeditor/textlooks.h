@@ -18,8 +18,8 @@ namespace kdhost {
 
 class TextLooks {
 public:
-    /// The text must outlive the looks. `darkPaper` tells what the text stands on, where it has no fill.
-    TextLooks(const KdDbMText& text, bool darkPaper);
+    /// The text must outlive the looks. `paper` is what it stands on, where it has no fill.
+    TextLooks(const KdDbMText& text, QColor paper);
 
     /// Of characters without formatting codes.
     const text::Format& base() const { return m_base; }
@@ -44,6 +44,7 @@ public:
 
 private:
     QColor shown(const draw::Color& color) const;
+    bool hasDarkPaper() const;
     int pixelSize(const text::Format& format) const;
 
     draw::Options m_options;
@@ -52,7 +53,7 @@ private:
     draw::Looks m_looks;
     draw::Color m_color;
     draw::Color m_fill;
-    bool m_darkPaper;
+    QColor m_paper;
 };
 
 }  // namespace kdhost
