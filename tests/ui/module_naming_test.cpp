@@ -320,6 +320,28 @@ TEST_P(StyleNaming, Blanks_around_the_name_are_stripped) {
     EXPECT_EQ(opened->newName(), L"new name");
 }
 
+TEST_P(StyleNaming, White_space_of_any_script_is_stripped) {
+    const auto opened = naming({L"a"}, L"a");
+    const int closed = runModal(opened->dialog(), [&] {
+        edit(*opened).setText(QStringLiteral("\u3000\u2003new\u3000name\u3000"));
+        pressKey(Qt::Key_Return);
+    });
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(opened->newName(), L"new\u3000name");
+}
+
+TEST_P(StyleNaming, Only_latin_letters_without_marks_are_alike_in_both_cases) {
+    const auto opened = naming({L"\u00C4pfel"}, L"\u00C4pfel");
+    const int closed = runModal(opened->dialog(), [&] {
+        retype(L"\u00C4PFEL");
+        EXPECT_EQ(pressForBox(opened->dialog(), Qt::Key_Return).text, loadText(kind.existsText));
+        retype(L"\u00E4pfel");
+        pressKey(Qt::Key_Return);
+    });
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(opened->newName(), L"\u00E4pfel");
+}
+
 TEST_P(StyleNaming, Cancel_by_button_gives_2) {
     const auto opened = naming({L"a"}, L"a");
     const int closed = runModal(opened->dialog(), [&] {
