@@ -19,7 +19,7 @@
 namespace kdhost {
 namespace {
 
-const QColor kGripColor(0, 90, 200);
+const QColor kGripColor(0x4C, 0xA3, 0xFF);
 const QColor kDragColor(230, 120, 0);
 
 bool isShift(const ViewPoint& point) {
@@ -157,7 +157,7 @@ void CellMouse::release(const ViewPoint& point) {
     Editor* editor = currentEditor();
     const Drag ended = std::exchange(m_drag, Drag::Nothing);
     if (editor == nullptr) return;
-    if (ended == Drag::Grip && point.world.distanceTo(m_grip.place) > 0.5 * kGripPixels * point.unitsPerPixel) {
+    if (ended == Drag::Grip && point.world.distanceTo(m_grip.place) > 0.5 * gripPixels() * point.unitsPerPixel) {
         dragGrip(*editor, m_table, m_grip, point.world);
     } else if (ended == Drag::AnsweringCells) {
         const KdCellRange range = rangeTo(point);
@@ -194,11 +194,11 @@ bool CellMouse::key(const QKeyEvent& event) {
 void CellMouse::paintOver(QPainter& painter, const draw::View& view) {
     const Editor* editor = currentEditor();
     if (editor == nullptr) return;
-    const double half = 0.5 * kGripPixels;
+    const double half = 0.5 * gripPixels();
     for (KdDbObjectId id : editor->pickFirst().objects()) {
         for (const Grip& grip : gripsOf(id, view)) {
             const QPointF place = view.toPixels(grip.place);
-            painter.fillRect(QRectF(place.x() - half, place.y() - half, kGripPixels, kGripPixels), kGripColor);
+            painter.fillRect(QRectF(place.x() - half, place.y() - half, gripPixels(), gripPixels()), kGripColor);
         }
     }
     const auto* table = m_drag == Drag::Grip ? peek<KdDbTable>(m_table) : nullptr;

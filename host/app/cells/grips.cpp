@@ -13,14 +13,17 @@
 #include "host/ed/editor.h"
 #include "kd/db/line.h"
 #include "kd/db/table.h"
+#include "kd/ui/hostdialogs.h"
 
 namespace kdhost {
 namespace {
 
 using draw::TableGeometry;
 
+constexpr double kGripPixels = 9.0;  // at scale 1
+
 /// Grips nearer to each other would run into one bar.
-constexpr double kLeastDistancePixels = 1.5 * kGripPixels;
+constexpr double kLeastDistanceInGrips = 1.5;
 
 double distance(const QPointF& a, const QPointF& b) {
     return std::hypot(a.x() - b.x(), a.y() - b.y());
@@ -32,7 +35,7 @@ public:
     explicit GripList(const draw::View& view) : m_view(view) {}
     void add(const Grip& grip) {
         const QPointF pixels = m_view.toPixels(grip.place);
-        if (!m_grips.empty() && distance(pixels, m_last) < kLeastDistancePixels) return;
+        if (!m_grips.empty() && distance(pixels, m_last) < kLeastDistanceInGrips * gripPixels()) return;
         m_last = pixels;
         m_grips.push_back(grip);
     }
@@ -124,6 +127,10 @@ void carryOut(KdDbTable& table, const Grip& grip, const KdGePoint3d& to) {
 
 }  // namespace
 
+double gripPixels() {
+    return kGripPixels * kdadGetDPIScale();
+}
+
 std::vector<Grip> gripsOf(KdDbObjectId id, const draw::View& view) {
     GripList grips(view);
     const auto* entity = peek<KdDbEntity>(id);
@@ -141,7 +148,7 @@ std::vector<Grip> gripsOf(KdDbObjectId id, const draw::View& view) {
 std::optional<Grip> gripAt(KdDbObjectId id, const QPointF& pixels, const draw::View& view) {
     for (const Grip& grip : gripsOf(id, view)) {
         const QPointF away = view.toPixels(grip.place) - pixels;
-        const bool hit = std::max(std::abs(away.x()), std::abs(away.y())) <= 0.5 * kGripPixels;
+        const bool hit = std::max(std::abs(away.x()), std::abs(away.y())) <= 0.5 * gripPixels();
         if (hit && grip.kind != Grip::Kind::Show) return grip;
     }
     return std::nullopt;

@@ -15,8 +15,8 @@ namespace kdhost {
 
 class Editor;
 
-/// Side of a grip, in pixels of the view.
-inline constexpr double kGripPixels = 9.0;
+/// Side of a grip, in pixels of the view; it grows with the screen's scale.
+double gripPixels();
 
 struct Grip {
     enum class Kind {
