@@ -1,11 +1,14 @@
 // The small values that dialogs remember: where they are kept, as what, and what happens when they can't be.
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <cstring>
 
+#include "host/ed/variables.h"
 #include "host/rx/faults.h"
 #include "kd/ad/profile.h"
 #include "kd/ed/resbuf.h"
@@ -163,6 +166,77 @@ TEST_F(StoredSettings, behave_as_missing_in_a_damaged_file_which_is_set_aside) {
     QFile aside(config.hostFolder() + QStringLiteral("/registry.damaged-1.json"));
     ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
     EXPECT_EQ(aside.readAll(), damaged);
+}
+
+/// What a process of its own comes back with.
+template <class Act>
+int inOtherProcess(Act act) {
+    const pid_t child = fork();
+    if (child == 0) _exit(act());
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(StoredSettings, written_by_one_process_are_read_by_the_next_to_the_last_bit) {
+    const double width = 1.0 / 3.0;
+    EXPECT_EQ(inOtherProcess([&] {
+                  return CVqTableUtils::IsRegeditOpenKey() + CVqTableUtils::RegeditSetValue(L"Columns", -7) +
+                         CVqTableUtils::RegeditSetValue(L"Rows", 8U) + CVqTableUtils::RegeditSetValue(L"Width", width);
+              }),
+              4);
+    EXPECT_EQ(inOtherProcess([&] {
+                  int columns = 0;
+                  unsigned rows = 0;
+                  double read = 0.0;
+                  const int found = CVqTableUtils::RegeditQueryValue(L"Columns", columns) +
+                                    CVqTableUtils::RegeditQueryValue(L"Rows", rows) +
+                                    CVqTableUtils::RegeditQueryValue(L"Width", read);
+                  return columns == -7 && rows == 8U && read == width ? found : 0;
+              }),
+              3);
+}
+
+/// The profile that the host tells as the current one.
+class OtherProfiles : public StoredSettings {
+protected:
+    ~OtherProfiles() override { kdhost::resetVariables(); }
+    static void take(const wchar_t* name) {
+        kdhost::VariableRecord profile = *kdhost::findVariable(L"CPROFILE");
+        profile.readOnly = false;
+        EXPECT_TRUE(kdhost::writeVariable(profile, std::wstring(name)));
+    }
+};
+
+TEST_F(OtherProfiles, have_settings_of_their_own) {
+    CVqTableUtils::IsRegeditOpenKey();
+    CVqTableUtils::RegeditSetValue(L"Columns", 5);
+    take(L"Mine");
+    EXPECT_EQ(CVqTableUtils::GetRegistryProfilesRoot(0), L"Software\\KdHost\\Profiles\\Mine");
+    int columns = 9;
+    EXPECT_EQ(CVqTableUtils::RegeditQueryValue(L"Columns", columns), 0);
+    EXPECT_EQ(columns, 9);
+    take(L"");
+    EXPECT_EQ(CVqTableUtils::RegeditQueryValue(L"Columns", columns), 1);
+    EXPECT_EQ(columns, 5);
+}
+
+TEST_F(OtherProfiles, without_a_key_of_theirs_get_none_made) {
+    take(L"Mine");
+    const QByteArray before = config.registryText();
+    EXPECT_EQ(CVqTableUtils::IsRegeditOpenKey(), 1);
+    EXPECT_EQ(CVqTableUtils::RegeditSetValue(L"Columns", 5), 0);
+    EXPECT_FALSE(exists(L"Software\\KdHost\\Profiles\\Mine"));
+    EXPECT_EQ(config.registryText(), before);
+}
+
+TEST_F(OtherProfiles, whose_path_ends_with_separators_get_one_before_the_tail) {
+    for (const wchar_t* name : {L"Mine/", L"Mine///"}) {
+        take(name);
+        EXPECT_EQ(CVqTableUtils::GetRegistryProfilesRoot(0), L"Software\\KdHost\\Profiles\\Mine");
+        EXPECT_EQ(CVqTableUtils::GetRegistryProfilesRoot(1),
+                  L"Software\\KdHost\\Profiles\\Mine\\InitSetting\\Dialog\\VqTable:Table");
+    }
 }
 
 class ProfileManager : public StoredSettings {};
