@@ -107,8 +107,12 @@ void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, Kd
 }
 
 void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {
-    override(*this, row, column, property::dataType, dataType);
-    override(*this, row, column, property::unitType, unitType);
+    OverrideMemo& memo = KdDbTableAccess::transient(*this).overrideMemo;
+    changeCells(*this, row, column, formatEditable, [&](TableState& state, int r, int c) {
+        Cell& cell = state.rows.writeCell(r, c);
+        memo.set(cell, property::dataType, dataType);
+        memo.set(cell, property::unitType, unitType);
+    });
 }
 
 double KdDbTable::margin(int row, int column, KdDb::CellMargin margin) const {

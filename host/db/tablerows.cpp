@@ -30,11 +30,12 @@ std::size_t TableRows::blockOf(int row) const {
     return block;
 }
 
-TableRow& TableRows::ownRow(int row) {
+void TableRows::makeOwn(int row) {
     if (static_cast<unsigned>(row - m_near.first) >= m_near.count) blockOf(row);
     Block& rows = m_list.write().blocks[m_near.block].write();
     m_near.rows = rows.data();
-    return rows[static_cast<std::size_t>(row - m_near.first)].write();
+    m_own = &rows[static_cast<std::size_t>(row - m_near.first)].write();
+    m_ownRow = row;
 }
 
 void TableRows::insert(int where, int count, TableRow row) {
@@ -56,7 +57,7 @@ void TableRows::insert(int where, int count, TableRow row) {
         replaceBlocks(all, block, 1, rows);
     }
     m_count += count;
-    forgetNear();
+    forgetPlaces();
 }
 
 void TableRows::erase(int first, int count) {
@@ -83,7 +84,7 @@ void TableRows::erase(int first, int count) {
         replaceBlocks(all, from, replaced, rows);
     }
     m_count -= count;
-    forgetNear();
+    forgetPlaces();
 }
 
 void TableRows::replaceBlocks(List& list, std::size_t place, std::size_t count, const Block& rows) {

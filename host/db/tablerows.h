@@ -18,9 +18,16 @@ namespace kdhost {
 class TableRows {
 public:
     TableRows() = default;
-    // Copies only: what is moved from would keep its memory of a block that it no longer holds.
-    TableRows(const TableRows&) = default;
-    TableRows& operator=(const TableRows&) = default;
+    // Copies only: what is moved from would keep its memory of a block that it no longer holds. From a copy on,
+    // neither has a row for itself.
+    TableRows(const TableRows& other) : m_list(other.m_list), m_count(other.m_count) { other.m_ownRow = kNoRow; }
+    TableRows& operator=(const TableRows& other) {
+        m_list = other.m_list;
+        m_count = other.m_count;
+        forgetPlaces();
+        other.m_ownRow = kNoRow;
+        return *this;
+    }
     ~TableRows() = default;
 
     int size() const { return m_count; }
@@ -37,13 +44,16 @@ public:
 
     /// The row for this state alone.
     TableRow& write(int row) {
-        TableRow& own = ownRow(row);
-        own.minimumStamp = 0;
-        return own;
+        if (row != m_ownRow) [[unlikely]]
+            makeOwn(row);
+        m_own->minimumStamp = 0;
+        return *m_own;
     }
     /// A height is no part of what the row's own text asks for.
     void setHeight(int row, double height) {
-        if ((*this)[row].height != height) ownRow(row).height = height;
+        if ((*this)[row].height == height) return;
+        makeOwn(row);
+        m_own->height = height;
     }
     Cell& writeCell(int row, int column) { return write(row).cells[static_cast<std::size_t>(column)]; }
 
@@ -58,6 +68,7 @@ private:
         std::vector<CopyOnWrite<Block>> blocks;  ///< none of them empty
         std::vector<int> firstRows;              ///< of each block; they ascend from 0
     };
+    static constexpr int kNoRow = -1;
     /// The block looked at last. Walks go row by row, so that the next look mostly goes there too.
     struct Near {
         const Row* rows = nullptr;
@@ -68,8 +79,11 @@ private:
 
     /// The block that the row stands in, which is then the near one.
     std::size_t blockOf(int row) const;
-    TableRow& ownRow(int row);
-    void forgetNear() const { m_near = {}; }
+    void makeOwn(int row);
+    void forgetPlaces() {
+        m_near = {};
+        m_ownRow = kNoRow;
+    }
     /// Puts rows in the place of `count` blocks, as blocks with room to grow.
     static void replaceBlocks(List& list, std::size_t at, std::size_t count, const Block& rows);
     static void countFrom(List& list, std::size_t block);
@@ -77,6 +91,9 @@ private:
     CopyOnWrite<List> m_list;
     int m_count = 0;  ///< asked for before every look at a cell, hence at hand
     mutable Near m_near;
+    /// The row written last, while nobody shares it: walks write cell after cell of a row.
+    mutable int m_ownRow = kNoRow;
+    TableRow* m_own = nullptr;
 };
 
 }  // namespace kdhost

@@ -74,6 +74,23 @@ TEST(TableRows, Are_shared_with_a_copy_until_one_of_both_writes) {
     EXPECT_EQ(&after[11], &before[310]) << "rows that only moved are still shared";
 }
 
+TEST(TableRows, That_one_state_writes_again_stay_as_they_were_in_the_copy_made_between) {
+    TableRows rows = numbered(200);
+    rows.write(150).height = -1.0;
+    const TableRows copy = rows;
+    rows.write(150).height = -2.0;
+    TableRows assigned;
+    assigned.insert(0, 3, rowOf(9));
+    assigned.write(1).height = 1.0;
+    assigned = rows;
+    rows.write(150).height = -3.0;
+    assigned.write(150).height = -4.0;
+    rows.write(150).height = -5.0;
+    EXPECT_EQ(copy[150].height, -1.0);
+    EXPECT_EQ(assigned[150].height, -4.0);
+    EXPECT_EQ(rows[150].height, -5.0);
+}
+
 TEST(TableRows, Lose_what_was_worked_out_about_a_row_by_every_write_but_that_of_its_height) {
     TableRows rows = numbered(3);
     for (int row = 0; row < 3; ++row) rows[row].minimumStamp = 9;
