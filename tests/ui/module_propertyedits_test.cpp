@@ -8,6 +8,7 @@
 #include <QSpinBox>
 #include <QTimer>
 
+#include "host/ed/display.h"
 #include "host/ui/automation.h"
 #include "host/ui/colorpalette.h"
 #include "host/win32/modules.h"
@@ -238,6 +239,21 @@ TEST_F(AskingEdits, SetDataFormat_starts_from_the_first_cells_format) {
     });
     EXPECT_EQ(Common::SetDataFormat(table), 1);
     EXPECT_STREQ(look(table).format(0, 1), L"%lu2%pr4");
+}
+
+TEST_F(AskingEdits, SetDataFormat_leaves_the_display_to_the_host_and_colours_update_it) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 1).select("A1"));
+    kdhost::updateDisplay();
+    ASSERT_TRUE(kdhost::queuedForRedraw().empty());
+    next([](QWidget&) {
+        EXPECT_EQ(automation::select(L"IDC_DATAFORMAT_TYPE_COMBOBOX", L"Text"), L"");
+        EXPECT_EQ(automation::click(L"IDOK"), L"");
+    });
+    EXPECT_EQ(Common::SetDataFormat(table), 1);
+    EXPECT_EQ(kdhost::queuedForRedraw(), std::vector{table});
+    nextColor("3");
+    EXPECT_EQ(Common::SetBackgroundColorFormMenu(table), 1);
+    EXPECT_TRUE(kdhost::queuedForRedraw().empty());
 }
 
 TEST_F(AskingEdits, SetDataFormat_starts_from_the_unit_of_the_cells) {
