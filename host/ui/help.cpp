@@ -120,6 +120,11 @@ private:
             format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
             format.setBorderBrush(palette().mid());
             format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
+            // Fields and what they do stand in line from table to table.
+            if (table->columns() == 2) {
+                format.setColumnWidthConstraints(
+                    {QTextLength(QTextLength::PercentageLength, 28), QTextLength(QTextLength::PercentageLength, 72)});
+            }
             table->setFormat(format);
         }
     }

@@ -21,7 +21,7 @@ QListWidget* listOf(QWidget* parent, const char* name) {
     nameControl(list, name);
     list->setIconSize(sampleSize(*list, SampleStyle::Linetype));
     constexpr int characters = 60;
-    constexpr int rows = 12;
+    constexpr int rows = 14;
     const QFontMetrics metrics = list->fontMetrics();
     list->setMinimumSize(metrics.averageCharWidth() * characters, metrics.height() * rows);
     return list;

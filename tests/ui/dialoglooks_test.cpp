@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QFileDialog>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
@@ -239,6 +240,38 @@ TEST_P(DialogLooks, of_boxes_and_their_lists) {
     QApplication::processEvents();
     keep(*colorBox->view()->window(), "boxes_colorlist");
     colorBox->hidePopup();
+}
+
+TEST(DialogLooksOfControls, follow_the_scale_of_the_screen) {
+    const double scale = kdadGetDPIScale();
+    const QPushButton shortText(QStringLiteral("OK"));
+    EXPECT_EQ(shortText.sizeHint().width(), qRound(80 * scale));
+    const QPushButton longText(QString(60, QLatin1Char('m')));
+    EXPECT_GT(longText.sizeHint().width(), longText.fontMetrics().horizontalAdvance(longText.text()));
+    EXPECT_EQ(qApp->style()->pixelMetric(QStyle::PM_MessageBoxIconSize), qRound(36 * scale));
+}
+
+TEST(DialogLooksOfControls, a_message_has_sixty_letters_a_line_and_no_more_lines_than_it_needs) {
+    for (const int letters : {10, 40, 59, 100, 290}) {
+        QString text;
+        while (text.size() < letters) text += QStringLiteral("nnnn ");
+        text = text.trimmed();
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            const auto* label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            const QFontMetrics metrics = label->fontMetrics();
+            const int wide = metrics.averageCharWidth() * 60;
+            const int least = (metrics.horizontalAdvance(text) + wide - 1) / wide;
+            const int lines = label->wordWrap() ? label->heightForWidth(label->width()) / metrics.lineSpacing() : 1;
+            EXPECT_EQ(cutControls(*box), Faults()) << letters;
+            EXPECT_GE(lines, least) << letters;
+            EXPECT_LE(lines, least + 1) << letters;
+            EXPECT_EQ(label->wordWrap(), lines > 1) << letters;
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        kdMessageBox(nullptr, text.toStdWString().c_str(), L"Tables", MB_OK | MB_ICONWARNING);
+    }
 }
 
 }  // namespace
