@@ -9,6 +9,7 @@
 #include "host/rx/faults.h"
 #include "kd/ad/doclock.h"
 #include "kd/db/line.h"
+#include "kd/db/transaction.h"
 #include "kd/ed/prompts.h"
 #include "tests/support/application.h"
 
@@ -125,6 +126,16 @@ TEST_F(Documents, the_command_line_s_state_can_be_off_or_missing) {
     EXPECT_FALSE(kddbHostApplicationServices()->commandLineState()->isOn());
     kdhost::faults().noCommandLineState = true;
     EXPECT_EQ(kddbHostApplicationServices()->commandLineState(), nullptr);
+}
+
+TEST_F(Documents, each_document_has_transactions_of_its_own) {
+    KdDbTransactionManager& first = *host.document().transactionManager();
+    KdDbTransactionManager& second = *host.documents().openNew().transactionManager();
+    KdDbTransaction* transaction = first.startTransaction();
+    EXPECT_EQ(first.topTransaction(), transaction);
+    EXPECT_EQ(second.topTransaction(), nullptr);
+    EXPECT_EQ(second.endTransaction(), Kdad::eInvalidContext);
+    EXPECT_EQ(first.endTransaction(), Kdad::eOk);
 }
 
 KdDbObjectId lineOfFirst;

@@ -435,6 +435,27 @@ TEST_F(Transactions, a_mark_inside_one_joins_it) {
     EXPECT_EQ(history().undoSteps(), Names{L"TABLESTYLE"});
 }
 
+TEST_F(Transactions, an_abort_inside_a_mark_takes_its_own_part_out_of_the_mark_s_step) {
+    history().beginMark(L"ManCellStyle", {});
+    stretchByOpen(2.0);
+    m_manager.startTransaction();
+    stretch(5.0);
+    KdDbObjectId id;
+    m_manager.addNewlyCreatedDBRObject(post(L"Narrow", id), true);
+    m_manager.abortTransaction();
+    EXPECT_EQ(length(), 2.0);
+    m_database.setLunits(4);
+    history().endMark();
+    EXPECT_EQ(history().undoSteps(), Names{L"ManCellStyle"});
+    EXPECT_EQ(history().undo(), Kdad::eOk);
+    EXPECT_EQ(length(), 1.0);
+    EXPECT_EQ(m_database.lunits(), 2);
+    EXPECT_EQ(history().redo(), Kdad::eOk);
+    EXPECT_EQ(length(), 2.0);
+    EXPECT_EQ(m_database.lunits(), 4);
+    EXPECT_EQ(kdhost::peekObject(id), nullptr) << "what was aborted comes back by no redo";
+}
+
 TEST_F(Transactions, undo_is_refused_while_one_is_open) {
     history().beginMark(L"Mark", {});
     stretchByOpen(2.0);

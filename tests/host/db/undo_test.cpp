@@ -281,6 +281,38 @@ TEST_F(Undo, an_erased_object_comes_back) {
     EXPECT_EQ(kdhost::peekObject(m_line), nullptr);
 }
 
+TEST_F(Undo, an_erased_object_that_was_brought_back_goes_again) {
+    step([&] { edit<KdDbLine>(m_line, [](KdDbLine& line) { line.erase(); }); });
+    step([&] {
+        KdDbObject* object = nullptr;
+        ASSERT_EQ(kddbOpenObject(object, m_line, KdDb::kForWrite, true), Kdad::eOk);
+        EXPECT_EQ(object->erase(false), Kdad::eOk);
+        static_cast<KdDbLine*>(object)->setEndPoint({4.0, 0.0, 0.0});
+        object->close();
+    });
+    EXPECT_EQ(length(), 4.0);
+    history().undo();
+    EXPECT_EQ(kdhost::peekObject(m_line), nullptr);
+    history().redo();
+    EXPECT_EQ(length(), 4.0);
+    history().undo();
+    history().undo();
+    EXPECT_EQ(length(), 1.0);
+}
+
+TEST_F(Undo, an_object_erased_and_brought_back_in_one_step_has_its_changes_undone) {
+    step([&] {
+        edit<KdDbLine>(m_line, [](KdDbLine& line) {
+            line.erase();
+            line.setEndPoint({4.0, 0.0, 0.0});
+            line.erase(false);
+        });
+    });
+    EXPECT_EQ(length(), 4.0);
+    history().undo();
+    EXPECT_EQ(length(), 1.0);
+}
+
 TEST_F(Undo, an_object_made_changed_and_erased_in_steps_goes_through_all_of_them) {
     KdDbObjectId made;
     step([&] { made = kdtest::appendLine(m_database, 2.0); });
