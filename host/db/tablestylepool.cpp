@@ -61,12 +61,12 @@ void CellStylePool::mapTableStyle(const IdMapper& map) {
     m_foundAt = kNeverFound;
 }
 
-std::uint16_t CellStylePool::place(const std::wstring& name) {
+std::uint16_t CellStylePool::place(std::wstring_view name) {
     refresh();
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         if (sameName(m_entries[i].name, name)) return static_cast<std::uint16_t>(i);
     }
-    m_entries.push_back({name, 0, nullptr});
+    m_entries.push_back({std::wstring(name), 0, nullptr});
     bind(m_entries.back(), style());
     m_records.push_back(m_entries.back().record.get());
     return static_cast<std::uint16_t>(m_entries.size() - 1);

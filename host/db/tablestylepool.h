@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/db/opening.h"
@@ -29,7 +30,7 @@ public:
     void mapTableStyle(const IdMapper& map);
 
     /// The place of that name, made when there is none.
-    std::uint16_t place(const std::wstring& name);
+    std::uint16_t place(std::wstring_view name);
     /// The style as it is now; "_DATA" for a name that the table style doesn't know.
     const CellStyleRecord& record(std::uint16_t place) const {
         refresh();

@@ -29,10 +29,10 @@ std::uint64_t newRevision() {
 
 }  // namespace
 
-bool sameName(const std::wstring& a, const std::wstring& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
-        return x == y || QChar::toCaseFolded(static_cast<uint>(x)) == QChar::toCaseFolded(static_cast<uint>(y));
-    });
+bool sameName(std::wstring_view a, std::wstring_view b) {
+    return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
+               return x == y || QChar::toCaseFolded(static_cast<uint>(x)) == QChar::toCaseFolded(static_cast<uint>(y));
+           });
 }
 
 TableStyleState::TableStyleState() {

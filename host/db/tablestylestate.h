@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/db/cellformat.h"
@@ -16,7 +17,7 @@ inline constexpr const wchar_t* kHeaderStyle = L"_HEADER";
 inline constexpr const wchar_t* kDataStyle = L"_DATA";
 
 /// Names are compared without regard to case.
-bool sameName(const std::wstring& a, const std::wstring& b);
+bool sameName(std::wstring_view a, std::wstring_view b);
 
 /// Never changed once made, so that states and tables share it.
 struct CellStyleRecord {
