@@ -1,11 +1,7 @@
 // From the start of the program to its first prompt, and to the end that it is asked for there. The peer is an empty
 // program with one window, which shows it and ends.
 
-#include <QApplication>
 #include <QTemporaryDir>
-#include <QTimer>
-#include <QWidget>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -14,19 +10,7 @@
 
 namespace {
 
-constexpr const char* asPeer = "--empty-window";
-
-std::string ownPath;
 std::string script;
-
-int runEmptyWindow(int argc, char** argv) {
-    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
-    QApplication application(argc, argv);
-    QWidget window;
-    window.show();
-    QTimer::singleShot(0, &application, &QCoreApplication::quit);
-    return QApplication::exec();
-}
 
 void runToEnd(benchmark::State& state, const std::string& command) {
     for (auto _ : state) {
@@ -35,7 +19,7 @@ void runToEnd(benchmark::State& state, const std::string& command) {
 }
 
 void emptyWindow(benchmark::State& state) {
-    runToEnd(state, ownPath + " " + asPeer);
+    runToEnd(state, KD_BINARY_DIRECTORY "/bin/emptywindow");
 }
 BENCHMARK(emptyWindow)->UseRealTime()->Unit(benchmark::kMillisecond);
 
@@ -64,12 +48,10 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::string(argv[1]) == asPeer) return runEmptyWindow(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-    ownPath = argv[0];
     script = folder.filePath(QStringLiteral("quit.kds")).toStdString();
     std::ofstream(script) << "QUIT\n";
     benchmark::Initialize(&argc, argv);

@@ -66,17 +66,23 @@ void WindowTest::next() {
     step();
 }
 
+/// Where the keys go. Without a window manager nobody makes the window active again when a menu has closed.
+QWidget* WindowTest::focused() {
+    if (QApplication::activeWindow() == nullptr) QApplication::setActiveWindow(&window);
+    return QApplication::focusWidget();
+}
+
 WindowTest::Step WindowTest::keys(const char* text) {
-    return [text] {
-        ASSERT_NE(QApplication::focusWidget(), nullptr);
-        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
+    return [this, text] {
+        ASSERT_NE(focused(), nullptr);
+        QTest::keyClicks(focused(), QString::fromUtf8(text));
     };
 }
 
 WindowTest::Step WindowTest::key(int key, Qt::KeyboardModifiers modifiers) {
-    return [key, modifiers] {
-        ASSERT_NE(QApplication::focusWidget(), nullptr);
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    return [this, key, modifiers] {
+        ASSERT_NE(focused(), nullptr);
+        QTest::keyClick(focused(), static_cast<Qt::Key>(key), modifiers);
     };
 }
 
@@ -93,8 +99,6 @@ WindowTest::Step WindowTest::choose(const char* action) {
         menu->popup(window.mapToGlobal(QPoint(0, 0)));
         ASSERT_TRUE(chosen->isEnabled()) << action;
         QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(chosen).center());
-        // Without a window manager nobody gives the focus back.
-        QApplication::setActiveWindow(&window);
     };
 }
 

@@ -87,6 +87,8 @@ void CommandLineWidget::showPrompt(const std::wstring& prompt, bool isCommand, b
     m_prompt->setText(promptAsLinks(prompt));
     m_edit->setAccessibleName(QString::fromStdWString(promptLine(prompt)));
     if (!isCommand) m_completions->hide();
+    // At once: what comes next may be a picture, or a click on a keyword.
+    layout()->activate();
 }
 
 void CommandLineWidget::append(const std::wstring& text) {
