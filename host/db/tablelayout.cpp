@@ -11,19 +11,14 @@
 
 #include "host/db/access.h"
 #include "host/db/textstyle.h"
+#include "host/db/walk.h"
 #include "host/text/metrics.h"
 #include "kd/db/database.h"
+#include "kd/db/entity.h"
 #include "kd/db/field.h"
-#include "kd/db/symboltable.h"
 
 namespace kdhost {
 namespace {
-
-/// The font of a text style; a null style is the database's current one.
-text::Font currentFont(const KdDbTable& table, KdDbObjectId textStyle) {
-    if (textStyle.isNull() && table.database() != nullptr) textStyle = table.database()->textstyle();
-    return fontOf(textStyle);
-}
 
 /// Measures cells of one table, and remembers what they share.
 class Measure {
@@ -66,7 +61,7 @@ private:
 
 void Measure::checkFonts() {
     for (auto& [style, font] : KdDbTableAccess::transient(m_table).fonts) {
-        text::Font now = currentFont(m_table, style);
+        text::Font now = cellFont(m_table, style);
         if (now == font) continue;
         font = std::move(now);
         m_state.layoutStamp = newStamp();
@@ -84,7 +79,7 @@ const Measure::Face& Measure::face(KdDbObjectId textStyle) {
     if (m_face.font != nullptr && m_faceStyle == textStyle) return m_face;
     auto& fonts = KdDbTableAccess::transient(m_table).fonts;
     auto known = fonts.find(textStyle);
-    if (known == fonts.end()) known = fonts.emplace(textStyle, currentFont(m_table, textStyle)).first;
+    if (known == fonts.end()) known = fonts.emplace(textStyle, cellFont(m_table, textStyle)).first;
     m_faceStyle = textStyle;
     m_face = {&known->second, &text::advancesOf(known->second)};
     return m_face;
@@ -121,13 +116,7 @@ double Measure::textHeightOf(const Cell& cell, const std::wstring& text, double 
 
 KdDbExtents extentsOfBlock(KdDbObjectId block) {
     KdDbExtents extents;
-    const auto* record = peek<KdDbBlockTableRecord>(block);
-    KdDbBlockTableRecordIterator* made = nullptr;
-    if (record == nullptr || record->newIterator(made) != Kdad::eOk) return extents;
-    const std::unique_ptr<KdDbBlockTableRecordIterator> iterator(made);
-    for (iterator->start(); !iterator->done(); iterator->step()) {
-        KdDbObjectId id;
-        if (iterator->getEntityId(id) != Kdad::eOk) continue;
+    for (const KdDbObjectId id : entitiesOf(block)) {
         if (const auto* entity = peek<KdDbEntity>(id)) extents.addExt(entity->getGeomExtents());
     }
     return extents;
@@ -223,6 +212,11 @@ void growRow(const TableState& state, int row, double height) {
 
 }  // namespace
 
+text::Font cellFont(const KdDbTable& table, KdDbObjectId textStyle) {
+    if (textStyle.isNull() && table.database() != nullptr) textStyle = table.database()->textstyle();
+    return fontOf(textStyle);
+}
+
 double minimumRowHeight(const KdDbTable& table, int row) {
     settleGrowth(table);
     return Measure(table).rowMinimum(row);
@@ -252,7 +246,10 @@ void settleGrowth(const KdDbTable& table) {
 
 void growAllRows(const KdDbTable& table, const TableState& state) {
     Measure measure(table);
-    for (int row = 0; row < state.rowCount(); ++row) growRow(state, row, measure.rowMinimum(row));
+    state.rows.visitUnsettled(state.layoutStamp, [&](int row) {
+        growRow(state, row, measure.rowMinimum(row));
+        return state.rows[row].minimumStamp == state.layoutStamp;
+    });
 }
 
 const wchar_t* shownField(const KdDbTable& table, const Cell& cell) {

@@ -5,6 +5,9 @@
 
 namespace kdhost {
 
+/// The font of a cell's text style; a null style is the database's current one.
+text::Font cellFont(const KdDbTable& table, KdDbObjectId textStyle);
+
 double minimumRowHeight(const KdDbTable& table, int row);
 double minimumColumnWidth(const KdDbTable& table, int column);
 

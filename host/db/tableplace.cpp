@@ -4,38 +4,17 @@
 // them, from the position towards the last row. With flow 0 the rows run against the y axis of the table's
 // plane, else along it.
 
+#include "host/db/tableplace.h"
+
 #include <algorithm>
 #include <cmath>
 
 #include "host/db/similarity.h"
-#include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 
 using namespace kdhost;
 
 namespace {
-
-struct Axes {
-    KdGePoint3d origin;
-    KdGeVector3d along;
-    KdGeVector3d across;
-    KdGeVector3d normal;
-
-    KdGePoint3d at(double a, double b) const { return origin + along * a + across * b; }
-};
-
-Axes axesOf(const TableState& state) {
-    Axes axes;
-    axes.origin = state.position;
-    axes.normal = usableNormal(state.normal);
-    axes.along = state.direction - axes.normal * state.direction.dotProduct(axes.normal);
-    // A direction that says nothing in the plane leaves the plane's own x axis.
-    if (axes.along.isZeroLength()) axes.along = KdGeMatrix3d::planeToWorld(axes.normal) * KdGeVector3d(1.0, 0.0, 0.0);
-    axes.along.normalize();
-    const KdGeVector3d up = axes.normal.crossProduct(axes.along);
-    axes.across = state.flow == 0 ? -up : up;
-    return axes;
-}
 
 /// A point in the table's own coordinates.
 struct PlanePoint {
@@ -44,7 +23,7 @@ struct PlanePoint {
 };
 
 /// Where the line of sight through the point meets the table's plane; false when it runs along the plane.
-bool project(const Axes& axes, const KdGePoint3d& point, const KdGeVector3d& view, PlanePoint& result) {
+bool project(const TableAxes& axes, const KdGePoint3d& point, const KdGeVector3d& view, PlanePoint& result) {
     KdGeVector3d offset = point - axes.origin;
     const double slope = view.dotProduct(axes.normal);
     const double height = offset.dotProduct(axes.normal);
@@ -77,6 +56,19 @@ double sizeOfIndicators(const TableState& state) {
 
 }  // namespace
 
+TableAxes kdhost::axesOf(const TableState& state) {
+    TableAxes axes;
+    axes.origin = state.position;
+    axes.normal = usableNormal(state.normal);
+    axes.along = state.direction - axes.normal * state.direction.dotProduct(axes.normal);
+    // A direction that says nothing in the plane leaves the plane's own x axis.
+    if (axes.along.isZeroLength()) axes.along = KdGeMatrix3d::planeToWorld(axes.normal) * KdGeVector3d(1.0, 0.0, 0.0);
+    axes.along.normalize();
+    axes.up = axes.normal.crossProduct(axes.along);
+    axes.across = state.flow == 0 ? -axes.up : axes.up;
+    return axes;
+}
+
 void KdDbTable::setNormal(const KdGeVector3d& normal) {
     KdDbBlockReference::setNormal(normal);
 }
@@ -98,7 +90,7 @@ void KdDbTable::setDirection(const KdGeVector3d& direction) {
 }
 
 double KdDbTable::rotation() const {
-    const Axes axes = axesOf(tableState(*this));
+    const TableAxes axes = axesOf(tableState(*this));
     const KdGeVector3d planeX = KdGeMatrix3d::planeToWorld(axes.normal) * KdGeVector3d(1.0, 0.0, 0.0);
     return planeX.angleTo(axes.along, axes.normal);
 }
@@ -117,7 +109,7 @@ void KdDbTable::getCellExtents(int row, int column, bool outer, KdGePoint3dArray
     const double bottom = edge(rowPositions(*this), cell.m_bottomRow + 1) - marginVert;
     const double left = edge(columnPositions(*this), cell.m_leftColumn) + marginHorz;
     const double right = edge(columnPositions(*this), cell.m_rightColumn + 1) - marginHorz;
-    const Axes axes = axesOf(state);
+    const TableAxes axes = axesOf(state);
     points.append(axes.at(left, top));
     points.append(axes.at(right, top));
     points.append(axes.at(left, bottom));
@@ -167,7 +159,7 @@ bool KdDbTable::hitTest(const KdGePoint3d& point, const KdGeVector3d& viewDirect
 KdDbExtents KdDbTable::getGeomExtents() const {
     KdDbExtents extents;
     if (numRows() == 0 || numColumns() == 0) return extents;
-    const Axes axes = axesOf(tableState(*this));
+    const TableAxes axes = axesOf(tableState(*this));
     const double width = columnPositions(*this).back();
     const double height = rowPositions(*this).back();
     for (const double along : {0.0, width}) {
@@ -200,7 +192,7 @@ Kdad::ErrorStatus KdDbTable::transformBy(const KdGeMatrix3d& matrix) {
     if (!factor) return Kdad::eInvalidInput;
     TableState* state = editTable(*this);
     if (state == nullptr) return Kdad::eNotOpenForWrite;
-    const Axes axes = axesOf(*state);
+    const TableAxes axes = axesOf(*state);
     state->position = matrix * state->position;
     state->direction = (matrix * axes.along).normalize();
     state->normal = (matrix * axes.normal).normalize();

@@ -2,7 +2,6 @@
 
 #include "host/draw/looks.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "host/db/access.h"
@@ -24,7 +23,7 @@ Color fixedColor(const KdCmColor& color) {
     return {color.red(), color.green(), color.blue(), false};
 }
 
-/// From dashes and gaps told by their signs to lengths that alternate, beginning with a dash.
+/// From dashes and gaps told by their signs to lengths that alternate, beginning with a dash; empty without a gap.
 std::vector<double> alternating(const std::vector<double>& pattern) {
     std::vector<double> lengths;
     double leadingGap = 0.0;
@@ -42,9 +41,10 @@ std::vector<double> alternating(const std::vector<double>& pattern) {
     if (lengths.empty()) return {};
     if (lengths.size() % 2 == 1) lengths.push_back(0.0);
     lengths.back() += leadingGap;
-    const bool hasGap =
-        std::any_of(lengths.begin(), lengths.end(), [i = 0](double l) mutable { return i++ % 2 && l > 0; });
-    return hasGap ? lengths : std::vector<double>{};
+    for (std::size_t gap = 1; gap < lengths.size(); gap += 2) {
+        if (lengths[gap] > 0.0) return lengths;
+    }
+    return {};
 }
 
 std::vector<double> dashesOf(KdDbObjectId linetype) {
@@ -53,6 +53,11 @@ std::vector<double> dashesOf(KdDbObjectId linetype) {
 }
 
 }  // namespace
+
+KdCmColor colorOf(const text::Ink& ink) {
+    if (ink.kind == text::Ink::Kind::index) return KdCmColor::fromIndex(ink.value);
+    return KdCmColor::fromRgb(ink.value & 0xFF, ink.value >> 8 & 0xFF, ink.value >> 16 & 0xFF);
+}
 
 Looks::Looks(const KdDbEntity& entity, BlockLooks block, const Options& options)
     : m_entity(entity), m_block(std::move(block)), m_lineWeights(options.lineWeights), m_layer(entity.layerId()) {

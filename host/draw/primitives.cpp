@@ -3,17 +3,16 @@
 #include "host/draw/primitives.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "host/db/access.h"
 #include "host/db/textstyle.h"
+#include "host/db/walk.h"
 #include "host/draw/entitydrawing.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"
 #include "kd/db/mtext.h"
 #include "kd/db/solid.h"
-#include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 
 namespace kdhost::draw {
@@ -142,17 +141,11 @@ void drawEntity(const KdDbEntity& entity, const Context& context, Primitives& ou
 
 Primitives primitivesOfBlock(KdDbObjectId block, const Context& context) {
     Primitives out;
-    const auto* record = peek<KdDbBlockTableRecord>(block);
     const auto& path = context.blocks;
-    if (record == nullptr || std::find(path.begin(), path.end(), block) != path.end()) return out;
+    if (std::find(path.begin(), path.end(), block) != path.end()) return out;
     Context inside = context;
     inside.blocks.push_back(block);
-    KdDbBlockTableRecordIterator* made = nullptr;
-    if (record->newIterator(made) != Kdad::eOk) return out;
-    const std::unique_ptr<KdDbBlockTableRecordIterator> iterator(made);
-    for (iterator->start(); !iterator->done(); iterator->step()) {
-        KdDbObjectId id;
-        if (iterator->getEntityId(id) != Kdad::eOk) continue;
+    for (const KdDbObjectId id : entitiesOf(block)) {
         if (const auto* entity = peek<KdDbEntity>(id)) drawEntity(*entity, inside, out);
     }
     return out;
@@ -162,11 +155,6 @@ void transform(Primitives& primitives, const KdGeMatrix3d& matrix) {
     for (Primitive& primitive : primitives) {
         std::visit([&](auto& any) { moveBy(any, matrix); }, primitive);
     }
-}
-
-KdCmColor colorOf(const text::Ink& ink) {
-    if (ink.kind == text::Ink::Kind::index) return KdCmColor::fromIndex(ink.value);
-    return KdCmColor::fromRgb(ink.value & 0xFF, ink.value >> 8 & 0xFF, ink.value >> 16 & 0xFF);
 }
 
 namespace {

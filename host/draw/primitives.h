@@ -2,7 +2,7 @@
 // files are painters of the same primitives.
 #pragma once
 
-#include <array>
+#include <compare>
 #include <optional>
 #include <string>
 #include <variant>
@@ -26,7 +26,7 @@ struct Color {
     bool foreground = false;
     bool paper = false;
 
-    friend bool operator==(const Color&, const Color&) = default;
+    friend auto operator<=>(const Color&, const Color&) = default;
 };
 
 struct Polyline {

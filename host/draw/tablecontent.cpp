@@ -4,14 +4,13 @@
 #include <cmath>
 #include <cwchar>
 #include <map>
-#include <tuple>
 #include <unordered_map>
+#include <utility>
 
 #include "host/db/access.h"
-#include "host/db/textstyle.h"
+#include "host/db/tablelayout.h"
 #include "host/draw/paint.h"
 #include "host/draw/tabledrawing.h"
-#include "kd/db/database.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
 
@@ -188,8 +187,7 @@ private:
     const Primitives& partsOf(KdDbObjectId block, int row, int column) {
         const Color color =
             m_drawing.looks.color(m_drawing.table.contentColor(row, column)).value_or(m_drawing.looks.color());
-        const auto key = std::make_tuple(block, color.red, color.green, color.blue, color.foreground);
-        const auto [place, added] = m_parts.try_emplace(key);
+        const auto [place, added] = m_parts.try_emplace({block, color});
         if (added) {
             const Options options = m_drawing.context.options.everywhere();
             Context inside{options, m_drawing.looks.forParts(), m_drawing.context.blocks};
@@ -200,15 +198,10 @@ private:
     }
 
     const TableDrawing& m_drawing;
-    std::map<std::tuple<KdDbObjectId, int, int, int, bool>, Primitives> m_parts;
+    std::map<std::pair<KdDbObjectId, Color>, Primitives> m_parts;
 };
 
 }  // namespace
-
-text::Font cellFont(const KdDbTable& table, KdDbObjectId textStyle) {
-    if (textStyle.isNull() && table.database() != nullptr) textStyle = table.database()->textstyle();
-    return fontOf(textStyle);
-}
 
 void drawFills(const TableDrawing& drawing) {
     forEachCell(drawing, [&](int row, int column, const CellBox& box) {

@@ -19,9 +19,6 @@ struct TableDrawing {
     Primitives& out;
 };
 
-/// The font of a cell's text style; a null style is the database's current one, as in measuring.
-text::Font cellFont(const KdDbTable& table, KdDbObjectId textStyle);
-
 void drawFills(const TableDrawing& drawing);
 void drawTexts(const TableDrawing& drawing);
 void drawBlocks(const TableDrawing& drawing);

@@ -4,30 +4,19 @@
 
 #include <algorithm>
 
-#include "kd/db/table.h"
+#include "host/db/tablelayout.h"
+#include "host/db/tableplace.h"
 
 namespace kdhost::draw {
-namespace {
-
-/// Unit vector of `wish` in the plane of `normal`; the x axis where the wish has no part in the plane.
-KdGeVector3d inPlaneOf(const KdGeVector3d& normal, const KdGeVector3d& wish) {
-    const KdGeVector3d flat = wish - normal * wish.dotProduct(normal);
-    return flat.isZeroLength() ? KdGeMatrix3d::planeToWorld(normal) * KdGeVector3d::kXAxis : flat.normal();
-}
-
-}  // namespace
 
 TableGeometry::TableGeometry(const KdDbTable& table)
-    : m_origin(table.position()), m_rowSign(table.flowDirection() == 0 ? -1.0 : 1.0) {
-    m_normal = table.normal().isZeroLength() ? KdGeVector3d::kZAxis : table.normal().normal();
-    m_right = inPlaneOf(m_normal, table.direction());
-    m_up = m_normal.crossProduct(m_right);
-    m_columnEdges.push_back(0.0);
-    for (int column = 0; column < table.numColumns(); ++column) {
-        m_columnEdges.push_back(m_columnEdges.back() + table.columnWidth(column));
-    }
-    m_rowEdges.push_back(0.0);
-    for (int row = 0; row < table.numRows(); ++row) m_rowEdges.push_back(m_rowEdges.back() + table.rowHeight(row));
+    : m_columnEdges(columnPositions(table)), m_rowEdges(rowPositions(table)) {
+    const TableAxes axes = axesOf(tableState(table));
+    m_origin = axes.origin;
+    m_right = axes.along;
+    m_up = axes.up;
+    m_normal = axes.normal;
+    m_rowSign = tableState(table).flow == 0 ? -1.0 : 1.0;
 }
 
 CellBox TableGeometry::box(const KdCellRange& range) const {

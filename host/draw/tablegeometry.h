@@ -1,5 +1,5 @@
-// Where the rows and columns of a table lie. The positions are summed up once, so that each place is found
-// in constant time however large the table is.
+// Where the rows and columns of a table lie, as the table was when this was made: each place is found in constant
+// time however large the table is.
 #pragma once
 
 #include <vector>

@@ -116,9 +116,8 @@ private:
         const KdDbObjectId linetype = table.gridLinetype(side.row, side.column, side.edge);
         const bool isDouble = table.gridLineStyle(side.row, side.column, side.edge) == KdDb::kGridLineStyleDouble;
         const double spacing = isDouble ? table.gridDoubleLineSpacing(side.row, side.column, side.edge) : 0.0;
-        const auto key =
-            std::make_tuple(color.red, color.green, color.blue, color.foreground, weight, linetype, spacing);
-        const auto [known, added] = m_known.try_emplace(key, static_cast<Edge>(m_looks.size()));
+        const auto [known, added] =
+            m_known.try_emplace({color, weight, linetype, spacing}, static_cast<Edge>(m_looks.size()));
         if (added) m_looks.push_back({color, weight, looks.dashes(linetype), spacing});
         return known->second;
     }
@@ -128,7 +127,7 @@ private:
     int m_columns;
     std::array<std::vector<Edge>, 2> m_edges;
     std::vector<EdgeLooks> m_looks{1};
-    std::map<std::tuple<int, int, int, bool, int, KdDbObjectId, double>, Edge> m_known;
+    std::map<std::tuple<Color, int, KdDbObjectId, double>, Edge> m_known;
 };
 
 /// Draws the lines of one direction.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/db/tablelayout.h"
 #include "host/draw/tabledrawing.h"
 #include "kd/db/table.h"
 
@@ -31,27 +32,6 @@ std::pair<int, int> clamped(int first, int last, int count) {
     return {std::clamp(first, 0, count - 1), std::clamp(last, 0, count - 1)};
 }
 
-KdCellRange united(const KdCellRange& a, const KdCellRange& b) {
-    return {std::min(a.m_topRow, b.m_topRow), std::min(a.m_leftColumn, b.m_leftColumn),
-            std::max(a.m_bottomRow, b.m_bottomRow), std::max(a.m_rightColumn, b.m_rightColumn)};
-}
-
-/// The range with every merge that its border cuts taken in whole.
-KdCellRange withWholeMerges(const KdDbTable& table, KdCellRange range) {
-    for (KdCellRange before; before != range;) {
-        before = range;
-        for (int row = before.m_topRow; row <= before.m_bottomRow; ++row) {
-            range = united(range, table.getMergeRange(row, before.m_leftColumn));
-            range = united(range, table.getMergeRange(row, before.m_rightColumn));
-        }
-        for (int column = before.m_leftColumn; column <= before.m_rightColumn; ++column) {
-            range = united(range, table.getMergeRange(before.m_topRow, column));
-            range = united(range, table.getMergeRange(before.m_bottomRow, column));
-        }
-    }
-    return range;
-}
-
 /// A rectangle along the rows and from row to row.
 struct Area {
     double left;
@@ -67,7 +47,7 @@ public:
         const KdCellRange range = drawing.table.getSubSelection();
         const auto [top, bottom] = clamped(range.m_topRow, range.m_bottomRow, drawing.geometry.rows());
         const auto [left, right] = clamped(range.m_leftColumn, range.m_rightColumn, drawing.geometry.columns());
-        m_range = withWholeMerges(drawing.table, {top, left, bottom, right});
+        m_range = tableState(drawing.table).grownToMerges({top, left, bottom, right});
         m_font = cellFont(drawing.table, KdDbObjectId::kNull);
     }
 

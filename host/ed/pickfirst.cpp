@@ -3,13 +3,12 @@
 #include "host/ed/pickfirst.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include "host/db/access.h"
+#include "host/db/walk.h"
 #include "host/ed/editor.h"
 #include "kd/db/database.h"
-#include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 #include "kd/ed/selection.h"
 
@@ -29,16 +28,7 @@ KdDbTable* tableForSelecting(KdDbObjectId id) {
 }  // namespace
 
 std::vector<KdDbObjectId> entitiesOfCurrentSpace(const KdDbDatabase& database) {
-    std::vector<KdDbObjectId> ids;
-    const auto* space = peek<KdDbBlockTableRecord>(database.currentSpaceId());
-    KdDbBlockTableRecordIterator* iterator = nullptr;
-    if (space == nullptr || space->newIterator(iterator) != Kdad::eOk) return ids;
-    const std::unique_ptr<KdDbBlockTableRecordIterator> owner(iterator);
-    for (iterator->start(); !iterator->done(); iterator->step()) {
-        KdDbObjectId id;
-        if (iterator->getEntityId(id) == Kdad::eOk) ids.push_back(id);
-    }
-    return ids;
+    return entitiesOf(database.currentSpaceId());
 }
 
 std::vector<KdDbObjectId> PickFirst::tablesWithSelectedCells() const {

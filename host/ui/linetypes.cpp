@@ -3,9 +3,9 @@
 #include "host/ui/linetypes.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "host/db/access.h"
+#include "host/db/walk.h"
 #include "host/ui/hosttexts.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
@@ -32,13 +32,8 @@ int rank(const LinetypeEntry& entry, const KdDbDatabase& database) {
 
 std::vector<LinetypeEntry> linetypesOf(KdDbDatabase* database) {
     std::vector<LinetypeEntry> entries;
-    const auto* table = database == nullptr ? nullptr : peek<KdDbLinetypeTable>(database->linetypeTableId());
-    KdDbSymbolTableIterator* walked = nullptr;
-    if (table == nullptr || table->newIterator(walked) != Kdad::eOk) return entries;
-    const std::unique_ptr<KdDbSymbolTableIterator> iterator(walked);
-    for (; !iterator->done(); iterator->step()) {
-        KdDbObjectId id;
-        if (iterator->getRecordId(id) != Kdad::eOk) continue;
+    if (database == nullptr) return entries;
+    for (const KdDbObjectId id : recordsOf(database->linetypeTableId())) {
         if (const auto* record = peek<KdDbLinetypeTableRecord>(id)) entries.push_back(entryOf(*record, id));
     }
     std::stable_sort(entries.begin(), entries.end(), [&](const LinetypeEntry& a, const LinetypeEntry& b) {

@@ -8,6 +8,7 @@
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/objectstate.h"
+#include "host/db/walk.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
 
@@ -62,14 +63,7 @@ bool keepsItsName(const std::wstring& name) {
 
 std::vector<std::wstring> TextStyles::names() const {
     std::vector<std::wstring> names;
-    const KdDbTextStyleTable* table = tableOf(m_database);
-    KdDbSymbolTableIterator* walked = nullptr;
-    if (table == nullptr || table->newIterator(walked) != Kdad::eOk) return names;
-    const std::unique_ptr<KdDbSymbolTableIterator> iterator(walked);
-    for (; !iterator->done(); iterator->step()) {
-        KdDbObjectId id;
-        if (iterator->getRecordId(id) == Kdad::eOk) names.push_back(nameOf(id));
-    }
+    for (const KdDbObjectId id : recordsOf(m_database.textStyleTableId())) names.push_back(nameOf(id));
     return names;
 }
 

@@ -3,7 +3,6 @@
 #include "host/app/dump/dump.h"
 
 #include <QSaveFile>
-#include <memory>
 #include <sstream>
 
 #include "host/ad/documents.h"
@@ -11,6 +10,7 @@
 #include "host/app/dump/values.h"
 #include "host/db/access.h"
 #include "host/db/undo.h"
+#include "host/db/walk.h"
 #include "host/ed/pickfirst.h"
 #include "host/ed/variables.h"
 #include "host/rx/encoding.h"
@@ -43,13 +43,7 @@ Json variables() {
 /// Calls `visit` with each record of a symbol table that is of the class.
 template <class Record, class Visit>
 void forEachRecord(KdDbObjectId tableId, Visit visit) {
-    const auto* table = peek<KdDbSymbolTable>(tableId);
-    KdDbSymbolTableIterator* iterator = nullptr;
-    if (table == nullptr || table->newIterator(iterator) != Kdad::eOk) return;
-    const std::unique_ptr<KdDbSymbolTableIterator> owner(iterator);
-    for (iterator->start(); !iterator->done(); iterator->step()) {
-        KdDbObjectId id;
-        iterator->getRecordId(id);
+    for (const KdDbObjectId id : recordsOf(tableId)) {
         if (const auto* record = peek<Record>(id)) visit(*record);
     }
 }

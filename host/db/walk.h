@@ -1,0 +1,16 @@
+// What stands in a block or in a symbol table, read without opening anything.
+#pragma once
+
+#include <vector>
+
+#include "kd/db/objectid.h"
+
+namespace kdhost {
+
+/// The entities of a block, the model space too, in drawing order; none for an id that is no block's.
+std::vector<KdDbObjectId> entitiesOf(KdDbObjectId block);
+
+/// The records of a symbol table, in the order of its iterator; none for an id that is no symbol table's.
+std::vector<KdDbObjectId> recordsOf(KdDbObjectId symbolTable);
+
+}  // namespace kdhost
