@@ -144,7 +144,7 @@ private:
 std::wstring freeName(const KdDbDictionary& dictionary, const std::wstring& wanted) {
     if (!wanted.empty() && !dictionary.has(wanted.c_str())) return wanted;
     for (unsigned number = dictionary.numEntries() + 1;; ++number) {
-        const std::wstring name = L"*A" + std::to_wstring(number);
+        std::wstring name = L"*A" + std::to_wstring(number);
         if (!dictionary.has(name.c_str())) return name;
     }
 }

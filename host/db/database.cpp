@@ -80,8 +80,9 @@ KdDbDatabase::KdDbDatabase(bool buildDefaults, bool noDocument) : m_impl(std::ma
 KdDbDatabase::~KdDbDatabase() {
     m_impl->undo.reset();
     for (const auto& [handle, object] : m_impl->objects) {
-        const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(*object);
-        kdhost::tellEach(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.goodbye(object.get()); });
+        const KdDbObject* leaving = object.get();
+        const KdDbOpenRecord& record = KdDbObjectAccess::openRecord(*leaving);
+        kdhost::tellEach(record.reactors, [&](KdDbObjectReactor& reactor) { reactor.goodbye(leaving); });
     }
     for (const auto& [handle, object] : m_impl->objects) {
         if (KdDbObjectAccess::openRecord(*object).isOpen()) {

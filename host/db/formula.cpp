@@ -29,6 +29,7 @@ bool kdadConvertIndexToIndicatorString(int row, int column, KdString& text) {
     return true;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the contract takes the name by value.
 bool kdadConvertToFormulaExpr(KdCellRange range, KdString name, KdDbObjectId table, KdString& text) {
     const auto [top, bottom] = std::minmax(range.m_topRow, range.m_bottomRow);
     const auto [left, right] = std::minmax(range.m_leftColumn, range.m_rightColumn);

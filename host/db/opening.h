@@ -62,7 +62,8 @@ void noteBreach(const std::wstring& what);
 /// Calls `tell(listener)` for each listener, or reactor, that is still there when its turn comes.
 template <class Listener, class Tell>
 void tellEach(const std::vector<Listener*>& listeners, Tell&& tell) {
-    const std::vector<Listener*> asked = listeners;
+    // A copy: who is told may add and remove listeners.
+    const std::vector<Listener*> asked = listeners;  // NOLINT(performance-unnecessary-copy-initialization)
     for (Listener* listener : asked) {
         if (std::find(listeners.begin(), listeners.end(), listener) != listeners.end()) tell(*listener);
     }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "host/rx/encoding.h"
 #include "host/text/layout.h"
 
 class QFontMetricsF;
@@ -27,8 +28,8 @@ public:
     ~Advances();
 
     double of(wchar_t character) {
-        if (static_cast<std::size_t>(character) < m_latin.size()) return m_latin[static_cast<std::size_t>(character)];
-        return ofOther(character);
+        const std::size_t code = codeOf(character);
+        return code < m_latin.size() ? m_latin[code] : ofOther(character);
     }
     double capitalRatio() const { return m_capitalRatio; }
 

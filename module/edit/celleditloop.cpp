@@ -80,7 +80,7 @@ public:
             if (!table) break;
             const int status =
                 editTableCell(table.get(), step.row, step.column, m_key, typedText, first, std::exchange(prefill, {}));
-            step = stepFrom(*table.get(), step, status);
+            step = stepFrom(*table, step, status);
             table.close();
             kddbQueueForRegen(&m_id, 1);
             kdedUpdateDisplay();

@@ -101,7 +101,7 @@ LoadedField loadFormulaOfFields(KdDbMText& text, const KdDbField& field) {
     const std::optional<BracketedCode> code = takeApart(copy->getFieldCode(KdDbField::kFieldCode).str());
     if (!code) return {};
     copy->setFieldCode((L'=' + code->inner).c_str(), KdDbField::kTextField, &children);
-    for (auto& child : owned) child.release();  // they are the copy's from here on
+    for (auto& child : owned) static_cast<void>(child.release());  // they are the copy's from here on
     text.setField(textField, copy.release());
     // The tail is cut from the end of the expression, as long as what stood behind the bracket.
     return {lastOf(code->inner, code->behind), field.objectId()};

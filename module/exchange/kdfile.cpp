@@ -64,7 +64,7 @@ bool putGroup(const wchar_t* text, char* room, bool lineEnds) {
     std::uint32_t high = 0;
     std::uint32_t lineFeeds = 0;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const auto code = static_cast<std::uint32_t>(text[i]);
+        const auto code = std::bit_cast<std::uint32_t>(text[i]);
         high |= code | (code - 1);
         lineFeeds |= code == L'\n' ? 1U : 0U;
         bytes[i] = static_cast<char>(code);

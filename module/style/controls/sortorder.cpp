@@ -3,12 +3,13 @@
 
 #include "module/style/controls/sortorder.h"
 
+#include <bit>
 #include <cstdint>
 
 namespace {
 
 std::int16_t sortKey(wchar_t c) {
-    const auto code = static_cast<std::uint32_t>(c);
+    const auto code = std::bit_cast<std::uint32_t>(c);
     std::uint32_t offset = 0;
     if ((code & 0x80U) != 0) {
         offset = 0x300;

@@ -21,7 +21,7 @@ public:
     /// The 64-bit handle, as formula text names tables.
     constexpr std::int64_t asInteger() const { return static_cast<std::int64_t>(m_handle); }
 
-    friend constexpr auto operator<=>(const KdDbObjectId&, const KdDbObjectId&) = default;
+    friend constexpr auto operator<=>(const KdDbObjectId&, const KdDbObjectId&) = default;  // NOLINT: false alarm
 
 private:
     std::uint64_t m_handle = 0;
