@@ -122,6 +122,24 @@ TEST_F(MergeEdits, MergeAll_does_not_ask_about_a_table_that_cannot_be_read_and_m
     EXPECT_EQ(merges(id), Merges{cells("A1:B2")});
 }
 
+TEST_F(MergeEdits, MergeAll_asks_about_a_table_that_others_read_and_leaves_it_after_a_yes) {
+    const KdDbObjectId id = add(TableBuilder(2, 2).text("B2", L"there").select("A1:B2"));
+    const OpenObject<KdDbTable> reader(id, KdDb::kForRead);
+    BoxAnswers answers({BoxAnswer::Yes});
+    EXPECT_EQ(CVqTableCommon::MergeAll(id), 1);
+    EXPECT_EQ(answers.count(), 1);
+    EXPECT_EQ(merges(id), Merges{});
+}
+
+TEST_F(MergeEdits, MergeByColumn_counts_the_first_cell_of_every_column_but_the_first_as_content) {
+    const KdDbObjectId id = add(TableBuilder(2, 3).text("A1", L"kept").text("C1", L"kept too").select("A1:C2"));
+    BoxAnswers answers({BoxAnswer::Yes});
+    EXPECT_EQ(CVqTableCommon::MergeByColumn(id), 1);
+    EXPECT_EQ(answers.count(), 1);
+    EXPECT_EQ(merges(id), (Merges{cells("A1:A2"), cells("B1:B2"), cells("C1:C2")}));
+    EXPECT_EQ(texts(look(id)), "|kept||kept too|\n|.|.|.|\n");
+}
+
 TEST_F(MergeEdits, MergeAll_takes_in_the_merges_that_it_overlaps) {
     const KdDbObjectId id = add(TableBuilder(4, 4).merge("B2:D3").select("A1:B2"));
     CVqTableCommon::MergeAll(id);

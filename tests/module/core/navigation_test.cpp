@@ -174,6 +174,26 @@ TEST_F(Navigation, Every_move_is_false_when_the_table_cannot_be_opened) {
     for (const Move move : allMoves) EXPECT_FALSE(move(id));
 }
 
+TEST_F(Navigation, SelectBottomCell_and_SelectNextCell_are_false_in_a_table_without_rows) {
+    auto table = std::make_unique<KdDbTable>();
+    table->setSize(0, 3);
+    ASSERT_EQ(table->numRows(), 0);
+    const KdDbObjectId id = add(std::move(table));
+    select(id, {0, 1, 0, 1});
+    EXPECT_FALSE(CVqTableCommon::SelectBottomCell(id));
+    EXPECT_FALSE(CVqTableCommon::SelectNextCell(id));
+    EXPECT_EQ(selection(id), (KdCellRange{0, 1, 0, 1}));
+}
+
+TEST_F(Navigation, Moves_that_cannot_be_made_say_nothing) {
+    const KdDbObjectId id = addSized(TableBuilder(2, 2));
+    for (const Move move : allMoves) {
+        move(KdDbObjectId::kNull);
+        move(id);
+    }
+    EXPECT_TRUE(host.messages().empty());
+}
+
 TEST_F(Navigation, Without_a_view_a_move_clears_the_selection_and_is_true_all_the_same) {
     const KdDbObjectId id = addSized(TableBuilder(3, 3));
     for (const Move move : allMoves) {

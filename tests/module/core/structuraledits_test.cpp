@@ -200,6 +200,55 @@ TEST_F(StructuralEdits, A_reversed_selection_holds_no_row_to_insert_or_delete_an
     }
 }
 
+/// That is for those to ask who offer the operation: canInsert, canDelete and the tests of the selection.
+TEST_F(StructuralEdits, None_asks_whether_it_is_allowed) {
+    const auto locked = [&] {
+        TableBuilder builder(4, 4);
+        builder.fill().rowHeight(1, 50.0).columnWidth(1, 90.0).select("B2:C3");
+        return add(builder.lock("A1:D4", static_cast<KdDb::CellState>(51)));
+    };
+    const auto rowsAndColumnsAfter = [&](Edit edit) {
+        const KdDbObjectId id = locked();
+        EXPECT_EQ(edit(id), 1);
+        return std::pair(look(id).numRows(), look(id).numColumns());
+    };
+    EXPECT_FALSE(look(locked()).canDelete(1, 2, true));
+    EXPECT_EQ(rowsAndColumnsAfter(CVqTableCommon::InsertRowByAbove), std::pair(6, 4));
+    EXPECT_EQ(rowsAndColumnsAfter(CVqTableCommon::InsertRowByBelow), std::pair(6, 4));
+    EXPECT_EQ(rowsAndColumnsAfter(CVqTableCommon::InsertColumnByLeft), std::pair(4, 6));
+    EXPECT_EQ(rowsAndColumnsAfter(CVqTableCommon::InsertColumnByRight), std::pair(4, 6));
+    EXPECT_EQ(rowsAndColumnsAfter(CVqTableCommon::DeleteRows), std::pair(2, 4));
+    EXPECT_EQ(rowsAndColumnsAfter(CVqTableCommon::DeleteColumns), std::pair(4, 2));
+    const KdDbObjectId id = locked();
+    CVqTableCommon::SizeRowsEvenly(id);
+    CVqTableCommon::SizeColumnsEvenly(id);
+    EXPECT_EQ(look(id).rowHeight(1), look(id).rowHeight(2));
+    EXPECT_EQ(look(id).columnWidth(1), look(id).columnWidth(2));
+}
+
+TEST_F(StructuralEdits, Either_end_of_the_rows_or_columns_that_is_negative_leaves_the_table_alone) {
+    const Edit byRows[] = {CVqTableCommon::InsertRowByAbove, CVqTableCommon::InsertRowByBelow,
+                           CVqTableCommon::InsertColumnByRight, CVqTableCommon::DeleteRows};
+    const Edit byColumns[] = {CVqTableCommon::InsertColumnByLeft, CVqTableCommon::DeleteColumns};
+    const auto expectNothing = [&](Edit edit, const KdCellRange& range) {
+        const KdDbObjectId id = add(TableBuilder(4, 4).fill());
+        const std::string before = describe(look(id));
+        select(id, range);
+        EXPECT_EQ(edit(id), 1);
+        EXPECT_EQ(describe(look(id)), before);
+        EXPECT_EQ(selection(id), range);
+    };
+    for (const Edit edit : byRows) {
+        expectNothing(edit, {-1, 1, 2, 2});
+        expectNothing(edit, {1, 1, -1, 2});
+    }
+    for (const Edit edit : byColumns) {
+        expectNothing(edit, {1, -1, 2, 2});
+        expectNothing(edit, {1, 1, 2, -1});
+    }
+    EXPECT_TRUE(steps().empty());
+}
+
 // ---- the frame, of all twelve
 
 struct Framed {
@@ -254,6 +303,35 @@ TEST_P(EditFrame, Is_one_step_of_undo_with_its_fixed_name_and_its_title) {
     EXPECT_TRUE(steps().empty());
     EXPECT_EQ(undoHistory().redo(), Kdad::eOk);
     EXPECT_EQ(describe(look(id)), after);
+}
+
+/// Changes an object of its own as soon as a table has changed.
+class Follower : public kdhost::DatabaseListener {
+public:
+    Follower(KdDbObjectId leader, KdDbObjectId follower) : m_leader(leader), m_follower(follower) {
+        kdhost::addDatabaseListener(this);
+    }
+    ~Follower() override { kdhost::removeDatabaseListener(this); }
+    void objectChanged(KdDbObjectId id) override {
+        if (id == m_leader) OpenObject<KdDbTable>(m_follower, KdDb::kForWrite)->setColumnWidth(0, 321.0);
+    }
+
+private:
+    KdDbObjectId m_leader;
+    KdDbObjectId m_follower;
+};
+
+TEST_P(EditFrame, Closes_the_table_within_the_mark_so_that_what_follows_from_it_is_of_the_same_step) {
+    const KdDbObjectId id = makeTable();
+    const KdDbObjectId other = add(TableBuilder(1, 1).columnWidth(0, 5.0));
+    {
+        const Follower follower(id, other);
+        run(id);
+    }
+    EXPECT_EQ(look(other).columnWidth(0), 321.0);
+    EXPECT_EQ(steps(), std::vector<std::wstring>{GetParam().name});
+    undoHistory().undo();
+    EXPECT_EQ(look(other).columnWidth(0), 5.0);
 }
 
 TEST_P(EditFrame, Is_false_and_does_nothing_without_the_main_application_service) {
