@@ -75,10 +75,8 @@ Language languageOf(const Options& options) {
 /// What has to be settled before Qt starts: no display is needed, and nothing is scaled but by the host itself.
 void prepareQt(const Options& options) {
     provideRuntimeFolder();
-    if (options.headless) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qtsOwnHandler = qInstallMessageHandler(dropComplaintsOfPlatform);
-    }
+    if (options.headless) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qtsOwnHandler = qInstallMessageHandler(dropComplaintsOfPlatform);
     for (const char* name : {"QT_SCALE_FACTOR", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"}) {
         qunsetenv(name);
     }
