@@ -32,7 +32,9 @@ std::size_t TableRows::blockOf(int row) const {
 
 void TableRows::makeOwn(int row) {
     if (static_cast<unsigned>(row - m_near.first) >= m_near.count) blockOf(row);
-    Block& rows = m_list.write().blocks[m_near.block].write();
+    List& all = m_list.write();
+    Block& rows = all.blocks[m_near.block].write();
+    all.settled[m_near.block] = 0;
     m_near.rows = rows.data();
     m_own = &rows[static_cast<std::size_t>(row - m_near.first)].write();
     m_ownRow = row;
@@ -49,6 +51,7 @@ void TableRows::insert(int where, int count, TableRow row) {
         replaceBlocks(all, 0, 0, Block(added, made));
     } else if (all.blocks[block]->size() + added <= kLargestBlock) {
         Block& rows = all.blocks[block].write();
+        all.settled[block] = 0;
         rows.insert(at(rows, place), added, made);
         countFrom(all, block + 1);
     } else {
@@ -70,6 +73,7 @@ void TableRows::erase(int first, int count) {
     List& all = m_list.write();
     if (from == last && m_near.count - static_cast<std::size_t>(count) > kSmallBlocks) {
         Block& rows = all.blocks[from].write();
+        all.settled[from] = 0;
         rows.erase(at(rows, head), at(rows, tail));
         countFrom(all, from + 1);
     } else {
@@ -95,6 +99,8 @@ void TableRows::replaceBlocks(List& list, std::size_t place, std::size_t count, 
     }
     list.blocks.erase(at(list.blocks, place), at(list.blocks, place + count));
     list.blocks.insert(at(list.blocks, place), made.begin(), made.end());
+    list.settled.erase(at(list.settled, place), at(list.settled, place + count));
+    list.settled.insert(at(list.settled, place), made.size(), 0);
     countFrom(list, place);
 }
 

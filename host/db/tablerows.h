@@ -8,6 +8,7 @@
 //     block     row row row ...    row row row ...
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "host/db/tablecell.h"
@@ -57,6 +58,38 @@ public:
     }
     Cell& writeCell(int row, int column) { return write(row).cells[static_cast<std::size_t>(column)]; }
 
+    /// Calls `visit(row)` for each row that isn't shared with the one at the same place of another state with as many
+    /// rows. Blocks that both share cost one look.
+    template <class Visit>
+    void visitChanged(const TableRows& before, Visit&& visit) const {
+        std::size_t other = 0;
+        for (std::size_t block = 0; !shares(before) && block < m_list->blocks.size(); ++block) {
+            const int first = m_list->firstRows[block];
+            while (other + 1 < before.m_list->blocks.size() && before.m_list->firstRows[other] < first) ++other;
+            const bool same =
+                before.m_list->firstRows[other] == first && m_list->blocks[block].shares(before.m_list->blocks[other]);
+            const int behind = first + static_cast<int>(m_list->blocks[block]->size());
+            for (int row = first; !same && row < behind; ++row) {
+                if (&(*this)[row] != &before[row]) visit(row);
+            }
+        }
+    }
+    /// Calls `visit(row)` for the rows of each block that isn't settled under that stamp. A block is from then on,
+    /// until something in it is written, if all of these calls gave true.
+    template <class Visit>
+    void visitUnsettled(std::uint64_t stamp, Visit&& visit) {
+        for (std::size_t block = 0; m_list && block < m_list->blocks.size(); ++block) {
+            if (m_list->settled[block] == stamp) continue;
+            const int first = m_list->firstRows[block];
+            const int behind = first + static_cast<int>(m_list->blocks[block]->size());
+            bool all = true;
+            for (int row = first; row < behind; ++row) all = visit(row) && all;
+            if (!all) continue;
+            m_list->settled[block] = stamp;
+            m_ownRow = kNoRow;  // its next write is to be noticed
+        }
+    }
+
     /// Inserts copies of one row; they share it until written.
     void insert(int at, int count, TableRow row);
     void erase(int first, int count);
@@ -67,6 +100,8 @@ private:
     struct List {
         std::vector<CopyOnWrite<Block>> blocks;  ///< none of them empty
         std::vector<int> firstRows;              ///< of each block; they ascend from 0
+        /// Under which stamp nothing was to be done in a block, and nothing was written since; 0 for none.
+        mutable std::vector<std::uint64_t> settled;
     };
     static constexpr int kNoRow = -1;
     /// The block looked at last. Walks go row by row, so that the next look mostly goes there too.

@@ -172,6 +172,43 @@ TEST_F(Recalculation, an_erased_table_is_broken_and_heals_when_it_comes_back) {
     EXPECT_EQ(shown(reader, "B1"), "####");
 }
 
+TEST_F(Recalculation, a_table_that_is_brought_back_is_read_as_it_is_then) {
+    const KdDbObjectId source = makeTable(2, 2);
+    const KdDbObjectId reader = makeTable(1, 2);
+    type(source, "A1", L"5");
+    formula(source, "B1", L"A1*2");
+    formula(reader, "A1", nameOf(source) + L"B1");
+    edit(source, [](KdDbTable& open) {
+        open.erase();
+        open.setTextString(0, 0, L"7");
+    });
+    EXPECT_EQ(shown(reader, "A1"), "####");
+    KdDbObject* erased = nullptr;
+    ASSERT_EQ(kddbOpenObject(erased, source, KdDb::kForWrite, true, KdDbTable::desc()), Kdad::eOk);
+    EXPECT_EQ(erased->erase(false), Kdad::eOk);
+    erased->close();
+    EXPECT_EQ(shown(reader, "A1"), "14");
+}
+
+TEST_F(Recalculation, a_deleted_row_that_is_read_breaks_and_heals) {
+    const KdDbObjectId table = makeTable(3, 2);
+    const KdDbObjectId reader = makeTable(1, 1);
+    type(table, "A2", L"5");
+    formula(table, "B1", L"A2+1");
+    formula(reader, "A1", nameOf(table) + L"B1*" + nameOf(table) + L"A2");
+    EXPECT_EQ(shown(reader, "A1"), "30");
+    edit(table, [](KdDbTable& open) { open.deleteRows(1, 1); });
+    EXPECT_EQ(code(table, "B1"), "#REF!+1");
+    EXPECT_EQ(shown(table, "B1"), "####");
+    EXPECT_EQ(shown(reader, "A1"), "####");
+    edit(table, [](KdDbTable& open) { open.insertRowsAndInherit(1, 0, 1); });
+    EXPECT_EQ(shown(table, "B1"), "####") << "another row is not the one that went";
+    undo();
+    undo();
+    EXPECT_EQ(code(table, "B1"), "A2+1");
+    EXPECT_EQ(shown(reader, "A1"), "30");
+}
+
 TEST_F(Recalculation, a_table_of_another_drawing_is_out_of_reach) {
     KdDbDatabase other;
     auto* table = new KdDbTable;
