@@ -42,10 +42,8 @@ void Engine::look(Sheet& sheet) {
     const TableState& state = tableState(*table);
     if (state.rowCount() != sheet.rowCount() || state.columnCount() != sheet.columns) {
         lookAtAll(sheet, state);
-    } else if (!sheet.seen.shares(state.rows)) {
-        for (int row = 0; row < state.rowCount(); ++row) {
-            if (&sheet.seen[row] != &state.rows[row]) lookAtRow(sheet, state, row);
-        }
+    } else {
+        state.rows.visitChanged(sheet.seen, [&](int row) { lookAtRow(sheet, state, row); });
     }
     sheet.seen = state.rows;
 }
