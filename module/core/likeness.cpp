@@ -6,27 +6,24 @@
 #include "module/core/cellwalk.h"
 #include "module/core/tablecommon.h"
 
-using cellwalk::BehindMerge;
-
 namespace {
 
-/// Compares the cells of the range with its top left one. `read(row, column)` gives the property;
-/// `differs(reference, other, merged)` tells a difference, of a merge's owner where `merged` is true.
+bool isAlikeAnyway(const CVqTableCellRange& range) {
+    return cellwalk::isOneCell(range) || cellwalk::isReversed(range);
+}
+
+/// Compares the cells of the range with its top left one. `read(row, column)` gives the property, of a merge's owner
+/// for each of its cells; `differs(reference, other, merged)` tells a difference, of a merge where `merged` is true.
+/// Merges are looked for only where something differs at all, which halves the calls of a test that goes through.
 template <class Read, class Differs>
-bool alike(const KdDbTable* table, const CVqTableCellRange& range, Read read, Differs differs,
-           BehindMerge behind = BehindMerge::SameRow) {
+bool alike(const KdDbTable* table, const CVqTableCellRange& range, Read read, Differs differs) {
     if (table == nullptr) return false;
-    if (cellwalk::isOneCell(range) || cellwalk::isReversed(range)) return true;
+    if (isAlikeAnyway(range)) return true;
     const auto reference = read(range.m_topRow, range.m_leftColumn);
-    bool different = false;
-    const auto decides = [&](int row, int column, const CVqTableCellRange* merge) {
-        if (merge != nullptr && *merge == range) return true;
-        different = merge != nullptr ? differs(reference, read(merge->m_topRow, merge->m_leftColumn), true)
-                                     : differs(reference, read(row, column), false);
-        return different;
-    };
-    cellwalk::anyBlock(*table, range, decides, behind);
-    return !different;
+    return !cellwalk::anyCell(*table, range, [&](int row, int column) {
+        const auto other = read(row, column);
+        return other != reference && differs(reference, other, table->isMergedCell(row, column));
+    });
 }
 
 /// Filled by the getter. Zeroes put there before would be looked for in the place of what the getter stored, which
@@ -34,18 +31,28 @@ bool alike(const KdDbTable* table, const CVqTableCellRange& range, Read read, Di
 struct DataFormat {
     KdValue::DataType dataType;
     KdValue::UnitType unitType;
+
+    bool operator==(const DataFormat&) const = default;
 };
 
 constexpr auto valuesDiffer = [](int reference, int other, bool) { return reference != other; };
 
 }  // namespace
 
+// Behind a merge the walk goes on in the merge's last row: what stands beside it above that isn't compared.
 bool CVqTableCommon::IsIdenticalCellStyle(const KdDbTable* table, const CVqTableCellRange& range) {
-    const auto read = [&](int row, int column) { return table->cellStyle(row, column); };
-    const auto differs = [](const wchar_t* reference, const wchar_t* other, bool) {
-        return reference != other && std::wcscmp(reference, other) != 0;
+    if (table == nullptr) return false;
+    if (isAlikeAnyway(range)) return true;
+    const wchar_t* const reference = table->cellStyle(range.m_topRow, range.m_leftColumn);
+    bool different = false;
+    const auto decides = [&](int row, int column, const CVqTableCellRange* merge) {
+        if (merge != nullptr && *merge == range) return true;
+        const wchar_t* const other = table->cellStyle(row, column);
+        different = other != reference && std::wcscmp(reference, other) != 0;
+        return different;
     };
-    return alike(table, range, read, differs, BehindMerge::LastRow);
+    cellwalk::anyBlock(*table, range, decides, cellwalk::BehindMerge::LastRow);
+    return !different;
 }
 
 bool CVqTableCommon::IsIdenticalAlignment(const KdDbTable* table, const CVqTableCellRange& range) {

@@ -6,11 +6,11 @@
 
 namespace {
 
-/// Whether the lock `bit` of some cell of the range is `locked`; a merge is judged by its owner.
+/// Whether the lock `bit` of some cell of the range is `locked`; a merge is judged by its owner, for whom each of its
+/// cells answers.
 bool anyLock(const KdDbTable& table, const CVqTableCellRange& range, KdDb::CellState bit, bool locked) {
-    return cellwalk::anyBlock(table, range, [&](int row, int column, const CVqTableCellRange* merge) {
-        const int state =
-            merge != nullptr ? table.cellState(merge->m_topRow, merge->m_leftColumn) : table.cellState(row, column);
+    return cellwalk::anyCell(table, range, [&](int row, int column) {
+        const int state = table.cellState(row, column);
         return ((state & bit) != 0) == locked;
     });
 }
