@@ -4,6 +4,8 @@
 #include "host/ui/inplaceeditor/editorbox.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGraphicsSceneContextMenuEvent>
+#include <QGraphicsSceneMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -75,6 +77,14 @@ void EditorBox::keepWithin(const QRectF& limits) {
     };
     moveBy(shift(shown.left(), shown.right(), limits.left(), limits.right()),
            shift(shown.top(), shown.bottom(), limits.top(), limits.bottom()));
+}
+
+void EditorBox::mousePressEvent(QGraphicsSceneMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) m_item.moveTo(m_item.mapFromParent(event->pos()));
+}
+
+void EditorBox::contextMenuEvent(QGraphicsSceneContextMenuEvent* event) {
+    m_item.openMenu(event->screenPos(), event->widget());
 }
 
 void EditorBox::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*) {

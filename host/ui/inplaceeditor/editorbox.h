@@ -26,6 +26,11 @@ public:
     QRectF boundingRect() const override { return m_frame; }
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
+protected:
+    // Around the text the mouse does as in it.
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void contextMenuEvent(QGraphicsSceneContextMenuEvent* event) override;
+
 private:
     void fitText(double width, double height);
     void keepWithin(const QRectF& limits);

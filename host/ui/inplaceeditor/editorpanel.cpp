@@ -4,7 +4,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
-#include <QCloseEvent>
+#include <QHideEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -175,6 +175,7 @@ bool EditorPanel::event(QEvent* event) {
 
 void EditorPanel::press(QKeyEvent& event) {
     event.accept();
+    if (text().isComposing()) return;
     if (const auto key = text().endingKey(event)) {
         end(*key, event.modifiers());
     } else if (event.key() == Qt::Key_F10) {
@@ -227,9 +228,10 @@ bool EditorPanel::eventFilter(QObject* object, QEvent* event) {
     return true;
 }
 
-void EditorPanel::closeEvent(QCloseEvent* event) {
-    event->accept();
-    end(kMTextEditorEscape, Qt::NoModifier);
+void EditorPanel::hideEvent(QHideEvent* event) {
+    QGraphicsView::hideEvent(event);
+    // Closed, or its window is; one that is put away as an icon comes back.
+    if (!m_ended && !event->spontaneous()) end(kMTextEditorEscape, Qt::NoModifier);
 }
 
 }  // namespace kdhost

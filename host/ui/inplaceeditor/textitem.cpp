@@ -2,10 +2,12 @@
 
 #include "host/ui/inplaceeditor/textitem.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QStyleOptionGraphicsItem>
 #include <QTextBlock>
@@ -73,7 +75,6 @@ TextItem::TextItem(RichDocument& document, QGraphicsItem* parent) : QGraphicsTex
 }
 
 std::optional<int> TextItem::endingKey(const QKeyEvent& event) const {
-    if (isComposing()) return std::nullopt;
     for (const EndingKey& row : kEndingKeys) {
         if (row.key != keyOf(event) || row.modifiers != modifiersOf(event)) continue;
         QTextCursor caret = textCursor();
@@ -104,8 +105,7 @@ void TextItem::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
         copy();
     } else if (event->matches(QKeySequence::Cut)) {
-        copy();
-        caret.removeSelectedText();
+        cut();
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (keyOf(*event) == Qt::Key_Return && modifiersOf(*event) == Qt::AltModifier) {
@@ -122,12 +122,52 @@ void TextItem::keyPressEvent(QKeyEvent* event) {
     event->accept();
 }
 
+/// Items are named by Qt's words for them, which it has in the host's language.
+struct TextItem::MenuItem {
+    const char* name;
+    const char* text;
+    void (TextItem::*act)();
+    bool (*isEnabled)(const TextItem& item);
+};
+
 void TextItem::contextMenuEvent(QGraphicsSceneContextMenuEvent* event) {
-    // Qt's own menu would put foreign formats into the text.
     event->accept();
+    openMenu(event->screenPos(), event->widget());
 }
 
-void TextItem::copy() const {
+void TextItem::openMenu(const QPoint& onScreen, QWidget* widget) {
+    // Qt's own menu would bring formats into the text that no drawing has.
+    static const std::array items = {
+        MenuItem{"EditorUndo", "&Undo", &TextItem::undo,
+                 [](const TextItem& item) { return item.document()->isUndoAvailable(); }},
+        MenuItem{"EditorRedo", "&Redo", &TextItem::redo,
+                 [](const TextItem& item) { return item.document()->isRedoAvailable(); }},
+        MenuItem{"EditorCut", "Cu&t", &TextItem::cut,
+                 [](const TextItem& item) { return item.textCursor().hasSelection(); }},
+        MenuItem{"EditorCopy", "&Copy", &TextItem::copy,
+                 [](const TextItem& item) { return item.textCursor().hasSelection(); }},
+        MenuItem{"EditorPaste", "&Paste", &TextItem::paste,
+                 [](const TextItem&) { return !QGuiApplication::clipboard()->text().isEmpty(); }},
+        MenuItem{"EditorSelectAll", "Select All", &TextItem::selectAll,
+                 [](const TextItem& item) { return !item.document()->isEmpty(); }},
+    };
+    QMenu menu(widget);
+    menu.setObjectName(QStringLiteral("EditorMenu"));
+    for (const MenuItem& row : items) {
+        QAction* action = menu.addAction(QCoreApplication::translate("QLineEdit", row.text));
+        action->setObjectName(QString::fromLatin1(row.name));
+        action->setEnabled(row.isEnabled(*this));
+        connect(action, &QAction::triggered, this, [this, &row] { (this->*row.act)(); });
+    }
+    menu.exec(onScreen);
+}
+
+void TextItem::cut() {
+    copy();
+    textCursor().removeSelectedText();
+}
+
+void TextItem::copy() {
     if (!textCursor().hasSelection()) return;
     const std::vector<text::Piece> copied = m_document.withFieldsAsShown(m_document.pieces(textCursor()));
     const std::wstring codes = text::write(copied, m_document.looks().base());
@@ -151,6 +191,12 @@ void TextItem::paste() {
 void TextItem::selectAll() {
     QTextCursor caret(document());
     caret.select(QTextCursor::Document);
+    setTextCursor(caret);
+}
+
+void TextItem::moveTo(const QPointF& place) {
+    QTextCursor caret(document());
+    caret.setPosition(document()->documentLayout()->hitTest(place, Qt::FuzzyHit));
     setTextCursor(caret);
 }
 

@@ -16,13 +16,19 @@ public:
     TextItem(RichDocument& document, QGraphicsItem* parent);
 
     /// The code of the key that ends the editing by this press; none for a key that is the text's. Arrows end it
-    /// only where the caret can't move on; a key that an input method is at work with never does.
+    /// only where the caret can't move on.
     std::optional<int> endingKey(const QKeyEvent& event) const;
     /// Takes a key press that ends nothing.
     void press(QKeyEvent& event);
 
     void selectAll();
     void moveToEnd();
+    /// To the character nearest to a place of the item.
+    void moveTo(const QPointF& place);
+    /// Runs the menu of a right click; the menu stands over the widget.
+    void openMenu(const QPoint& onScreen, QWidget* widget);
+    /// While an input method is at work all keys are its own.
+    bool isComposing() const;
 
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
@@ -31,8 +37,12 @@ protected:
     void contextMenuEvent(QGraphicsSceneContextMenuEvent* event) override;
 
 private:
-    bool isComposing() const;
-    void copy() const;
+    struct MenuItem;
+
+    void undo() { document()->undo(); }
+    void redo() { document()->redo(); }
+    void cut();
+    void copy();
     void paste();
 
     RichDocument& m_document;
