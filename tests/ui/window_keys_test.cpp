@@ -175,7 +175,8 @@ TEST(PromptWords, are_typed_by_their_letters_in_parentheses_or_the_word_with_cap
 
 TEST(PromptWords, become_links_and_all_other_text_stays_as_it_is) {
     EXPECT_EQ(kdhost::promptAsLinks(L"\nSize <a&b> [LOck/返回(BA)]: "),
-              QStringLiteral("Size &lt;a&amp;b&gt; [<a href=\"LOck\">LOck</a>/<a href=\"BA\">返回(BA)</a>]: "));
+              QStringLiteral("Size &lt;a&amp;b&gt; [<a href=\"LOck\" style=\"color:#1f6fb2\">LOck</a>/"
+                             "<a href=\"BA\" style=\"color:#1f6fb2\">返回(BA)</a>]: "));
     EXPECT_EQ(kdhost::promptAsLinks(L"no [bracket"), QStringLiteral("no [bracket"));
 }
 

@@ -34,7 +34,7 @@ QString promptAsLinks(const std::wstring& prompt) {
     QStringList links;
     for (const QString& word : text.mid(open + 1, close - open - 1).split(QLatin1Char('/'))) {
         const QString target = QString::fromUtf8(QUrl::toPercentEncoding(typedFor(word)));
-        links << QStringLiteral("<a href=\"%1\">%2</a>").arg(target, word.toHtmlEscaped());
+        links << QStringLiteral("<a href=\"%1\" style=\"color:#1f6fb2\">%2</a>").arg(target, word.toHtmlEscaped());
     }
     return text.left(open + 1).toHtmlEscaped() + links.join(QLatin1Char('/')) + text.mid(close).toHtmlEscaped();
 }
