@@ -174,6 +174,34 @@ TEST_F(InPlaceEditorPlace, the_fill_is_the_cells_background) {
     });
 }
 
+TEST_F(InPlaceEditorPlace, a_turned_box_is_filled_where_the_cell_lies) {
+    const QColor fill(200, 230, 255);
+    text.setBackgroundFill(true);
+    text.setUseBackgroundColor(false);
+    text.setBackgroundFillColor(KdCmColor::fromRgb(200, 230, 255));
+    text.setContents(L"a\\S1/2; 螺栓 {\\C1;M8}");
+    text.setRotation(M_PI / 6.0);
+    look([&](EditorPanel& panel) {
+        const QImage image = panel.grab().toImage();
+        // Places along the lines and down from them, in drawing units.
+        const auto at = [&](double along, double down) {
+            const double cosine = std::cos(M_PI / 6.0);
+            const double sine = std::sin(M_PI / 6.0);
+            const QPointF place = pixels(100.0 + along * cosine + down * sine, 150.0 + along * sine - down * cosine);
+            return image.pixelColor(place.toPoint());
+        };
+        EXPECT_EQ(at(55.0, 2.0), fill);
+        EXPECT_EQ(at(2.0, 18.0), fill);
+        EXPECT_EQ(at(58.0, 18.0), fill);
+        EXPECT_EQ(at(63.0, 10.0), QColor(Qt::white));
+        EXPECT_EQ(at(30.0, 26.0), QColor(Qt::white));
+        EXPECT_EQ(at(-3.0, 10.0), QColor(Qt::white));
+        if (qEnvironmentVariableIsSet("KDTEST_PICTURES")) {
+            image.save(qEnvironmentVariable("KDTEST_PICTURES") + QStringLiteral("/inplaceeditor_turned.png"));
+        }
+    });
+}
+
 TEST_F(InPlaceEditorPlace, characters_have_the_texts_colour_and_their_own) {
     text.setColor(KdCmColor::fromRgb(0, 0, 255));
     text.setContents(L"HH{\\C1;HH}");
