@@ -54,7 +54,7 @@ void WindowTest::arm() {
 void WindowTest::next() {
     const kdhost::Editor* editor = kdhost::currentEditor();
     const bool isBusy = editor == nullptr || !const_cast<kdhost::Editor*>(editor)->input().isEmpty();
-    if (isBusy) return arm();
+    if (isBusy || !hasFocus()) return arm();
     if (m_steps.empty()) {
         host.application().requestQuit();
         host.editor().input().put(kdhost::InputItem::Kind::Cancel);
@@ -66,23 +66,25 @@ void WindowTest::next() {
     step();
 }
 
-/// Where the keys go. Without a window manager nobody makes the window active again when a menu has closed.
-QWidget* WindowTest::focused() {
-    if (QApplication::activeWindow() == nullptr) QApplication::setActiveWindow(&window);
-    return QApplication::focusWidget();
+/// Without a window manager nobody makes the window active again when a menu has closed.
+bool WindowTest::hasFocus() {
+    if (QApplication::focusWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return true;
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(&window);
+    return false;
 }
 
 WindowTest::Step WindowTest::keys(const char* text) {
-    return [this, text] {
-        ASSERT_NE(focused(), nullptr);
-        QTest::keyClicks(focused(), QString::fromUtf8(text));
+    return [text] {
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
     };
 }
 
 WindowTest::Step WindowTest::key(int key, Qt::KeyboardModifiers modifiers) {
-    return [this, key, modifiers] {
-        ASSERT_NE(focused(), nullptr);
-        QTest::keyClick(focused(), static_cast<Qt::Key>(key), modifiers);
+    return [key, modifiers] {
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
     };
 }
 

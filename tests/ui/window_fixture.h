@@ -31,8 +31,8 @@ protected:
     void play(std::deque<Step> steps);
 
     /// Keys typed in the window, wherever they go.
-    Step keys(const char* text);
-    Step key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    static Step keys(const char* text);
+    static Step key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// A click of the left button into the view at a place of the drawing.
     Step click(double x, double y, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Chooses an entry of the menus by its action's name, opening its menu first.
@@ -54,7 +54,7 @@ protected:
     std::optional<kdhost::WindowSession> session;
 
 private:
-    QWidget* focused();
+    bool hasFocus();
     void next();
     void arm();
 
