@@ -7,6 +7,7 @@
 #include "host/db/fieldevaluation.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
+#include "host/db/tableplace.h"
 
 using namespace kdhost;
 
@@ -147,7 +148,7 @@ void KdDbTable::recomputeTableBlock(bool force) {
 }
 
 int KdDbTable::flowDirection() const {
-    return tableState(*this).flow;
+    return flowOf(tableState(*this));
 }
 
 void KdDbTable::setFlowDirection(int flow) {

@@ -56,6 +56,10 @@ double sizeOfIndicators(const TableState& state) {
 
 }  // namespace
 
+int kdhost::flowOf(const TableState& state) {
+    return state.flow.value_or(state.styles.flow());
+}
+
 TableAxes kdhost::axesOf(const TableState& state) {
     TableAxes axes;
     axes.origin = state.position;
@@ -65,7 +69,7 @@ TableAxes kdhost::axesOf(const TableState& state) {
     if (axes.along.isZeroLength()) axes.along = KdGeMatrix3d::planeToWorld(axes.normal) * KdGeVector3d(1.0, 0.0, 0.0);
     axes.along.normalize();
     axes.up = axes.normal.crossProduct(axes.along);
-    axes.across = state.flow == 0 ? -axes.up : axes.up;
+    axes.across = flowOf(state) == 0 ? -axes.up : axes.up;
     return axes;
 }
 

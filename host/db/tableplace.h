@@ -19,4 +19,7 @@ struct TableAxes {
 
 TableAxes axesOf(const TableState& state);
 
+/// The table's own flow direction, else that of its style.
+int flowOf(const TableState& state);
+
 }  // namespace kdhost

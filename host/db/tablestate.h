@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -85,7 +86,7 @@ struct TableState : KdDbBlockReferenceState {
 
     CellStylePool styles;
     KdGeVector3d direction{1.0, 0.0, 0.0};
-    int flow = 0;
+    std::optional<int> flow;  ///< none as the table style has it
     bool titleSuppressed = false;
     bool headerSuppressed = false;
     std::vector<double> columnWidths;

@@ -50,6 +50,9 @@ public:
         return m_entries[place].name;
     }
 
+    /// The flow direction of the table style.
+    int flow() const { return style().flow; }
+
     /// Changes whenever the values of the styles do.
     std::uint64_t revision() const;
 

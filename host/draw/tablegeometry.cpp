@@ -16,7 +16,7 @@ TableGeometry::TableGeometry(const KdDbTable& table)
     m_right = axes.along;
     m_up = axes.up;
     m_normal = axes.normal;
-    m_rowSign = tableState(table).flow == 0 ? -1.0 : 1.0;
+    m_rowSign = flowOf(tableState(table)) == 0 ? -1.0 : 1.0;
 }
 
 CellBox TableGeometry::box(const KdCellRange& range) const {

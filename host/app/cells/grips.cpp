@@ -39,6 +39,8 @@ public:
         m_last = pixels;
         m_grips.push_back(grip);
     }
+    /// What follows stands in a row with this place.
+    void continueFrom(const KdGePoint3d& place) { m_last = m_view.toPixels(place); }
     std::vector<Grip> take() { return std::move(m_grips); }
 
 private:
@@ -53,6 +55,7 @@ void addOfTable(const TableGeometry& geometry, GripList& grips) {
     for (int column = 0; column < geometry.columns(); ++column) {
         grips.add({Grip::Kind::Column, column, geometry.at(geometry.columnEdge(column + 1), 0.0)});
     }
+    grips.continueFrom(geometry.at(0.0, 0.0));
     for (int row = 0; row < geometry.rows(); ++row) {
         grips.add({Grip::Kind::Row, row, geometry.at(0.0, geometry.rowEdge(row + 1))});
     }

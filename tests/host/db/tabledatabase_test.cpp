@@ -4,6 +4,7 @@
 
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
+#include "kd/db/tablestyle.h"
 #include "tests/support/leakguard.h"
 #include "tests/support/tablebuilder.h"
 
@@ -114,5 +115,21 @@ TEST_F(TableInDatabase, takes_the_databases_text_style_where_it_has_none) {
     style->close();
     table = open(KdDb::kForRead);
     EXPECT_GT(table->minimumRowHeight(2), before);
+    table->close();
+}
+
+TEST_F(TableInDatabase, it_grows_as_its_style_does_until_it_has_a_direction_of_its_own) {
+    KdDbTable* table = open(KdDb::kForWrite);
+    table->setTableStyle(m_database.tablestyle());
+    KdDbObject* style = nullptr;
+    ASSERT_EQ(kddbOpenObject(style, m_database.tablestyle(), KdDb::kForWrite), Kdad::eOk);
+    EXPECT_EQ(table->flowDirection(), 0);
+    static_cast<KdDbTableStyle*>(style)->setFlowDirection(1);
+    EXPECT_EQ(table->flowDirection(), 1);
+    EXPECT_GT(table->getGeomExtents().maxPoint().y, table->position().y);
+    table->setFlowDirection(0);
+    EXPECT_EQ(table->flowDirection(), 0);
+    EXPECT_LE(table->getGeomExtents().maxPoint().y, table->position().y);
+    style->close();
     table->close();
 }

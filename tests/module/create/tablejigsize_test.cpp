@@ -81,26 +81,28 @@ INSTANTIATE_TEST_SUITE_P(both_follow, Windows,
 
 class TableJigSize : public TableJig {
 protected:
-    double leastRowHeight() {
-        const auto table = makeTable(1, 1);
-        table->setTableStyle(host.database().tablestyle());
-        table->setCellStyle(0, -1, L"_TITLE");
-        return table->minimumRowHeight(0);
+    /// The least sizes that the table has when its drag begins.
+    void dragTinyWindow() {
+        look([&](const KdDbTable& table) {
+            leastColumnWidth = table.minimumColumnWidth(0);
+            leastRowHeight = table.minimumRowHeight(0);
+            ASSERT_GT(leastColumnWidth, 1.0);
+            ASSERT_GT(leastRowHeight, 1.0);
+            pick(10, 10);
+            pick(11, 11);
+        });
+        placed = &place();
     }
-    double leastColumnWidth() {
-        const auto table = makeTable(5, 3);
-        table->setTableStyle(host.database().tablestyle());
-        return table->minimumColumnWidth(0);
-    }
+    double leastColumnWidth = 0.0;
+    double leastRowHeight = 0.0;
+    const KdDbTable* placed = nullptr;
 };
 
 TEST_F(TableJigSize, a_window_too_small_in_both_directions_is_lifted_to_the_least_of_type_0) {
     jig->setSpecifyWindowType(0);
-    ASSERT_GT(leastColumnWidth(), 1.0);
-    ASSERT_GT(leastRowHeight(), 1.0);
-    const KdDbTable& table = dragWindow({10, 10, 0}, {11, 11, 0});
-    EXPECT_EQ(table.columnWidth(0), std::trunc(leastColumnWidth() / 3));
-    EXPECT_NEAR(jig->getTableHeight(5), leastRowHeight(), 1e-9);
+    dragTinyWindow();
+    EXPECT_EQ(placed->columnWidth(0), std::trunc(leastColumnWidth / 3));
+    EXPECT_NEAR(jig->getTableHeight(5), leastRowHeight, 1e-9);
 }
 
 TEST_F(TableJigSize, a_window_too_small_in_both_directions_is_lifted_to_the_least_of_type_3) {
@@ -109,6 +111,23 @@ TEST_F(TableJigSize, a_window_too_small_in_both_directions_is_lifted_to_the_leas
     const KdDbTable& table = dragWindow({10, 10, 0}, {11, 11, 0});
     EXPECT_EQ(table.numColumns(), 1);
     EXPECT_EQ(table.numRows(), 3) << "33 less 20 holds one row of data";
+}
+
+TEST_F(TableJigSize, a_window_too_small_in_both_directions_is_lifted_to_the_least_of_type_1) {
+    jig->setSpecifyWindowType(1);
+    dragTinyWindow();
+    EXPECT_EQ(placed->numColumns(), 1);
+    EXPECT_EQ(placed->columnWidth(0), 30.0);
+    EXPECT_NEAR(jig->getTableHeight(5), leastRowHeight, 1e-9);
+}
+
+TEST_F(TableJigSize, a_window_too_small_in_both_directions_is_lifted_to_the_least_of_type_2) {
+    jig->setSpecifyWindowType(2);
+    jig->setTableRowHeight(2);
+    // Three rows by the largest capital, 3 * (2 * 8 + 3) = 57, hold 57 / 15 rows of the last one's kind.
+    dragTinyWindow();
+    EXPECT_EQ(placed->numRows(), 3);
+    EXPECT_EQ(placed->columnWidth(0), std::trunc(leastColumnWidth / 3));
 }
 
 TEST_F(TableJigSize, another_type_has_no_least_size) {

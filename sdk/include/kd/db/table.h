@@ -54,7 +54,8 @@ public:
     virtual double minimumColumnWidth(int column) const;
     /// Lowest that the row's content allows.
     virtual double minimumRowHeight(int row) const;
-    /// 0: the table grows downwards from its position; otherwise upwards.
+    /// 0: the table grows downwards from its position; otherwise upwards. As the table's style has it until it is
+    /// set.
     virtual int flowDirection() const;
     virtual void setFlowDirection(int flow);
     virtual bool isTitleSuppressed() const;

@@ -508,9 +508,13 @@ TEST_F(CellMouse, grips_are_painted_where_they_are_hit_and_the_cursor_tells_what
 }
 
 TEST_F(CellMouse, grips_too_close_to_be_told_apart_are_left_out) {
-    host.editor().view().shown().zoom(0.02, {500, 300});
+    EXPECT_EQ(kdhost::gripsOf(table, host.editor().view().shown()).size(), 9u);
+    host.editor().view().shown().zoom(0.1, {500, 300});
+    // Now 20 pixels between columns, 10 between rows: every other row has one.
+    EXPECT_EQ(kdhost::gripsOf(table, host.editor().view().shown()).size(), 1u + 4u + 2u);
+    host.editor().view().shown().zoom(0.1, {500, 300});
     const auto grips = kdhost::gripsOf(table, host.editor().view().shown());
-    EXPECT_EQ(grips.size(), 1u);
+    ASSERT_EQ(grips.size(), 1u);
     EXPECT_EQ(grips.front().kind, kdhost::Grip::Kind::Move);
 }
 
