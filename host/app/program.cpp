@@ -136,9 +136,16 @@ std::optional<std::chrono::milliseconds> patience(const Options& options) {
     return isSet ? std::chrono::milliseconds(milliseconds) : std::chrono::seconds(10);
 }
 
+/// Whether the drawing is written at the end of the session: the person at the window draws what no script does.
+bool personDraws(const Options& options) {
+    return !options.headless && options.script.empty();
+}
+
 /// Empty on success, else what the first step that failed says.
 std::string runSteps(Application& application, const Options& options, WindowFeeder& windows) {
-    for (const auto step : {loadModules, runScript, writeOutputs}) {
+    const auto writeNow = personDraws(options) ? nullptr : &writeOutputs;
+    for (const auto step : {loadModules, runScript, writeNow}) {
+        if (step == nullptr) continue;
         std::string error = step(application, options, windows);
         if (!error.empty()) return error;
         if (!windows.failure().empty()) return windows.failure();
@@ -147,9 +154,11 @@ std::string runSteps(Application& application, const Options& options, WindowFee
 }
 
 /// The window stays, whatever the steps before have come to: a person reads there what was wrong.
-void runSession(WindowSession& session, std::string& failure) {
+void runSession(WindowSession& session, Application& application, const Options& options, WindowFeeder& windows,
+                std::string& failure) {
     if (!failure.empty()) commandLine().fail(fromUtf8(failure));
     session.run();
+    if (failure.empty() && personDraws(options)) failure = writeOutputs(application, options, windows);
     if (failure.empty()) failure = describeOpenObjects();
 }
 
@@ -168,7 +177,7 @@ std::string runApplication(const Options& options) {
         if (window != nullptr) session.emplace(application, *window);
         application.documents().openNew();
         failure = runSteps(application, options, windows);
-        if (session) runSession(*session, failure);
+        if (session) runSession(*session, application, options, windows, failure);
     }
     // Modules may have asked something in their last message.
     return failure.empty() ? windows.failure() : failure;

@@ -55,10 +55,11 @@ std::string styleName(const KdDbTable& table) {
     return toUtf8(name);
 }
 
+/// With the codes of the fields within, so that the dump tells the formula.
 Json fieldCode(const Cell& cell) {
     const auto* field = peek<KdDbField>(cell.field());
     if (field == nullptr) return nullptr;
-    return toUtf8(field->getFieldCode(KdDbField::kFieldCode).str());
+    return toUtf8(field->getFieldCode(KdDbField::kAddChildren).str());
 }
 
 Json block(const Cell& cell) {
