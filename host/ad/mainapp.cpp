@@ -68,7 +68,7 @@ std::wstring profilePath() {
     wchar_t* path = nullptr;
     if (!profile) return {};
     kdProfileManagerPtr()->ProfileRegistryPath(std::get<std::wstring>(*profile).c_str(), path);
-    const std::wstring found = path == nullptr ? L"" : path;
+    std::wstring found = path == nullptr ? L"" : path;
     kdutDelBuffer(path);
     return found;
 }

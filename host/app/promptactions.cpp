@@ -35,6 +35,14 @@ std::wstring pick(Editor& editor, const std::wstring& arguments) {
     return {};
 }
 
+std::wstring move(Editor& editor, const std::wstring& arguments) {
+    const auto point = parsePoint(arguments, {});
+    if (!point) return L"@move takes X,Y.";
+    if (editor.promptKind() != PromptKind::Drag) return L"nothing follows the cursor.";
+    editor.input().put(InputItem::Kind::Move, *point);
+    return {};
+}
+
 namespace {
 
 /// "#N" names a table by its place in the dump, counted from 0; without it the current one is meant.
@@ -124,7 +132,7 @@ std::wstring doubleClick(Editor& editor, const std::wstring& arguments) {
 
 std::wstring context(Editor& editor, const std::wstring& arguments) {
     if (!isIdle(editor)) return L"a command runs.";
-    if (const std::wstring failure = selectUnderMenu(editor, arguments); !failure.empty()) return failure;
+    if (std::wstring failure = selectUnderMenu(editor, arguments); !failure.empty()) return failure;
     return showContextMenu(editor, {}) ? std::wstring() : L"what is selected has no context menu.";
 }
 

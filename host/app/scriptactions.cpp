@@ -117,6 +117,7 @@ constexpr Action kActions[] = {
     {L"label", nullptr, automation::label},
     {L"menu", nullptr, automation::menu},
     {L"message", anywhere<expectMessage>, expectMessage},
+    {L"move", promptactions::move, nullptr},
     {L"pick", promptactions::pick, nullptr},
     {L"select", nullptr, onControl<automation::select>},
     {L"set", nullptr, onControl<automation::set>},

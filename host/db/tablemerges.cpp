@@ -62,9 +62,9 @@ void TableState::link(const KdCellRange& range) {
     const bool single = height == 1 && width == 1;
     for (int row = 0; row < height; ++row) {
         TableRow& line = rows.write(range.m_topRow + row);
-        for (int column = 0; column < width; ++column) {
-            line.cells[static_cast<std::size_t>(range.m_leftColumn + column)].merge =
-                single ? MergeLink{} : MergeLink{row, column, height, width};
+        auto cell = line.cells.begin() + range.m_leftColumn;
+        for (int column = 0; column < width; ++column, ++cell) {
+            cell->merge = single ? MergeLink{} : MergeLink{row, column, height, width};
         }
     }
 }

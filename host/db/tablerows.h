@@ -23,6 +23,7 @@ public:
     // neither has a row for itself.
     TableRows(const TableRows& other) : m_list(other.m_list), m_count(other.m_count) { other.m_ownRow = kNoRow; }
     TableRows& operator=(const TableRows& other) {
+        if (this == &other) return *this;
         m_list = other.m_list;
         m_count = other.m_count;
         forgetPlaces();

@@ -37,7 +37,7 @@ void CommandLine::fail(const std::wstring& message) {
 
 std::wstring CommandLine::lastMessage() const {
     for (auto message = m_messages.rbegin(); message != m_messages.rend(); ++message) {
-        const std::wstring text = withoutLineEnds(*message);
+        std::wstring text = withoutLineEnds(*message);
         if (!text.empty()) return text;
     }
     return {};

@@ -4,6 +4,7 @@
 
 #include <QTabBar>
 #include <QTabWidget>
+#include <QVariant>
 
 #include "kd/ui/basedialog.h"
 

@@ -156,7 +156,11 @@ std::wstring write(const std::vector<Piece>& pieces, const Format& base) {
         std::wstring inside;
         for (; end < pieces.size() && pieces[end].format == pieces[i].format; ++end) inside += content(pieces[end]);
         const std::wstring codes = change(base, pieces[i].format);
-        out += codes.empty() ? inside : L"{" + codes + inside + L"}";
+        if (codes.empty()) {
+            out += inside;
+        } else {
+            out.append(1, L'{').append(codes).append(inside).append(1, L'}');
+        }
         i = end;
     }
     return out;

@@ -110,7 +110,7 @@ std::wstring set(const std::wstring& name, const std::wstring& value) {
         if (!hasKeys(held)) return name + L" did not get the focus.";
         if (edit == nullptr) {
             setCheck(*button, *wanted);
-        } else if (const std::wstring error = replaceText(*edit, name, value); !error.empty()) {
+        } else if (std::wstring error = replaceText(*edit, name, value); !error.empty()) {
             return error;
         }
         if (hasKeys(held)) pressKey(Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));

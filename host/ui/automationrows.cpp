@@ -139,7 +139,7 @@ std::wstring label(const std::wstring& text) {
         pressKey(Qt::Key_Escape);
         return {};
     }
-    const std::wstring error = replaceText(*list->labelEditor(), L"the label", text);
+    std::wstring error = replaceText(*list->labelEditor(), L"the label", text);
     if (!error.empty()) return error;
     pressKey(Qt::Key_Return);
     // The list ends its edit with the next turn of the loop.

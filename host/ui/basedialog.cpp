@@ -69,7 +69,8 @@ void adoptContent(QDialog& dialog, QWidget& root) {
     dialog.setMaximumSize(root.maximumSize());
     dialog.resize(root.size());
     if (QLayout* layout = root.layout()) dialog.setLayout(layout);
-    const QObjectList left = root.children();
+    // Children leave it while they are adopted.
+    const QObjectList left = root.children();  // NOLINT(performance-unnecessary-copy-initialization)
     for (QObject* child : left) {
         if (auto* widget = qobject_cast<QWidget*>(child)) {
             adoptWidget(dialog, *widget);
@@ -220,7 +221,7 @@ bool KdUiBaseDialog::connectControl(const char* name, const char* signal, std::f
     if (control == nullptr) return false;
     auto relay = std::make_unique<SignalRelay>(this, std::move(handler));
     if (!connectByName(*control, signal, *relay, "fire()")) return false;
-    relay.release();  // the dialog is its parent
+    (void)relay.release();  // the dialog is its parent
     if (qstrcmp(name, "IDOK") == 0) m_private->connectedOk = true;
     if (qstrcmp(name, "IDCANCEL") == 0) m_private->connectedCancel = true;
     return true;
@@ -232,7 +233,7 @@ bool KdUiBaseDialog::connectNotification(const char* name, const char* signal, N
     if (control == nullptr) return false;
     auto relay = std::make_unique<SignalRelay>(this, std::move(handler));
     if (!connectByName(*control, signal, *relay, "notify(NMHDR*,LRESULT*)", type)) return false;
-    relay.release();  // the dialog is its parent
+    (void)relay.release();  // the dialog is its parent
     return true;
 }
 

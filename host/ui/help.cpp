@@ -151,7 +151,7 @@ void setHelpFolder(const QString& folder) {
 
 QString helpFolder() {
     if (!chosenFolder.isEmpty()) return chosenFolder;
-    const QString named = qEnvironmentVariable("KDHOST_DOCS");
+    QString named = qEnvironmentVariable("KDHOST_DOCS");
     if (!named.isEmpty()) return named;
     for (QDir folder(QCoreApplication::applicationDirPath());;) {
         if (folder.exists(QStringLiteral("docs"))) return folder.filePath(QStringLiteral("docs"));

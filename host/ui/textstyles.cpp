@@ -86,7 +86,7 @@ std::optional<TextStyleValues> TextStyles::values(const std::wstring& name) cons
 
 std::wstring TextStyles::proposal() const {
     for (int number = 1;; ++number) {
-        const std::wstring name = hostText(HostText::TextStyleProposal).arg(number).toStdWString();
+        std::wstring name = hostText(HostText::TextStyleProposal).arg(number).toStdWString();
         if (find(name).isNull()) return name;
     }
 }

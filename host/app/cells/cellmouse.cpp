@@ -211,7 +211,8 @@ void CellMouse::paintOver(QPainter& painter, const draw::View& view) {
 
 Qt::CursorShape CellMouse::cursorAt(const ViewPoint& point) {
     const Editor* editor = currentEditor();
-    const KdDbObjectId table = editor == nullptr || !isIdle(*editor) ? KdDbObjectId::kNull : soleTable(*editor);
+    if (editor == nullptr || !isIdle(*editor)) return Qt::CrossCursor;
+    const KdDbObjectId table = soleTable(*editor);
     if (table.isNull()) return Qt::CrossCursor;
     const auto grip =
         m_drag == Drag::Grip ? std::optional(m_grip) : gripAt(table, point.pixels, editor->view().shown());

@@ -96,7 +96,7 @@ const std::vector<MenuRecord>& menuRecords() {
     return records;
 }
 
-void buildMenus(QMenuBar& bar, std::function<void(const std::wstring&)> type) {
+void buildMenus(QMenuBar& bar, const std::function<void(const std::wstring&)>& type) {
     for (const MenuRecord& record : menuRecords()) {
         QMenu* menu = bar.addMenu(QString::fromWCharArray(record.title.text()));
         menu->setObjectName(QString::fromLatin1(record.name));

@@ -27,6 +27,6 @@ struct MenuRecord {
 const std::vector<MenuRecord>& menuRecords();
 
 /// Fills the bar. An entry is enabled while its command is there, which is looked up whenever its menu opens.
-void buildMenus(QMenuBar& bar, std::function<void(const std::wstring&)> type);
+void buildMenus(QMenuBar& bar, const std::function<void(const std::wstring&)>& type);
 
 }  // namespace kdhost

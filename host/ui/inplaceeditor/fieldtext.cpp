@@ -96,8 +96,8 @@ void FieldText::putBack(const std::wstring& contents) {
     if (isOneField(code)) code = L"{" + code + L"}";
     auto whole = std::make_unique<KdDbField>();
     if (whole->setFieldCode(code.c_str(), KdDbField::kTextField, &children) != Kdad::eOk) return;
-    for (auto& copy : copies) copy.release();  // they are the whole's from here on
-    if (m_text.setField(kTextField, whole.get()) == Kdad::eOk) whole.release();
+    for (auto& copy : copies) (void)copy.release();  // they are the whole's from here on
+    if (m_text.setField(kTextField, whole.get()) == Kdad::eOk) (void)whole.release();
 }
 
 }  // namespace kdhost
