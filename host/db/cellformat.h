@@ -64,15 +64,15 @@ struct FormatProperty {
     using Value = T;
     const char* name;
     FormatBits bit;
-    T CellFormat::*plain = nullptr;
+    T CellFormat::*plain = nullptr;  ///< this or `part` is there, which checkers of the code don't see
     T GridLook::*part = nullptr;
     int edge = -1;
 
     const T& in(const CellFormat& format) const {
-        return part != nullptr ? format.grid[static_cast<std::size_t>(edge)].*part : format.*plain;
+        return part != nullptr ? format.grid[static_cast<std::size_t>(edge)].*part : format.*plain;  // NOLINT
     }
     T& in(CellFormat& format) const {
-        return part != nullptr ? format.grid[static_cast<std::size_t>(edge)].*part : format.*plain;
+        return part != nullptr ? format.grid[static_cast<std::size_t>(edge)].*part : format.*plain;  // NOLINT
     }
 };
 

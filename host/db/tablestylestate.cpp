@@ -72,7 +72,9 @@ const CellStyleRecord& TableStyleState::styleOrData(const std::wstring& name) co
 
 void TableStyleState::replace(int index, CellStyleRecord record) {
     for (CellStylePtr& each : records) {
-        if (each->index == index) each = std::make_shared<CellStyleRecord>(std::move(record));
+        if (each->index != index) continue;
+        each = std::make_shared<CellStyleRecord>(std::move(record));
+        break;
     }
     changed();
 }

@@ -26,7 +26,7 @@ struct Color {
     bool foreground = false;
     bool paper = false;
 
-    friend auto operator<=>(const Color&, const Color&) = default;
+    friend auto operator<=>(const Color&, const Color&) = default;  // NOLINT: it takes the result for a pointer
 };
 
 struct Polyline {
