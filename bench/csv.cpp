@@ -80,12 +80,12 @@ QByteArray sampleText(int rows) {
 class Files {
 public:
     QString csv(int rows) {
-        const QString path = m_folder.filePath(QStringLiteral("%1.csv").arg(rows));
+        QString path = m_folder.filePath(QStringLiteral("%1.csv").arg(rows));
         if (!QFile::exists(path)) write(path, sampleText(rows));
         return path;
     }
     QString longLine() {
-        const QString path = m_folder.filePath(QStringLiteral("line.csv"));
+        QString path = m_folder.filePath(QStringLiteral("line.csv"));
         QByteArray text;
         while (text.size() < (1 << 20)) text += "field,\"a,b\",";
         if (!QFile::exists(path)) write(path, text + "last\n");
