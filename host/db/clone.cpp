@@ -21,7 +21,6 @@
 
 namespace {
 
-using kdhost::DatabaseContents;
 using kdhost::DatabaseRoots;
 using kdhost::IdRole;
 

@@ -188,7 +188,7 @@ Kdad::ErrorStatus KdDbDatabase::addKdDbObject(KdDbObject* object, KdDbObjectId& 
     if (object == nullptr) return Kdad::eNullObjectPointer;
     if (object->database() != nullptr) return Kdad::eAlreadyInDatabase;
     id = KdDbDatabaseAccess::insert(*this, std::unique_ptr<KdDbObject>(object), owner);
-    kdhost::beginOpen(*object, KdDb::kForWrite);
+    kdhost::beginOpen(*object, KdDb::kForWrite);  // NOLINT(clang-analyzer-cplusplus.NewDelete): the database has it
     KdDbObjectAccess::openRecord(*object).changed = true;
     return Kdad::eOk;
 }

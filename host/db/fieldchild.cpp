@@ -59,7 +59,7 @@ KdDbFieldChild kdhost::takeField(KdDbObject& holder, KdDbField& field) {
     if (holder.database() == nullptr) return child;
     child.post(*holder.database(), holder.objectId());
     if (hangsElsewhere) return child;
-    beginOpen(field, KdDb::kForWrite);
+    beginOpen(field, KdDb::kForWrite);  // NOLINT(clang-analyzer-cplusplus.NewDelete): the child has it
     KdDbObjectAccess::openRecord(field).changed = true;
     return child;
 }
@@ -265,8 +265,9 @@ Kdad::ErrorStatus KdDbObject::removeField(const wchar_t* name) {
     if (status == Kdad::eOk && database() != nullptr) status = field->erase();
     field->close();
     // In memory the field goes with its entry.
-    if (database() == nullptr)
+    if (status == Kdad::eOk && database() == nullptr) {
         std::erase_if(state->attached.list(), [&](const auto& each) { return each.name == name; });
+    }
     return status;
 }
 

@@ -170,8 +170,10 @@ KdDbExtents KdDbMText::getGeomExtents() const {
     if (layout.lines.empty()) return extents;
     // The location is at the left, middle or right of the box, and at its top, middle or bottom.
     const int place = state.attachment - kTopLeft;
-    const double left = -0.5 * (place % 3) * layout.width;
-    const double bottom = -0.5 * (2 - place / 3) * layout.height;
+    const int column = place % 3;
+    const int rowsBelow = 2 - place / 3;
+    const double left = -0.5 * column * layout.width;
+    const double bottom = -0.5 * rowsBelow * layout.height;
     const KdGeMatrix3d toWorld = kdhost::placeInPlane(state.location, {state.normal, state.rotation});
     for (int corner = 0; corner < 4; ++corner) {
         extents.addPoint(toWorld * KdGePoint3d((corner & 1) != 0 ? left + layout.width : left,

@@ -35,7 +35,7 @@ const ReservedName* findName(Test test) {
 }  // namespace
 
 KdString kddbXlateReservedString(const wchar_t* name, bool toLocal) {
-    const KdString given(name);
+    KdString given(name);
     const ReservedName* reserved = findName(
         [&](const ReservedName& each) { return kdhost::sameName(given.str(), toLocal ? each.stored : each.local()); });
     if (reserved == nullptr) return given;

@@ -210,6 +210,7 @@ namespace {
 template <class Steps>
 std::vector<std::wstring> namesOf(const Steps& steps) {
     std::vector<std::wstring> names;
+    names.reserve(steps.size());
     for (const auto& step : steps) names.push_back(step.name);
     return names;
 }

@@ -2,6 +2,7 @@
 
 #include "host/db/valueformat.h"
 
+#include <QDateTime>
 #include <QLocale>
 #include <array>
 #include <cwchar>

@@ -113,8 +113,8 @@ const Vocabulary numbersAndAngles = {"0123456789012345678901234567890123456789..
                                          "  12.5\t",
                                          "1e99",
                                          "5'3.5\"",
-                                         "N 45\x80"
-                                         "30' W",
+                                         ("N 45\x80"
+                                          "30' W"),
                                      }};
 
 const Vocabulary formulas = {"AB12.($:,)+-*/^ Sum#eE\x83\x84",
