@@ -3,6 +3,7 @@
 #include "kd/ad/mainapp.h"
 
 #include <QWidget>
+#include <cmath>
 
 #include "host/db/undo.h"
 #include "host/rx/faults.h"

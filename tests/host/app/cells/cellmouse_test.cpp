@@ -27,7 +27,6 @@
 
 namespace {
 
-using kdhost::InputItem;
 using kdhost::ViewPoint;
 using kdtest::cells;
 using kdtest::TableBuilder;
