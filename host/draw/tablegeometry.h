@@ -23,6 +23,10 @@ struct CellBox {
     double height() const { return top - bottom; }
 };
 
+/// The cells that a table shows as selected: of a selection in either order, of whole rows or columns, reaching beyond
+/// the table or cutting a merge. The table must have one.
+KdCellRange shownSelection(const KdDbTable& table);
+
 class TableGeometry {
 public:
     explicit TableGeometry(const KdDbTable& table);

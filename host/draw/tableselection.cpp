@@ -25,13 +25,6 @@ constexpr double kGripInTextHeights = 0.4;
 constexpr double kLetterInTextHeights = 0.9;
 constexpr double kLetterFill = 0.85;  ///< of the band's width that a label takes at most
 
-/// A range of rows or columns as selected: negative for all of them, in either order, inside the table.
-std::pair<int, int> clamped(int first, int last, int count) {
-    if (first < 0 && last < 0) return {0, count - 1};
-    if (first > last) std::swap(first, last);
-    return {std::clamp(first, 0, count - 1), std::clamp(last, 0, count - 1)};
-}
-
 /// A rectangle along the rows and from row to row.
 struct Area {
     double left;
@@ -44,10 +37,7 @@ class SelectionDrawer {
 public:
     explicit SelectionDrawer(const TableDrawing& drawing)
         : m_drawing(drawing), m_height(drawing.table.textHeight(KdDb::kDataRow)) {
-        const KdCellRange range = drawing.table.getSubSelection();
-        const auto [top, bottom] = clamped(range.m_topRow, range.m_bottomRow, drawing.geometry.rows());
-        const auto [left, right] = clamped(range.m_leftColumn, range.m_rightColumn, drawing.geometry.columns());
-        m_range = tableState(drawing.table).grownToMerges({top, left, bottom, right});
+        m_range = shownSelection(drawing.table);
         m_font = cellFont(drawing.table, KdDbObjectId::kNull);
     }
 

@@ -10,8 +10,10 @@ HINSTANCE hLibModule = nullptr;
 HINSTANCE _hdllInstance = nullptr;
 CKdExtensionModule TvxTable;
 
-ResourceScope::ResourceScope() : m_kept(AfxGetResourceHandle()) {
-    AfxSetResourceHandle(hLibModule != nullptr ? hLibModule : TvxTable.m_resourceInstance);
+ResourceScope::ResourceScope() : ResourceScope(hLibModule != nullptr ? hLibModule : TvxTable.m_resourceInstance) {}
+
+ResourceScope::ResourceScope(HINSTANCE handle) : m_kept(AfxGetResourceHandle()) {
+    AfxSetResourceHandle(handle);
 }
 
 ResourceScope::~ResourceScope() {

@@ -17,11 +17,12 @@ struct CKdExtensionModule {
 };
 extern CKdExtensionModule TvxTable;
 
-/// Puts the module's resource handle in place for its lifetime and then puts back the one before, also
-/// when an exception passes.
+/// Puts a resource handle in place for its lifetime, the module's where no other is given, and then puts back the one
+/// before, also when an exception passes.
 class ResourceScope {
 public:
     ResourceScope();
+    explicit ResourceScope(HINSTANCE handle);
     ~ResourceScope();
     ResourceScope(const ResourceScope&) = delete;
     ResourceScope& operator=(const ResourceScope&) = delete;

@@ -14,7 +14,6 @@
 #include "kd/ed/prompts.h"
 #include "kd/ed/selection.h"
 #include "kd/ed/variables.h"
-#include "mfc/resource.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
@@ -53,18 +52,6 @@ Axes currentAxes(const KdDbDatabase& database) {
     if (isInPaperSpace(database)) return {database.pucsxdir(), database.pucsydir()};
     return {database.ucsxdir(), database.ucsydir()};
 }
-
-/// Puts another resource handle in place for its lifetime.
-class HostResources {
-public:
-    HostResources() : m_kept(AfxGetResourceHandle()) { AfxSetResourceHandle(kdedGetKdadResourceInstance()); }
-    ~HostResources() { AfxSetResourceHandle(m_kept); }
-    HostResources(const HostResources&) = delete;
-    HostResources& operator=(const HostResources&) = delete;
-
-private:
-    HINSTANCE m_kept;
-};
 
 /// Makes the entity alone what is selected before the next command.
 void selectAlone(const kded_name entity) {
@@ -196,7 +183,7 @@ KdEdJig::DragStatus CVqTableJig::sampler() {
 
     KdGePoint3d point;
     const DragStatus status = [&] {
-        const HostResources resources;
+        const ResourceScope resources(kdedGetKdadResourceInstance());
         return acquirePoint(point);
     }();
     if (status != kNormal) return status;

@@ -7,6 +7,7 @@
 
 #include "host/db/access.h"
 #include "host/db/tableaccess.h"
+#include "host/draw/tablegeometry.h"
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
 #include "host/ed/picking.h"
@@ -116,7 +117,8 @@ bool sendKeyToCells(Editor& editor, int key, Qt::KeyboardModifiers modifiers, co
 
 void selectForMenu(Editor& editor, const CellsOfTable& cells) {
     const bool isSole = cells.table == soleTable(editor);
-    const bool areSelected = isSole && contains(peek<KdDbTable>(cells.table)->getSubSelection(), cells.range);
+    const auto* table = peek<KdDbTable>(cells.table);
+    const bool areSelected = isSole && table->hasSubSelection() && contains(draw::shownSelection(*table), cells.range);
     if (!areSelected) dragOverCells(editor, cells.table, cells.range);
 }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 #include "host/app/cells/cellactions.h"
 #include "host/db/access.h"
@@ -96,7 +97,7 @@ bool CellMouse::beginIndicator(Editor& editor, KdDbObjectId id, const ViewPoint&
     if (item != KdDb::kTableHitRowIndicator && item != KdDb::kTableHitColumnIndicator) return false;
     const bool rows = item == KdDb::kTableHitRowIndicator;
     const KdCellRange line = rows ? wholeRows(*table, {row, 0, row, 0}) : wholeColumns(*table, {0, column, 0, column});
-    begin(rows ? Drag::Rows : Drag::Columns, id, isShift(point) ? joined(table->getSubSelection(), line) : line);
+    begin(rows ? Drag::Rows : Drag::Columns, id, isShift(point) ? joined(draw::shownSelection(*table), line) : line);
     dragOverCells(editor, id, m_anchor);
     return true;
 }
@@ -104,9 +105,9 @@ bool CellMouse::beginIndicator(Editor& editor, KdDbObjectId id, const ViewPoint&
 bool CellMouse::beginCells(Editor& editor, KdDbObjectId id, const ViewPoint& point) {
     const auto cell = cellAt(editor, point.world);
     if (!cell || cell->table != id) return false;
-    const KdCellRange selected = peek<KdDbTable>(id)->getSubSelection();
-    const bool extends = isShift(point) && selected.m_topRow >= 0 && selected.m_leftColumn >= 0;
-    begin(Drag::Cells, id, extends ? selected : cell->range);
+    const auto* table = peek<KdDbTable>(id);
+    const bool extends = isShift(point) && table->hasSubSelection();
+    begin(Drag::Cells, id, extends ? draw::shownSelection(*table) : cell->range);
     dragOverCells(editor, id, joined(m_anchor, cell->range));
     return true;
 }

@@ -63,16 +63,10 @@ void addOfTable(const TableGeometry& geometry, GripList& grips) {
 
 /// In the middle of each side. The first column has no edge to drag on its left, the first row none above.
 void addAroundCells(const TableGeometry& geometry, const KdCellRange& cells, GripList& grips) {
-    const auto clamped = [](int line, int count) { return std::clamp(line, 0, count); };
-    const bool allRows = cells.m_topRow < 0;
-    const bool allColumns = cells.m_leftColumn < 0;
-    const int top = allRows ? 0 : clamped(std::min(cells.m_topRow, cells.m_bottomRow), geometry.rows() - 1);
-    const int bottom =
-        allRows ? geometry.rows() : clamped(std::max(cells.m_topRow, cells.m_bottomRow) + 1, geometry.rows());
-    const int left =
-        allColumns ? 0 : clamped(std::min(cells.m_leftColumn, cells.m_rightColumn), geometry.columns() - 1);
-    const int right = allColumns ? geometry.columns()
-                                 : clamped(std::max(cells.m_leftColumn, cells.m_rightColumn) + 1, geometry.columns());
+    const int top = cells.m_topRow;
+    const int bottom = cells.m_bottomRow + 1;
+    const int left = cells.m_leftColumn;
+    const int right = cells.m_rightColumn + 1;
     const double along = 0.5 * (geometry.columnEdge(left) + geometry.columnEdge(right));
     const double next = 0.5 * (geometry.rowEdge(top) + geometry.rowEdge(bottom));
     if (left > 0) grips.add({Grip::Kind::Column, left - 1, geometry.at(geometry.columnEdge(left), next)});
@@ -141,7 +135,7 @@ std::vector<Grip> gripsOf(KdDbObjectId id, const draw::View& view) {
     if (table == nullptr) {
         if (entity != nullptr) addOfEntity(*entity, grips);
     } else if (table->hasSubSelection()) {
-        addAroundCells(TableGeometry(*table), table->getSubSelection(), grips);
+        addAroundCells(TableGeometry(*table), draw::shownSelection(*table), grips);
     } else {
         addOfTable(TableGeometry(*table), grips);
     }

@@ -297,6 +297,23 @@ TEST_F(CellMouse, the_grips_around_cells_move_the_grid_lines_there) {
     EXPECT_EQ(selection(), cells("B2:C2"));
 }
 
+TEST_F(CellMouse, the_grips_stand_on_the_frame_of_a_selection_that_cuts_a_merge_or_names_whole_rows) {
+    KdDbObject* object = nullptr;
+    ASSERT_EQ(kddbOpenObject(object, table, KdDb::kForWrite, false, nullptr), Kdad::eOk);
+    static_cast<KdDbTable*>(object)->mergeCells(1, 2, 1, 2);
+    object->close();
+    const auto placesOf = [&](const KdCellRange& range) {
+        host.editor().pickFirst().selectCells(table, range);
+        std::vector<KdGePoint3d> places;
+        for (const auto& grip : kdhost::gripsOf(table, host.editor().view().shown())) places.push_back(grip.place);
+        return places;
+    };
+    EXPECT_EQ(placesOf(cells("C3:D3")), placesOf(cells("B2:D3")));
+    EXPECT_EQ(placesOf({3, -1, 3, -1}), placesOf(cells("A4:D4")));
+    EXPECT_EQ(placesOf({3, 3, 2, 3}), placesOf(cells("D3:D4")));
+    host.editor().pickFirst().clear();
+}
+
 TEST_F(CellMouse, a_grip_makes_nothing_smaller_than_its_content_allows) {
     selectTable();
     drag(20, 0, -50, 0);
