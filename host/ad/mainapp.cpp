@@ -9,6 +9,7 @@
 
 #include "host/ad/application.h"
 #include "host/db/undo.h"
+#include "host/ed/display.h"
 #include "host/ed/variables.h"
 #include "host/rx/faults.h"
 #include "kd/ad/profile.h"
@@ -103,6 +104,11 @@ void MainAppService::endCommandMark() {
     if (m_marks.empty()) return;
     if (const std::shared_ptr<UndoHistory> history = m_marks.back().lock()) history->endMark();
     m_marks.pop_back();
+}
+
+void MainAppService::dialogCancelled() {
+    queueAllForRedraw();
+    updateDisplay();
 }
 
 void MainAppService::toWorld(KdGePoint3d& point) const {

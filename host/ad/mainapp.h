@@ -15,6 +15,7 @@ public:
     /// The mark is the active drawing's, also where another drawing is active at its end.
     void beginCommandMark(const wchar_t* name, const KdString& title) override;
     void endCommandMark() override;
+    void dialogCancelled() override;
     void toWorld(KdGePoint3d& point) const override;
     bool tableIndicatorColor(KdCmColor& color) const override;
     void setTableIndicatorColor(const KdCmColor& color) override;

@@ -58,15 +58,12 @@ class Cloner {
 public:
     Cloner(KdDbDatabase& destination, KdDbIdMapping& mapping) : m_destination(destination), m_mapping(mapping) {}
 
-    /// Null when an object of the source's class can't be made.
-    KdDbObject* clone(const KdDbObject& source, KdDbObjectId owner) {
-        KdDbObject* made = cloneWithOwned(source, owner);
-        // Translating may clone more, at the end of the list.
+    /// Once everything that was asked for is cloned. Translating may clone more, at the end of the list.
+    void translate() {
         for (std::size_t i = 0; i < m_made.size(); ++i) translatePointers(*m_made[i]);
-        return made;
     }
 
-private:
+    /// Null when an object of the source's class can't be made. What the clone points at is still to be translated.
     KdDbObject* cloneWithOwned(const KdDbObject& source, KdDbObjectId owner) {
         std::unique_ptr<KdDbObject> fresh = kdhost::makeObject(source.isA());
         if (fresh == nullptr) return nullptr;
@@ -83,6 +80,7 @@ private:
         return &made;
     }
 
+private:
     /// True for what hung on the source in memory and entered the destination with the clone.
     static bool cameAlong(KdDbObjectId id, const KdDbObject& made) {
         const KdDbObject* object = kdhost::peekObject(id);
@@ -178,10 +176,95 @@ Kdad::ErrorStatus KdDbObject::deepClone(KdDbObject* owner, KdDbObject*& clone, K
     }
     KdDbObjectState* lists = primary ? KdDbObjectAccess::stateForWrite(*owner) : nullptr;
     if (primary && lists == nullptr) return Kdad::eNotOpenForWrite;
-    clone = Cloner(*owner->database(), mapping).clone(*this, owner->objectId());
+    Cloner cloner(*owner->database(), mapping);
+    clone = cloner.cloneWithOwned(*this, owner->objectId());
+    cloner.translate();
     if (clone == nullptr) return Kdad::eNotThatKindOfClass;
     if (lists != nullptr) enterInto(*lists, *clone, name);
     kdhost::beginOpen(*clone, KdDb::kForWrite);
-    KdDbObjectAccess::openRecord(*clone).changed = true;
+    KdDbOpenRecord& record = KdDbObjectAccess::openRecord(*clone);
+    record.changed = true;
+    record.idsInFlux = true;
     return Kdad::eOk;
+}
+
+// ---- sets of objects
+
+namespace {
+
+/// The statuses of wblockCloneObjects that its objects give; `owner` is open for write.
+Kdad::ErrorStatus canCloneAll(const KdDbDatabase& source, const KdDbObjectIdArray& ids, const KdDbObject& owner,
+                              const KdDbIdMapping& mapping) {
+    if (mapping.destDb() != nullptr && mapping.destDb() != owner.database()) return Kdad::eInvalidContext;
+    for (const KdDbObjectId id : ids) {
+        KdDbObject* object = nullptr;
+        Kdad::ErrorStatus status = kdhost::findForOpen(object, id, false);
+        if (status == Kdad::eOk && object->database() != &source) status = Kdad::eInvalidContext;
+        if (status == Kdad::eOk && !mapping.map(id).isValid()) status = canTake(owner, *object, nameOf(*object));
+        if (status != Kdad::eOk) return status;
+    }
+    return Kdad::eOk;
+}
+
+void cloneAll(const KdDbObjectIdArray& ids, KdDbObject& owner, KdDbIdMapping& mapping) {
+    KdDbObjectState& lists = *KdDbObjectAccess::stateForWrite(owner);
+    Cloner cloner(*owner.database(), mapping);
+    for (const KdDbObjectId id : ids) {
+        if (mapping.map(id).isValid()) continue;
+        const KdDbObject& source = *kdhost::peekObject(id);
+        std::wstring name = nameOf(source);
+        if (owner.isKindOf(KdDbDictionary::desc())) name = freeName(static_cast<KdDbDictionary&>(owner), name);
+        const KdDbObject* made = cloner.cloneWithOwned(source, owner.objectId());
+        if (made != nullptr) enterInto(lists, *made, name);
+    }
+    cloner.translate();
+}
+
+/// Makes a block that the drawing hasn't; `status` is that of a failure.
+KdDbObjectId makeBlock(KdDbDatabase& database, const wchar_t* name, const KdGePoint3d& origin,
+                       Kdad::ErrorStatus& status) {
+    KdDbBlockTable* blocks = nullptr;
+    status = database.getBlockTable(blocks, KdDb::kForWrite);
+    if (status != Kdad::eOk) return {};
+    auto block = std::make_unique<KdDbBlockTableRecord>();
+    block->setName(name);
+    block->setOrigin(origin);
+    KdDbObjectId id;
+    status = blocks->add(id, block.get());
+    if (status == Kdad::eOk) block.release()->close();
+    blocks->close();
+    return id;
+}
+
+}  // namespace
+
+Kdad::ErrorStatus KdDbDatabase::wblockCloneObjects(const KdDbObjectIdArray& ids, KdDbObjectId owner,
+                                                   KdDbIdMapping& mapping, int cloning, bool deferTranslation) {
+    constexpr int kKeepNamed = 1;
+    if (cloning != kKeepNamed || deferTranslation) return Kdad::eNotApplicable;
+    KdDbObject* into = nullptr;
+    Kdad::ErrorStatus status = kdhost::openObject(into, owner, KdDb::kForWrite);
+    if (status != Kdad::eOk) return status;
+    status = canCloneAll(*this, ids, *into, mapping);
+    if (status == Kdad::eOk) cloneAll(ids, *into, mapping);
+    into->close();
+    return status;
+}
+
+Kdad::ErrorStatus KdDbDatabase::insert(KdDbObjectId& block, const wchar_t* name, KdDbDatabase* source, bool) {
+    block.setNull();
+    if (source == nullptr) return Kdad::eNullObjectPointer;
+    if (source == this) return Kdad::eInvalidContext;
+    if (name == nullptr || *name == L'\0') return Kdad::eInvalidKey;
+    KdDbObjectIdArray ids;
+    if (const auto* space = kdhost::peek<KdDbBlockTableRecord>(source->modelSpaceId())) {
+        for (const KdDbObjectId id : stateOf<KdDbBlockTableRecordState>(*space).entities) {
+            if (kdhost::peekObject(id) != nullptr) ids.append(id);
+        }
+    }
+    Kdad::ErrorStatus status = Kdad::eOk;
+    block = makeBlock(*this, name, source->insbase(), status);
+    if (status != Kdad::eOk) return status;
+    KdDbIdMapping mapping(this);
+    return source->wblockCloneObjects(ids, block, mapping, 1);
 }

@@ -55,6 +55,7 @@ struct CurrentSettings {
     bool modelSpace = true;
     SpaceSystems modelSystems;
     SpaceSystems paperSystems;
+    KdGePoint3d insertionBase;
 
     friend bool operator==(const CurrentSettings&, const CurrentSettings&) = default;
 };
@@ -76,6 +77,7 @@ struct DatabaseContents : KdDbImpDatabase {
 
     bool isRequired(KdDbObjectId id) const { return required.contains(id); }
     const KdDbHeaderVar& headerVar() const override { return header; }
+    KdDbObjectId modelSpace() const override { return roots.modelSpace; }
 };
 
 /// Makes the tables, dictionaries and records that every drawing has.

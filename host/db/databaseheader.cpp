@@ -1,6 +1,8 @@
 // The header variables of a database: they are part of its contents.
 
 #include "host/db/databasecontents.h"
+#include "host/db/objectstate.h"
+#include "host/db/openrecord.h"
 #include "host/db/undo.h"
 #include "kd/db/headervar.h"
 
@@ -18,6 +20,17 @@ KdDbHeaderVar& header(KdDbDatabase& database) {
 
 KdDbImpDatabase* KdDbSystemInternals::getImpDatabase(KdDbDatabase* database) {
     return database == nullptr ? nullptr : &KdDbDatabaseAccess::contents(*database);
+}
+
+KdDbImpObject* KdDbSystemInternals::getImpObject(KdDbObject* object) {
+    return object == nullptr ? nullptr : &KdDbObjectAccess::openRecord(*object);
+}
+
+KdGePoint3d KdDbDatabase::insbase() const {
+    return KdDbDatabaseAccess::contents(*this).current.insertionBase;
+}
+void KdDbDatabase::setInsbase(const KdGePoint3d& point) {
+    kdhost::currentForWrite(*this).insertionBase = point;
 }
 
 int KdDbDatabase::lunits() const {

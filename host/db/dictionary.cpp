@@ -161,6 +161,14 @@ Kdad::ErrorStatus KdDbDictionary::remove(KdDbObjectId id) {
     return remove(name.c_str());
 }
 
+void KdDbDictionary::erased(const KdDbObject* object, bool erasing) {
+    if (object == nullptr || !erasing || !isWriteEnabled()) return;
+    const auto& keys = stateOf<State>(*this).keys;
+    const auto key = keys.find(object->objectId());
+    if (key == keys.end()) return;
+    changeState<State>(*this, [name = key->second](State& state) { state.take(state.entries.find(name)); });
+}
+
 KdDbDictionaryIterator* KdDbDictionary::newIterator() const {
     return new Iterator(stateOf<State>(*this).entries);
 }

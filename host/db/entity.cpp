@@ -3,6 +3,8 @@
 #include "kd/db/entity.h"
 
 #include "host/db/entitystate.h"
+#include "host/db/opening.h"
+#include "host/db/openrecord.h"
 #include "kd/db/database.h"
 
 KDRX_DEFINE_MEMBERS(KdDbEntity, KdDbObject)
@@ -56,6 +58,14 @@ KdDb::LineWeight KdDbEntity::lineWeight() const {
 }
 Kdad::ErrorStatus KdDbEntity::setLineWeight(KdDb::LineWeight weight) {
     return changeState<State>(*this, [&](State& state) { state.lineWeight = weight; });
+}
+void KdDbEntity::recordGraphicsModified(bool setModified) {
+    if (!setModified) return;
+    if (!isWriteEnabled()) {
+        kdhost::noteBreach(*this, L"told as changed without a write open");
+        return;
+    }
+    m_open->changed = true;
 }
 KdDb::Visibility KdDbEntity::visibility() const {
     return stateOf<State>(*this).visibility;

@@ -15,6 +15,7 @@ Kdad::ErrorStatus setWithin(int& variable, int value, int lowest, int highest) {
 }  // namespace
 
 KdDbImpDatabase::~KdDbImpDatabase() = default;
+KdDbImpObject::~KdDbImpObject() = default;
 
 Kdad::ErrorStatus KdDbHeaderVar::setLunits(int unit) {
     return setWithin(m_lunits, unit, kScientific, kFractional);

@@ -106,6 +106,13 @@ Kdad::ErrorStatus KdDbMText::setAttachment(AttachmentPoint attachment) {
     if (attachment < kTopLeft || attachment > kBottomRight) return Kdad::eInvalidInput;
     return changeState<State>(*this, [&](State& state) { state.attachment = attachment; });
 }
+KdDbMText::FlowDirection KdDbMText::flowDirection() const {
+    return stateOf<State>(*this).flow;
+}
+Kdad::ErrorStatus KdDbMText::setFlowDirection(FlowDirection flow) {
+    if (flow != kLtoR && flow != kTtoB && flow != kByStyle) return Kdad::eInvalidInput;
+    return changeState<State>(*this, [&](State& state) { state.flow = flow; });
+}
 const wchar_t* KdDbMText::contents() const {
     return shownContents(*this).c_str();
 }

@@ -12,7 +12,7 @@
 #include "kd/db/dictionary.h"
 #include "kd/db/symboltable.h"
 
-KDRX_DEFINE_MEMBERS(KdDbObject, KdRxObject)
+KDRX_DEFINE_MEMBERS(KdDbObject, KdGiDrawable)
 
 KdDbObjectReactor::~KdDbObjectReactor() = default;
 void KdDbObjectReactor::modified(const KdDbObject*) {}
@@ -92,6 +92,8 @@ Kdad::ErrorStatus KdDbObject::erase(bool erasing) {
     if (isKindOf(KdDbSymbolTableRecord::desc())) ++KdDbDatabaseAccess::contents(*m_open->database).nameGeneration;
     return Kdad::eOk;
 }
+
+void KdDbObject::erased(const KdDbObject*, bool) {}
 
 void KdDbObject::addReactor(KdDbObjectReactor* reactor) const {
     auto& reactors = m_open->reactors;

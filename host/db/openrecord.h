@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "kd/db/headervar.h"
 #include "kd/db/object.h"
 
 namespace kdhost {
@@ -17,7 +18,10 @@ enum class TransactionHold { None, Read, Write };
 
 struct KdDbHeldField;
 
-struct KdDbOpenRecord {
+struct KdDbOpenRecord : KdDbImpObject {
+    bool kdDbObjectIdsInFlux() const override { return idsInFlux; }
+    void setKdDbObjectIdsInFlux(bool inFlux) override { idsInFlux = inFlux; }
+
     KdDbDatabase* database = nullptr;
     KdDbObjectId id;
     std::uint64_t handle = 0;
@@ -27,6 +31,7 @@ struct KdDbOpenRecord {
     kdhost::TransactionHold hold = kdhost::TransactionHold::None;  ///< beside readers, or instead of a writer
     bool changed = false;                                          ///< since the open began, transient parts included
     bool erasureChanged = false;                                   ///< since the open began
+    bool idsInFlux = false;                                        ///< as deepClone gave it out
     std::wstring command;                                          ///< that opened the object first
 
     std::vector<KdDbObjectReactor*> reactors;

@@ -49,6 +49,12 @@ bool KdDbLayerTableRecord::isLocked() const {
 void KdDbLayerTableRecord::setIsLocked(bool locked) {
     changeState<Layer>(*this, [&](Layer& state) { state.locked = locked; });
 }
+bool KdDbLayerTableRecord::isPlottable() const {
+    return stateOf<Layer>(*this).plottable;
+}
+void KdDbLayerTableRecord::setIsPlottable(bool plottable) {
+    changeState<Layer>(*this, [&](Layer& state) { state.plottable = plottable; });
+}
 
 KdDbLinetypeTableRecord::KdDbLinetypeTableRecord() : KdDbSymbolTableRecord(std::make_unique<Linetype>()) {}
 

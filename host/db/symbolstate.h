@@ -61,6 +61,7 @@ struct KdDbLayerTableRecordState : KdDbSymbolTableRecordState {
     KdDbObjectId linetype;
     KdDb::LineWeight lineWeight = KdDb::kLnWtByLwDefault;
     bool locked = false;
+    bool plottable = true;
 };
 
 struct KdDbLinetypeTableRecordState : KdDbSymbolTableRecordState {

@@ -73,6 +73,17 @@ int KdDbTableStyle::flowDirection() const {
     return stateOf<TableStyleState>(*this).flow;
 }
 
+Kdad::ErrorStatus KdDbTableStyle::postTableStyleToDb(KdDbDatabase* database, const wchar_t* name, KdDbObjectId& id) {
+    id.setNull();
+    if (database == nullptr) return Kdad::eNullObjectPointer;
+    KdDbDictionary* styles = nullptr;
+    Kdad::ErrorStatus status = database->getTableStyleDictionary(styles, KdDb::kForWrite);
+    if (status != Kdad::eOk) return status;
+    // The dictionary would put the new style in the old one's place.
+    status = name != nullptr && styles->has(name) ? Kdad::eDuplicateKey : styles->setAt(name, this, id);
+    styles->close();
+    return status;
+}
 void KdDbTableStyle::setFlowDirection(int flow) {
     if (auto* state = writableStateOf<TableStyleState>(*this)) state->flow = flow;
 }

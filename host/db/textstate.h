@@ -18,6 +18,7 @@ struct KdDbMTextState : KdDbEntityState {
     KdDbObjectId textStyle;
     double textHeight = 2.5;
     KdDbMText::AttachmentPoint attachment = KdDbMText::kTopLeft;
+    KdDbMText::FlowDirection flow = KdDbMText::kByStyle;
     std::wstring contents;
     mutable std::wstring fieldContents;  ///< of an attached field, given out as a pointer
     bool backgroundFill = false;

@@ -18,6 +18,45 @@ QLineEdit* lineEditOf(QWidget* widget) {
 
 }  // namespace
 
+/// Brings what happens to the widget to the control.
+class CStatic::Relay final : public QObject {
+public:
+    Relay(CStatic& control, QWidget& widget) : m_control(control) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* widget = static_cast<const QWidget*>(watched);
+        switch (event->type()) {
+            case QEvent::Resize:
+                m_control.OnSize(0, widget->width(), widget->height());
+                break;
+            case QEvent::Paint:
+                m_control.OnPaint();
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+
+private:
+    CStatic& m_control;
+};
+
+CStatic::CStatic() = default;
+CStatic::~CStatic() = default;
+
+void CStatic::Attach(QWidget* widget) {
+    m_relay.reset();
+    CWnd::Attach(widget);
+    if (widget == nullptr) return;
+    m_relay = std::make_unique<Relay>(*this, *widget);
+    QObject::connect(widget, &QObject::destroyed, m_relay.get(), [this] { OnDestroy(); });
+}
+
+void CStatic::OnSize(UINT, int, int) {}
+void CStatic::OnPaint() {}
+void CStatic::OnDestroy() {}
+
 int CButton::GetCheck() const {
     const auto* button = widgetAs<QAbstractButton>();
     return button != nullptr && button->isChecked() ? 1 : 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <memory>
 #include <vector>
 
 #include "mfc/wnd.h"
@@ -22,7 +23,23 @@ public:
     void SetReadOnly(bool readOnly);
 };
 
-class CStatic : public CWnd {};
+/// A text or a picture. What derives from it can draw the picture itself: it is told when the widget is
+/// resized or painted, before the widget sees to it, and when the widget is gone.
+class CStatic : public CWnd {
+public:
+    CStatic();
+    ~CStatic() override;
+    void Attach(QWidget* widget) override;
+
+    /// `type` is 0; width and height are the widget's.
+    virtual void OnSize(UINT type, int cx, int cy);
+    virtual void OnPaint();
+    virtual void OnDestroy();
+
+private:
+    class Relay;
+    std::unique_ptr<Relay> m_relay;
+};
 
 /// The arrows beside an edit. They belong to the edit's own widget; the wrapper is kept for its place in
 /// dialogs.

@@ -16,6 +16,9 @@ public:
     virtual void beginCommandMark(const wchar_t* name, const KdString& title) = 0;
     /// Closes the innermost group; without an open one nothing happens.
     virtual void endCommandMark() = 0;
+    /// A dialog that works on the drawing was left by Cancel: the views are painted afresh, since it may have
+    /// shown there what doesn't hold any more.
+    virtual void dialogCancelled() = 0;
     /// Turns a point of the current user coordinate system into world coordinates, in place.
     virtual void toWorld(KdGePoint3d& point) const = 0;
     /// The colour of the table indicators, kept in the user's settings. False, with `color` as it was, when it

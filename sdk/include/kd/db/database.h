@@ -6,12 +6,15 @@
 #include "kd/db/object.h"
 #include "kd/ge/point3d.h"
 #include "kd/ge/vector3d.h"
+#include "kd/rx/array.h"
 
 class KdDbBlockTable;
 class KdDbDictionary;
 class KdDbLayerTable;
 class KdDbLinetypeTable;
 class KdDbTextStyleTable;
+
+using KdDbObjectIdArray = KdArray<KdDbObjectId>;
 
 class KdDbDatabase {
 public:
@@ -99,6 +102,25 @@ public:
 
     /// True when the drawing's lengths are metric: measurement 1.
     bool measurementIsMetric() const;
+
+    /// The point of the drawing that comes to lie on the insertion point where it is inserted as a block.
+    KdGePoint3d insbase() const;
+    void setInsbase(const KdGePoint3d& point);
+
+    /// Clones objects of this database into another one with all that they own, as KdDbObject::deepClone does, but as
+    /// one set: what one of them points at in another leads to that one's clone. `owner` stands in the mapping's
+    /// destination, is not open and is opened for the while; the clones are closed. `cloning` must be 1: what both
+    /// drawings have under one name stays as it is in the destination. `deferTranslation` must be false. Nothing is
+    /// changed on failure: eNotApplicable for other values of the two, eInvalidContext for an object of another database
+    /// or an owner that isn't the destination's, the statuses of an open and those of deepClone.
+    Kdad::ErrorStatus wblockCloneObjects(const KdDbObjectIdArray& ids, KdDbObjectId owner, KdDbIdMapping& mapping,
+                                         int cloning, bool deferTranslation = false);
+    /// Makes a block of that name out of the model space of another drawing, whose insbase() becomes the block's
+    /// origin. The source stays as it is, whatever `preserveSource` allows. On failure `block` is null and nothing is
+    /// changed: eNullObjectPointer, eInvalidContext for the database itself, eInvalidKey for an empty name,
+    /// eDuplicateKey for one that is taken, the statuses of an open.
+    Kdad::ErrorStatus insert(KdDbObjectId& block, const wchar_t* name, KdDbDatabase* source,
+                             bool preserveSource = true);
 
     /// Puts an object without a place of its own into the database. The database owns it from now on, and
     /// it stays open for write. eAlreadyInDatabase when it has a place.

@@ -39,6 +39,7 @@ public:
     /// Takes an entry out; the object stays in the database.
     Kdad::ErrorStatus remove(const wchar_t* name);
     Kdad::ErrorStatus remove(KdDbObjectId id);
+    void erased(const KdDbObject* object, bool erasing) override;
 
     /// The caller deletes the iterator.
     KdDbDictionaryIterator* newIterator() const;

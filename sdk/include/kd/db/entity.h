@@ -27,6 +27,10 @@ public:
     KdDb::Visibility visibility() const;
     Kdad::ErrorStatus setVisibility(KdDb::Visibility visibility);
 
+    /// Marks the entity's looks as changed, so that it is drawn afresh and told as modified at its close, though
+    /// nothing that it holds changes. Needs a write open; `setModified` false does nothing.
+    void recordGraphicsModified(bool setModified = true);
+
     /// Moves, turns and scales. eInvalidInput for a transformation that the entity can't take.
     virtual Kdad::ErrorStatus transformBy(const KdGeMatrix3d& matrix) = 0;
     /// Invalid extents for an entity without any.

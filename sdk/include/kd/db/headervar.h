@@ -1,9 +1,11 @@
 // A drawing's header variables: the units that its lengths and angles are shown in.
 #pragma once
 
+#include "kd/db/objectid.h"
 #include "kd/rx/errorstatus.h"
 
 class KdDbDatabase;
+class KdDbObject;
 
 /// The values themselves. A setter refuses a value outside its range with eInvalidInput and keeps the old one.
 class KdDbHeaderVar {
@@ -71,12 +73,26 @@ class KdDbImpDatabase {
 public:
     virtual ~KdDbImpDatabase();
     virtual const KdDbHeaderVar& headerVar() const = 0;
+    /// The null id in a drawing without defaults.
+    virtual KdDbObjectId modelSpace() const = 0;
+};
+
+/// What lies behind an object.
+class KdDbImpObject {
+public:
+    virtual ~KdDbImpObject();
+    /// Whether the ids that the object holds may still be those of the objects that it was cloned from: deepClone says
+    /// so of the clone that it gives out, for the caller to take back.
+    virtual bool kdDbObjectIdsInFlux() const = 0;
+    virtual void setKdDbObjectIdsInFlux(bool inFlux) = 0;
 };
 
 class KdDbSystemInternals {
 public:
     /// Null for a null database. Valid as long as the database.
     static KdDbImpDatabase* getImpDatabase(KdDbDatabase* database);
+    /// Null for a null object. Valid as long as the object.
+    static KdDbImpObject* getImpObject(KdDbObject* object);
 };
 
 /// Writes a length as the drawing shows it: "15.5", "1.5500E+01", "1'-3.50\"", "1'-3 1/2\"", "15 1/2". `unit`

@@ -22,6 +22,9 @@ public:
         kBottomRight,
     };
 
+    /// Which way the characters of a line run.
+    enum FlowDirection : int { kLtoR = 1, kTtoB = 3, kByStyle = 5 };
+
     KdDbMText();
 
     KdGePoint3d location() const;
@@ -48,6 +51,10 @@ public:
     Kdad::ErrorStatus setTextHeight(double height);
     AttachmentPoint attachment() const;
     Kdad::ErrorStatus setAttachment(AttachmentPoint attachment);
+
+    /// Kept for those who read it: every text is set from left to right. eInvalidInput for another value.
+    FlowDirection flowDirection() const;
+    Kdad::ErrorStatus setFlowDirection(FlowDirection flow);
 
     /// The text with its formatting codes; of an attached field "TEXT" what it shows. The pointer is valid until
     /// the next change.

@@ -9,9 +9,9 @@
 #include <memory>
 
 #include "kd/db/dbenums.h"
+#include "kd/db/drawable.h"
 #include "kd/db/objectid.h"
 #include "kd/rx/errorstatus.h"
-#include "kd/rx/object.h"
 
 class KdDbDatabase;
 class KdDbEntity;
@@ -32,7 +32,7 @@ public:
     virtual void goodbye(const KdDbObject* object);
 };
 
-class KdDbObject : public KdRxObject {
+class KdDbObject : public KdGiDrawable {
 public:
     KDRX_DECLARE_MEMBERS(KdDbObject)
     ~KdDbObject() override;
@@ -64,6 +64,10 @@ public:
     /// brings it back. eWasErased when it is erased already, eCannotBeErased for what every drawing must
     /// have, eNotInDatabase for an object in no database.
     Kdad::ErrorStatus erase(bool erasing = true);
+
+    /// Tells a container that one of the objects it lists is being erased, or comes back with `erasing` false. A
+    /// dictionary that is open for write takes the object's entry out; by default nothing happens.
+    virtual void erased(const KdDbObject* object, bool erasing);
 
     /// Reactors are transient: they may be changed under any open, and are no part of undo or of files.
     void addReactor(KdDbObjectReactor* reactor) const;
@@ -119,3 +123,6 @@ Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::Ope
                                  const KdRxClass* cls);
 /// Fails with eNotThatKindOfClass unless the object is an entity.
 Kdad::ErrorStatus kddbOpenObject(KdDbEntity*& entity, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false);
+/// The same under the name that whoever works on clones knows.
+Kdad::ErrorStatus kddbOpenKdDbObjectEx(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode,
+                                       bool openErased = false);

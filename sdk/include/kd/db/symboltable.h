@@ -128,6 +128,9 @@ public:
     /// Entities on a locked layer can be read, not changed.
     bool isLocked() const;
     void setIsLocked(bool locked);
+    /// What lies on a layer that isn't plotted shows on the screen alone.
+    bool isPlottable() const;
+    void setIsPlottable(bool plottable);
 };
 
 class KdDbLinetypeTableRecord : public KdDbSymbolTableRecord {

@@ -22,6 +22,12 @@ public:
     virtual int flowDirection() const;
     virtual void setFlowDirection(int flow);
 
+    /// Enters the style into the database's dictionary of table styles under `name`. The database owns the style
+    /// from now on, and it stays open for write. Failures leave `id` null and the style its maker's:
+    /// eNullObjectPointer without a database, eInvalidKey for an empty name, eDuplicateKey for one that is taken,
+    /// eAlreadyInDatabase, and what opening the dictionary gives.
+    virtual Kdad::ErrorStatus postTableStyleToDb(KdDbDatabase* database, const wchar_t* name, KdDbObjectId& id);
+
     /// Name of the style's entry in its dictionary. The caller frees the text with kdutDelBuffer.
     Kdad::ErrorStatus getName(wchar_t*& name) const;
     bool isTitleSuppressed() const;

@@ -26,6 +26,12 @@ public:
     static KdGeMatrix3d alignToWorld(const KdGePoint3d& origin, const KdGeVector3d& x, const KdGeVector3d& y,
                                      const KdGeVector3d& z);
 
+    /// Becomes the transformation that maps the origin and the three axes to those given; returns itself.
+    KdGeMatrix3d& setCoordSystem(const KdGePoint3d& origin, const KdGeVector3d& x, const KdGeVector3d& y,
+                                 const KdGeVector3d& z) {
+        return *this = alignToWorld(origin, x, y, z);
+    }
+
     /// First `other`, then this.
     KdGeMatrix3d operator*(const KdGeMatrix3d& other) const;
     KdGePoint3d operator*(const KdGePoint3d& point) const;

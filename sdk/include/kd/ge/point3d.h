@@ -33,6 +33,16 @@ public:
     bool operator!=(const KdGePoint3d& o) const { return !isEqualTo(o); }
 };
 
+/// A place in a plane.
+class KdGePoint2d {
+public:
+    double x = 0.0;
+    double y = 0.0;
+
+    constexpr KdGePoint2d() = default;
+    constexpr KdGePoint2d(double xx, double yy) : x(xx), y(yy) {}
+};
+
 /// An array of points, as the geometry operations fill it.
 template <class T>
 class KdArray;
