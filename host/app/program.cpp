@@ -13,7 +13,6 @@
 #include <clocale>
 #include <iostream>
 
-#include "host/app/drawingoptions.h"
 #include "host/app/dump/dump.h"
 #include "host/app/hostcommands.h"
 #include "host/app/options.h"
@@ -24,6 +23,7 @@
 #include "host/app/windowfeeder.h"
 #include "host/db/access.h"
 #include "host/draw/render.h"
+#include "host/ed/drawingoptions.h"
 #include "host/rx/encoding.h"
 #include "host/ui/filedialog.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"

@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "host/ad/application.h"
-#include "host/app/drawingoptions.h"
 #include "host/draw/render.h"
 #include "host/ed/commandline.h"
+#include "host/ed/drawingoptions.h"
 #include "host/ed/words.h"
 #include "host/rx/encoding.h"
 #include "kd/ed/prompts.h"

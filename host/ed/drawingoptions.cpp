@@ -1,6 +1,6 @@
 // How the drawing is painted, by the host's variables.
 
-#include "host/app/drawingoptions.h"
+#include "host/ed/drawingoptions.h"
 
 #include "host/ed/variables.h"
 
