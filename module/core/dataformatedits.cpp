@@ -38,9 +38,8 @@ void formatCells(KdDbTable& table, const SelectedCells& cells, const KdValue& va
 int CVqTableCommon::SetDataType(KdDbObjectId table, KdValue::DataType type, KdValue::UnitType unit) {
     const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
     if (!open) return false;
-    SelectedCells cells;
-    if (open->getSubSelection(cells.top, cells.bottom, cells.left, cells.right) == Kdad::eOk) {
-        forEachSelected(*open, cells, [&](int row, int column) { open->setDataType(row, column, type, unit); });
+    if (const std::optional<SelectedCells> cells = selectedCells(*open)) {
+        forEachSelected(*open, *cells, [&](int row, int column) { open->setDataType(row, column, type, unit); });
     }
     return true;
 }

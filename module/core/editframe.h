@@ -9,6 +9,7 @@
 #include "kd/ed/prompts.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
+#include "module/core/selectedcells.h"
 
 class KdadMainAppService;
 
@@ -17,15 +18,6 @@ struct EditMark {
     const wchar_t* name = nullptr;  ///< fixed keyword; names the step of undo
     unsigned titleText = 0;         ///< number of the text that the user reads
     bool updatesDisplay = true;
-};
-
-/// The rows and columns selected in a table, both ends counted. As selected: it may be reversed, and whole columns
-/// and whole rows are -1.
-struct SelectedCells {
-    int top = -1;
-    int bottom = -1;
-    int left = -1;
-    int right = -1;
 };
 
 /// One mark: begun here, ended with its scope. The module's resources are in place meanwhile, since edits are
@@ -70,7 +62,6 @@ bool editTable(KdDbObjectId table, const EditMark& mark, Work work) {
 template <class Work>
 bool editSelection(KdDbObjectId table, const EditMark& mark, Work work) {
     return editTable(table, mark, [&](KdDbTable& open) {
-        SelectedCells cells;
-        if (open.getSubSelection(cells.top, cells.bottom, cells.left, cells.right) == Kdad::eOk) work(open, cells);
+        if (const std::optional<SelectedCells> cells = selectedCells(open)) work(open, *cells);
     });
 }

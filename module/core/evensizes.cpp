@@ -33,9 +33,7 @@ Target rowsOf(const KdDbTable& table) {
 /// Over all columns the table's own width counts, which may differ from the sum of theirs.
 double widthToShare(const KdDbTable& table, const Target& columns) {
     if (columns.first == 0 && columns.last == table.numColumns() - 1) return table.width();
-    double sum = 0.0;
-    for (int column = columns.first; column <= columns.last; ++column) sum += table.columnWidth(column);
-    return sum;
+    return CVqTableCommon::GetCellRangeWidth(&table, {0, columns.first, 0, columns.last});
 }
 
 /// No plain sum, and that is wanted: a row counts only when it is higher than the total so far.

@@ -42,9 +42,8 @@ bool userAgrees() {
 bool mayMergeSelection(KdDbObjectId table) {
     OpenObject<KdDbTable> open(table, KdDb::kForRead);
     if (!open) return true;
-    SelectedCells cells;
-    const bool selected = open->getSubSelection(cells.top, cells.bottom, cells.left, cells.right) == Kdad::eOk;
-    const bool losesContent = selected && isRectangle(cells) && holdsContent(*open, cells, cells);
+    const std::optional<SelectedCells> cells = selectedCells(*open);
+    const bool losesContent = cells && isRectangle(*cells) && holdsContent(*open, *cells, *cells);
     open.close();
     return !losesContent || userAgrees();
 }

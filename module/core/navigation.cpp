@@ -5,7 +5,6 @@
 #include "kd/db/table.h"
 #include "kd/ed/selection.h"
 #include "kd/ed/view.h"
-#include "kd/ge/extents.h"
 #include "module/core/cellwalk.h"
 #include "module/core/openobject.h"
 #include "module/core/tablecommon.h"
@@ -83,16 +82,6 @@ bool moveTo(KdDbObjectId id, Place (*target)(const KdDbTable&, const KdCellRange
     return true;
 }
 
-/// The middle of the cell's outline; the origin for a cell without one.
-KdGePoint3d centerOfCell(const KdDbTable& table, int row, int column) {
-    KdGePoint3dArray corners;
-    table.getCellExtents(row, column, true, corners);
-    KdDbExtents box;
-    for (const KdGePoint3d& corner : corners) box.addPoint(corner);
-    if (!box.isValid()) return KdGePoint3d::kOrigin;
-    return KdGePoint3d::kOrigin + (box.minPoint().asVector() + box.maxPoint().asVector()) * 0.5;
-}
-
 }  // namespace
 
 bool CVqTableCommon::SelectNextCell(KdDbObjectId table) {
@@ -124,7 +113,8 @@ void PickSelCell(KdDbTable* table, int row, int column) {
     if (table == nullptr || kdedGetKdadDwgView() == nullptr) return;
     table->clearSubSelection();
     table->downgradeOpen();
-    KdGePoint3d center = centerOfCell(*table, row, column);
+    KdGePoint3d center;
+    CVqTableCommon::GetCellCenterPoint(table, row, column, center);
 
     const KdadGsView* view = kdadGetActiveGsView();
     const KdadViewport* viewport = view == nullptr ? nullptr : view->getKdadViewport();

@@ -1,7 +1,6 @@
-// What the edits of cell properties share: their marks, and the walk over the selected cells.
+// What the edits of cell properties share: their marks, and the change of each selected cell within one of them.
 #pragma once
 
-#include "module/core/cellwalk.h"
 #include "module/core/editframe.h"
 
 namespace propertymark {
@@ -21,17 +20,6 @@ inline constexpr EditMark kCurrentStyle{.name = L"SetCurTableStyle", .titleText 
 inline constexpr EditMark kManageContent{.name = L"ManCellContent", .titleText = 2218, .updatesDisplay = false};
 
 }  // namespace propertymark
-
-/// Calls `change(row, column)` for each selected cell, row by row; once with -1 for a whole row or column. Cells
-/// that a merge covers get no special treatment. A reversed selection holds no cell.
-template <class Change>
-void forEachSelected(const KdDbTable& table, const SelectedCells& cells, Change change) {
-    const KdCellRange range{cells.top, cells.left, cells.bottom, cells.right};
-    cellwalk::anyCell(table, range, [&](int row, int column) {
-        change(row, column);
-        return false;
-    });
-}
 
 /// Calls `change(table, row, column)` for each selected cell within the mark.
 template <class Change>

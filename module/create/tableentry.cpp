@@ -3,8 +3,8 @@
 #include "module/create/tableentry.h"
 
 #include "kd/db/database.h"
-#include "kd/db/dictionary.h"
 #include "kd/ed/variables.h"
+#include "module/core/tablestyles.h"
 #include "module/create/tablejig.h"
 
 namespace {
@@ -16,17 +16,12 @@ constexpr double kMetricColumnWidth = 63.5;
 constexpr double kColumnWidth = 2.5;
 
 /// The style that new tables take; the null id when it can't be told.
-KdDbObjectId currentTableStyle(KdDbDatabase& database) {
-    KdDbObjectId id;
+KdDbObjectId currentTableStyle(KdDbDatabase* database) {
     resbuf name;
-    KdDbDictionary* styles = nullptr;
-    if (kdedGetVar(L"CTABLESTYLE", &name) != RTNORM || name.restype != RTSTR) return id;
-    if (database.getTableStyleDictionary(styles, KdDb::kForRead) == Kdad::eOk) {
-        styles->getAt(name.resval.rstring, id);
-        styles->close();
-    }
+    if (kdedGetVar(L"CTABLESTYLE", &name) != RTNORM || name.restype != RTSTR) return KdDbObjectId::kNull;
+    const std::optional<KdDbObjectId> style = tableStyleNamed(database, name.resval.rstring);
     kdutDelBuffer(name.resval.rstring);
-    return id;
+    return style.value_or(KdDbObjectId::kNull);
 }
 
 }  // namespace
@@ -35,7 +30,7 @@ void tableEntry() {
     KdDbDatabase* database = kddbHostApplicationServices()->workingDatabase();
     if (database == nullptr) return;
     CVqTableJig jig(database);
-    jig.setTableStyleId(currentTableStyle(*database));
+    jig.setTableStyleId(currentTableStyle(database));
     jig.setTableColumns(kColumns);
     jig.setTableDataRows(kDataRows);
     jig.setTableRowHeight(kRowHeightLines);

@@ -6,7 +6,6 @@
 
 #include "kd/ad/document.h"
 #include "kd/db/database.h"
-#include "kd/db/dictionary.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
 #include "kd/ed/coordinates.h"
@@ -17,6 +16,7 @@
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
+#include "module/core/tablestyles.h"
 
 namespace {
 
@@ -72,11 +72,7 @@ CVqTableJig::~CVqTableJig() = default;
 
 void CVqTableJig::setTableStyleId(const KdDbObjectId& style) {
     m_tableStyle = style;
-    if (!style.isNull()) return;
-    KdDbDictionary* styles = nullptr;
-    if (m_database->getTableStyleDictionary(styles, KdDb::kForRead) != Kdad::eOk) return;
-    styles->getAt(L"Standard", m_tableStyle);
-    styles->close();
+    if (style.isNull()) m_tableStyle = tableStyleNamed(m_database, L"Standard").value_or(style);
 }
 
 int CVqTableJig::doJig(const KdDbTable* source) {

@@ -134,15 +134,11 @@ void CVqTableJig::setOtherCell(int rows, int columns, bool setText) {
 }
 
 double CVqTableJig::getTableHeight(int rows) const {
-    double height = 0.0;
-    for (int row = 0; row < rows; ++row) height += m_table->rowHeight(row);
-    return height;
+    return CVqTableCommon::GetCellRangeHeight(m_table, {0, 0, rows - 1, 0});
 }
 
 double CVqTableJig::getTableWidth(int columns) const {
-    double width = 0.0;
-    for (int column = 0; column < columns; ++column) width += m_table->columnWidth(column);
-    return width;
+    return CVqTableCommon::GetCellRangeWidth(m_table, {0, 0, 0, columns - 1});
 }
 
 double CVqTableJig::computerRowHeightFromRow(int row, int rows) const {
@@ -223,7 +219,5 @@ bool CVqTableJig::isReasonableInput(const KdGePoint3d& point) const {
 }
 
 void CVqTableJig::getCellCenterPoint(int row, int column, KdGePoint3d& point) const {
-    KdGePoint3dArray corners;
-    m_table->getCellExtents(row, column, true, corners);
-    point = CVqTableCommon::GetExtentsCenterPoint(corners);
+    CVqTableCommon::GetCellCenterPoint(m_table, row, column, point);
 }

@@ -2,7 +2,6 @@
 
 #include "kd/db/table.h"
 #include "module/core/editframe.h"
-#include "module/core/openobject.h"
 #include "module/core/tablecommon.h"
 #include "module/core/tablepick.h"
 #include "module/edit/celledit.h"
@@ -20,14 +19,6 @@ KdDbObjectId pickCell(int& row, int& col) {
     return id;
 }
 
-/// -1 in all fields where nothing is selected; false when the table can't be opened.
-bool readSelection(KdDbObjectId id, KdCellRange& cells) {
-    const OpenObject<KdDbTable> table(id, KdDb::kForRead);
-    if (!table) return false;
-    cells = table->getSubSelection();
-    return true;
-}
-
 }  // namespace
 
 void tableEditEntry() {
@@ -41,10 +32,9 @@ void tableEditEntry() {
 }
 
 int CVqTableCommon::TableEdit(KdDbObjectId id) {
-    constexpr EditMark mark{L"TableEdit", 2093, false};
+    constexpr EditMark mark{.name = L"TableEdit", .titleText = 2093, .updatesDisplay = false};
     return markedEdit(mark, [&] {
-        KdCellRange cells;
-        if (!readSelection(id, cells)) return;
+        const KdCellRange cells = GetSubSelection(id);
         editTable(id, cells.m_topRow, cells.m_leftColumn, false, {});
     });
 }

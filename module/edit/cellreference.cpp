@@ -7,6 +7,8 @@
 #include <limits>
 #include <locale>
 
+#include "module/valuetext/digits.h"
+
 namespace {
 
 /// A row or column that has come this far takes no further digit or letter. It lies behind the end of every
@@ -27,10 +29,6 @@ struct Half {
 
 bool isLetter(wchar_t character) {
     return character >= L'A' && character <= L'Z';
-}
-
-bool isDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
 }
 
 std::wstring upperCase(std::wstring text) {

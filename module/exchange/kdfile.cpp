@@ -27,26 +27,6 @@ unsigned utf8Length(unsigned char lead) {
     return (lead >> 6) == 0x3 ? 2 : 1;
 }
 
-/// Writes out the rest and closes the file, which happens also when the rest can't be written.
-template <class Base>
-void writeOutAndClose(KdCharacterCoding& coding, Base& file) {
-    try {
-        coding.writeBuffer(file);
-    } catch (...) {
-        file.Base::Close();
-        throw;
-    }
-    file.Base::Close();
-}
-
-/// For destructors, which can report nothing.
-void writeOutSilently(KdCharacterCoding& coding, CFile& file) {
-    try {
-        coding.writeBuffer(file);
-    } catch (...) {
-    }
-}
-
 /// In ANSI and in UTF-8. A line feed becomes two bytes where line ends are converted.
 bool isOwnByte(wchar_t character, bool lineEnds) {
     return character > 0 && character < 0x80 && (character != L'\n' || !lineEnds);
@@ -216,16 +196,50 @@ void KdCharacterCoding::joinLineEnd(CFile& file, wchar_t& character) const {
     file.Seek(-static_cast<std::int64_t>(got), CFile::current);
 }
 
-KdCFile::KdCFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
+template <class Base>
+KdCodedFile<Base>::KdCodedFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
+                               std::uint32_t bufferSize)
     : m_coding(encoding, escapes, lineEnds, bufferSize) {}
 
-KdCFile::KdCFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
-                 std::uint32_t bufferSize)
-    : CFile(path, flags), m_coding(encoding, escapes, lineEnds, bufferSize) {}
+template <class Base>
+KdCodedFile<Base>::KdCodedFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes,
+                               bool lineEnds, std::uint32_t bufferSize)
+    : Base(path, flags), m_coding(encoding, escapes, lineEnds, bufferSize) {}
 
-KdCFile::~KdCFile() {
-    writeOutSilently(m_coding, *this);
+/// There is nobody left to tell that the rest can't be written.
+template <class Base>
+KdCodedFile<Base>::~KdCodedFile() {
+    try {
+        m_coding.writeBuffer(*this);
+    } catch (...) {
+    }
 }
+
+template <class Base>
+std::uint64_t KdCodedFile<Base>::Seek(std::int64_t offset, UINT from) {
+    m_coding.writeBuffer(*this);
+    return Base::Seek(offset, from);
+}
+
+template <class Base>
+void KdCodedFile<Base>::Flush() {
+    m_coding.writeBuffer(*this);
+    Base::Flush();
+}
+
+template <class Base>
+void KdCodedFile<Base>::Close() {
+    try {
+        m_coding.writeBuffer(*this);
+    } catch (...) {
+        Base::Close();
+        throw;
+    }
+    Base::Close();
+}
+
+template class KdCodedFile<CFile>;
+template class KdCodedFile<CStdioFile>;
 
 UINT KdCFile::Read(wchar_t* text, unsigned count) {
     UINT got = 0;
@@ -249,31 +263,6 @@ UINT KdCFile::Read(void* buffer, UINT count) {
 void KdCFile::Write(const void* buffer, UINT count) {
     m_coding.writeBuffer(*this);
     CFile::Write(buffer, count);
-}
-
-std::uint64_t KdCFile::Seek(std::int64_t offset, UINT from) {
-    m_coding.writeBuffer(*this);
-    return CFile::Seek(offset, from);
-}
-
-void KdCFile::Flush() {
-    m_coding.writeBuffer(*this);
-    CFile::Flush();
-}
-
-void KdCFile::Close() {
-    writeOutAndClose<CFile>(m_coding, *this);
-}
-
-KdCStdioFile::KdCStdioFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize)
-    : m_coding(encoding, escapes, lineEnds, bufferSize) {}
-
-KdCStdioFile::KdCStdioFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes,
-                           bool lineEnds, std::uint32_t bufferSize)
-    : CStdioFile(path, flags), m_coding(encoding, escapes, lineEnds, bufferSize) {}
-
-KdCStdioFile::~KdCStdioFile() {
-    writeOutSilently(m_coding, *this);
 }
 
 void KdCStdioFile::WriteString(const wchar_t* text) {
@@ -300,18 +289,4 @@ bool KdCStdioFile::ReadString(CStdStr<wchar_t>& line) {
         line += character;
     }
     return any;
-}
-
-std::uint64_t KdCStdioFile::Seek(std::int64_t offset, UINT from) {
-    m_coding.writeBuffer(*this);
-    return CStdioFile::Seek(offset, from);
-}
-
-void KdCStdioFile::Flush() {
-    m_coding.writeBuffer(*this);
-    CStdioFile::Flush();
-}
-
-void KdCStdioFile::Close() {
-    writeOutAndClose<CStdioFile>(m_coding, *this);
 }

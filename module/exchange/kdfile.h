@@ -55,14 +55,33 @@ private:
     std::uint32_t m_reserved;  ///< room set aside for the character in hand
 };
 
-/// A file of wide text, read and written in pieces of any length. Every operation throws CFileException when
-/// the file can't carry it out.
-class KdCFile final : public CFile {
+/// What both file classes add to those of the framework: how characters become bytes, and that the buffer is written
+/// out before anything else happens to the file. Every operation throws CFileException when the file can't carry it
+/// out.
+template <class Base>
+class KdCodedFile : public Base {
 public:
-    KdCFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize = 0);
-    KdCFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
-            std::uint32_t bufferSize = 0);
-    ~KdCFile() override;
+    KdCodedFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize = 0);
+    KdCodedFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
+                std::uint32_t bufferSize = 0);
+    ~KdCodedFile() override;
+
+    std::uint64_t Seek(std::int64_t offset, UINT from) override;
+    void Flush() override;
+    /// Closes the file also when the rest of the buffer can't be written.
+    void Close() override;
+
+protected:
+    KdCharacterCoding m_coding;
+};
+
+extern template class KdCodedFile<CFile>;
+extern template class KdCodedFile<CStdioFile>;
+
+/// A file of wide text, read and written in pieces of any length.
+class KdCFile final : public KdCodedFile<CFile> {
+public:
+    using KdCodedFile::KdCodedFile;
 
     /// Returns the number of characters read, less than `count` only at the end of the file.
     virtual UINT Read(wchar_t* text, unsigned count);
@@ -73,22 +92,13 @@ public:
     // Bytes as they are, behind the characters that the buffer still holds.
     UINT Read(void* buffer, UINT count) override;
     void Write(const void* buffer, UINT count) override;
-    std::uint64_t Seek(std::int64_t offset, UINT from) override;
-    void Flush() override;
-    void Close() override;
-
-private:
-    KdCharacterCoding m_coding;
 };
 
-/// A file of wide text, read and written in lines. It throws as KdCFile does. Bytes written as they are go past
-/// the buffer; Flush() comes first where their order matters.
-class KdCStdioFile final : public CStdioFile {
+/// A file of wide text, read and written in lines. Bytes written as they are go past the buffer; Flush() comes first
+/// where their order matters.
+class KdCStdioFile final : public KdCodedFile<CStdioFile> {
 public:
-    KdCStdioFile(KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds, std::uint32_t bufferSize = 0);
-    KdCStdioFile(const wchar_t* path, UINT flags, KdCharacterCoding::Encoding encoding, bool escapes, bool lineEnds,
-                 std::uint32_t bufferSize = 0);
-    ~KdCStdioFile() override;
+    using KdCodedFile::KdCodedFile;
 
     /// Writes up to the ending zero, character by character. Null counts as empty.
     virtual void WriteString(const wchar_t* text);
@@ -97,11 +107,4 @@ public:
     virtual wchar_t* ReadString(wchar_t* text, unsigned size);
     /// Reads a line without its line feed. False at the end of the file.
     virtual bool ReadString(CStdStr<wchar_t>& line);
-
-    std::uint64_t Seek(std::int64_t offset, UINT from) override;
-    void Flush() override;
-    void Close() override;
-
-private:
-    KdCharacterCoding m_coding;
 };

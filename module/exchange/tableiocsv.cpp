@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "kd/db/database.h"
-#include "kd/db/dictionary.h"
 #include "kd/db/table.h"
 #include "module/core/resources.h"
+#include "module/core/tablestyles.h"
 #include "module/exchange/csvlines.h"
 
 namespace {
@@ -25,19 +25,6 @@ std::optional<QByteArray> readFile(const wchar_t* path) {
     QByteArray bytes = file.atEnd() ? QByteArray() : file.readAll();
     if (file.error() != QFileDevice::NoError) return std::nullopt;
     return bytes;
-}
-
-/// The drawing's table style "Standard"; nothing when there is no dictionary of table styles.
-std::optional<KdDbObjectId> standardStyle(KdDbDatabase* database) {
-    KdDbDictionary* styles = nullptr;
-    if (database == nullptr || database->getTableStyleDictionary(styles, KdDb::kForRead) != Kdad::eOk ||
-        styles == nullptr) {
-        return std::nullopt;
-    }
-    KdDbObjectId style;
-    styles->getAt(L"Standard", style);
-    styles->close();
-    return style;
 }
 
 /// Only the fields that are there are written: what a short row lacks keeps the text height of its style.
@@ -108,7 +95,7 @@ int CVqTableIOCSV::CreateATable(int rows, int columns, KdDbTable*& table, const 
     // The caller's from the end on only: an exception on the way takes it along.
     auto made = std::make_unique<KdDbTable>();
     made->setDatabaseDefaults(m_database);
-    const std::optional<KdDbObjectId> style = standardStyle(m_database);
+    const std::optional<KdDbObjectId> style = tableStyleNamed(m_database, L"Standard");
     if (!style) {
         table = nullptr;
         return 1;
