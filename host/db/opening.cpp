@@ -273,6 +273,10 @@ Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::Ope
     return kddbOpenObject(object, id, mode, openErased, nullptr);
 }
 
+Kdad::ErrorStatus kddbOpenKdDbObjectEx(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased) {
+    return kddbOpenObject(object, id, mode, openErased);
+}
+
 Kdad::ErrorStatus kddbOpenObject(KdDbEntity*& entity, KdDbObjectId id, KdDb::OpenMode mode, bool openErased) {
     KdDbObject* object = nullptr;
     const Kdad::ErrorStatus status = kddbOpenObject(object, id, mode, openErased, KdDbEntity::desc());

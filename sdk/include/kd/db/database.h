@@ -111,8 +111,8 @@ public:
     /// one set: what one of them points at in another leads to that one's clone. `owner` stands in the mapping's
     /// destination, is not open and is opened for the while; the clones are closed. `cloning` must be 1: what both
     /// drawings have under one name stays as it is in the destination. `deferTranslation` must be false. Nothing is
-    /// changed on failure: eNotApplicable for other values of the two, eInvalidContext for an object of another database
-    /// or an owner that isn't the destination's, the statuses of an open and those of deepClone.
+    /// changed on failure: eNotApplicable for other values of the two, eInvalidContext for an object of another
+    /// database or an owner that isn't the destination's, the statuses of an open and those of deepClone.
     Kdad::ErrorStatus wblockCloneObjects(const KdDbObjectIdArray& ids, KdDbObjectId owner, KdDbIdMapping& mapping,
                                          int cloning, bool deferTranslation = false);
     /// Makes a block of that name out of the model space of another drawing, whose insbase() becomes the block's
