@@ -1,0 +1,16 @@
+// The way to the current document's transactions.
+
+#include "module/style/transactions.h"
+
+#include "kd/ad/document.h"
+
+KdDbTransactionManager* currentTransactions() {
+    KdApDocManager* documents = kdDocManagerPtr();
+    KdApDocument* document = documents == nullptr ? nullptr : documents->curDocument();
+    return document == nullptr ? nullptr : document->transactionManager();
+}
+
+KdDbTransaction* topTransaction() {
+    const KdDbTransactionManager* transactions = currentTransactions();
+    return transactions == nullptr ? nullptr : transactions->topTransaction();
+}

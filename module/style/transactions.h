@@ -1,0 +1,19 @@
+// The transactions that the dialogs of styles work in: those of the current document, looked up at each use.
+#pragma once
+
+#include "kd/db/transaction.h"
+
+/// Null without a document.
+KdDbTransactionManager* currentTransactions();
+
+/// The innermost open transaction; null when none is open.
+KdDbTransaction* topTransaction();
+
+/// Gets an object of class T through a transaction, which keeps it open: nobody closes it. Null without a transaction,
+/// when it can't be opened and for an object of another class.
+template <class T>
+T* getObject(KdDbTransaction* transaction, KdDbObjectId id, KdDb::OpenMode mode) {
+    KdDbObject* object = nullptr;
+    if (transaction == nullptr || transaction->getObject(object, id, mode, false) != Kdad::eOk) return nullptr;
+    return object->isKindOf(T::desc()) ? static_cast<T*>(object) : nullptr;
+}
