@@ -7,6 +7,7 @@
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "host/text/metrics.h"
 
@@ -27,6 +28,9 @@ constexpr double kDot = 1.0;
 /// Dash patterns shorter than this, in pixels, are painted as a continuous line.
 constexpr double kShortestPattern = 3.0;
 
+/// What lies on the border of two pixels, as whole numbers often do, goes to the same one after each pan.
+constexpr double kLeaning = 1e-6;
+
 class PrimitivePainter {
 public:
     PrimitivePainter(QPainter& painter, const View& view, const PaintDevice& device)
@@ -36,10 +40,16 @@ public:
         QPolygonF points = pixels(line.points);
         const double width = std::max(line.lineWeight * 0.01 * m_device.pixelsPerMillimetre, m_device.thinnestLine);
         if (points.size() < 2 || !isSeen(points.boundingRect(), width)) return;
+        const QPointF exactStart = points.first();
         if (m_device.wholePixels && isStraight(points)) toPixelCenters(points, width);
         QPen pen(colorOf(line.color), width, Qt::SolidLine, line.dashes.empty() ? Qt::SquareCap : Qt::FlatCap,
                  Qt::MiterJoin);
-        setDashes(pen, line.dashes);
+        if (const QVector<qreal> pattern = patternOf(line); !pattern.isEmpty()) {
+            if (!cutToView(points, width)) return;
+            const double before = alongFirstPiece(points, points.first() - exactStart);
+            pen.setDashPattern(inPenWidths(pattern, width));
+            pen.setDashOffset((line.dashStart * m_view.scale() + before) / width);
+        }
         m_painter.setPen(pen);
         m_painter.setBrush(Qt::NoBrush);
         m_painter.drawPolyline(points);
@@ -105,18 +115,52 @@ private:
     /// A line an odd number of pixels wide is crisp on the centres of pixels, an even one between them.
     static void toPixelCenters(QPolygonF& points, double width) {
         const double shift = std::lround(width) % 2 == 1 ? 0.5 : 0.0;
-        for (QPointF& point : points) {
-            point = QPointF(std::round(point.x() - shift) + shift, std::round(point.y() - shift) + shift);
-        }
+        const auto crisp = [&](double at) { return std::floor(at - shift + 0.5 + kLeaning) + shift; };
+        for (QPointF& point : points) point = QPointF(crisp(point.x()), crisp(point.y()));
     }
 
-    void setDashes(QPen& pen, const std::vector<double>& dashes) const {
-        double length = 0.0;
-        for (const double dash : dashes) length += dash * m_view.scale();
-        if (dashes.empty() || length < kShortestPattern) return;
+    /// Dashes and gaps in pixels; empty for a line that is painted as a continuous one.
+    QVector<qreal> patternOf(const Polyline& line) const {
+        const double length = std::accumulate(line.dashes.begin(), line.dashes.end(), 0.0) * m_view.scale();
+        if (line.dashes.empty() || length < kShortestPattern) return {};
         QVector<qreal> pattern;
-        for (const double dash : dashes) pattern << std::max(dash * m_view.scale(), kDot) / pen.widthF();
-        pen.setDashPattern(pattern);
+        for (const double dash : line.dashes) pattern << std::max(dash * m_view.scale(), kDot);
+        return pattern;
+    }
+
+    static QVector<qreal> inPenWidths(QVector<qreal> pattern, double width) {
+        for (qreal& length : pattern) length /= width;
+        return pattern;
+    }
+
+    /// Takes away what lies outside the view of a line of one piece, since Qt paints lines of very many dashes as
+    /// continuous ones. False when nothing is left.
+    bool cutToView(QPolygonF& points, double width) const {
+        if (points.size() != 2) return true;
+        const QPointF start = points.first();
+        const QPointF run = points.last() - start;
+        double from = 0.0;
+        double to = 1.0;
+        const bool crosses = narrow(start.x(), run.x(), m_view.widthPixels(), width, from, to) &&
+                             narrow(start.y(), run.y(), m_view.heightPixels(), width, from, to);
+        if (crosses) points = QVector<QPointF>{start + run * from, start + run * to};
+        return crosses;
+    }
+
+    /// Narrows the part of a line, from 0 to 1, to what lies between the view's edges in one direction.
+    static bool narrow(double start, double run, double size, double reach, double& from, double& to) {
+        if (run == 0.0) return start >= -reach && start <= size + reach;
+        const auto [first, second] = std::minmax({(-reach - start) / run, (size + reach - start) / run});
+        from = std::max(from, first);
+        to = std::min(to, second);
+        return from < to;
+    }
+
+    /// How far a step leads along the line's first piece.
+    static double alongFirstPiece(const QPolygonF& points, const QPointF& step) {
+        const QPointF run = points[1] - points[0];
+        const double length = std::hypot(run.x(), run.y());
+        return length > 0.0 ? QPointF::dotProduct(run, step) / length : 0.0;
     }
 
     void bar(const Text& text, double width, double height) {

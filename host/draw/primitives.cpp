@@ -103,6 +103,7 @@ void moveBy(Polyline& polyline, const KdGeMatrix3d& matrix) {
     for (KdGePoint3d& point : polyline.points) point = matrix * point;
     const double factor = (matrix * KdGeVector3d::kXAxis).length();
     for (double& dash : polyline.dashes) dash *= factor;
+    polyline.dashStart *= factor;
 }
 
 void moveBy(Polygon& polygon, const KdGeMatrix3d& matrix) {

@@ -34,6 +34,7 @@ struct Polyline {
     Color color;
     int lineWeight = 0;          ///< hundredths of a millimetre; 0 is the thinnest line
     std::vector<double> dashes;  ///< drawing units; empty for a continuous line
+    double dashStart = 0.0;      ///< how far into the pattern the line begins, drawing units
 };
 
 struct Polygon {

@@ -30,6 +30,10 @@ struct Side {
     KdDb::GridLineType edge;
 };
 
+/// Along a line, a dash pattern begins where a run of like edges does, and anew at each row or column that is a
+/// multiple of this. So the same pattern is found whichever part is drawn, at no more than this many looks back.
+constexpr int kEdgesOfPattern = 256;
+
 /// The edges of a whole table. Lines of rows run along the rows between grid nodes, lines of columns across.
 class Grid {
 public:
@@ -39,7 +43,7 @@ public:
             m_edges[ofRows ? 0 : 1].assign(size(lines(ofRows), length(ofRows)), kNoEdge);
             for (int line = 0; line < lines(ofRows); ++line) {
                 for (int index = 0; index < length(ofRows); ++index)
-                    set(ofRows, line, index, find(ofRows, line, index));
+                    set(ofRows, line, index, find(ofRows, line, along(ofRows).at(index).first));
             }
         }
     }
@@ -60,6 +64,24 @@ public:
     }
     bool isDouble(Edge edge) const { return edge != kNoEdge && looks(edge).spacing > 0.0; }
 
+    /// Whether the edge goes on what the one before it began.
+    bool continues(bool ofRows, int line, int index) const {
+        const Edge edge = at(ofRows, line, index);
+        if (edge == kNoEdge || at(ofRows, line, index - 1) != edge) return false;
+        const int stretch = along(ofRows).at(index).first / kEdgesOfPattern;
+        return looks(edge).dashes.empty() || along(ofRows).at(index - 1).first / kEdgesOfPattern == stretch;
+    }
+
+    /// The row or column where the run of edges that is met at `index` begins. One that is drawn dashed may begin
+    /// before what is seen.
+    int runStart(bool ofRows, int line, int index) {
+        const Edge edge = at(ofRows, line, index);
+        int start = along(ofRows).at(index).first;
+        if (index > 0 || looks(edge).dashes.empty()) return start;
+        while (start % kEdgesOfPattern != 0 && find(ofRows, line, start - 1) == edge) --start;
+        return start;
+    }
+
 private:
     static std::size_t size(int lines, int length) {
         return static_cast<std::size_t>(lines) * static_cast<std::size_t>(length);
@@ -71,11 +93,14 @@ private:
         m_edges[ofRows ? 0 : 1][place(ofRows, line, index)] = edge;
     }
 
-    /// The edge between two cells, or at the table's border; one inside a merge is not drawn.
-    Edge find(bool ofRows, int line, int index) {
+    const Strips& along(bool ofRows) const { return ofRows ? m_drawing.strips.columns : m_drawing.strips.rows; }
+
+    /// The edge between two cells, or at the table's border; one inside a merge is not drawn. `place` is the column of
+    /// a line of rows, the row of a line of columns.
+    Edge find(bool ofRows, int line, int place) {
         const auto& [rows, columns] = m_drawing.strips;
-        const int row = ofRows ? rows.behind(line) : rows.at(index).first;
-        const int column = ofRows ? columns.at(index).first : columns.behind(line);
+        const int row = ofRows ? rows.behind(line) : place;
+        const int column = ofRows ? place : columns.behind(line);
         const Side before = ofRows ? Side{row - 1, column, KdDb::kHorzBottom} : Side{row, column - 1, KdDb::kVertRight};
         if (row == m_drawing.geometry.rows() || column == m_drawing.geometry.columns()) return fromSide(before);
         const KdCellRange merge = m_drawing.table.getMergeRange(row, column);
@@ -133,7 +158,7 @@ private:
 /// Draws the lines of one direction.
 class LineDrawer {
 public:
-    LineDrawer(const TableDrawing& drawing, const Grid& grid, bool ofRows)
+    LineDrawer(const TableDrawing& drawing, Grid& grid, bool ofRows)
         : m_drawing(drawing), m_grid(grid), m_ofRows(ofRows) {}
 
     void draw() {
@@ -145,14 +170,20 @@ private:
         for (int begin = 0; begin < m_grid.length(m_ofRows);) {
             const Edge edge = m_grid.at(m_ofRows, line, begin);
             int end = begin + 1;
-            while (edge != kNoEdge && m_grid.at(m_ofRows, line, end) == edge) ++end;
-            if (m_grid.isDouble(edge)) {
-                drawDouble(line, begin, end, -1);
-                drawDouble(line, begin, end, 1);
-            } else if (edge != kNoEdge) {
-                piece(edge, line, 0.0, position(begin), position(end));
-            }
+            while (m_grid.continues(m_ofRows, line, end)) ++end;
+            if (edge != kNoEdge) drawRun(line, begin, end);
             begin = end;
+        }
+    }
+
+    void drawRun(int line, int begin, int end) {
+        const Edge edge = m_grid.at(m_ofRows, line, begin);
+        m_patternStart = edgeOf(m_grid.runStart(m_ofRows, line, begin));
+        if (m_grid.isDouble(edge)) {
+            drawDouble(line, begin, end, -1);
+            drawDouble(line, begin, end, 1);
+        } else {
+            piece(edge, line, 0.0, position(begin), position(end));
         }
     }
 
@@ -189,6 +220,10 @@ private:
     double columnEdge(int line) const { return m_drawing.geometry.columnEdge(m_drawing.strips.columns.behind(line)); }
 
     double position(int node) const { return m_ofRows ? columnEdge(node) : rowEdge(node); }
+    /// The near edge of a column, on a line of rows, or of a row.
+    double edgeOf(int place) const {
+        return m_ofRows ? m_drawing.geometry.columnEdge(place) : m_drawing.geometry.rowEdge(place);
+    }
 
     void piece(Edge edge, int line, double offset, double from, double to) const {
         const TableGeometry& geometry = m_drawing.geometry;
@@ -196,18 +231,20 @@ private:
         const EdgeLooks& looks = m_grid.looks(edge);
         const KdGePoint3d start = m_ofRows ? geometry.at(from, fixed) : geometry.at(fixed, from);
         const KdGePoint3d stop = m_ofRows ? geometry.at(to, fixed) : geometry.at(fixed, to);
-        m_drawing.out.push_back(Polyline{{start, stop}, looks.color, looks.lineWeight, looks.dashes});
+        const double dashStart = looks.dashes.empty() ? 0.0 : from - m_patternStart;
+        m_drawing.out.push_back(Polyline{{start, stop}, looks.color, looks.lineWeight, looks.dashes, dashStart});
     }
 
     const TableDrawing& m_drawing;
-    const Grid& m_grid;
+    Grid& m_grid;
     bool m_ofRows;
+    double m_patternStart = 0.0;  ///< along the line, of the run that is being drawn
 };
 
 }  // namespace
 
 void drawGrid(const TableDrawing& drawing) {
-    const Grid grid(drawing);
+    Grid grid(drawing);
     LineDrawer(drawing, grid, true).draw();
     LineDrawer(drawing, grid, false).draw();
 }
