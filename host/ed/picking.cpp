@@ -108,8 +108,12 @@ void selectNothingByUser(Editor& editor) {
     byUser(editor, [](PickFirst& selection) { selection.clear(); });
 }
 
+double halfPickBox(const View& view) {
+    return 0.5 * kPickBoxPixels * view.screenScale();
+}
+
 std::vector<KdDbObjectId> pickAt(const Editor& editor, const KdGePoint3d& worldPoint) {
-    const double halfBox = editor.view().unitsPerPixel() * kPickBoxPixels / 2.0;
+    const double halfBox = editor.view().unitsPerPixel() * halfPickBox(editor.view());
     std::vector<KdDbObjectId> ids = entitiesOfCurrentSpace(editor.database());
     std::erase_if(ids, [&](KdDbObjectId id) {
         const auto* entity = peek<KdDbEntity>(id);

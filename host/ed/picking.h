@@ -12,9 +12,12 @@
 namespace kdhost {
 
 class Editor;
+class View;
 
-/// Side of the pick box, in pixels of the view.
+/// Side of the pick box in pixels, on a screen of scale 1.
 inline constexpr double kPickBoxPixels = 10.0;
+/// Half its side as the view shows it, in pixels.
+double halfPickBox(const View& view);
 
 /// The entities of the current space under a world point, the one drawn last first. A table is hit anywhere
 /// inside its outline, a line within the pick box, another entity inside its extents.

@@ -29,7 +29,7 @@ void View::zoomToSheet() {
 }
 
 void View::zoomTo(const KdDbExtents& box) {
-    m_shown.zoomExtents(box, kMarginPixels);
+    m_shown.zoomExtents(box, kMarginPixels * m_screenScale);
 }
 
 void View::zoomBy(double factor) {

@@ -25,6 +25,9 @@ public:
 
     /// Where the view's corner stands on the whole screen.
     void setOrigin(int x, int y);
+    /// What lengths that are told in pixels are enlarged by, so that they keep their size on dense screens.
+    void setScreenScale(double scale) { m_screenScale = scale; }
+    double screenScale() const { return m_screenScale; }
 
     // To and from pixels, counted from the view's top left corner. The depth is kept.
     void worldToScreen(KdGePoint3d& point) const override;
@@ -36,6 +39,7 @@ private:
     draw::View m_shown;
     int m_originX = 0;
     int m_originY = 0;
+    double m_screenScale = 1.0;
 };
 
 }  // namespace kdhost

@@ -1,4 +1,4 @@
-// The help: a page of the documents in a window of its own, and the scale of the screen.
+// The help: a page of the documents in a window of its own.
 
 #include "host/ui/help.h"
 
@@ -6,10 +6,8 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScreen>
 #include <QTextBrowser>
 #include <QTextTable>
 #include <QUrl>
@@ -172,10 +170,4 @@ int kdedHelp(const wchar_t*, const wchar_t* topic, int) {
     const QString wanted = QString::fromWCharArray(topic == nullptr ? L"" : topic);
     kdhost::helpWindow().show(kdhost::helpPage(wanted));
     return RTNORM;
-}
-
-double kdadGetDPIScale() {
-    constexpr double kUnscaledDots = 96.0;
-    const QScreen* screen = qApp == nullptr ? nullptr : QGuiApplication::primaryScreen();
-    return screen == nullptr ? 1.0 : screen->logicalDotsPerInch() / kUnscaledDots;
 }

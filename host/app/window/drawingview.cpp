@@ -89,6 +89,7 @@ draw::View* DrawingView::shown() const {
 void DrawingView::place(Editor& editor) const {
     const QPoint origin = mapToGlobal(QPoint(0, 0));
     editor.view().setOrigin(origin.x(), origin.y());
+    editor.view().setScreenScale(screenScale());
     editor.view().shown().resize(width(), height());
 }
 
@@ -218,7 +219,7 @@ void DrawingView::paintSelected(QPainter& painter) const {
 }
 
 void DrawingView::paintCross(QPainter& painter) const {
-    const double pick = 0.5 * kPickBoxPixels;
+    const double pick = halfPickBox(currentEditor()->view());
     const double arm = kCrossArm * screenScale();
     const double width = std::max(std::round(screenScale()), 1.0);
     const QPointF at(std::floor(m_mouse.x()) + 0.5, std::floor(m_mouse.y()) + 0.5);

@@ -33,8 +33,6 @@ public:
     void showActive();
     /// The drawing, or what it is seen by, has changed.
     void redraw();
-    /// Only what lies over the drawing has changed.
-    void redrawOver() { update(); }
     void zoomExtents();
 
     QWidget& widget() override { return *this; }

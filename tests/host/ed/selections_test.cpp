@@ -85,6 +85,15 @@ TEST_F(Selections, a_line_is_hit_within_the_pick_box_only) {
     EXPECT_EQ(picked(100.0 + 1.1 * half, 0.0), Ids{});
 }
 
+TEST_F(Selections, the_pick_box_keeps_its_size_on_a_dense_screen) {
+    const KdDbObjectId line = addLine({0, 0, 0}, {100, 0, 0});
+    kdhost::View& view = host.editor().view();
+    const double half = view.unitsPerPixel() * kdhost::kPickBoxPixels / 2.0;
+    view.setScreenScale(2.0);
+    EXPECT_EQ(picked(50.0, 1.9 * half), Ids{line});
+    EXPECT_EQ(picked(50.0, 2.1 * half), Ids{});
+}
+
 TEST_F(Selections, a_table_is_hit_anywhere_inside_its_outline) {
     const KdDbObjectId table = addTable({100, 100, 0});
     EXPECT_EQ(picked(101, 99), Ids{table});
