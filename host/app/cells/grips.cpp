@@ -11,6 +11,7 @@
 #include "host/ed/commandline.h"
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
+#include "host/ed/words.h"
 #include "kd/db/line.h"
 #include "kd/db/table.h"
 #include "kd/ui/hostdialogs.h"
@@ -19,6 +20,9 @@ namespace kdhost {
 namespace {
 
 using draw::TableGeometry;
+
+constexpr Words kOnLockedLayer{L"\nThe table lies on a locked layer.", L"\n表格位于锁定的图层上。"};
+constexpr Words kCantBeChanged{L"\nThe table can't be changed now.", L"\n现在无法更改该表格。"};
 
 constexpr double kGripPixels = 9.0;  // at scale 1
 
@@ -183,8 +187,7 @@ void dragGrip(Editor& editor, KdDbObjectId id, const Grip& grip, const KdGePoint
         KdDbObject* object = nullptr;
         const Kdad::ErrorStatus status = kddbOpenObject(object, id, KdDb::kForWrite, false, KdDbTable::desc());
         if (status != Kdad::eOk) {
-            const bool locked = status == Kdad::eOnLockedLayer;
-            commandLine().write(locked ? L"\nThe table lies on a locked layer." : L"\nThe table can't be changed now.");
+            commandLine().write((status == Kdad::eOnLockedLayer ? kOnLockedLayer : kCantBeChanged).text());
             return;
         }
         carryOut(*static_cast<KdDbTable*>(object), grip, to);

@@ -35,6 +35,7 @@ TEST_F(CommandsInChinese, every_prompt_is_chinese) {
         L"INSERT\nPart\n",
         L"INSERT\nPart\n0,0\n",
         L"INSERT\nPart\n0,0\n1\n",
+        L"LANGUAGE\n",
         L"LAYER\n",
         L"LAYER\nM\n",
         L"LINE\n",

@@ -17,6 +17,7 @@
 #include "host/db/undo.h"
 #include "host/ed/commands.h"
 #include "host/ed/picking.h"
+#include "host/win32/modules.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
 #include "kd/ed/prompts.h"
@@ -352,6 +353,10 @@ TEST_F(CellMouse, a_table_on_a_locked_layer_is_not_moved_and_the_user_told) {
     EXPECT_EQ(look().position(), KdGePoint3d(0, 0, 0));
     EXPECT_EQ(host.lastMessage(), L"The table lies on a locked layer.");
     EXPECT_EQ(steps(), before);
+    kdhost::setLanguage(kdhost::Language::Chinese);
+    drag(0, 0, 13, -7);
+    kdhost::setLanguage(kdhost::Language::English);
+    EXPECT_EQ(host.lastMessage(), L"表格位于锁定的图层上。");
 }
 
 /// Answers in the place of a user: at each wait it carries out the next action.
