@@ -1,47 +1,18 @@
-// The tables of a drawing.
+// The tables of a drawing, and what they use.
 
 #include <algorithm>
-#include <memory>
 
-#include "kd/db/database.h"
-#include "kd/db/entity.h"
-#include "kd/db/symboltable.h"
 #include "kd/db/table.h"
+#include "kd/db/tablestyle.h"
+#include "module/core/drawingwalk.h"
 #include "module/core/openobject.h"
 #include "module/core/tablecommon.h"
-
-namespace {
-
-/// A table, and of no class derived from it.
-bool isTable(KdDbObjectId id) {
-    const OpenObject<KdDbEntity> entity(id, KdDb::kForRead);
-    return entity && entity->isA() == KdDbTable::desc();
-}
-
-void appendTablesOfBlock(KdDbObjectId block, KdArray<KdDbObjectId>& tables) {
-    const OpenObject<KdDbBlockTableRecord> record(block, KdDb::kForRead);
-    KdDbBlockTableRecordIterator* made = nullptr;
-    if (!record || record->newIterator(made) != Kdad::eOk) return;
-    const std::unique_ptr<KdDbBlockTableRecordIterator> entities(made);
-    for (entities->start(); !entities->done(); entities->step()) {
-        KdDbObjectId id;
-        if (entities->getEntityId(id) == Kdad::eOk && isTable(id)) tables.append(id);
-    }
-}
-
-}  // namespace
+#include "module/core/tablestyles.h"
 
 bool CVqTableCommon::GetTablesFormDatabase(KdDbDatabase* database, KdArray<KdDbObjectId>& tables) {
-    if (database == nullptr) return false;
-    const OpenObject<KdDbBlockTable> blocks(database->blockTableId(), KdDb::kForRead);
-    KdDbSymbolTableIterator* made = nullptr;
-    if (!blocks || blocks->newIterator(made) != Kdad::eOk) return false;
-    const std::unique_ptr<KdDbSymbolTableIterator> records(made);
-    for (records->start(); !records->done(); records->step()) {
-        KdDbObjectId block;
-        if (records->getRecordId(block) == Kdad::eOk) appendTablesOfBlock(block, tables);
-    }
-    return true;
+    return visitEntities(database, [&](const KdDbEntity& entity) {
+        if (entity.isA() == KdDbTable::desc()) tables.append(entity.objectId());
+    });
 }
 
 bool CVqTableCommon::FindTableStyleFromTable(const KdArray<KdDbObjectId>& tables, KdDbObjectId style) {
@@ -49,4 +20,31 @@ bool CVqTableCommon::FindTableStyleFromTable(const KdArray<KdDbObjectId>& tables
         const OpenObject<KdDbTable> table(id, KdDb::kForRead);
         return table && table->tableStyle() == style;
     });
+}
+
+namespace {
+
+bool hasCellOfStyle(const KdDbTable& table, const CStdStr<wchar_t>& cellStyle) {
+    for (int row = 0; row < table.numRows(); ++row) {
+        for (int column = 0; column < table.numColumns(); ++column) {
+            if (cellStyle.CompareNoCase(table.cellStyle(row, column)) == 0) return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+int CVqTableCommon::FindCellStyleFromTable(const KdArray<KdDbObjectId>& tables, const CStdStr<wchar_t>& tableStyle,
+                                           const CStdStr<wchar_t>& cellStyle) {
+    for (const KdDbObjectId id : tables) {
+        const OpenObject<KdDbTable> table(id, KdDb::kForRead);
+        if (!table) continue;
+        const OpenObject<KdDbTableStyle> style(table->tableStyle(), KdDb::kForRead);
+        // A table whose style can't be had ends the search, whatever the tables behind it use.
+        if (!style) return 0;
+        if (tableStyle.CompareNoCase(nameOfTableStyle(*style)) != 0) continue;
+        if (hasCellOfStyle(*table, cellStyle)) return 1;
+    }
+    return 0;
 }

@@ -330,6 +330,10 @@ public:
     /// be read.
     static bool GetTablesFormDatabase(KdDbDatabase* database, KdArray<KdDbObjectId>& tables);
     static bool FindTableStyleFromTable(const KdArray<KdDbObjectId>& tables, KdDbObjectId style);
+    /// 1 when a cell of a table of the named table style has the named cell style. A table that can't be opened is
+    /// passed over; one whose style can't be opened ends the search with 0.
+    static int FindCellStyleFromTable(const KdArray<KdDbObjectId>& tables, const CStdStr<wchar_t>& tableStyle,
+                                      const CStdStr<wchar_t>& cellStyle);
     /// A new temporary file; a null directory is the host's temporary folder. 0 on success, 53 when the host
     /// doesn't say why it failed. `out` takes KD_MAX_PATH characters.
     static int GetVqcadTmpFileName(const wchar_t* prefix, const wchar_t* directory, wchar_t* out);
@@ -353,6 +357,8 @@ public:
     static bool CheckStyleNameValid(const CStdStr<wchar_t>& name);
     /// The naming dialog, and a new cell style of the table's style. False without the main application service.
     static int CreateNewCellStyle(KdDbObjectId table);
+    /// The dialog of the cell styles of the table's style, in a transaction of its own and as one step of undo; its
+    /// Cancel takes all back. False without the main application service.
     static int ManageCellStyles(KdDbObjectId table);
     static int SetBorders(KdDbObjectId table);
 
