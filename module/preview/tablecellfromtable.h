@@ -6,16 +6,11 @@
 
 #include <memory>
 
-#include "kd/db/objectid.h"
-#include "kd/ge/vector3d.h"
 #include "module/core/cellrange.h"
 #include "module/preview/cellcalccache.h"
+#include "module/preview/sampleblock.h"
 
-class KdDbBlockReference;
-class KdDbBlockTableRecord;
-class KdDbDatabase;
 class KdDbTable;
-class KdGePoint3d;
 class SampleLines;
 
 class CVqTableCellFromTable {
@@ -39,17 +34,15 @@ public:
 
     // The sizes of each cell, in drawing units; no text makes them grow.
 
-    double GetRowHeight() const { return m_rowHeight; }
-    void SetRowHeight(double height) { m_rowHeight = height; }
-    double GetColumnWidth() const { return m_columnWidth; }
-    void SetColumnWidth(double width) { m_columnWidth = width; }
+    double GetRowHeight() const { return m_grid.rowHeight; }
+    void SetRowHeight(double height) { m_grid.rowHeight = height; }
+    double GetColumnWidth() const { return m_grid.columnWidth; }
+    void SetColumnWidth(double width) { m_grid.columnWidth = width; }
 
 private:
     void findShape();
     int referenceRow() const { return static_cast<int>(m_referenceRow); }
     int referenceColumn() const { return static_cast<int>(m_referenceColumn); }
-    KdGeVector3d columnStep() const { return m_columnWidth * m_rightDirection; }
-    KdGeVector3d rowStep() const { return m_rowHeight * m_downDirection; }
 
     VqTableCellCalcCaches calcCells() const;
     void calcTextCell(double width, double height, VqTableCellCalcCache& cache) const;
@@ -60,13 +53,8 @@ private:
     KdDbTable* m_table = nullptr;  ///< the caller's
     std::unique_ptr<KdDbBlockReference> m_reference;
     CVqTableCellRange m_range;
-    double m_rowHeight = 0.0;
-    double m_columnWidth = 0.0;
-    KdGeVector3d m_downDirection;   ///< from one row to the next
-    KdGeVector3d m_rightDirection;  ///< from one column to the next
-    KdDbObjectId m_layer;           ///< of invisible lines
-    double m_rotation = 0.0;        ///< of the table's plane, radians
-    unsigned m_shape = 0;           ///< 0 one cell, 1 a row of two, 2 a column of two, 3 two by two
+    SampleGrid m_grid;
+    unsigned m_shape = 0;  ///< 0 one cell, 1 a row of two, 2 a column of two, 3 two by two
     unsigned m_rows = 0;
     unsigned m_columns = 0;
     // The range's first cell: the text and most properties of lines are read from it.

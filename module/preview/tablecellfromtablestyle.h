@@ -7,18 +7,12 @@
 
 #include <memory>
 
-#include "kd/db/objectid.h"
-#include "kd/ge/vector3d.h"
 #include "kd/rx/kdstring.h"
 #include "module/preview/cellcalccache.h"
+#include "module/preview/sampleblock.h"
 
-class KdDbBlockReference;
-class KdDbBlockTableRecord;
-class KdDbDatabase;
 class KdDbTableStyle;
-class KdGePoint3d;
 class SampleLines;
-class StyleEdges;
 
 class CVqTableCellFromTableStyle {
 public:
@@ -41,22 +35,20 @@ public:
 
     // The sizes of each cell, in drawing units. CreateTableCell starts from them, and lets them grow.
 
-    double GetRowHeight() const { return m_rowHeight; }
-    void SetRowHeight(double height) { m_rowHeight = height; }
-    double GetColumnWidth() const { return m_columnWidth; }
-    void SetColumnWidth(double width) { m_columnWidth = width; }
+    double GetRowHeight() const { return m_grid.rowHeight; }
+    void SetRowHeight(double height) { m_grid.rowHeight = height; }
+    double GetColumnWidth() const { return m_grid.columnWidth; }
+    void SetColumnWidth(double width) { m_grid.columnWidth = width; }
 
 private:
     bool mergesAll() const;
-    KdGeVector3d columnStep() const { return m_columnWidth * m_rightDirection; }
-    KdGeVector3d rowStep() const { return m_rowHeight * m_downDirection; }
 
     VqTableCellCalcCaches calcCells() const;
     void calcTextCell(double width, double height, VqTableCellCalcCache& cache) const;
     bool adjustRowColumnSize(const VqTableCellCalcCaches& caches);
     void addRowContent(KdGePoint3d position, std::vector<VqTableCellCalcCache>& row, KdDbBlockTableRecord& block) const;
     void addBackground(const KdGePoint3d& position, KdDbBlockTableRecord& block) const;
-    void makeCell(const KdGePoint3d& origin, unsigned row, unsigned column, SampleLines& lines);
+    void makeCell(const KdGePoint3d& origin, int row, int column, SampleLines& lines);
     void addTopLine(const KdGePoint3d& origin, int row, int column, SampleLines& lines) const;
     void addLeftLine(const KdGePoint3d& origin, int row, int column, SampleLines& lines) const;
 
@@ -64,13 +56,8 @@ private:
     KdDbTableStyle* m_style = nullptr;  ///< the caller's
     std::unique_ptr<KdDbBlockReference> m_reference;
     KdString m_cellStyle;
-    double m_rowHeight = 0.0;
-    double m_columnWidth = 0.0;
-    KdGeVector3d m_downDirection;   ///< from one row to the next
-    KdGeVector3d m_rightDirection;  ///< from one column to the next
-    KdDbObjectId m_layer;           ///< of invisible lines
-    double m_rotation = 0.0;        ///< of the table's plane, radians
-    bool m_insideLines = false;     ///< inner lines take the properties of the inside edges
+    SampleGrid m_grid;
+    bool m_insideLines = false;  ///< inner lines take the properties of the inside edges
     bool m_singleColumn = false;
     unsigned m_rows = 2;
     unsigned m_columns = 2;
