@@ -72,6 +72,108 @@
     </message>
 </context>
 <context>
+    <name>IDD_MANAGERCELLSTYLE_DIALOG</name>
+    <message>
+        <source>Manage Cell Styles</source>
+        <translation>管理单元样式</translation>
+    </message>
+    <message>
+        <source>&amp;Cell styles:</source>
+        <translation>单元样式(&amp;C):</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>预览：</translation>
+    </message>
+    <message>
+        <source>Cell styles</source>
+        <translation>单元样式</translation>
+    </message>
+    <message>
+        <source>&amp;New...</source>
+        <translation>新建(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>重命名(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Preview of the selected cell style</source>
+        <translation>所选单元样式的预览</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+</context>
+<context>
+    <name>IDD_TABLESTYLE_DIALOG</name>
+    <message>
+        <source>Table Styles</source>
+        <translation>表格样式</translation>
+    </message>
+    <message>
+        <source>&amp;Styles:</source>
+        <translation>样式(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Table styles</source>
+        <translation>表格样式</translation>
+    </message>
+    <message>
+        <source>Preview of the selected table style</source>
+        <translation>所选表格样式的预览</translation>
+    </message>
+    <message>
+        <source>Set &amp;Current</source>
+        <translation>置为当前(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;New...</source>
+        <translation>新建(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>&amp;Modify...</source>
+        <translation>修改(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;List:</source>
+        <translation>列出(&amp;L):</translation>
+    </message>
+    <message>
+        <source>Which table styles are listed</source>
+        <translation>列出哪些表格样式</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+</context>
+<context>
     <name>IDR_ALIGNMENT_MENU</name>
     <message>
         <source>Alignment</source>
@@ -209,6 +311,44 @@
     <message>
         <source>Content and Format &amp;Locked</source>
         <translation>内容和格式已锁定(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_MANAGECELL_MENU</name>
+    <message>
+        <source>Cell style</source>
+        <translation>单元样式</translation>
+    </message>
+    <message>
+        <source>&amp;New...</source>
+        <translation>新建(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>重命名(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_MANAGETABLE_MENU</name>
+    <message>
+        <source>Table style</source>
+        <translation>表格样式</translation>
+    </message>
+    <message>
+        <source>Set &amp;Current</source>
+        <translation>置为当前(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>重命名(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
     </message>
 </context>
 <context>
