@@ -1,8 +1,40 @@
-// The management of a table's cell styles.
+// The cell styles of a table's style, managed outside the style dialogs.
 
+#include "kd/db/tablestyle.h"
+#include "module/core/cellstylewalk.h"
+#include "module/core/editframe.h"
 #include "module/core/tablecommon.h"
+#include "module/core/tablestyles.h"
+#include "module/style/managercellstyledlg.h"
+#include "module/style/transactions.h"
 
-int CVqTableCommon::ManageCellStyles(KdDbObjectId) {
-    // The dialog of cell styles isn't there yet: everything stays as it is.
-    return true;
+namespace {
+
+constexpr EditMark kManageCellStyles{.name = L"ManCellStyle", .titleText = 2132, .updatesDisplay = false};
+
+/// The table stays open for write meanwhile. The dialog can't open it for read beside that, so that a cell style which
+/// only this table uses counts as not in use there.
+void manageCellStyles(const KdDbTable& table) {
+    KdDbTransactionManager* transactions = currentTransactions();
+    KdDbTransaction* transaction = transactions == nullptr ? nullptr : transactions->startTransaction();
+    const KdDbObjectId id = table.tableStyle();
+    const auto* style = getObject<KdDbTableStyle>(transaction, id, KdDb::kForWrite);
+    // The transaction stays open then, for whoever ends the next one.
+    if (style == nullptr) return;
+
+    CVqTableManagerCellStyleDlg dialog;
+    for (const CStdStr<wchar_t>& name : cellStyleDisplayNames(*style)) dialog.AddCellStyleName(name);
+    dialog.SetTableStyleId(id);
+    dialog.SetTableStyleName(nameOfTableStyle(*style));
+    if (dialog.DoModal() == IDOK) {
+        transactions->endTransaction();
+    } else {
+        transactions->abortTransaction();
+    }
+}
+
+}  // namespace
+
+int CVqTableCommon::ManageCellStyles(KdDbObjectId table) {
+    return editTable(table, kManageCellStyles, [](const KdDbTable& open) { manageCellStyles(open); });
 }

@@ -30,7 +30,6 @@ public:
     void SetTableStyleId(const KdDbObjectId& style);
     void SetTableStyleName(const CStdStr<wchar_t>& name);
 
-    bool PreTranslateMessage(MSG* message) override;
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
     void bindSingals() override;

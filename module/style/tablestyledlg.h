@@ -7,6 +7,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "kd/db/objectid.h"
 #include "kd/rx/array.h"
@@ -15,6 +16,7 @@
 #include "mfc/listctrl.h"
 #include "module/preview/previewstatic.h"
 
+class CVqTableCreateTableStyleDlg;
 class KdDbDatabase;
 class KdDbTable;
 
@@ -37,7 +39,6 @@ public:
     /// Always 1: what is previewed follows the selection alone.
     static int SetStylePreviewName(const CStdStr<wchar_t>&) { return 1; }
 
-    bool PreTranslateMessage(MSG* message) override;
     void OnCancel() override;
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
@@ -62,14 +63,16 @@ private:
     void OnLvnKeydownTablestyleList(NMHDR* header, LRESULT* result);
     void ShowRButtonMenu(const CStdStr<wchar_t>& name);
 
+    using Names = std::vector<CStdStr<wchar_t>>;
+
     // The list.
+    void fillFilterCombo();
     int LoadTableStyleFromDatabase();
     void FillTableStyleNameList(bool inUseAlone);
-    int GetAllTableStyle();
-    int GetUseTableStyle();
-    void selectCurrentStyle();
+    void fillList(bool inUseAlone);
     int FindTableStyleNameItem(const CStdStr<wchar_t>& name) const;
     void ListSort();
+    /// Of the row at the selection mark; empty without one.
     CStdStr<wchar_t> markedName() const;
     int SetButtonState(const CStdStr<wchar_t>& name);
     int SetCurrentTableStyleTip();
@@ -77,30 +80,31 @@ private:
     // What the drawing says of a style.
     KdDbObjectId FindTableStyleFromDictionary(const CStdStr<wchar_t>& name) const;
     bool IsUseTableStyle(const CStdStr<wchar_t>& name) const;
-    bool FindTableStyleFromTable(const CStdStr<wchar_t>& name) const;
+    bool isAlwaysUsed(const CStdStr<wchar_t>& name) const;
+    Names namesUsedByTables() const;
 
     // What is done to styles.
-    void GetCurrentTableStyle();
     void CurrentTableStyle();
+    /// Hands the names of all styles over. False when they can't be read.
+    bool listNames(CVqTableCreateTableStyleDlg& naming) const;
+    /// Whether there is a new style now. Its row comes before the last one of `rowCount`.
+    bool editNewStyle(const CStdStr<wchar_t>& name, const CStdStr<wchar_t>& start, int rowCount);
+    static bool editStyle(const CStdStr<wchar_t>& name, KdDbObjectId id, int modify);
     void RenameTableStyle();
     void RenameTableStyle(const CStdStr<wchar_t>& name, const CStdStr<wchar_t>& renamed);
     int DeleteTableStyle();
-    bool editNewStyle(const CStdStr<wchar_t>& name, const CStdStr<wchar_t>& start);
+    bool eraseStyle(KdDbObjectId id) const;
 
     // The preview.
-    void UpdatePreview(const CStdStr<wchar_t>& name);
-    int ShowPreviewPicture(const CStdStr<wchar_t>& name, bool rebuild);
+    int ShowPreviewPicture(const CStdStr<wchar_t>& name);
     int initializeTablePreviewer(const CStdStr<wchar_t>& name);
-    int CreatePreviewTable(KdDbObjectId style);
 
     CListCtrl m_ctrlList;
     CKdUiStringComboBox m_ctrlFilterCombo;
     /// By the last click: false when it met empty space. Nothing is deleted meanwhile.
     bool m_bItemHit = true;
     bool m_nListFilter = false;  ///< the dialog opens on all styles, whatever it was left on
-    bool m_bHasTables = false;
     CStdStr<wchar_t> m_strCurrentStyle;
-    KdDbObjectId m_idPreviewStyle;
     KdDbObjectId m_idDictionary;
     KdDbDatabase* m_pDatabase = nullptr;
     KdArray<KdDbObjectId> m_tableIds{0, 8};      ///< every table of the drawing, gathered once

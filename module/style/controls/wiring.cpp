@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr const char* kResourcePath = "TvxTableRes/TvxTableRes";
-
 enum class Shape { Plain, Notice, Item };
 
 /// How a notification is carried. Some come by two signals.
@@ -72,7 +70,7 @@ bool connectRow(KdUiBaseDialog& dialog, const char* control, QWidget& widget, co
 }  // namespace
 
 bool buildTree(KdUiBaseDialog& dialog, const char* name) {
-    if (!dialog.generateUICtrls(kResourcePath, name, 1, 0, 0)) return false;
+    if (!dialog.generateUICtrls(kModuleResources, name, 1, 0, 0)) return false;
     dialog.bindSingals();
     dialog.KdUiBaseDialog::bindSingals();
     return true;

@@ -23,6 +23,9 @@
 
 class QListWidgetItem;
 
+/// Where the module's widget trees lie.
+inline constexpr const char* kModuleResources = "TvxTableRes/TvxTableRes";
+
 /// Builds the dialog's widget tree from the resource module and, when that worked, runs the class's bindSingals
 /// and then the base's. To be called in the constructor of the class whose bindSingals it is.
 bool buildTree(KdUiBaseDialog& dialog, const char* name);

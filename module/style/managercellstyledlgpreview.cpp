@@ -1,0 +1,41 @@
+// The sample of the selected cell style.
+
+#include "kd/db/blockreference.h"
+#include "kd/db/tablestyle.h"
+#include "module/core/tablecommon.h"
+#include "module/preview/tablecellfromtablestyle.h"
+#include "module/style/lineweightsshown.h"
+#include "module/style/managercellstyledlg.h"
+#include "module/style/transactions.h"
+
+int CVqTableManagerCellStyleDlg::ShowPreviewPicture(const CStdStr<wchar_t>& name) {
+    if (getObject<KdDbTableStyle>(topTransaction(), m_idStyle, KdDb::kForRead) == nullptr) return 0;
+    const LineWeightsShown scope;
+    // While the dialog opens there is no preview yet; the opening makes the first one itself, and where it can't, no
+    // selection does.
+    if (m_ctrlPreview.isNeedInitialize()) return 1;
+    m_ctrlPreview.uninitPreviewer();
+    m_pPreviewCell.reset();
+    initializeCellPreviewer(name);
+    m_ctrlPreview.invalidate(true);
+    m_ctrlPreview.update();
+    return 1;
+}
+
+void CVqTableManagerCellStyleDlg::initializeCellPreviewer(const CStdStr<wchar_t>& name) {
+    if (!m_ctrlPreview.isNeedInitialize() || CreatePreviewCell(name) == 0) return;
+    m_ctrlPreview.initialPreviewer(m_ctrlPreview.GetSafeHwnd(), m_pPreviewCell->GetDatabase(),
+                                   {m_pPreviewCell->GetTableCell()});
+}
+
+int CVqTableManagerCellStyleDlg::CreatePreviewCell(const CStdStr<wchar_t>& name) {
+    KdDbTableStyle* open = style(KdDb::kForRead);
+    if (open == nullptr) return 0;
+    CStdStr<wchar_t> internalName = name;
+    CVqTableCommon::DefaultCellStyleConvert(internalName);
+    auto sample = std::make_unique<CVqTableCellFromTableStyle>(open, KdString(internalName), false);
+    sample->CreateTableCell();
+    if (sample->GetTableCell() == nullptr) return 0;
+    m_pPreviewCell = std::move(sample);
+    return 1;
+}
