@@ -1,11 +1,13 @@
 // The commands: the rows of the command table, and their handlers.
 
+#include "kd/db/database.h"
 #include "module/core/resources.h"
 #include "module/create/tableentry.h"
 #include "module/edit/celledit.h"
 #include "module/edit/edittablecell.h"
 #include "module/exchange/tableexport.h"
 #include "module/frame/tvxtableapp.h"
+#include "module/style/tablestyledlg.h"
 
 namespace {
 
@@ -49,6 +51,9 @@ void TvxTableApp::TVX_TABLE_COMMANDSTABLE() {
 
 void TvxTableApp::TVX_TABLE_COMMANDSTABLESTYLE() {
     ResourceScope resources;
+    CVqTableStyleDlg dialog;
+    dialog.SetDatabase(kddbHostApplicationServices()->workingDatabase());
+    dialog.DoModal();
 }
 
 void TvxTableApp::TVX_TABLE_COMMANDSTABLEDIT() {
