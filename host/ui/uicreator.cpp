@@ -9,8 +9,10 @@
 #include <QTranslator>
 #include <QUiLoader>
 #include <array>
+#include <cmath>
 
 #include "host/win32/modules.h"
+#include "kd/ui/hostdialogs.h"
 #include "kd/ui/menu.h"
 #include "kd/ui/widgets.h"
 
@@ -45,6 +47,17 @@ constexpr std::array kWidgetClasses = {
     // The tree stands inside its dialog, so that its root is no window.
     WidgetClass{"QDialog", make<QWidget>},
 };
+
+/// Sizes in a file are those of a plain screen. Of sizes without a number nothing is changed.
+void scaleSizes(QWidget& widget) {
+    const auto scaled = [scale = kdadGetDPIScale()](int pixels) {
+        return pixels >= QWIDGETSIZE_MAX ? pixels : static_cast<int>(std::lround(pixels * scale));
+    };
+    const QSize most = widget.maximumSize();
+    const QSize least = widget.minimumSize();
+    widget.setMaximumSize(scaled(most.width()), scaled(most.height()));
+    widget.setMinimumSize(scaled(least.width()), scaled(least.height()));
+}
 
 class Loader : public QUiLoader {
 public:
@@ -102,10 +115,14 @@ bool VqUICreator::generate(const QString& name) {
     QWidget* root = loader.load(&form, m_private->parent);
     if (root == nullptr) return false;
 
+    scaleSizes(*root);
     m_private->root = root;
     m_private->widgets = {root};
     for (QWidget* widget : root->findChildren<QWidget*>()) {
-        if (!widget->objectName().isEmpty()) m_private->widgets.append(widget);
+        if (widget->objectName().isEmpty()) continue;
+        // Parts that a control makes for itself have the size that it wants.
+        if (!widget->objectName().startsWith(QLatin1String("qt_"))) scaleSizes(*widget);
+        m_private->widgets.append(widget);
     }
     m_private->actions.clear();
     for (QAction* action : root->findChildren<QAction*>()) {
