@@ -15,6 +15,8 @@ void CWnd::Attach(QWidget* widget) {
 
 namespace {
 
+constexpr const char* kExtendedStyle = "extendedStyle";
+
 /// The property that holds a widget's text, by the first that it has.
 const char* textProperty(const QWidget& widget) {
     constexpr std::array kProperties = {"text", "currentText", "title", "plainText"};
@@ -66,6 +68,18 @@ bool CWnd::ShowWindow(int command) {
     m_widget->setAttribute(Qt::WA_ShowWithoutActivating, command == SW_SHOWNOACTIVATE);
     m_widget->setVisible(command != SW_HIDE);
     return wasVisible;
+}
+
+UINT CWnd::GetExStyle() const {
+    return m_widget == nullptr ? 0 : m_widget->property(kExtendedStyle).toUInt();
+}
+
+bool CWnd::ModifyStyleEx(UINT remove, UINT add) {
+    const UINT before = GetExStyle();
+    const UINT after = (before & ~remove) | add;
+    if (m_widget == nullptr || after == before) return false;
+    m_widget->setProperty(kExtendedStyle, after);
+    return true;
 }
 
 bool CWnd::IsWindowVisible() const {

@@ -14,8 +14,6 @@
 
 class CVqTableCellStyleBorderDlg : public CVqTableCellStylePage {
 public:
-    static constexpr int kButtons = 8;
-
     explicit CVqTableCellStyleBorderDlg(CWnd* parent = nullptr);
 
     int UpdateFormDatabaseData() override;
@@ -33,6 +31,14 @@ public:
     void SetInvisibleGridLineData();
 
 private:
+    struct BorderButton {
+        const char* control;
+        const char* bitmap;
+        unsigned toolTip;  ///< number of its text
+        void (CVqTableCellStyleBorderDlg::*handler)();
+    };
+    static const std::array<BorderButton, 8> kBorderButtons;
+
     void OnAllBorderButton() { SetBorderVisible(0); }
     void OnOuterBorderButton() { SetBorderVisible(1); }
     void OnInnerBorderButton() { SetBorderVisible(2); }
@@ -73,7 +79,7 @@ private:
     CKdUiLineWeightComboBox m_weightBox;
     CKdUiLineTypeComboBox m_typeBox;
     CKdUiTrueColorComboBox m_colorBox;
-    std::array<CVqBitmapButton, kButtons> m_buttons;
+    std::array<CVqBitmapButton, 8> m_buttons;
     CToolTipCtrl m_toolTips;
     CButton m_doubleLineButton;
     CStatic m_infoText;
@@ -100,4 +106,5 @@ private:
     /// Set by the first valid entry in the spacing edit, for as long as the page lives. Before it the buttons leave
     /// the spacings of the edges alone.
     int m_bSpacingSet = 0;
+    int m_droppedRow = -1;  ///< of the colour box; nothing reads it
 };

@@ -41,5 +41,6 @@ private:
     CStatic m_formatText;
     CEdit m_horizontalEdit;
     CEdit m_verticalEdit;
+    CButton m_mergeButton;
     int m_droppedRow = -1;  ///< of the colour box; nothing reads it
 };

@@ -39,6 +39,9 @@ protected:
     /// The drawing that numbers are read and written for; null without a dialog around the page.
     KdDbDatabase* database() const;
 
+    /// Enter and Esc, on a page that stands in a dialog.
+    bool isLeftToDialog(const MSG& message) const;
+
     /// The style through the top transaction, which the page keeps. Null on failure.
     const KdDbTableStyle* styleForRead();
     /// The style through the transaction of the last read. Null on failure.

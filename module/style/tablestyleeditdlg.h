@@ -5,6 +5,7 @@
 // opened. OK and Cancel only close it; the caller ends or aborts the transaction.
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "kd/db/objectid.h"
@@ -96,9 +97,9 @@ private:
     std::array<CVqTableCellStylePage*, 3> pages() { return {&m_generalPage, &m_textPage, &m_borderPage}; }
     /// The pages and the sample show that cell style.
     void showCellStyle(const CStdStr<wchar_t>& internalName);
+    void selectFirstCellStyle();
     /// Text of the cell style box, without blanks around it.
     CStdStr<wchar_t> boxText() const;
-    CStdStr<wchar_t> selectedRowText(const CComboBox& box) const;
 
     /// 1 when a cell style was made.
     int LaunchCreateCellStyleDlg();
@@ -111,6 +112,7 @@ private:
 
     void initializeTablePreviewer();
     void initializeCellPreviewer(const CStdStr<wchar_t>& name);
+    int CreatePreviewTable(const KdDbObjectId& id);
     int CreatePreviewCell(const KdDbObjectId& id, const CStdStr<wchar_t>& name);
 
     CVqTabSheet m_tabs;

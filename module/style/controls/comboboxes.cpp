@@ -1,7 +1,10 @@
-// Row heights and the sorted adding of combo boxes.
+// Row heights, the sorted adding and the choices of combo boxes.
 
 #include "module/style/controls/comboboxes.h"
 
+#include <QSignalBlocker>
+
+#include "kd/ui/comboboxes.h"
 #include "kd/ui/hostdialogs.h"
 #include "module/style/controls/sortorder.h"
 
@@ -10,7 +13,28 @@ namespace {
 constexpr double kEditHeight = 15.0;
 constexpr double kRowHeight = 16.0;
 
+/// The states of an open list and of a choice that isn't made yet.
+constexpr unsigned kDropFlags = 0x20 | 0x40;
+
 }  // namespace
+
+void showRow(CComboBox& box, int row) {
+    const QSignalBlocker quiet(box.widget());
+    box.SetCurSel(row);
+    box.Invalidate();
+}
+
+CStdStr<wchar_t> selectedText(const CComboBox& box) {
+    CStdStr<wchar_t> text;
+    box.GetLBText(box.GetCurSel(), text);
+    return text;
+}
+
+void finishColorChoice(CKdUiMRUComboBox& box) {
+    box.clearDropFlags(kDropFlags);
+    box.OnSelEndOk();
+    box.OnCloseUp();
+}
 
 void CVqCustomComboBox::UseNormalHeight() {
     UseHeightsAtScale(kdadGetDPIScale());

@@ -1,7 +1,18 @@
-// Combo boxes of the module: one with the module's row heights, one that can keep its rows sorted.
+// Combo boxes of the module: one with the module's row heights, one that can keep its rows sorted; and what its dialogs
+// do with every box.
 #pragma once
 
 #include "mfc/combobox.h"
+
+class CKdUiMRUComboBox;
+
+/// Shows a row, or none for -1, without a signal: what a dialog shows is no choice of the user's.
+void showRow(CComboBox& box, int row);
+/// Empty when no row is selected.
+CStdStr<wchar_t> selectedText(const CComboBox& box);
+/// What a dialog does first when a row of a colour box was chosen: the list closes and the choice is final, that of
+/// the entry for other colours after the host has asked for one.
+void finishColorChoice(CKdUiMRUComboBox& box);
 
 class CVqCustomComboBox : public CComboBox {
 public:

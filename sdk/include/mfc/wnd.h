@@ -18,6 +18,11 @@ enum WindowPosFlag : UINT {
     SWP_HIDEWINDOW = 128,
 };
 
+/// Bits of the extended window style.
+enum ExtendedStyle : UINT {
+    WS_EX_CONTROLPARENT = 0x10000,  ///< the platform's dialogs walk into such a window by Tab; here Qt's order holds
+};
+
 /// Without a widget, or once the widget is gone, queries answer as for an empty hidden window and changes
 /// do nothing. The widget is not owned.
 class CWnd {
@@ -43,6 +48,10 @@ public:
     bool EnableWindow(bool enable = true);
     bool IsWindowEnabled() const;
     bool ShowWindow(int command);
+    /// The word of extended style bits that the window bears; 0 at first.
+    UINT GetExStyle() const;
+    /// Whether the word has changed.
+    bool ModifyStyleEx(UINT remove, UINT add);
     bool IsWindowVisible() const;
     void SetFocus();
     void Invalidate(bool erase = true);

@@ -1,0 +1,87 @@
+// What the pages of a cell style share.
+
+#include "module/style/cellstylepage.h"
+
+#include <QApplication>
+#include <QComboBox>
+
+#include "kd/db/tablestyle.h"
+#include "kd/ui/widgets.h"
+#include "module/style/tablestyleeditdlg.h"
+#include "module/style/transactions.h"
+#include "module/valuetext/tableutils.h"
+
+namespace {
+
+const QString kCancelButton = QStringLiteral("IDCANCEL");
+
+}  // namespace
+
+CVqTableStyleEditDlg* CVqTableCellStylePage::editDialog() const {
+    return dynamic_cast<CVqTableStyleEditDlg*>(GetParent());
+}
+
+KdDbDatabase* CVqTableCellStylePage::database() const {
+    const CVqTableStyleEditDlg* dialog = editDialog();
+    return dialog == nullptr ? nullptr : dialog->database();
+}
+
+const KdDbTableStyle* CVqTableCellStylePage::styleForRead() {
+    m_pTransaction = topTransaction();
+    return getObject<KdDbTableStyle>(m_pTransaction, m_idStyle, KdDb::kForRead);
+}
+
+KdDbTableStyle* CVqTableCellStylePage::styleForWrite() const {
+    return getObject<KdDbTableStyle>(m_pTransaction, m_idStyle, KdDb::kForWrite);
+}
+
+bool CVqTableCellStylePage::isLeftToDialog(const MSG& message) const {
+    const bool isEnterOrEsc =
+        message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE);
+    return isEnterOrEsc && GetParent() != nullptr;
+}
+
+bool CVqTableCellStylePage::PreTranslateMessage(MSG* message) {
+    return !isLeftToDialog(*message) && KdUiBaseDialog::PreTranslateMessage(message);
+}
+
+int CVqTableCellStylePage::UpdatePreview(int rebuild) const {
+    CVqTableStyleEditDlg* dialog = editDialog();
+    if (dialog == nullptr) return 0;
+    dialog->ShowTableStylePreview(rebuild);
+    return dialog->ShowCellStylePreview(m_strCellStyle);
+}
+
+bool CVqTableCellStylePage::IsFocusOnCurWnd() const {
+    const QWidget* focused = QApplication::focusWidget();
+    return focused != nullptr && focused->parentWidget() == this;
+}
+
+void CVqTableCellStylePage::takeFocusBack(CEdit& edit) const {
+    if (!IsFocusOnCurWnd() || QApplication::focusWidget()->objectName() == kCancelButton) return;
+    edit.SetSel(0, -1);
+    edit.SetFocus();
+}
+
+bool CVqTableCellStylePage::lengthText(double value, CStdStr<wchar_t>& text) const {
+    return CVqTableUtils::DoubleToStringConvert(database(), value, text) == 1;
+}
+
+void CVqTableCellStylePage::showLength(CEdit& edit, double value) const {
+    CStdStr<wchar_t> text;
+    if (lengthText(value, text)) edit.SetWindowTextW(text);
+}
+
+bool CVqTableCellStylePage::readLength(const CEdit& edit, double& value) const {
+    CStdStr<wchar_t> text;
+    edit.GetWindowTextW(text);
+    return CVqTableUtils::StringToDoubleConvert(database(), text, value) != 0;
+}
+
+void CVqTableCellStylePage::initPageWindow() {
+    ModifyStyleEx(WS_EX_CONTROLPARENT, 0);
+}
+
+void CVqTableCellStylePage::setBoxStyle(const char* control, int style) const {
+    if (auto* box = qobject_cast<KdUiComboBox*>(getWidgetsFromOrignal(control, 0))) box->setComboBoxStyle(style);
+}
