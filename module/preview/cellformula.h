@@ -78,17 +78,17 @@ struct CellPlace {
 /// The terms under the letters that the tables of places use.
 namespace celllengths {
 
-constexpr CellFormula W = CellFormula::kW;                            ///< the cell's width
-constexpr CellFormula H = CellFormula::kH;                            ///< the cell's height
-constexpr CellFormula m = CellFormula::kM;                            ///< the horizontal margin
-constexpr CellFormula v = CellFormula::kV;                            ///< the vertical margin
-constexpr CellFormula h = CellFormula::kTextHeight;                   ///< the text's height
-constexpr CellFormula a = CellFormula::kTextWidth;                    ///< the text's width
-constexpr CellFormula ac = CellFormula::kAC;                          ///< a slanted text's width, along the row
-constexpr CellFormula as = CellFormula::kAS;                          ///< a slanted text's width, across the row
-constexpr CellFormula st = CellFormula::kST;                          ///< a slanted capital's height, along the row
-constexpr CellFormula ct = CellFormula::kCT;                          ///< a slanted capital's height, across the row
-constexpr CellFormula cH = CellFormula::kCH;                          ///< the cell's height times the cosine
-constexpr CellFormula tenth = CellFormula(CellFormula::kUnit) * 0.1;  ///< 0.1 drawing units, for any text
+inline constexpr CellFormula W = CellFormula::kW;           ///< the cell's width
+inline constexpr CellFormula H = CellFormula::kH;           ///< the cell's height
+inline constexpr CellFormula m = CellFormula::kM;           ///< the horizontal margin
+inline constexpr CellFormula v = CellFormula::kV;           ///< the vertical margin
+inline constexpr CellFormula h = CellFormula::kTextHeight;  ///< the text's height
+inline constexpr CellFormula a = CellFormula::kTextWidth;   ///< the text's width
+inline constexpr CellFormula ac = CellFormula::kAC;         ///< a slanted text's width, along the row
+inline constexpr CellFormula as = CellFormula::kAS;         ///< a slanted text's width, across the row
+inline constexpr CellFormula st = CellFormula::kST;         ///< a slanted capital's height, along the row
+inline constexpr CellFormula ct = CellFormula::kCT;         ///< a slanted capital's height, across the row
+inline constexpr CellFormula cH = CellFormula::kCH;         ///< the cell's height times the cosine
+inline constexpr CellFormula tenth = CellFormula(CellFormula::kUnit) * 0.1;  ///< 0.1 drawing units, for any text
 
 }  // namespace celllengths

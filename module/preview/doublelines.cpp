@@ -1,24 +1,19 @@
 // The moves that make two lines out of one.
 //
 // All moves are half the spacing of some edge: the first two of each edge put its lines apart, the others see to the
-// corners. The corners at the left and the right, all edges double:
+// corners. One column of two cells, all edges double:
 //
-//      column 0                      the last column
+//      |   ----------- first ------------   |     the top, in row 0: its first line keeps the cell's own ends,
+//      |     +-------- second --------+     |     half a spacing short of the frame
+//    first second                  second first
+//      |     +-------- first  --------+     |     the top of a further row: both lines end within the column
+//      |     +-------- second --------+     |
+//      |     |                        |     |
+//      |     +-------- first  --------+     |     the bottom: its second line closes the frame
+//      +-------------- second --------------+
 //
-//      |                                         |
-//      |   ------------- first  -------------    |         row 0: the top's first line keeps the
-//      |     +---------- second ----------+      |         cell's own ends
-//      |     |                            |      |
-//    first second                      second  first
-//      |     |                            |      |
-//      |     +---------- second ----------+      |         a further row: the first line is cut too
-//      |     +---------- first  ----------+      |
-//      |     |                            |      |
-//      |     +---------- first  ----------+      |         the bottom's first line lies above the second
-//      +--------------- second ------------------+
-//
-// That an edge takes the spacing of another where it meets neither is a rule: the right edge has the spacing of the
-// left one throughout.
+// The right edge lies apart by the spacing of the left one, and lines end as far off the top and the bottom as their
+// own spacing says: these are rules. They show where edges have different spacings.
 
 #include "module/preview/doublelines.h"
 

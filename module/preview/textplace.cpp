@@ -21,49 +21,49 @@ constexpr std::array<Places, 4> kPlaces = {{
     {{
         {m, H - v},
         {W / 2, H - v},
-        {W - m, H - v},  //
+        {W - m, H - v},
         {m, H / 2},
         {W / 2, H / 2},
-        {W - m, H / 2},  //
+        {W - m, H / 2},
         {m, v},
         {W / 2, v},
-        {W - m, v},  //
+        {W - m, v},
     }},
     // Upwards: the columns of attachments lie one above the other, the first at the bottom.
     {{
         {m, v},
         {W / 2 - h / 2, H / 2},
-        {W - m - h, H - v},  //
+        {W - m - h, H - v},
         {m + h / 2, v},
         {W / 2, H / 2},
-        {W - m - h / 2, H - v},  //
+        {W - m - h / 2, H - v},
         {m + h, v},
         {W / 2 + h / 2, H / 2},
-        {W - m, H - v},  //
+        {W - m, H - v},
     }},
     // On its head. The tenth is an absolute length, whatever the size of the text: that is a rule.
     {{
         {m + tenth + a, H - v - h},
         {W / 2, H - v - h},
-        {W - m - tenth - a, H - v - h},  //
+        {W - m - tenth - a, H - v - h},
         {m + tenth + a, H / 2},
         {W / 2, H / 2},
-        {W - m - tenth - a, H / 2},  //
+        {W - m - tenth - a, H / 2},
         {m + tenth + a, v + h},
         {W / 2, v + h},
-        {W - m - tenth - a, v + h},  //
+        {W - m - tenth - a, v + h},
     }},
     // Downwards: the first column of attachments is at the top.
     {{
         {m + h, H - v},
         {W / 2 + h / 2, H / 2},
-        {W - m, v},  //
+        {W - m, v},
         {m + h / 2, H - v},
         {W / 2, H / 2},
-        {W - m - h / 2, v},  //
+        {W - m - h / 2, v},
         {m, H - v},
         {W / 2 - h / 2, H / 2},
-        {W - m - h, v},  //
+        {W - m - h, v},
     }},
 }};
 
