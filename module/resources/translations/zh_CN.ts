@@ -2,6 +2,207 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>IDD_CELLSTYLEBORDER_DIALOG</name>
+    <message>
+        <source>Properties</source>
+        <translation>特性</translation>
+    </message>
+    <message>
+        <source>&amp;Line weight:</source>
+        <translation>线宽(&amp;L):</translation>
+    </message>
+    <message>
+        <source>Line weight</source>
+        <translation>线宽</translation>
+    </message>
+    <message>
+        <source>Line t&amp;ype:</source>
+        <translation>线型(&amp;Y):</translation>
+    </message>
+    <message>
+        <source>Line type</source>
+        <translation>线型</translation>
+    </message>
+    <message>
+        <source>Colo&amp;r:</source>
+        <translation>颜色(&amp;R):</translation>
+    </message>
+    <message>
+        <source>Border color</source>
+        <translation>边框颜色</translation>
+    </message>
+    <message>
+        <source>Double line</source>
+        <translation>双线</translation>
+    </message>
+    <message>
+        <source>Do&amp;uble line</source>
+        <translation>双线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>S&amp;pacing:</source>
+        <translation>间距(&amp;P):</translation>
+    </message>
+    <message>
+        <source>Spacing of the double line</source>
+        <translation>双线的间距</translation>
+    </message>
+    <message>
+        <source>&amp;Apply to:</source>
+        <translation>应用到(&amp;A):</translation>
+    </message>
+    <message>
+        <source>All borders</source>
+        <translation>所有边框</translation>
+    </message>
+    <message>
+        <source>Outside borders</source>
+        <translation>外边框</translation>
+    </message>
+    <message>
+        <source>Inside borders</source>
+        <translation>内边框</translation>
+    </message>
+    <message>
+        <source>Bottom borders</source>
+        <translation>底部边框</translation>
+    </message>
+    <message>
+        <source>Left borders</source>
+        <translation>左边框</translation>
+    </message>
+    <message>
+        <source>Top borders</source>
+        <translation>上边框</translation>
+    </message>
+    <message>
+        <source>Right borders</source>
+        <translation>右边框</translation>
+    </message>
+    <message>
+        <source>No borders</source>
+        <translation>无边框</translation>
+    </message>
+</context>
+<context>
+    <name>IDD_CELLSTYLEGENERAL_DIALOG</name>
+    <message>
+        <source>Properties</source>
+        <translation>特性</translation>
+    </message>
+    <message>
+        <source>&amp;Fill color:</source>
+        <translation>填充颜色(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Fill color</source>
+        <translation>填充颜色</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>对齐(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>T&amp;ype:</source>
+        <translation>类型(&amp;Y):</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>格式:</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>F&amp;ormat...</source>
+        <translation>格式(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Margins</source>
+        <translation>边距</translation>
+    </message>
+    <message>
+        <source>Hori&amp;zontal:</source>
+        <translation>水平(&amp;Z):</translation>
+    </message>
+    <message>
+        <source>Horizontal margin</source>
+        <translation>水平边距</translation>
+    </message>
+    <message>
+        <source>&amp;Vertical:</source>
+        <translation>垂直(&amp;V):</translation>
+    </message>
+    <message>
+        <source>Vertical margin</source>
+        <translation>垂直边距</translation>
+    </message>
+    <message>
+        <source>Merge the cells of a row</source>
+        <translation>合并一行的单元</translation>
+    </message>
+    <message>
+        <source>&amp;Merge the cells of a row</source>
+        <translation>合并一行的单元(&amp;M)</translation>
+    </message>
+</context>
+<context>
+    <name>IDD_CELLSTYLETEXT_DIALOG</name>
+    <message>
+        <source>Properties</source>
+        <translation>特性</translation>
+    </message>
+    <message>
+        <source>Text &amp;style:</source>
+        <translation>文字样式(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Text style</source>
+        <translation>文字样式</translation>
+    </message>
+    <message>
+        <source>Edit text styles</source>
+        <translation>编辑文字样式</translation>
+    </message>
+    <message>
+        <source>&amp;Edit...</source>
+        <translation>编辑(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>He&amp;ight:</source>
+        <translation>高度(&amp;I):</translation>
+    </message>
+    <message>
+        <source>Text height</source>
+        <translation>文字高度</translation>
+    </message>
+    <message>
+        <source>Colo&amp;r:</source>
+        <translation>颜色(&amp;R):</translation>
+    </message>
+    <message>
+        <source>Text color</source>
+        <translation>文字颜色</translation>
+    </message>
+    <message>
+        <source>&amp;Angle:</source>
+        <translation>角度(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Text angle</source>
+        <translation>文字角度</translation>
+    </message>
+</context>
+<context>
     <name>IDD_CREATECELLSTYLE_DIALOG</name>
     <message>
         <source>New Cell Style</source>
@@ -104,6 +305,81 @@
     <message>
         <source>Preview of the selected cell style</source>
         <translation>所选单元样式的预览</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+</context>
+<context>
+    <name>IDD_TABLESTYLEEDIT_DIALOG</name>
+    <message>
+        <source>Table Style</source>
+        <translation>表格样式</translation>
+    </message>
+    <message>
+        <source>Start table</source>
+        <translation>起始表格</translation>
+    </message>
+    <message>
+        <source>Select a table to start from:</source>
+        <translation>选择起始表格:</translation>
+    </message>
+    <message>
+        <source>Select a table to start from</source>
+        <translation>选择起始表格</translation>
+    </message>
+    <message>
+        <source>Remove the start table</source>
+        <translation>删除起始表格</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>表格</translation>
+    </message>
+    <message>
+        <source>&amp;Direction:</source>
+        <translation>方向(&amp;D):</translation>
+    </message>
+    <message>
+        <source>Direction of the table</source>
+        <translation>表格方向</translation>
+    </message>
+    <message>
+        <source>Preview of the table</source>
+        <translation>表格预览</translation>
+    </message>
+    <message>
+        <source>&amp;Cell style:</source>
+        <translation>单元样式(&amp;C):</translation>
+    </message>
+    <message>
+        <source>Cell style</source>
+        <translation>单元样式</translation>
+    </message>
+    <message>
+        <source>Create a cell style</source>
+        <translation>创建单元样式</translation>
+    </message>
+    <message>
+        <source>Manage cell styles</source>
+        <translation>管理单元样式</translation>
+    </message>
+    <message>
+        <source>Properties of the cell style</source>
+        <translation>单元样式的特性</translation>
+    </message>
+    <message>
+        <source>Preview of the cell style</source>
+        <translation>单元样式预览</translation>
     </message>
     <message>
         <source>OK</source>
