@@ -2,8 +2,6 @@
 // another language, everything reached by keys. Each is kept as a picture. The program runs once for each scale of
 // the screen.
 
-#include "tests/ui/dialoglooks.h"
-
 #include <QAbstractItemView>
 #include <QFileDialog>
 #include <QStyle>
@@ -22,64 +20,14 @@
 #include "kd/ui/comboboxes.h"
 #include "kd/ui/widgets.h"
 #include "mfc/messagebox.h"
-#include "mfc/resource.h"
 #include "module/style/createcellstyledlg.h"
 #include "module/style/createtablestyledlg.h"
-#include "tests/ui/hostdialogs_fixture.h"
+#include "tests/ui/dialoglooks_fixture.h"
 
 namespace kdtest {
 namespace {
 
-class DialogLooks : public HostDialogTest, public ::testing::WithParamInterface<kdhost::Language> {
-protected:
-    DialogLooks() : m_kept(AfxGetResourceHandle()), m_resources(LoadResourceDll(L"TvxTableRes.dll")) {
-        kdhost::setLanguage(GetParam());
-        AfxSetResourceHandle(m_resources);
-    }
-    ~DialogLooks() override {
-        AfxSetResourceHandle(m_kept);
-        FreeLibrary(m_resources);
-    }
-
-    bool isChinese() const { return GetParam() == kdhost::Language::Chinese; }
-
-    void keep(QWidget& window, const char* name) const {
-        keepPicture(window,
-                    QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(isChinese() ? "zh_CN" : "en")));
-    }
-    /// A window as it stands now.
-    void look(QWidget& window, const char* name) const {
-        QApplication::processEvents();
-        keep(window, name);
-        EXPECT_EQ(cutControls(window), Faults()) << name;
-        if (isChinese()) {
-            EXPECT_EQ(untranslatedTexts(window), Faults()) << name;
-        }
-    }
-    void lookAndReach(QWidget& window, const char* name) const {
-        look(window, name);
-        EXPECT_EQ(unreachableControls(window), Faults()) << name;
-    }
-    /// Looks at the dialog that comes next, and closes it.
-    void lookAtNext(
-        const char* name, const Act& prepare = [](QWidget&) {}) {
-        next([this, name, prepare](QWidget& dialog) {
-            prepare(dialog);
-            lookAndReach(dialog, name);
-            QTest::keyClick(&dialog, Qt::Key_Escape);
-        });
-    }
-
-private:
-    HINSTANCE m_kept;
-    HINSTANCE m_resources;
-};
-
-INSTANTIATE_TEST_SUITE_P(Languages, DialogLooks,
-                         ::testing::Values(kdhost::Language::English, kdhost::Language::Chinese),
-                         [](const auto& language) {
-                             return language.param == kdhost::Language::English ? "English" : "Chinese";
-                         });
+INSTANTIATE_TEST_SUITE_P(Languages, DialogLooks, bothLanguages(), languageName);
 
 TEST_P(DialogLooks, of_colours) {
     KdCmColor color = KdCmColor::fromIndex(141);

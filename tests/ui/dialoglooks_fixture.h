@@ -1,0 +1,63 @@
+// The fixture of looks at dialogs: each test runs once in each language, and each window is kept as a picture.
+#pragma once
+
+#include "mfc/resource.h"
+#include "tests/ui/dialoglooks.h"
+#include "tests/ui/hostdialogs_fixture.h"
+
+namespace kdtest {
+
+class DialogLooks : public HostDialogTest, public ::testing::WithParamInterface<kdhost::Language> {
+protected:
+    DialogLooks() : m_kept(AfxGetResourceHandle()), m_resources(LoadResourceDll(L"TvxTableRes.dll")) {
+        kdhost::setLanguage(GetParam());
+        AfxSetResourceHandle(m_resources);
+    }
+    ~DialogLooks() override {
+        AfxSetResourceHandle(m_kept);
+        FreeLibrary(m_resources);
+    }
+
+    bool isChinese() const { return GetParam() == kdhost::Language::Chinese; }
+
+    void keep(QWidget& window, const char* name) const {
+        keepPicture(window,
+                    QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(isChinese() ? "zh_CN" : "en")));
+    }
+    /// A window as it stands now.
+    void look(QWidget& window, const char* name) const {
+        QApplication::processEvents();
+        keep(window, name);
+        EXPECT_EQ(cutControls(window), Faults()) << name;
+        if (isChinese()) {
+            EXPECT_EQ(untranslatedTexts(window), Faults()) << name;
+        }
+    }
+    void lookAndReach(QWidget& window, const char* name) const {
+        look(window, name);
+        EXPECT_EQ(unreachableControls(window), Faults()) << name;
+    }
+    /// Looks at the dialog that comes next, and closes it.
+    void lookAtNext(
+        const char* name, const std::function<void(QWidget&)>& prepare = [](QWidget&) {}) {
+        next([this, name, prepare](QWidget& dialog) {
+            prepare(dialog);
+            lookAndReach(dialog, name);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+    }
+
+private:
+    HINSTANCE m_kept;
+    HINSTANCE m_resources;
+};
+
+/// For INSTANTIATE_TEST_SUITE_P of classes derived from DialogLooks.
+inline auto bothLanguages() {
+    return ::testing::Values(kdhost::Language::English, kdhost::Language::Chinese);
+}
+inline std::string languageName(const ::testing::TestParamInfo<kdhost::Language>& language) {
+    return language.param == kdhost::Language::English ? "English" : "Chinese";
+}
+
+}  // namespace kdtest
