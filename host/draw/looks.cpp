@@ -47,6 +47,12 @@ std::vector<double> alternating(const std::vector<double>& pattern) {
     return {};
 }
 
+/// Of a record that an entity names: entities in no database name records of one all the same.
+const KdDbDatabase* databaseOf(KdDbObjectId record) {
+    const KdDbObject* object = peekObject(record);
+    return object == nullptr ? nullptr : object->database();
+}
+
 std::vector<double> dashesOf(KdDbObjectId linetype) {
     const auto* record = peek<KdDbLinetypeTableRecord>(linetype);
     return record == nullptr ? std::vector<double>{} : alternating(record->dashes());
@@ -61,8 +67,8 @@ KdCmColor colorOf(const text::Ink& ink) {
 
 Looks::Looks(const KdDbEntity& entity, BlockLooks block, const Options& options)
     : m_entity(entity), m_block(std::move(block)), m_lineWeights(options.lineWeights), m_layer(entity.layerId()) {
-    const KdDbDatabase* database = entity.database();
-    const bool onLayerZero = m_layer.isNull() || (database != nullptr && m_layer == database->layerZero());
+    const KdDbDatabase* database = databaseOf(m_layer);
+    const bool onLayerZero = database == nullptr || m_layer == database->layerZero();
     if (onLayerZero && m_block.layer.isValid()) m_layer = m_block.layer;
 }
 
@@ -86,11 +92,16 @@ int Looks::lineWeight(KdDb::LineWeight weight) const {
 }
 
 std::vector<double> Looks::dashes(KdDbObjectId linetype) const {
-    const KdDbDatabase* database = m_entity.database();
+    const KdDbDatabase* database = databaseOf(linetype);
     if (linetype.isNull() || (database != nullptr && linetype == database->byBlockLinetype())) return m_block.dashes;
     if (database == nullptr || linetype != database->byLayerLinetype()) return dashesOf(linetype);
     const auto* layer = peek<KdDbLayerTableRecord>(m_layer);
     return layer == nullptr ? std::vector<double>{} : dashesOf(layer->linetypeObjectId());
+}
+
+bool Looks::isPlotted() const {
+    const auto* layer = peek<KdDbLayerTableRecord>(m_layer);
+    return layer == nullptr || layer->isPlottable();
 }
 
 Color Looks::color() const {

@@ -33,6 +33,9 @@ public:
     /// A null line type is by block.
     std::vector<double> dashes(KdDbObjectId linetype) const;
 
+    /// Whether what the entity draws by itself lies on a layer that is plotted.
+    bool isPlotted() const;
+
     /// The entity's own.
     Color color() const;
     int lineWeight() const;

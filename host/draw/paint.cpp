@@ -25,6 +25,9 @@ constexpr double kLineThickness = 0.08;
 
 /// A dot of a line type, in pixels.
 constexpr double kDot = 1.0;
+/// A plane that is seen at a flatter slant, as the part of an area that is left, shows no text.
+constexpr double kFlattest = 1e-3;
+
 /// Dash patterns shorter than this, in pixels, are painted as a continuous line.
 constexpr double kShortestPattern = 3.0;
 
@@ -72,10 +75,12 @@ public:
         const QPointF origin = m_view.toPixels(text.origin);
         const double reach = width + 2.0 * height;
         if (!isSeen(QRectF(origin, origin), reach) || height <= 0.0) return;
+        // Seen along its plane a text is no more than a line.
+        const QTransform place(text.direction.x, -text.direction.y, -text.up.x, text.up.y, origin.x(), origin.y());
+        if (std::abs(place.determinant()) < kFlattest) return;
         m_painter.save();
-        m_painter.translate(origin);
-        m_painter.rotate(-std::atan2(text.direction.y, text.direction.x) * 180.0 / M_PI);
-        if (height < kReadablePixels) {
+        m_painter.setTransform(place, true);
+        if (height * std::hypot(text.up.x, text.up.y) < kReadablePixels) {
             bar(text, width, height);
         } else {
             alongLines(text, width, height);

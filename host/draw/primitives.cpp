@@ -79,6 +79,7 @@ void drawBlockReference(const KdDbEntity& entity, const Context& context, Primit
 struct ClassRule {
     KdRxClass* (*desc)();
     void (*draw)(const KdDbEntity&, const Context&, Primitives&);
+    bool drawsByItself = true;  ///< else its parts do, each on a layer of its own
 };
 
 constexpr ClassRule kRules[] = {
@@ -86,7 +87,7 @@ constexpr ClassRule kRules[] = {
     {&KdDbLine::desc, drawLine},
     {&KdDbSolid::desc, drawSolid},
     {&KdDbMText::desc, drawMText},
-    {&KdDbBlockReference::desc, drawBlockReference},
+    {&KdDbBlockReference::desc, drawBlockReference, false},
 };
 
 /// The rule of the entity's class, else of the nearest class above it; null for none.
@@ -112,11 +113,12 @@ void moveBy(Polygon& polygon, const KdGeMatrix3d& matrix) {
 
 void moveBy(Text& text, const KdGeMatrix3d& matrix) {
     const KdGeVector3d direction = matrix * text.direction;
-    const double factor = direction.length();
+    const KdGeVector3d up = matrix * text.up;
     text.origin = matrix * text.origin;
     text.direction = direction.normal();
-    text.height *= factor;
-    text.width *= factor;
+    text.up = up.normal();
+    text.height *= up.length();
+    text.width *= direction.length();
 }
 
 void addTo(KdDbExtents& extents, const Polyline& polyline) {
@@ -129,7 +131,7 @@ void addTo(KdDbExtents& extents, const Polygon& polygon) {
 
 void addTo(KdDbExtents& extents, const Text& text) {
     const KdGeVector3d right = text.direction * text.width;
-    const KdGeVector3d up = KdGeVector3d(-text.direction.y, text.direction.x, 0.0) * text.height;
+    const KdGeVector3d up = text.up * text.height;
     for (const KdGeVector3d& corner : {KdGeVector3d(), right, up, right + up}) extents.addPoint(text.origin + corner);
 }
 
@@ -137,7 +139,11 @@ void addTo(KdDbExtents& extents, const Text& text) {
 
 void drawEntity(const KdDbEntity& entity, const Context& context, Primitives& out) {
     if (entity.visibility() == KdDb::kInvisible) return;
-    if (const ClassRule* rule = ruleFor(entity)) rule->draw(entity, context, out);
+    const ClassRule* rule = ruleFor(entity);
+    if (rule == nullptr) return;
+    const bool byLayer = context.options.plotted && rule->drawsByItself;
+    if (byLayer && !Looks(entity, context.block, context.options).isPlotted()) return;
+    rule->draw(entity, context, out);
 }
 
 Primitives primitivesOfBlock(KdDbObjectId block, const Context& context) {
@@ -172,6 +178,7 @@ public:
         text.text = run.text;
         text.origin = at(run.x, run.y);
         text.direction = m_place.right;
+        text.up = m_place.up;
         text.height = run.height;
         text.width = run.width;
         text.tracking = run.tracking;

@@ -46,6 +46,7 @@ struct Text {
     std::wstring text;
     KdGePoint3d origin;      ///< left end of the baseline
     KdGeVector3d direction;  ///< of the baseline, length 1
+    KdGeVector3d up;         ///< of a capital, length 1: what lies in a plane at a slant is seen foreshortened
     double height = 0.0;     ///< of a capital letter
     double width = 0.0;      ///< of the run as measured
     double tracking = 1.0;   ///< factor on the characters' advances, in the width already
@@ -75,9 +76,14 @@ struct Options {
     /// Where it is given, tables leave out what lies outside, and what is too small to be told apart. Primitives
     /// beyond it may still be there.
     std::optional<Visible> visible{};
+    bool plotted = false;  ///< what lies on a layer that isn't plotted is left out
 
     /// The same, for what is drawn in other coordinates than the world's.
-    Options everywhere() const { return {lineWeights, selections, std::nullopt}; }
+    Options everywhere() const {
+        Options options = *this;
+        options.visible.reset();
+        return options;
+    }
 };
 
 /// Primitives of one entity, in the order of painting. An invisible entity has none.

@@ -116,9 +116,10 @@ bool writePdf(const Primitives& primitives, QIODevice& device) {
 struct PictureKind {
     const char* extension;
     bool (*write)(const Primitives&, QIODevice&);
+    bool plotted;
 };
 
-constexpr PictureKind kKinds[] = {{"png", writePng}, {"svg", writeSvg}, {"pdf", writePdf}};
+constexpr PictureKind kKinds[] = {{"png", writePng, false}, {"svg", writeSvg, false}, {"pdf", writePdf, true}};
 
 const PictureKind* kindOf(const QString& path) {
     const QString extension = QFileInfo(path).suffix().toLower();
@@ -166,8 +167,11 @@ std::string render(const Primitives& primitives, const std::string& path) {
 }
 
 std::string render(const KdDbDatabase& database, const std::string& path, const Options& options) {
-    if (kindOf(QFile::decodeName(path.c_str())) == nullptr) return unknownKind(path);
-    return render(primitivesOf(database, options), path);
+    const PictureKind* kind = kindOf(QFile::decodeName(path.c_str()));
+    if (kind == nullptr) return unknownKind(path);
+    Options ofKind = options;
+    ofKind.plotted = kind->plotted;
+    return render(primitivesOf(database, ofKind), path);
 }
 
 }  // namespace kdhost::draw

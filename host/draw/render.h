@@ -15,7 +15,8 @@ namespace kdhost::draw {
 QImage paint(const Primitives& primitives, int longSide = 0);
 
 /// Writes a picture of the model space; the extension tells the kind (".png", ".svg", ".pdf"), in either
-/// case. Empty on success, else one line that says what is wrong. The file is written whole or not at all.
+/// case. A PDF is what is plotted: what lies on a layer that isn't is left out, whatever the options say. Empty on
+/// success, else one line that says what is wrong. The file is written whole or not at all.
 std::string render(const KdDbDatabase& database, const std::string& path, const Options& options);
 
 /// The same for primitives at hand.

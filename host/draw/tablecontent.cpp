@@ -107,6 +107,7 @@ private:
         Text hint;
         hint.origin = m_drawing.geometry.inPlane(center.x - 0.5 * width, center.y - 0.5 * height);
         hint.direction = m_drawing.geometry.right();
+        hint.up = m_drawing.geometry.up();
         hint.height = height;
         hint.width = width;
         hint.color = color;

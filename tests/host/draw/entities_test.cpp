@@ -269,6 +269,105 @@ TEST(BlockReferences, give_colour_and_layer_to_what_asks_for_them) {
     EXPECT_EQ(lines[2].color, kRed);
 }
 
+/// A reference that is in no drawing, to a block of one.
+std::unique_ptr<KdDbBlockReference> looseReference(Drawing& drawing, KdDbObjectId block) {
+    auto reference = std::make_unique<KdDbBlockReference>(KdGePoint3d(), block);
+    reference->setDatabaseDefaults(&drawing.database);
+    return reference;
+}
+
+TEST(BlockReferences, in_no_drawing_resolve_layers_and_line_types_of_the_one_they_name) {
+    Drawing drawing;
+    const KdDbObjectId block = drawing.addBlock(L"sample");
+    drawing.add(line(0, 0, 1, 0), block);  // by layer, on layer "0"
+    auto byBlock = line(0, 1, 1, 1);
+    byBlock->setLinetype(drawing.database.byBlockLinetype());
+    byBlock->setLineWeight(KdDb::kLnWtByBlock);
+    byBlock->setColor(KdCmColor::byBlock());
+    drawing.add(std::move(byBlock), block);
+    const KdDbObjectId layer = drawing.addLayer(L"dashed", KdCmColor::fromIndex(1), KdDb::kLnWt090);
+    KdDbObject* opened = nullptr;
+    ASSERT_EQ(kddbOpenObject(opened, layer, KdDb::kForWrite), Kdad::eOk);
+    static_cast<KdDbLayerTableRecord*>(opened)->setLinetypeObjectId(drawing.addLinetype(L"pattern", {4, -2}));
+    opened->close();
+    const auto reference = looseReference(drawing, block);
+    reference->setLayer(layer);
+
+    const auto lines = only<Polyline>(primitivesOf(*reference, {true, false}));
+    ASSERT_EQ(lines.size(), 2U);
+    for (const Polyline& drawn : lines) {
+        EXPECT_EQ(drawn.color, kRed);
+        EXPECT_EQ(drawn.lineWeight, 90);
+        EXPECT_EQ(drawn.dashes, (std::vector<double>{4, 2}));
+    }
+}
+
+TEST(BlockReferences, scale_the_dashes_of_their_lines_and_keep_the_weights) {
+    Drawing drawing;
+    const KdDbObjectId block = drawing.addBlock(L"sample");
+    auto dashed = line(0, 0, 9, 0);
+    dashed->setLinetype(drawing.addLinetype(L"pattern", {3, -1}));
+    dashed->setLineWeight(KdDb::kLnWt050);
+    drawing.add(std::move(dashed), block);
+    const auto reference = looseReference(drawing, block);
+    reference->setScaleFactor(2.5);
+    reference->setRotation(0.4);
+    const auto lines = only<Polyline>(primitivesOf(*reference, {true, false}));
+    ASSERT_EQ(lines.size(), 1U);
+    ASSERT_EQ(lines[0].dashes.size(), 2U);
+    EXPECT_NEAR(lines[0].dashes[0], 7.5, 1e-9);
+    EXPECT_NEAR(lines[0].dashes[1], 2.5, 1e-9);
+    EXPECT_EQ(lines[0].lineWeight, 50);
+}
+
+TEST(BlockReferences, draw_solids_in_their_place_and_turn) {
+    Drawing drawing;
+    const KdDbObjectId block = drawing.addBlock(L"sample");
+    auto solid = std::make_unique<KdDbSolid>(KdGePoint3d(0, 0, 0), KdGePoint3d(4, 0, 0), KdGePoint3d(0, 2, 0),
+                                             KdGePoint3d(4, 2, 0));
+    solid->setColor(KdCmColor::byBlock());
+    drawing.add(std::move(solid), block);
+    const auto reference = looseReference(drawing, block);
+    reference->setPosition({10, 0, 0});
+    reference->setRotation(kPi / 2);
+    reference->setColor(KdCmColor::fromIndex(1));
+    const auto polygons = only<Polygon>(primitivesOf(*reference, {}));
+    ASSERT_EQ(polygons.size(), 1U);
+    EXPECT_EQ(polygons[0].color, kRed);
+    expectAt(polygons[0].points[0], 10, 0);
+    expectAt(polygons[0].points[1], 10, 4);
+    expectAt(polygons[0].points[2], 8, 4);
+    expectAt(polygons[0].points[3], 8, 0);
+}
+
+/// In a plane that stands on edge over the x axis the drawing is seen from above: what runs up the plane is
+/// foreshortened, lines and texts alike.
+TEST(BlockReferences, in_a_slanting_plane_foreshorten_their_texts_as_their_lines) {
+    Drawing drawing;
+    const KdDbObjectId block = drawing.addBlock(L"sample");
+    drawing.add(line(0, 0, 0, 10), block);
+    auto level = mtext(L"M8", 10.0);
+    level->setAttachment(KdDbMText::kBottomLeft);
+    drawing.add(std::move(level), block);
+    auto upright = mtext(L"M8", 10.0);
+    upright->setAttachment(KdDbMText::kBottomLeft);
+    upright->setRotation(kPi / 2);
+    drawing.add(std::move(upright), block);
+    const auto reference = looseReference(drawing, block);
+    const double c = std::cos(kPi / 3);
+    const double s = std::sin(kPi / 3);
+    ASSERT_EQ(reference->transformBy(KdGeMatrix3d::alignToWorld({}, {1, 0, 0}, {0, c, s}, {0, -s, c})), Kdad::eOk);
+
+    const Primitives primitives = primitivesOf(*reference, {});
+    expectAt(only<Polyline>(primitives).at(0).points[1], 0, 5);
+    const auto texts = only<Text>(primitives);
+    ASSERT_EQ(texts.size(), 2U);
+    expectAt(texts[0].origin + texts[0].up * texts[0].height, 0, 5);
+    expectAt(texts[0].origin + texts[0].direction * texts[0].width, texts[0].width, 0);
+    expectAt(texts[1].origin + texts[1].direction * texts[1].width, 0, 0.5 * texts[1].width);
+    expectAt(texts[1].origin + texts[1].up * texts[1].height, -10, 0);
+}
+
 TEST(BlockReferences, that_hold_themselves_end) {
     Drawing drawing;
     const KdDbObjectId a = drawing.addBlock(L"a");
