@@ -22,8 +22,10 @@ namespace {
 
 using namespace kdhost;
 
-/// Of the shorter side, on each side.
+/// What stays free on each side, of the shorter side.
 constexpr double kMargin = 0.06;
+/// At least so many pixels stay free: lines go to whole pixels, and their borders are soft.
+constexpr double kBeyondLine = 2.0;
 
 /// Drawables that stand for others may stand for each other in a circle; so many in a row are followed.
 constexpr int kLongestChain = 16;
@@ -79,7 +81,7 @@ KdDbExtents extentsOf(const std::vector<Drawn>& all) {
 draw::View viewOf(const std::vector<Drawn>& all, const QSizeF& size, const draw::PaintDevice& device) {
     draw::View view(size.width(), size.height());
     const double shorter = std::min(size.width(), size.height());
-    view.zoomExtents(extentsOf(all), std::max(kMargin * shorter, 0.5 * thickestLine(all, device) + 1.0));
+    view.zoomExtents(extentsOf(all), std::max(kMargin * shorter, kBeyondLine) + 0.5 * thickestLine(all, device));
     return view;
 }
 

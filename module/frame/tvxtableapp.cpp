@@ -14,6 +14,7 @@
 #include "module/edit/tableuicontext.h"
 #include "module/frame/docmanagerreactor.h"
 #include "module/frame/registryentry.h"
+#include "module/preview/demandregen.h"
 
 namespace {
 
@@ -44,6 +45,8 @@ TvxTableApp::~TvxTableApp() = default;
 
 int TvxTableApp::On_kInitAppMsg(void* applicationId) {
     const int result = KdRxTvxApp::On_kInitAppMsg(applicationId);
+    // By itself: the frame's table of classes stays empty.
+    KdGsDemandRegenGiDrawable::rxInit();
 
     KdString localName;
     localName.loadString(hLibModule, kCommandLineTableName);
@@ -61,6 +64,7 @@ int TvxTableApp::On_kInitAppMsg(void* applicationId) {
 
 int TvxTableApp::On_kUnloadAppMsg(void* argument) {
     const int result = KdRxTvxApp::On_kUnloadAppMsg(argument);
+    KdGsDemandRegenGiDrawable::rxExit();
 
     // Takes "-TABLE" away, which the command table doesn't know.
     commandStack().removeGroup(kTableCommandGroup);

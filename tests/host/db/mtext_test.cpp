@@ -50,6 +50,19 @@ TEST(MTextBox, in_a_turned_plane_the_direction_is_still_a_world_vector) {
     EXPECT_TRUE(text.direction().isEqualTo({0.0, 0.0, 1.0}, 1e-12));
 }
 
+TEST(MTextBox, keeps_which_way_its_characters_run_and_refuses_others) {
+    KdDbMText text;
+    for (const auto flow : {KdDbMText::kLtoR, KdDbMText::kTtoB, KdDbMText::kByStyle}) {
+        EXPECT_EQ(text.setFlowDirection(flow), Kdad::eOk);
+        EXPECT_EQ(text.flowDirection(), flow);
+    }
+    EXPECT_EQ(text.setFlowDirection(static_cast<KdDbMText::FlowDirection>(2)), Kdad::eInvalidInput);
+    EXPECT_EQ(text.flowDirection(), KdDbMText::kByStyle);
+    KdDbMText copy;
+    EXPECT_EQ(copy.copyFrom(&text), Kdad::eOk);
+    EXPECT_EQ(copy.flowDirection(), KdDbMText::kByStyle);
+}
+
 TEST(MTextBackground, a_new_text_has_no_fill) {
     const KdDbMText text;
     EXPECT_FALSE(text.backgroundFillOn());

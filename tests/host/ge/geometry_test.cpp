@@ -107,6 +107,17 @@ TEST(GePoint, differences_and_sums) {
     EXPECT_EQ(moved.transformBy(KdGeMatrix3d::translation({0, 0, -3})), KdGePoint3d(2, 0, 0));
 }
 
+TEST(GePoint, in_a_plane_holds_its_two_coordinates) {
+    constexpr KdGePoint2d origin;
+    EXPECT_EQ(origin.x, 0.0);
+    EXPECT_EQ(origin.y, 0.0);
+    KdGePoint2d point(1.5, -2.5);
+    EXPECT_EQ(point.x, 1.5);
+    EXPECT_EQ(point.y, -2.5);
+    point.y = 4.0;
+    EXPECT_EQ(KdGePoint2d(point).y, 4.0);
+}
+
 TEST(GeMatrix, translation_moves_points_and_not_vectors) {
     const KdGeMatrix3d move = KdGeMatrix3d::translation({1, 2, 3});
     EXPECT_EQ(move * KdGePoint3d(1, 1, 1), KdGePoint3d(2, 3, 4));
@@ -179,6 +190,15 @@ TEST(GeMatrix, plane_axes_are_right_handed_and_the_way_back_leads_back) {
 
 TEST(GeMatrix, alignToWorld_maps_the_origin_and_the_axes) {
     const KdGeMatrix3d m = KdGeMatrix3d::alignToWorld({1, 2, 3}, {0, 2, 0}, {-2, 0, 0}, {0, 0, 2});
+    EXPECT_EQ(m * KdGePoint3d::kOrigin, KdGePoint3d(1, 2, 3));
+    EXPECT_EQ(m * KdGePoint3d(1, 0, 0), KdGePoint3d(1, 4, 3));
+    EXPECT_EQ(m * KdGePoint3d(0, 1, 1), KdGePoint3d(-1, 2, 5));
+}
+
+TEST(GeMatrix, setCoordSystem_replaces_the_whole_matrix_and_returns_it) {
+    KdGeMatrix3d m = KdGeMatrix3d::rotation(1.0, KdGeVector3d::kZAxis, {4, 5, 6});
+    const KdGeMatrix3d& returned = m.setCoordSystem({1, 2, 3}, {0, 2, 0}, {-2, 0, 0}, {0, 0, 2});
+    EXPECT_EQ(&returned, &m);
     EXPECT_EQ(m * KdGePoint3d::kOrigin, KdGePoint3d(1, 2, 3));
     EXPECT_EQ(m * KdGePoint3d(1, 0, 0), KdGePoint3d(1, 4, 3));
     EXPECT_EQ(m * KdGePoint3d(0, 1, 1), KdGePoint3d(-1, 2, 5));
