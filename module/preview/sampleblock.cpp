@@ -46,15 +46,19 @@ std::unique_ptr<KdDbBlockReference> startSample(KdDbDatabase& database, int flow
     return reference;
 }
 
-KdDbObjectId addSampleBlock(KdDbDatabase& database) {
+void CloseBlock::operator()(KdDbBlockTableRecord* block) const {
+    block->close();
+}
+
+SampleBlock addSampleBlock(KdDbDatabase& database) {
     KdDbBlockTable* blocks = nullptr;
-    if (database.getBlockTable(blocks, KdDb::kForWrite) != Kdad::eOk) return KdDbObjectId::kNull;
+    if (database.getBlockTable(blocks, KdDb::kForWrite) != Kdad::eOk) return nullptr;
     auto block = std::make_unique<KdDbBlockTableRecord>();
-    KdDbObjectId id;
     block->setName(L"*T");
-    if (blocks->add(id, block.get()) == Kdad::eOk) block.release()->close();
+    KdDbObjectId id;
+    const bool added = blocks->add(id, block.get()) == Kdad::eOk;
     blocks->close();
-    return id;
+    return SampleBlock(added ? block.release() : nullptr);
 }
 
 void appendToSample(KdDbBlockTableRecord& block, std::unique_ptr<KdDbEntity> entity) {

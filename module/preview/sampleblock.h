@@ -30,16 +30,22 @@ struct SampleGrid {
 /// and its layer; its sizes stay.
 std::unique_ptr<KdDbBlockReference> startSample(KdDbDatabase& database, int flowDirection, SampleGrid& grid);
 
-/// A new anonymous block in the drawing, closed. Null when it can't be added.
-KdDbObjectId addSampleBlock(KdDbDatabase& database);
+struct CloseBlock {
+    void operator()(KdDbBlockTableRecord* block) const;
+};
+/// A block of the drawing that is open for write, closed at the end of the scope.
+using SampleBlock = std::unique_ptr<KdDbBlockTableRecord, CloseBlock>;
 
-/// Puts the entity at the end of the block, which is open for write, and closes it.
+/// A new anonymous block in the drawing. Null when it can't be added.
+SampleBlock addSampleBlock(KdDbDatabase& database);
+
+/// Puts the entity at the end of the block, and closes it.
 void appendToSample(KdDbBlockTableRecord& block, std::unique_ptr<KdDbEntity> entity);
 
 /// Puts the text of a cell into the block. Nothing happens to a cell without one.
 void appendCellText(KdDbBlockTableRecord& block, VqTableCellCalcCache& cell, const KdGePoint3d& cellOrigin,
                     double rotation);
 
-/// Makes the reference show the block, which is open for write, in the plane of the drawing's user coordinates. What is
-/// in the block is transformed the other way, so that it shows where it was laid out.
+/// Makes the reference show the block in the plane of the drawing's user coordinates. What is in the block is
+/// transformed the other way, so that it shows where it was laid out.
 void placeSample(KdDbBlockReference& reference, KdDbBlockTableRecord& block, const KdDbDatabase& database);

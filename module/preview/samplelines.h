@@ -24,7 +24,7 @@ public:
     /// The same for an edge that has its own style and looks.
     void add(const SampleEdge& place, const KdGePoint3d& start);
 
-    /// Puts all lines into the block, which is open for write.
+    /// Puts all lines into the block.
     void appendTo(KdDbBlockTableRecord& block);
 
 private:

@@ -11,7 +11,6 @@
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
-#include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/preview/samplelines.h"
@@ -152,8 +151,8 @@ bool CVqTableCellFromTable::CreateTableCell() {
 
 bool CVqTableCellFromTable::RecomputeTableBlock() {
     if (m_reference == nullptr) return false;
-    const OpenObject<KdDbBlockTableRecord> block(addSampleBlock(*m_database), KdDb::kForWrite);
-    if (!block) return false;
+    const SampleBlock block = addSampleBlock(*m_database);
+    if (block == nullptr) return false;
     KdGePoint3d rowOrigin;
     for (std::vector<VqTableCellCalcCache>& row : calcCells()) {
         addRowContent(rowOrigin, row, *block);

@@ -9,7 +9,6 @@
 #include "kd/db/solid.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/tablestyle.h"
-#include "module/core/openobject.h"
 #include "module/core/tablecommon.h"
 #include "module/preview/samplelines.h"
 #include "module/preview/textplace.h"
@@ -112,8 +111,8 @@ bool CVqTableCellFromTableStyle::CreateTableCell() {
 
 bool CVqTableCellFromTableStyle::RecomputeTableBlock() {
     if (m_reference == nullptr) return false;
-    const OpenObject<KdDbBlockTableRecord> block(addSampleBlock(*m_database), KdDb::kForWrite);
-    if (!block) return false;
+    const SampleBlock block = addSampleBlock(*m_database);
+    if (block == nullptr) return false;
     VqTableCellCalcCaches caches = calcCells();
     if (adjustRowColumnSize(caches)) caches = calcCells();
 
