@@ -126,8 +126,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     // A sample makes a drawing of its own first.
-    kdbench::PeerRatioReporter reporter("pictureOfTableWidget/sample", 2.0, 1.0);
-    reporter.setGoal("table_preview", {"pictureOfTableWidget/table", 2.0, 1.0});
+    kdbench::PeerRatioReporter reporter("pictureOfTableWidget/sample", 1.0, 0.5);
+    reporter.setGoal("table_preview", {"pictureOfTableWidget/table", 1.0, 0.5});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }
