@@ -11,6 +11,7 @@
 #include "host/rx/faults.h"
 #include "host/win32/modules.h"
 #include "kd/db/table.h"
+#include "kd/rx/dictionary.h"
 #include "kd/rx/registry.h"
 #include "kd/rx/service.h"
 #include "mfc/resource.h"
@@ -80,6 +81,21 @@ TEST_F(ModuleLifecycle, Commands_menu_service_and_reactor_come_and_go_and_come_b
     EXPECT_FALSE(serviceStands());
     EXPECT_FALSE(isMapped(kModulePath)) << "the module really leaves the process";
     EXPECT_FALSE(isMapped(kResourcePath)) << "and so does its resource module";
+}
+
+TEST_F(ModuleLifecycle, The_class_of_drawables_on_demand_comes_and_goes_by_its_name) {
+    auto* classes = KdRxObject::cast<KdRxDictionary>(kdrxSysRegistry()->at(L"ClassDictionary"));
+    ASSERT_NE(classes, nullptr);
+    constexpr const wchar_t* kName = L"KdGsDemandRegenGiDrawable";
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_FALSE(classes->has(kName));
+        load();
+        const auto* description = KdRxObject::cast<KdRxClass>(classes->at(kName));
+        ASSERT_NE(description, nullptr);
+        EXPECT_STREQ(description->myParent()->name(), L"KdGsDrawable");
+        unload();
+    }
+    EXPECT_FALSE(classes->has(kName));
 }
 
 TEST_F(ModuleLifecycle, The_application_may_be_unloaded_and_knows_documents) {
