@@ -8,8 +8,8 @@
 //     m_preview.initialPreviewer(m_preview.GetSafeHwnd(), database, {drawable});
 //     m_preview.update();
 //
-// The drawables, and the database that they live in, stay the dialog's own: they are given up after the previewer is,
-// and before anything else becomes of the widget.
+// The drawables, and the database that they live in, stay the dialog's own and outlive the previewer: a dialog that
+// drops its sample calls uninitPreviewer() first.
 #pragma once
 
 #include <memory>
