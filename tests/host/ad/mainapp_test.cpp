@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "host/db/undo.h"
+#include "host/ed/display.h"
 #include "host/rx/faults.h"
 #include "kd/ed/coordinates.h"
 #include "kd/ed/view.h"
@@ -73,6 +74,21 @@ TEST_F(MainApp, a_mark_may_outlive_its_drawing) {
     kdtest::expectDisciplineBreach("a mark was left open when its drawing was deleted");
     service().beginCommandMark(L"Nowhere", L"");
     service().endCommandMark();
+}
+
+TEST_F(MainApp, a_cancelled_dialog_has_the_views_painted_afresh) {
+    struct Screen : kdhost::Display {
+        Screen() { kdhost::setDisplay(this); }
+        ~Screen() override { kdhost::setDisplay(nullptr); }
+        void redraw(const std::vector<KdDbObjectId>& ids) override { redrawn.push_back(ids); }
+        std::vector<std::vector<KdDbObjectId>> redrawn;
+    };
+    kdhost::updateDisplay();
+    Screen screen;
+    kdtest::appendLine(host.database());
+    service().dialogCancelled();
+    EXPECT_EQ(screen.redrawn, std::vector<std::vector<KdDbObjectId>>{{}}) << "once, and all of it";
+    EXPECT_TRUE(kdhost::queuedForRedraw().empty());
 }
 
 TEST_F(MainApp, points_go_from_user_to_world_coordinates) {

@@ -7,7 +7,7 @@
 
 #include "host/db/access.h"
 #include "kd/db/field.h"
-#include "tests/host/db/drawing.h"
+#include "tests/host/db/undofixture.h"
 #include "tests/support/leakguard.h"
 
 namespace {
@@ -174,6 +174,53 @@ TEST_F(Dictionaries, an_entry_of_an_erased_object_is_away_until_it_comes_back) {
     EXPECT_EQ(names(), std::vector<std::wstring>{L"Two"});
     setErased(id, false);
     EXPECT_EQ(names(), (std::vector<std::wstring>{L"One", L"Two"}));
+}
+
+TEST_F(Dictionaries, told_of_an_erased_object_it_takes_the_entry_out) {
+    const KdDbObjectId id = put(L"One");
+    put(L"Two");
+    m_dictionary->erased(kdhost::peekObject(id), true);
+    EXPECT_EQ(names(), std::vector<std::wstring>{L"Two"});
+    EXPECT_FALSE(m_dictionary->has(id));
+    EXPECT_NE(kdhost::peekObject(id), nullptr) << "it is told, it doesn't erase";
+    m_dictionary->erased(kdhost::peekObject(id), true);
+    EXPECT_EQ(m_dictionary->numEntries(), 1U) << "without an entry nothing happens";
+}
+
+TEST_F(Dictionaries, told_of_what_comes_back_of_nothing_or_without_a_write_open_it_stays) {
+    const KdDbObjectId id = put(L"One");
+    m_dictionary->erased(kdhost::peekObject(id), false);
+    m_dictionary->erased(nullptr, true);
+    const KdDbField stranger;
+    m_dictionary->erased(&stranger, true);
+    m_dictionary->downgradeOpen();
+    m_dictionary->erased(kdhost::peekObject(id), true);
+    EXPECT_EQ(names(), std::vector<std::wstring>{L"One"});
+    KdDbField field;
+    field.erased(&stranger, true);  // what lists nothing has nothing to do
+}
+
+class DictionaryEntries : public kdtest::Undo {};
+
+TEST_F(DictionaryEntries, undo_brings_the_entry_of_an_erased_object_back) {
+    KdDbDictionary* dictionary = nullptr;
+    ASSERT_EQ(m_database.getNamedObjectsDictionary(dictionary, KdDb::kForWrite), Kdad::eOk);
+    const KdDbObjectId dictionaryId = dictionary->objectId();
+    KdDbObjectId id;
+    auto* field = new KdDbField;
+    ASSERT_EQ(dictionary->setAt(L"Mine", field, id), Kdad::eOk);
+    field->close();
+    dictionary->close();
+    step([&] {
+        edit<KdDbDictionary>(dictionaryId, [&](KdDbDictionary& open) { open.erased(kdhost::peekObject(id), true); });
+        edit<KdDbField>(id, [](KdDbField& open) { EXPECT_EQ(open.erase(), Kdad::eOk); });
+    });
+    const auto has = [&] { return kdhost::peek<KdDbDictionary>(dictionaryId)->has(L"Mine"); };
+    EXPECT_FALSE(has());
+    ASSERT_EQ(history().undo(), Kdad::eOk);
+    EXPECT_TRUE(has());
+    ASSERT_EQ(history().redo(), Kdad::eOk);
+    EXPECT_FALSE(has());
 }
 
 TEST_F(Dictionaries, thousands_of_random_steps_agree_with_a_plain_map) {

@@ -191,14 +191,17 @@ TEST_F(SymbolTables, layers_keep_what_they_are_given) {
     KdDbLayerTableRecord layer;
     EXPECT_EQ(layer.color(), KdCmColor::fromIndex(7));
     EXPECT_FALSE(layer.isLocked());
+    EXPECT_TRUE(layer.isPlottable());
     layer.setColor(KdCmColor::fromRgb(1, 2, 3));
     layer.setLinetypeObjectId(m_database.continuousLinetype());
     layer.setLineWeight(KdDb::kLnWt050);
     layer.setIsLocked(true);
+    layer.setIsPlottable(false);
     EXPECT_EQ(layer.color(), KdCmColor::fromRgb(1, 2, 3));
     EXPECT_EQ(layer.linetypeObjectId(), m_database.continuousLinetype());
     EXPECT_EQ(layer.lineWeight(), KdDb::kLnWt050);
     EXPECT_TRUE(layer.isLocked());
+    EXPECT_FALSE(layer.isPlottable());
 }
 
 TEST_F(SymbolTables, line_types_keep_their_pattern) {
