@@ -12,8 +12,9 @@ namespace kdhost {
 namespace {
 
 constexpr KeywordPrompt kMenu{
-    {L"\n[Make/Set/LOck/Unlock]: ", L"\n[新建(M)/置为当前(S)/锁定(LO)/解锁(U)]: "},
-    {L"Make Set LOck Unlock _Make Set LOck Unlock", L"新建(M) 置为当前(S) 锁定(LO) 解锁(U) _Make Set LOck Unlock"}};
+    {L"\n[Make/Set/LOck/Unlock/Plot/Noplot]: ", L"\n[新建(M)/置为当前(S)/锁定(LO)/解锁(U)/打印(P)/不打印(N)]: "},
+    {L"Make Set LOck Unlock Plot Noplot _Make Set LOck Unlock Plot Noplot",
+     L"新建(M) 置为当前(S) 锁定(LO) 解锁(U) 打印(P) 不打印(N) _Make Set LOck Unlock Plot Noplot"}};
 constexpr Words kName{L"\nName of the layer: ", L"\n图层名: "};
 constexpr Words kNoSuchLayer{L"There is no layer \"%1\".", L"没有图层“%1”。"};
 constexpr Words kNotMade{L"The layer \"%1\" can't be made.", L"无法新建图层“%1”。"};
@@ -47,10 +48,12 @@ void setCurrent(KdDbDatabase& database, const std::wstring& name) {
     database.setClayer(id);
 }
 
-void setLocked(KdDbDatabase& database, const std::wstring& name, bool locked) {
+/// Sets one of a layer's switches.
+template <void (KdDbLayerTableRecord::*set)(bool), bool on>
+void turn(KdDbDatabase& database, const std::wstring& name) {
     const Opened<KdDbLayerTableRecord> layer(findLayer(database, name), KdDb::kForWrite);
     if (!layer) return commandLine().fail(kNoSuchLayer.with(name));
-    layer->setIsLocked(locked);
+    ((*layer).*set)(on);
 }
 
 struct Action {
@@ -61,8 +64,10 @@ struct Action {
 constexpr Action kActions[] = {
     {L"Make", make},
     {L"Set", setCurrent},
-    {L"LOck", [](KdDbDatabase& database, const std::wstring& name) { setLocked(database, name, true); }},
-    {L"Unlock", [](KdDbDatabase& database, const std::wstring& name) { setLocked(database, name, false); }},
+    {L"LOck", turn<&KdDbLayerTableRecord::setIsLocked, true>},
+    {L"Unlock", turn<&KdDbLayerTableRecord::setIsLocked, false>},
+    {L"Plot", turn<&KdDbLayerTableRecord::setIsPlottable, true>},
+    {L"Noplot", turn<&KdDbLayerTableRecord::setIsPlottable, false>},
 };
 
 }  // namespace

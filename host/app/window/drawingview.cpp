@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/app/drawingoptions.h"
 #include "host/db/access.h"
-#include "host/draw/paint.h"
+#include "host/draw/screen.h"
 #include "host/ed/display.h"
+#include "host/ed/drawingoptions.h"
 #include "host/ed/editor.h"
 #include "host/ed/picking.h"
 #include "kd/db/database.h"
@@ -32,7 +32,6 @@ constexpr double kExtentsMargin = 24.0;
 /// Arms of the cross, and the square in its middle, in pixels at scale 1.
 constexpr double kCrossArm = 56.0;
 
-const QColor kPaper(0x20, 0x27, 0x2F);
 const QColor kCross(0xD5, 0xDB, 0xE2, 0xD0);
 const QColor kSelected(0x4C, 0xA3, 0xFF);
 
@@ -41,13 +40,7 @@ double screenScale() {
 }
 
 draw::PaintDevice screenDevice() {
-    constexpr double kDotsPerMillimetre = 96.0 / 25.4;
-    draw::PaintDevice device;
-    device.pixelsPerMillimetre = kDotsPerMillimetre * screenScale();
-    device.thinnestLine = std::max(std::round(screenScale()), 1.0);
-    device.darkPaper = true;
-    device.paper = kPaper;
-    return device;
+    return draw::screenDevice(screenScale());
 }
 
 draw::Visible visibleIn(const draw::View& view) {
@@ -141,7 +134,7 @@ KdGePoint3d DrawingView::toWorld(const QPointF& pixels) const {
 }
 
 QColor DrawingView::paper() const {
-    return kPaper;
+    return draw::screenPaper();
 }
 
 double DrawingView::scale() const {
@@ -157,7 +150,7 @@ void DrawingView::removeFollower(ViewFollower* follower) {
 
 void DrawingView::paintDrawing() {
     if (m_picture.size() != size()) m_picture = QPixmap(size());
-    m_picture.fill(kPaper);
+    m_picture.fill(draw::screenPaper());
     const Editor* editor = currentEditor();
     if (editor == nullptr) return;
     const draw::View& view = editor->view().shown();
