@@ -102,6 +102,20 @@ private:
     std::size_t m_at = 0;
 };
 
+/// An asterisk and a letter, as in "*T", don't name a block but tell what an anonymous block is for.
+bool isKindOfAnonymousBlock(const KdDbSymbolTableRecord& record) {
+    const std::wstring& name = nameOf(record);
+    return record.isKindOf(KdDbBlockTableRecord::desc()) && name.size() == 2 && name.front() == L'*';
+}
+
+/// The number behind the kind is the lowest that no block of the drawing has.
+void giveNumber(const KdDbSymbolTable& blocks, KdDbSymbolTableRecord& record) {
+    const std::wstring kind = nameOf(record);
+    std::wstring name;
+    for (int number = 1; name.empty() || blocks.has(name.c_str()); ++number) name = kind + std::to_wstring(number);
+    record.setName(name.c_str());
+}
+
 }  // namespace
 
 bool kdhost::takesRecord(const KdDbSymbolTable& table, const KdDbObject& record) {
@@ -170,9 +184,11 @@ Kdad::ErrorStatus KdDbSymbolTable::add(KdDbObjectId& id, KdDbSymbolTableRecord* 
     if (record->database() != nullptr) return Kdad::eAlreadyInDatabase;
     if (!kdhost::takesRecord(*this, *record)) return Kdad::eNotThatKindOfClass;
     if (nameOf(*record).empty()) return Kdad::eInvalidKey;
-    if (has(nameOf(*record).c_str())) return Kdad::eDuplicateKey;
+    const bool isNumbered = isKindOfAnonymousBlock(*record);
+    if (!isNumbered && has(nameOf(*record).c_str())) return Kdad::eDuplicateKey;
     State* state = writableStateOf<State>(*this);
     if (state == nullptr) return Kdad::eNotOpenForWrite;
+    if (isNumbered) giveNumber(*this, *record);
     const Kdad::ErrorStatus status = database()->addKdDbObject(record, id, objectId());
     if (status == Kdad::eOk) state->records.push_back(id);
     return status;

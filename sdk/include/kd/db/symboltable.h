@@ -49,6 +49,7 @@ public:
     bool has(const wchar_t* name) const;
     /// Adds a record; the database owns it from now on, and it stays open for write. eDuplicateKey when
     /// the name is taken, eInvalidKey when it is empty, eNotThatKindOfClass for another table's record.
+    /// A block named by an asterisk and a letter alone gets a free number behind them: "*T" becomes "*T1".
     Kdad::ErrorStatus add(KdDbObjectId& id, KdDbSymbolTableRecord* record);
     /// `iterator` is the caller's to delete. The table must stay open.
     Kdad::ErrorStatus newIterator(KdDbSymbolTableIterator*& iterator) const;
