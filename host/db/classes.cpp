@@ -2,6 +2,7 @@
 
 #include "host/db/classes.h"
 
+#include "host/db/keptobject.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/dictionary.h"
 #include "kd/db/field.h"
@@ -34,6 +35,8 @@ constexpr Maker kMakers[] = {
     makerOf<KdDbTableStyle>(),
     makerOf<KdDbField>(),
     makerOf<KdDbDictionary>(),
+    makerOf<KdDbKeptEntity>(),
+    makerOf<KdDbKeptObject>(),
     makerOf<KdDbBlockTable>(),
     makerOf<KdDbLayerTable>(),
     makerOf<KdDbLinetypeTable>(),

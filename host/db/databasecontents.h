@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "kd/db/database.h"
@@ -60,6 +62,14 @@ struct CurrentSettings {
     friend bool operator==(const CurrentSettings&, const CurrentSettings&) = default;
 };
 
+/// What the drawing's file held that belongs to no object and that this program doesn't know, as lines of tags.
+struct FileRemainder {
+    std::vector<std::pair<std::string, std::string>> variables;  ///< of the header, by name
+    std::vector<std::pair<std::string, std::string>> classes;    ///< by the name of their objects
+    std::vector<KdDbObjectId> tables;                            ///< symbol tables, kept as objects
+    std::vector<std::string> sections;
+};
+
 class UndoHistory;
 
 struct DatabaseContents : KdDbImpDatabase {
@@ -68,6 +78,7 @@ struct DatabaseContents : KdDbImpDatabase {
     DatabaseRoots roots;
     CurrentSettings current;
     KdDbHeaderVar header;
+    FileRemainder remainder;
     bool noDocument = false;
     std::unordered_set<KdDbObjectId> required;  ///< what every drawing must have
     /// Goes up when a name of a symbol table may have come, gone or changed in another way than by adding.

@@ -96,6 +96,10 @@ std::unique_ptr<KdDbField> kdhost::copyOfField(const KdDbField& source) {
 // ---- the tables that a formula names
 
 std::wstring kdhost::withMappedTables(const std::wstring& code, const IdMapper& map) {
+    return withTableTexts(code, [&](KdDbObjectId id) { return std::to_wstring(map(id, IdRole::pointer).asInteger()); });
+}
+
+std::wstring kdhost::withTableTexts(const std::wstring& code, const std::function<std::wstring(KdDbObjectId)>& textOf) {
     constexpr std::wstring_view kTable = L"table(";
     const auto lower = [](wchar_t letter) {
         return letter >= L'A' && letter <= L'Z' ? letter + (L'a' - L'A') : letter;
@@ -114,8 +118,7 @@ std::wstring kdhost::withMappedTables(const std::wstring& code, const IdMapper& 
         }
         const bool tooLong = end < code.size() && code[end] >= L'0' && code[end] <= L'9';
         if (end == digits || tooLong) continue;
-        const KdDbObjectId mapped = map(KdDbObjectId(number), IdRole::pointer);
-        result.append(code, done, digits - done).append(std::to_wstring(mapped.asInteger()));
+        result.append(code, done, digits - done).append(textOf(KdDbObjectId(number)));
         done = end;
     }
     return result.append(code, done);

@@ -1,6 +1,7 @@
 // What a field holds, and the host's own ways to it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,6 +31,8 @@ const KdDbField* textFieldOf(const KdDbObject& object);
 
 /// The code with the ids of the tables that it names put through `map`, as pointers.
 std::wstring withMappedTables(const std::wstring& code, const IdMapper& map);
+/// The same with a text in the place of each id.
+std::wstring withTableTexts(const std::wstring& code, const std::function<std::wstring(KdDbObjectId)>& textOf);
 
 /// The host rewrites a formula, whoever may have the field open: cells that it reads have moved.
 void rewriteFieldCode(KdDbField& field, const std::wstring& code);

@@ -6,6 +6,7 @@
 
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
+#include "host/db/keptobject.h"
 #include "host/db/objectstate.h"
 #include "host/db/opening.h"
 #include "host/db/openrecord.h"
@@ -21,6 +22,10 @@ void KdDbObjectReactor::goodbye(const KdDbObject*) {}
 
 void KdDbObjectState::mapIds(const kdhost::IdMapper& map) {
     extensionDictionary = map(extensionDictionary, kdhost::IdRole::owned);
+    if (foreign == nullptr) return;
+    auto mapped = std::make_shared<kdhost::ForeignTags>(*foreign);
+    mapped->mapIds(map);
+    foreign = std::move(mapped);
 }
 
 void KdDbObjectState::takePlaceOf(const KdDbObjectState& previous) {

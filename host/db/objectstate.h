@@ -21,6 +21,8 @@ enum class IdRole { owned, pointer };
 /// Gives the id that is to stand in an id's place.
 using IdMapper = std::function<KdDbObjectId(KdDbObjectId id, IdRole role)>;
 
+struct ForeignTags;
+
 }  // namespace kdhost
 
 struct KdDbAttachedField;
@@ -65,6 +67,8 @@ struct KdDbObjectState {
     bool erased = false;
     KdDbObjectId extensionDictionary;
     KdDbAttachedFields attached;
+    /// What the drawing's file says of the object and this program doesn't know; null as with most objects.
+    std::shared_ptr<const kdhost::ForeignTags> foreign;
 
 protected:
     KdDbObjectState() = default;

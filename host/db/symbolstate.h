@@ -62,6 +62,8 @@ struct KdDbLayerTableRecordState : KdDbSymbolTableRecordState {
     KdDb::LineWeight lineWeight = KdDb::kLnWtByLwDefault;
     bool locked = false;
     bool plottable = true;
+    bool off = false;    ///< not shown; kept for the file's sake
+    int otherFlags = 0;  ///< of the file, beside that of the lock
 };
 
 struct KdDbLinetypeTableRecordState : KdDbSymbolTableRecordState {

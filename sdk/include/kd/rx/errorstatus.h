@@ -32,6 +32,7 @@ enum ErrorStatus : int {
     eFileNotFound,
     eFileAccessError,
     eFileCorrupt,
+    eFileVersion,
 };
 
 }  // namespace Kdad

@@ -1,0 +1,461 @@
+// Reading of tables.
+//
+// Codes mean different things by their place: in the table's head, in a cell, in a cell's value, behind the cells. So
+// the tags are walked once, in these four states.
+
+#include <cmath>
+
+#include "host/db/access.h"
+#include "host/db/fieldstate.h"
+#include "host/db/tableaccess.h"
+#include "host/file/acadtable.h"
+#include "host/file/cellcodes.h"
+#include "host/file/commonattributes.h"
+#include "host/file/extrasrecord.h"
+#include "host/file/tableextras.h"
+#include "kd/db/field.h"
+#include "kd/db/symboltable.h"
+#include "kd/db/tablestyle.h"
+
+namespace kdhost::file {
+namespace {
+
+constexpr int kCellBegin = 171;
+
+template <class T>
+T asked(const std::optional<T>& value) {
+    require(value.has_value(), "a number is none");
+    return *value;
+}
+
+int whole(const Tag& tag, std::int64_t lowest, std::int64_t highest) {
+    const std::int64_t value = asked(integerOf(tag));
+    require(value >= lowest && value <= highest, "a number is outside its range");
+    return static_cast<int>(value);
+}
+
+double size(const Tag& tag) {
+    const double value = asked(realOf(tag));
+    require(value >= 0.0, "a size is below zero");
+    return value;
+}
+
+/// The value of a cell, of whatever type.
+struct CellValue {
+    int type = 0;
+    int unit = 0;
+    std::wstring text;
+    std::wstring format;
+    std::wstring display;
+    std::int64_t number = 0;
+    double real = 0.0;
+};
+
+/// A cell's overrides as its tags give them.
+struct ReadOverrides {
+    FormatOverrides overrides;
+    bool fills = true;
+
+    template <class T>
+    void set(const FormatProperty<T>& which, const T& value) {
+        overrides.own |= which.bit;
+        which.in(overrides.format) = value;
+    }
+};
+
+class Reader {
+public:
+    Reader(LoadContext& context, KdDbTable& table, const FileObject& object)
+        : m_context(context),
+          m_table(table),
+          m_object(object),
+          m_state(static_cast<TableState&>(KdDbObjectAccess::stateForMaker(table))),
+          m_reader(context, table, object) {}
+
+    void read() {
+        describeCommon(m_context, m_reader, static_cast<KdDbEntityState&>(m_state));
+        reference();
+        m_reader.subclass("AcDbTable");
+        m_tags = m_reader.tags();
+        m_at = m_tags.first;
+        head();
+        rows();
+        merges();
+        tail();
+        extras();
+        give();
+        for (const Tag& tag : m_tags) m_reader.consume(&tag);
+        m_reader.end();
+    }
+
+private:
+    // ---- what is before the cells
+
+    void reference() {
+        std::wstring name;
+        double scales[3];
+        m_reader.subclass("AcDbBlockReference");
+        m_reader.value(2, name, std::wstring());
+        m_reader.value(10, m_state.position);
+        for (int axis = 0; axis < 3; ++axis) m_reader.value(41 + axis, scales[axis], 1.0);
+        m_state.scale = scales[0];
+        m_reader.angle(50, m_state.rotation, 0.0);
+        m_reader.value(210, m_state.normal, KdGeVector3d(0.0, 0.0, 1.0));
+        m_reader.forget();
+    }
+
+    void head() {
+        std::int64_t rows = 0;
+        std::int64_t columns = 0;
+        for (; m_at != m_tags.last && m_at->code != kCellBegin; ++m_at) {
+            switch (m_at->code) {
+                case 342:
+                    style(asked(handleOf(*m_at)));
+                    break;
+                case 11:
+                    m_state.direction.x = asked(realOf(*m_at));
+                    break;
+                case 21:
+                    m_state.direction.y = asked(realOf(*m_at));
+                    break;
+                case 31:
+                    m_state.direction.z = asked(realOf(*m_at));
+                    break;
+                case 91:
+                    rows = asked(integerOf(*m_at));
+                    break;
+                case 92:
+                    columns = asked(integerOf(*m_at));
+                    break;
+                case 93:
+                    m_overrides = asked(integerOf(*m_at));
+                    break;
+                case 141:
+                    m_heights.push_back(size(*m_at));
+                    break;
+                case 142:
+                    m_widths.push_back(size(*m_at));
+                    break;
+                default:
+                    break;
+            }
+        }
+        // Each row and each column has had its tag: nothing is made that the file doesn't pay for.
+        require(rows >= 1 && columns >= 1, "a table is empty");
+        require(m_heights.size() == static_cast<std::size_t>(rows), "a table's rows are not those that it counts");
+        require(m_widths.size() == static_cast<std::size_t>(columns), "a table's columns are not those that it counts");
+        require(m_widths.size() <= m_tags.size() / m_heights.size(), "a table has fewer cells than it counts");
+    }
+
+    void style(std::uint64_t handle) {
+        const auto* found = m_context.findAs<KdDbTableStyle>(handle);
+        require(found != nullptr, "a table's style is missing");
+        m_style = found->objectId();
+    }
+
+    // ---- the cells
+
+    void rows() {
+        m_loaded.styles = {kTitleStyle, kHeaderStyle, kDataStyle};
+        m_loaded.rows.resize(m_heights.size());
+        for (std::size_t row = 0; row < m_heights.size(); ++row) {
+            TableRow& made = m_loaded.rows[row];
+            made.height = m_heights[row];
+            made.cells.resize(m_widths.size());
+            for (Cell& cell : made.cells) {
+                require(m_at != m_tags.last && m_at->code == kCellBegin, "a table has fewer cells than it counts");
+                this->cell(cell);
+            }
+        }
+    }
+
+    void cell(Cell& cell) {
+        const TagIterator first = m_at;
+        m_columnsSpanned = m_rowsSpanned = 1;
+        CellObjects objects;
+        std::wstring text;
+        TagIterator formats = nullptr;
+        bool isValued = false;
+        for (; m_at != m_tags.last && (m_at == first || m_at->code != kCellBegin); ++m_at) {
+            switch (m_at->code) {
+                case kCellBegin:
+                    cell.type = static_cast<std::uint8_t>(whole(*m_at, KdDb::kTextCell, KdDb::kMultipleContentCell));
+                    break;
+                case 174:
+                    objects.autoFit = whole(*m_at, 0, 1) != 0;
+                    break;
+                case 175:
+                    m_columnsSpanned = whole(*m_at, 0, INT32_MAX);
+                    break;
+                case 176:
+                    m_rowsSpanned = whole(*m_at, 0, INT32_MAX);
+                    break;
+                case 91:
+                    if (integerOf(*m_at) != 0) formats = m_at;
+                    break;
+                case 145:
+                    objects.blockRotation = asked(angleOf(*m_at));
+                    break;
+                case 340:
+                    objects.block = block(asked(handleOf(*m_at)));
+                    break;
+                case 344:
+                    objects.field = field(asked(handleOf(*m_at)));
+                    break;
+                case 144:
+                    objects.blockScale = asked(realOf(*m_at));
+                    break;
+                case 1:
+                case 2:
+                case 3:
+                    text += textOf(m_at->value());
+                    break;
+                default:
+                    break;
+            }
+            if (m_at->code != 301) continue;
+            isValued = true;
+            break;
+        }
+        if (formats != nullptr) cell.overrides = overrides(formats);
+        if (isValued) value(cell, text);
+        if (objects.field.isNull()) cell.text = std::move(text);
+        if (objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(objects);
+        m_spans.push_back({m_rowsSpanned, m_columnsSpanned});
+    }
+
+    KdDbObjectId block(std::uint64_t handle) {
+        if (handle == 0) return {};
+        const auto* found = m_context.findAs<KdDbBlockTableRecord>(handle);
+        require(found != nullptr, "a cell's block is missing");
+        return found->objectId();
+    }
+
+    KdDbObjectId field(std::uint64_t handle) {
+        if (handle == 0) return {};
+        const auto* found = m_context.findAs<KdDbField>(handle);
+        require(found != nullptr, "a cell's field is missing");
+        m_hasFields = true;
+        return found->objectId();
+    }
+
+    /// Cells mostly have their overrides from one setting: those that are alike share one record.
+    CopyOnWrite<FormatOverrides> overrides(TagIterator first) {
+        namespace prop = kdhost::property;
+        const std::int64_t mask = asked(integerOf(*first));
+        ReadOverrides read;
+        for (TagIterator at = first + 1; at != m_tags.last && at->code != 301 && at->code != kCellBegin; ++at) {
+            override(read, *at, mask);
+        }
+        if ((mask & kFillBit) != 0 && !read.fills) read.set(prop::background, KdCmColor::none());
+        const bool isLast = m_lastOverrides && m_lastOverrides->own == read.overrides.own &&
+                            difference(m_lastOverrides->format, read.overrides.format) == 0;
+        if (!isLast) m_lastOverrides = CopyOnWrite<FormatOverrides>(read.overrides);
+        return read.overrides.own == 0 ? CopyOnWrite<FormatOverrides>() : m_lastOverrides;
+    }
+
+    void override(ReadOverrides& read, const Tag& tag, std::int64_t mask) {
+        namespace prop = kdhost::property;
+        const auto color = [&] { return KdCmColor::fromIndex(whole(tag, 0, 257)); };
+        const auto has = [&](std::int64_t bit) { return (mask & bit) != 0; };
+        if (tag.code == 170 && has(kAlignmentBit)) {
+            read.set(prop::alignment, static_cast<KdDb::CellAlignment>(whole(tag, KdDb::kTopLeft, KdDb::kBottomRight)));
+        }
+        if (tag.code == 283 && has(kFillBit)) read.fills = whole(tag, 0, 1) != 0;
+        if (tag.code == 63 && has(kFillColorBit)) read.set(prop::background, color());
+        if (tag.code == 64 && has(kColorBit)) read.set(prop::color, color());
+        if (tag.code == 7 && has(kTextStyleBit)) {
+            read.set(prop::textStyle, m_context.record(m_context.contents.roots.textStyleTable, tag.value()));
+        }
+        if (tag.code == 140 && has(kTextHeightBit)) read.set(prop::textHeight, size(tag));
+        for (const EdgeCode& each : kEdgeColors) {
+            if (tag.code == each.code && has(each.bit)) read.set(prop::lineColor.at(each.edge), color());
+        }
+        for (const EdgeCode& each : kEdgeWeights) {
+            if (tag.code == each.code && has(each.bit)) {
+                read.set(prop::weight.at(each.edge), static_cast<KdDb::LineWeight>(whole(tag, INT16_MIN, INT16_MAX)));
+            }
+        }
+        for (const EdgeCode& each : kEdgeVisibilities) {
+            if (tag.code == each.code && has(each.bit)) {
+                read.set(prop::visibility.at(each.edge), whole(tag, 0, 1) != 0 ? KdDb::kVisible : KdDb::kInvisible);
+            }
+        }
+    }
+
+    // ---- a cell's value
+
+    /// From its begin to its end.
+    void value(Cell& cell, std::wstring& text) {
+        CellValue value;
+        for (++m_at;; ++m_at) {
+            require(m_at != m_tags.last && m_at->code != kCellBegin, "a cell's value has no end");
+            if (m_at->code == 304) break;
+            switch (m_at->code) {
+                case 90:
+                    value.type = whole(*m_at, 0, INT32_MAX);
+                    break;
+                case 91:
+                    value.number = asked(integerOf(*m_at));
+                    break;
+                case 140:
+                    value.real = asked(realOf(*m_at));
+                    break;
+                case 1:
+                case 2:
+                case 3:
+                    value.text += textOf(m_at->value());
+                    break;
+                case 94:
+                    value.unit = whole(*m_at, 0, INT32_MAX);
+                    break;
+                case 300:
+                    value.format = textOf(m_at->value());
+                    break;
+                case 302:
+                    value.display = textOf(m_at->value());
+                    break;
+                default:
+                    break;
+            }
+        }
+        ++m_at;
+        typed(cell, value);
+        // What is long is cut off where a value is only shown.
+        if (value.type == KdValue::kString) text = std::move(value.text);
+        if (text.empty()) text = shown(value);
+    }
+
+    static std::wstring shown(const CellValue& value) {
+        if (!value.display.empty()) return value.display;
+        if (value.type == KdValue::kLong) return std::to_wstring(value.number);
+        return value.type == KdValue::kDouble ? std::to_wstring(value.real) : std::wstring();
+    }
+
+    /// Units, formats and the types of numbers are the cell's own where its value has them.
+    void typed(Cell& cell, const CellValue& value) {
+        namespace prop = kdhost::property;
+        const bool isNumber = value.type == KdValue::kLong || value.type == KdValue::kDouble ||
+                              value.type == KdValue::kDate || value.type == KdValue::kPoint;
+        if (!isNumber && value.unit == 0 && value.format.empty()) return;
+        FormatOverrides& overrides = cell.overrides.write();
+        const auto set = [&](const auto& which, auto own) {
+            overrides.own |= which.bit;
+            which.in(overrides.format) = std::move(own);
+        };
+        if (isNumber) set(prop::dataType, static_cast<KdValue::DataType>(value.type));
+        if (value.unit != 0) set(prop::unitType, static_cast<KdValue::UnitType>(value.unit));
+        if (!value.format.empty()) set(prop::format, value.format);
+    }
+
+    // ---- what is behind the cells
+
+    void tail() {
+        constexpr std::int64_t kSuppressionBit = 1;
+        constexpr std::int64_t kFlowBit = 4;
+        for (; m_at != m_tags.last; ++m_at) {
+            require(m_at->code != kCellBegin, "a table has more cells than it counts");
+            if (m_at->code == 70 && (m_overrides & kFlowBit) != 0) m_state.flow = whole(*m_at, 0, 1);
+            if ((m_overrides & kSuppressionBit) == 0) continue;
+            if (m_at->code == 280) m_state.titleSuppressed = whole(*m_at, 0, 1) != 0;
+            if (m_at->code == 281) m_state.headerSuppressed = whole(*m_at, 0, 1) != 0;
+        }
+    }
+
+    /// Merges are told by their owners; what stands in covered cells of them counts nothing.
+    void merges() {
+        const int columns = static_cast<int>(m_widths.size());
+        const int rowCount = static_cast<int>(m_heights.size());
+        for (int row = 0; row < rowCount; ++row) {
+            for (int column = 0; column < columns; ++column) {
+                const Span span =
+                    m_spans[static_cast<std::size_t>(row) * m_widths.size() + static_cast<std::size_t>(column)];
+                const MergeLink known = cellAt(row, column).merge;
+                if (known.covered() || (span.rows <= 1 && span.columns <= 1)) continue;
+                const int high = std::max(1, span.rows);
+                const int wide = std::max(1, span.columns);
+                require(high <= rowCount - row && wide <= columns - column, "a merge reaches out of its table");
+                for (int down = 0; down < high; ++down) {
+                    for (int right = 0; right < wide; ++right) {
+                        MergeLink& link = cellAt(row + down, column + right).merge;
+                        require(!link.merged(), "two merges lie across each other");
+                        link = {down, right, high, wide};
+                    }
+                }
+            }
+        }
+    }
+
+    Cell& cellAt(int row, int column) {
+        return m_loaded.rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)];
+    }
+
+    void extras() {
+        for (std::size_t row = 0; row < m_loaded.rows.size(); ++row) {
+            const std::uint16_t style =
+                usualRowStyle(static_cast<int>(row), m_state.titleSuppressed, m_state.headerSuppressed);
+            m_loaded.rows[row].style = style;
+            for (Cell& cell : m_loaded.rows[row].cells) cell.style = style;
+        }
+        const TagSpan record = extrasOf(m_context, m_object);
+        if (!record.empty()) readTableExtras(m_context, record, fingerprintsOf(m_tags), m_loaded);
+    }
+
+    /// The state takes everything over.
+    void give() {
+        m_state.styles.setTableStyle(m_style);
+        std::vector<std::uint16_t> places;
+        for (const std::wstring& name : m_loaded.styles) places.push_back(m_state.styles.place(name));
+        m_state.setColumnCount(static_cast<int>(m_widths.size()));
+        m_state.columnWidths = m_widths;
+        const int count = static_cast<int>(m_loaded.rows.size());
+        m_state.rows.insert(1, count - 1, TableRow());
+        for (int row = 0; row < count; ++row) {
+            TableRow& made = m_loaded.rows[static_cast<std::size_t>(row)];
+            made.style = places[made.style];
+            for (Cell& cell : made.cells) cell.style = places[cell.style];
+            m_state.rows.write(row) = std::move(made);
+        }
+        m_state.touchLayout();
+        if (m_hasFields) m_context.tablesWithFields.push_back(&m_table);
+    }
+
+    struct Span {
+        int rows;
+        int columns;
+    };
+
+    LoadContext& m_context;
+    const KdDbTable& m_table;
+    const FileObject& m_object;
+    TableState& m_state;
+    RecordReader m_reader;
+    TagSpan m_tags;
+    TagIterator m_at = nullptr;
+
+    std::int64_t m_overrides = 0;
+    KdDbObjectId m_style;
+    std::vector<double> m_heights;
+    std::vector<double> m_widths;
+    LoadedTable m_loaded;
+    std::vector<Span> m_spans;
+    bool m_hasFields = false;
+    int m_rowsSpanned = 1;
+    int m_columnsSpanned = 1;
+    CopyOnWrite<FormatOverrides> m_lastOverrides;
+};
+
+}  // namespace
+
+std::uint64_t blockOfTable(const FileObject& object) {
+    for (TagIterator tag = object.body; tag != object.tags.last && tag->code != kCellBegin; ++tag) {
+        if (tag->code == 343) return handleOf(*tag).value_or(0);
+    }
+    return 0;
+}
+
+void readTable(LoadContext& context, KdDbTable& table, const FileObject& object) {
+    Reader(context, table, object).read();
+}
+
+}  // namespace kdhost::file

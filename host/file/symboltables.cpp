@@ -1,0 +1,418 @@
+// Layers, line types, text styles and block records; tables of other kinds are kept as they stand.
+
+#include "host/file/symboltables.h"
+
+#include <algorithm>
+
+#include "host/db/access.h"
+#include "host/db/opening.h"
+#include "host/db/symbolstate.h"
+#include "host/file/entities.h"
+#include "host/file/keptobjects.h"
+#include "host/file/record.h"
+#include "host/file/tableblocks.h"
+#include "host/rx/encoding.h"
+#include "kd/db/symboltable.h"
+
+namespace kdhost::file {
+namespace {
+
+constexpr int kFrozenOrLocked = 4;
+
+template <class Archive, class State>
+void describeLayer(Archive& archive, State& layer) {
+    archive.subclass("AcDbLayerTableRecord");
+    archive.value(2, layer.name);
+    int flags = layer.otherFlags | (layer.locked ? kFrozenOrLocked : 0);
+    archive.value(70, flags);
+    KdCmColor color = layer.color;
+    // A layer that is off has its colour below zero.
+    if constexpr (Archive::kReads) {
+        int index = 0;
+        archive.value(62, index);
+        archive.check(index >= -257 && index <= 257);
+        layer.off = index < 0;
+        layer.color = KdCmColor::fromIndex(std::abs(index));
+        if (archive.has(420)) archive.color(62, layer.color);
+        layer.locked = (flags & kFrozenOrLocked) != 0;
+        layer.otherFlags = flags & ~kFrozenOrLocked;
+    } else if (layer.off) {
+        archive.value(62, -color.colorIndex());
+        if (color.isByColor()) archive.value(420, color.red() << 16 | color.green() << 8 | color.blue());
+    } else {
+        archive.color(62, color);
+    }
+    archive.linetype(6, layer.linetype, KdDbObjectId::kNull);
+    archive.value(290, layer.plottable, true);
+    archive.value(370, layer.lineWeight, KdDb::kLnWtByLwDefault);
+}
+
+template <class Archive, class State>
+void describeLinetype(Archive& archive, State& linetype) {
+    archive.subclass("AcDbLinetypeTableRecord");
+    archive.value(2, linetype.name);
+    archive.fixed(70, "0");
+    archive.value(3, linetype.comments, std::wstring());
+    archive.fixed(72, "65");
+    if constexpr (Archive::kReads) {
+        int count = 0;
+        double length = 0.0;
+        archive.value(73, count, 0);
+        archive.value(40, length, 0.0);
+        linetype.dashes.clear();
+        for (const Tag& tag : archive.tags()) {
+            if (tag.is(74, "0")) archive.consume(&tag);
+            if (tag.code != 49) continue;
+            const std::optional<double> dash = realOf(tag);
+            archive.check(dash.has_value());
+            linetype.dashes.push_back(*dash);
+            archive.consume(&tag);
+        }
+        archive.check(count >= 0 && linetype.dashes.size() == static_cast<std::size_t>(count));
+    } else {
+        double length = 0.0;
+        for (const double dash : linetype.dashes) length += std::abs(dash);
+        archive.value(73, linetype.dashes.size());
+        archive.value(40, length);
+        for (const double dash : linetype.dashes) {
+            archive.value(49, dash);
+            archive.value(74, 0);
+        }
+    }
+}
+
+/// A font of the system is named beside the file that stands for it elsewhere, with its looks as bits.
+template <class Archive, class State>
+void describeTextStyle(Archive& archive, State& style) {
+    constexpr std::int64_t kItalic = 0x1000000;
+    constexpr std::int64_t kBold = 0x2000000;
+    archive.subclass("AcDbTextStyleTableRecord");
+    archive.value(2, style.name);
+    archive.fixed(70, "0");
+    archive.value(40, style.textSize);
+    archive.value(41, style.xScale);
+    archive.angle(50, style.obliquingAngle);
+    archive.fixed(71, "0");
+    archive.fixed(42, "2.5");
+    archive.value(3, style.font);
+    archive.fixed(4, "");
+    archive.check(style.xScale > 0.0);
+    if constexpr (Archive::kReads) {
+        for (const Tag& tag : archive.takeExtended("ACAD")) {
+            if (tag.code == 1000) style.font = textOf(tag.value());
+            if (tag.code != 1071) continue;
+            const std::int64_t looks = integerOf(tag).value_or(0);
+            style.bold = (looks & kBold) != 0;
+            style.italic = (looks & kItalic) != 0;
+        }
+    } else {
+        archive.end();
+        archive.value(1001, std::wstring(L"ACAD"));
+        archive.value(1000, style.font);
+        archive.value(1071, (style.bold ? kBold : 0) | (style.italic ? kItalic : 0));
+    }
+}
+
+template <class Archive, class State>
+void describeBlock(Archive& archive, State& block) {
+    archive.subclass("AcDbBlockTableRecord");
+    archive.value(2, block.name);
+    archive.fixed(340, "0");
+    archive.fixed(70, "0");
+    archive.fixed(280, "1");
+    archive.fixed(281, "0");
+}
+
+/// One of the tables that the program knows.
+struct Kind {
+    const char* name;
+    KdDbObjectId DatabaseRoots::*root;
+    std::unique_ptr<KdDbSymbolTable> (*makeTable)();
+    std::unique_ptr<KdDbSymbolTableRecord> (*makeRecord)();
+    void (*write)(RecordWriter&, const KdDbObject&);
+    void (*read)(RecordReader&, KdDbObject&);
+};
+
+template <class Table, class Record, class State, auto describeForWriting, auto describeForReading>
+constexpr Kind kindOf(const char* name, KdDbObjectId DatabaseRoots::*root) {
+    return {name,
+            root,
+            []() -> std::unique_ptr<KdDbSymbolTable> { return std::make_unique<Table>(); },
+            []() -> std::unique_ptr<KdDbSymbolTableRecord> { return std::make_unique<Record>(); },
+            [](RecordWriter& writer, const KdDbObject& record) { describeForWriting(writer, stateOf<State>(record)); },
+            [](RecordReader& reader, KdDbObject& record) {
+                describeForReading(reader, static_cast<State&>(KdDbObjectAccess::stateForMaker(record)));
+            }};
+}
+
+#define KD_KIND(name, Stem, describe, root)                                          \
+    kindOf<KdDb##Stem##Table, KdDb##Stem##TableRecord, KdDb##Stem##TableRecordState, \
+           describe<RecordWriter, const KdDb##Stem##TableRecordState>,               \
+           describe<RecordReader, KdDb##Stem##TableRecordState>>(name, &DatabaseRoots::root)
+constexpr Kind kKinds[] = {
+    KD_KIND("LTYPE", Linetype, describeLinetype, linetypeTable),
+    KD_KIND("LAYER", Layer, describeLayer, layerTable),
+    KD_KIND("STYLE", TextStyle, describeTextStyle, textStyleTable),
+    KD_KIND("BLOCK_RECORD", Block, describeBlock, blockTable),
+};
+#undef KD_KIND
+
+/// The tables in their order, and the records of those that are made up where the drawing has none.
+struct StandardTable {
+    const char* name;
+    const char* record;  ///< its tags; null for a table without records
+    const char* subclass = "";
+};
+constexpr StandardTable kTables[] = {
+    {"VPORT",
+     "2\n*ACTIVE\n70\n0\n10\n0\n20\n0\n11\n1\n21\n1\n12\n210\n22\n148.5\n13\n0\n23\n0\n14\n10\n24\n10\n15\n10\n25\n10\n"
+     "16\n0\n26\n0\n36\n1\n17\n0\n27\n0\n37\n0\n40\n297\n41\n1.5\n42\n50\n43\n0\n44\n0\n50\n0\n51\n0\n71\n0\n72\n100\n"
+     "73\n1\n74\n3\n75\n0\n76\n0\n77\n0\n78\n0\n",
+     "AcDbViewportTableRecord"},
+    {"LTYPE", nullptr},
+    {"LAYER", nullptr},
+    {"STYLE", nullptr},
+    {"VIEW", nullptr},
+    {"UCS", nullptr},
+    {"APPID", "2\nACAD\n70\n0\n", "AcDbRegAppTableRecord"},
+    {"DIMSTYLE", "2\nStandard\n70\n0\n", "AcDbDimStyleTableRecord"},
+    {"BLOCK_RECORD", nullptr},
+};
+
+const Kind* kindNamed(std::string_view name) {
+    const auto* kind =
+        std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& each) { return each.name == name; });
+    return kind == std::end(kKinds) ? nullptr : kind;
+}
+
+void writeHead(SaveContext& context, std::string_view name, std::uint64_t handle, std::size_t records) {
+    context.out.raw(0, "TABLE");
+    context.out.raw(2, name);
+    context.out.handle(5, handle);
+    context.out.handle(330, 0);
+    context.out.raw(100, "AcDbSymbolTable");
+    context.out.integer(70, static_cast<std::int64_t>(records));
+}
+
+void writeKnown(SaveContext& context, const Kind& kind, const TableBlocks& blocks) {
+    const KdDbObject* table = peekObject(context.contents.roots.*kind.root);
+    if (table == nullptr) return;
+    std::vector<const KdDbObject*> records;
+    for (const KdDbObjectId id : stateOf<KdDbSymbolTableState>(*table).records) {
+        if (const KdDbObject* record = peekObject(id)) records.push_back(record);
+    }
+    const bool ofBlocks = kind.root == &DatabaseRoots::blockTable;
+    writeHead(context, kind.name, table->handle(), records.size() + (ofBlocks ? blocks.all().size() : 0));
+    RecordWriter(context, *table).end();
+    for (const KdDbObject* record : records) {
+        writeIdentity(context, kind.name, *record);
+        context.out.raw(100, "AcDbSymbolTableRecord");
+        RecordWriter writer(context, *record);
+        kind.write(writer, *record);
+        writer.end();
+    }
+    if (ofBlocks) blocks.writeRecords(context, table->handle());
+    context.out.raw(0, "ENDTAB");
+}
+
+void writeKept(SaveContext& context, const KdDbObject& table) {
+    context.keptObject(table);
+    context.out.raw(0, "ENDTAB");
+}
+
+void writeStandard(SaveContext& context, const StandardTable& table) {
+    const auto [head, record] = context.standardTables.at(table.name);
+    writeHead(context, table.name, head, table.record == nullptr ? 0 : 1);
+    const bool isDimension = std::string_view(table.name) == "DIMSTYLE";
+    if (isDimension) {
+        context.out.raw(100, "AcDbDimStyleTable");
+        context.out.integer(71, 0);
+    }
+    if (table.record != nullptr) {
+        context.out.raw(0, table.name);
+        context.out.handle(isDimension ? 105 : 5, record);
+        context.out.handle(330, head);
+        context.out.raw(100, "AcDbSymbolTableRecord");
+        context.out.raw(100, table.subclass);
+        context.out.lines(table.record);
+    }
+    context.out.raw(0, "ENDTAB");
+}
+
+/// The name that a kept table's tags begin with.
+std::string_view nameOfKept(const KdDbObject& table) {
+    const std::string_view lines = keptObject(table).tags.lines;
+    constexpr std::string_view kNameCode = "2\n";
+    return lines.starts_with(kNameCode) ? lines.substr(2, lines.find('\n', 2) - 2) : std::string_view();
+}
+
+std::vector<const KdDbObject*> keptTables(const SaveContext& context) {
+    std::vector<const KdDbObject*> kept;
+    for (const KdDbObjectId id : context.contents.remainder.tables) kept.push_back(peekObject(id));
+    std::erase(kept, nullptr);
+    return kept;
+}
+
+// ---- reading
+
+/// One table of the section: its head, and its records up to the end.
+struct FileTable {
+    const FileObject* head;
+    std::vector<const FileObject*> records;
+    std::string_view name;
+};
+
+std::vector<FileTable> tablesOf(const FileSection& section) {
+    std::vector<FileTable> tables;
+    bool open = false;
+    for (const FileObject& object : section.objects) {
+        if (object.name == "TABLE") {
+            require(!open && !object.tags.empty() && object.tags.first->code == 2, "a table has no end, or no name");
+            tables.push_back({&object, {}, object.tags.first->value()});
+            open = true;
+        } else if (object.name == "ENDTAB") {
+            require(open, "a table's end comes twice");
+            open = false;
+        } else {
+            require(open && object.name == tables.back().name, "a record stands outside its table");
+            tables.back().records.push_back(&object);
+        }
+    }
+    require(!open, "a table has no end");
+    return tables;
+}
+
+std::string_view recordName(const FileObject& record) {
+    for (TagIterator tag = record.body; tag != record.tags.last && tag->code < 1000; ++tag) {
+        if (tag->code == 2) return tag->value();
+    }
+    throw Refused("a record has no name");
+}
+
+void placeKnown(LoadContext& context, const FileTable& table, const Kind& kind) {
+    KdDbObjectId& root = context.contents.roots.*kind.root;
+    require(root.isNull(), "a table comes twice");
+    KdDbObject& made = context.insert(kind.makeTable(), table.head->handle);
+    root = made.objectId();
+    context.contents.required.insert(root);
+    auto& records = static_cast<KdDbSymbolTableState&>(KdDbObjectAccess::stateForMaker(made)).records;
+    for (const FileObject* record : table.records) {
+        if (context.tableBlocks.contains(record->handle)) continue;
+        const std::wstring name = textOf(recordName(*record));
+        std::unique_ptr<KdDbSymbolTableRecord> fresh = kind.makeRecord();
+        static_cast<KdDbSymbolTableRecordState&>(KdDbObjectAccess::stateForMaker(*fresh)).name = name;
+        KdDbObject& inserted = context.insert(std::move(fresh), record->handle);
+        KdDbObjectAccess::stateForMaker(inserted).owner = root;
+        records.push_back(inserted.objectId());
+    }
+}
+
+void placeKept(LoadContext& context, const FileTable& table) {
+    KdDbObject& made = context.insert(std::make_unique<KdDbKeptObject>(), table.head->handle);
+    context.contents.remainder.tables.push_back(made.objectId());
+    auto& state = static_cast<KdDbKeptObjectState&>(KdDbObjectAccess::stateForMaker(made));
+    for (const FileObject* record : table.records) {
+        state.kept.parts.push_back(context.insert(std::make_unique<KdDbKeptObject>(), record->handle).objectId());
+    }
+}
+
+/// Looked for by name among what every drawing must have.
+KdDbObjectId required(LoadContext& context, KdDbObjectId table, std::string_view name) {
+    const KdDbObjectId id = context.record(table, name);
+    context.contents.required.insert(id);
+    return id;
+}
+
+void findRequired(LoadContext& context) {
+    DatabaseRoots& roots = context.contents.roots;
+    CurrentSettings& current = context.contents.current;
+    roots.byBlock = required(context, roots.linetypeTable, "ByBlock");
+    roots.byLayer = required(context, roots.linetypeTable, "ByLayer");
+    roots.continuous = required(context, roots.linetypeTable, "Continuous");
+    roots.layerZero = required(context, roots.layerTable, "0");
+    roots.modelSpace = required(context, roots.blockTable, toUtf8(KDDB_MODEL_SPACE));
+    roots.paperSpace = required(context, roots.blockTable, toUtf8(KDDB_PAPER_SPACE));
+    current.layer = roots.layerZero;
+    current.linetype = roots.byLayer;
+    current.textStyle = required(context, roots.textStyleTable, "Standard");
+}
+
+/// Records of one table have names of their own; nameless text styles stand for shapes.
+void checkNames(LoadContext& context, const FileTable& table, KdDbObjectId root) {
+    for (const FileObject* record : table.records) {
+        const std::string_view name = recordName(*record);
+        if (name.empty() || context.tableBlocks.contains(record->handle)) continue;
+        require(context.record(root, name) == context.idOf(record->handle), "two records have one name");
+    }
+}
+
+}  // namespace
+
+void reserveStandardTables(SaveContext& context) {
+    const std::vector<const KdDbObject*> kept = keptTables(context);
+    for (const StandardTable& table : kTables) {
+        const bool isThere = std::any_of(kept.begin(), kept.end(),
+                                         [&](const KdDbObject* each) { return nameOfKept(*each) == table.name; });
+        if (isThere || kindNamed(table.name) != nullptr) continue;
+        const std::uint64_t head = context.newHandle();
+        context.standardTables[table.name] = {head, table.record == nullptr ? 0 : context.newHandle()};
+    }
+}
+
+void writeTables(SaveContext& context, const TableBlocks& blocks) {
+    std::vector<const KdDbObject*> kept = keptTables(context);
+    for (const StandardTable& table : kTables) {
+        const auto known = std::find_if(kept.begin(), kept.end(),
+                                        [&](const KdDbObject* each) { return nameOfKept(*each) == table.name; });
+        if (const Kind* kind = kindNamed(table.name)) {
+            writeKnown(context, *kind, blocks);
+        } else if (known == kept.end()) {
+            writeStandard(context, table);
+        } else {
+            writeKept(context, **known);
+            kept.erase(known);
+        }
+    }
+    for (const KdDbObject* table : kept) writeKept(context, *table);
+}
+
+void placeTables(LoadContext& context, const FileSection& section) {
+    const std::vector<FileTable> tables = tablesOf(section);
+    for (const FileTable& table : tables) {
+        if (const Kind* kind = kindNamed(table.name)) {
+            placeKnown(context, table, *kind);
+        } else {
+            placeKept(context, table);
+        }
+    }
+    for (const Kind& kind : kKinds) require((context.contents.roots.*kind.root).isValid(), "a symbol table is missing");
+    findRequired(context);
+    for (const FileTable& table : tables) {
+        if (const Kind* kind = kindNamed(table.name)) checkNames(context, table, context.contents.roots.*kind->root);
+    }
+}
+
+void readTables(LoadContext& context, const FileSection& section) {
+    for (const FileTable& table : tablesOf(section)) {
+        const Kind* kind = kindNamed(table.name);
+        KdDbObject& head = *context.find(table.head->handle);
+        if (kind == nullptr) readKeptObject(context, head, *table.head);
+        KdDbObjectAccess::stateForMaker(head).extensionDictionary = context.idOf(table.head->extension);
+        for (const FileObject* source : table.records) {
+            KdDbObject* record = context.find(source->handle);
+            if (record == nullptr) continue;
+            if (kind == nullptr) {
+                readKeptObject(context, *record, *source);
+                KdDbObjectAccess::stateForMaker(*record).owner = head.objectId();
+                continue;
+            }
+            KdDbObjectAccess::stateForMaker(*record).extensionDictionary = context.idOf(source->extension);
+            RecordReader reader(context, *record, *source);
+            reader.subclass("AcDbSymbolTableRecord");
+            kind->read(reader, *record);
+            reader.end();
+        }
+    }
+}
+
+}  // namespace kdhost::file
