@@ -87,7 +87,9 @@ bool CWnd::IsWindowVisible() const {
 }
 
 void CWnd::SetFocus() {
-    if (m_widget != nullptr) m_widget->setFocus(Qt::OtherFocusReason);
+    if (m_widget == nullptr) return;
+    QWidget* last = m_widget->isWindow() ? m_widget->focusWidget() : nullptr;
+    (last != nullptr ? last : m_widget.data())->setFocus(Qt::OtherFocusReason);
 }
 
 void CWnd::Invalidate(bool) {

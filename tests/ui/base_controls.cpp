@@ -50,6 +50,15 @@ TEST(Windows, give_their_widget_up_when_it_is_gone) {
     EXPECT_EQ(wnd.widget(), nullptr);
 }
 
+TEST(Windows, that_hold_controls_hand_the_focus_to_the_one_that_had_it_last) {
+    RecordingDialog dialog;
+    dialog.open();
+    dialog.GetDlgItem("IDC_EDIT")->SetFocus();
+    ASSERT_TRUE(dialog.getWidgetsFromOrignal("IDC_EDIT")->hasFocus());
+    dialog.SetFocus();
+    EXPECT_TRUE(dialog.getWidgetsFromOrignal("IDC_EDIT")->hasFocus());
+}
+
 TEST(Windows, texts_go_where_each_kind_of_control_shows_them) {
     RecordingDialog dialog;
     for (const char* name : {"IDC_LABEL", "IDC_GROUP", "IDC_EDIT", "IDC_SPIN", "IDC_CHECK", "IDOK"}) {

@@ -53,6 +53,7 @@ public:
     /// Whether the word has changed.
     bool ModifyStyleEx(UINT remove, UINT add);
     bool IsWindowVisible() const;
+    /// A dialog or other window hands the focus to the control in it that had it last.
     void SetFocus();
     void Invalidate(bool erase = true);
     void UpdateWindow();
