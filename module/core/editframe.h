@@ -51,7 +51,7 @@ bool markedEdit(const EditMark& mark, Work work) {
 
 /// The same with `work(KdDbTable&)` on the table open for write.
 template <class Work>
-bool editTable(KdDbObjectId table, const EditMark& mark, Work work) {
+bool markedTableEdit(KdDbObjectId table, const EditMark& mark, Work work) {
     return markedEdit(mark, [&] {
         const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
         if (open) work(*open);
@@ -61,7 +61,7 @@ bool editTable(KdDbObjectId table, const EditMark& mark, Work work) {
 /// The same with `work(KdDbTable&, const SelectedCells&)`; passed over when nothing is selected.
 template <class Work>
 bool editSelection(KdDbObjectId table, const EditMark& mark, Work work) {
-    return editTable(table, mark, [&](KdDbTable& open) {
+    return markedTableEdit(table, mark, [&](KdDbTable& open) {
         if (const std::optional<SelectedCells> cells = selectedCells(open)) work(open, *cells);
     });
 }

@@ -49,7 +49,7 @@ double heightToShare(const KdDbTable& table, const Target& rows) {
 }  // namespace
 
 int CVqTableCommon::SizeColumnsEvenly(KdDbObjectId table) {
-    return editTable(table, columnsMark, [](KdDbTable& open) {
+    return markedTableEdit(table, columnsMark, [](KdDbTable& open) {
         const Target columns = columnsOf(open);
         if (!columns.isSizable()) return;
         const double width = widthToShare(open, columns) / columns.count();
@@ -58,7 +58,7 @@ int CVqTableCommon::SizeColumnsEvenly(KdDbObjectId table) {
 }
 
 int CVqTableCommon::SizeRowsEvenly(KdDbObjectId table) {
-    return editTable(table, rowsMark, [](KdDbTable& open) {
+    return markedTableEdit(table, rowsMark, [](KdDbTable& open) {
         const Target rows = rowsOf(open);
         if (!rows.isSizable()) return;
         const double height = heightToShare(open, rows) / rows.count();

@@ -9,7 +9,7 @@ namespace {
 
 /// The mark, and the table opened for write and closed at once: the place of an edit that isn't carried out.
 bool holdPlace(KdDbObjectId id, const EditMark& mark) {
-    return editTable(id, mark, [](KdDbTable&) {});
+    return markedTableEdit(id, mark, [](KdDbTable&) {});
 }
 
 }  // namespace
@@ -31,12 +31,12 @@ int CVqTableCommon::ClearCellOverrides(KdDbObjectId table) {
 }
 
 int CVqTableCommon::ClearTableStyleOverrides(KdDbObjectId table) {
-    return editTable(table, propertymark::kClearTable, [](KdDbTable& open) { open.clearTableStyleOverrides(0); });
+    return markedTableEdit(table, propertymark::kClearTable, [](KdDbTable& open) { open.clearTableStyleOverrides(0); });
 }
 
 int CVqTableCommon::DeleteContent(KdDbObjectId table) {
-    return editTable(table, propertymark::kDeleteContent,
-                     [](KdDbTable& open) { open.deleteContent(open.getSubSelection()); });
+    return markedTableEdit(table, propertymark::kDeleteContent,
+                           [](KdDbTable& open) { open.deleteContent(open.getSubSelection()); });
 }
 
 int CVqTableCommon::SetCellStyleByName(KdDbObjectId table, CStdStr<wchar_t>& name) {

@@ -30,7 +30,7 @@ void createCellStyle(KdDbTableStyle& style) {
 }  // namespace
 
 int CVqTableCommon::CreateNewCellStyle(KdDbObjectId table) {
-    return editTable(table, kCreateCellStyle, [](KdDbTable& open) {
+    return markedTableEdit(table, kCreateCellStyle, [](KdDbTable& open) {
         const OpenObject<KdDbTableStyle> style(open.tableStyle(), KdDb::kForWrite);
         if (style) createCellStyle(*style);
     });

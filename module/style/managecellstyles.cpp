@@ -36,5 +36,5 @@ void manageCellStyles(const KdDbTable& table) {
 }  // namespace
 
 int CVqTableCommon::ManageCellStyles(KdDbObjectId table) {
-    return editTable(table, kManageCellStyles, [](const KdDbTable& open) { manageCellStyles(open); });
+    return markedTableEdit(table, kManageCellStyles, [](const KdDbTable& open) { manageCellStyles(open); });
 }
