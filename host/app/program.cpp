@@ -25,7 +25,7 @@
 #include "host/draw/render.h"
 #include "host/ed/drawingoptions.h"
 #include "host/rx/encoding.h"
-#include "host/ui/filedialog.h"
+#include "host/ui/dialogs/filedialog.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
 #include "host/win32/modules.h"
 

@@ -1,4 +1,6 @@
-// The program as a function, so that its start is more than main().
+// The program kdhost as a function: it reads the arguments, starts the application, runs the script or the window, and
+// writes what was asked for. Commands, the window, cells under the mouse, scripts and the dump are its parts, each in
+// files of its own.
 #pragma once
 
 namespace kdhost {

@@ -10,11 +10,13 @@
 #include "host/app/cells/cellactions.h"
 #include "host/app/script.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/db/tableaccess.h"
 #include "host/ed/editor.h"
 #include "host/ed/picking.h"
 #include "host/ed/points.h"
-#include "host/ui/automationkeys.h"
+#include "host/rx/numbertext.h"
+#include "host/ui/automation/keys.h"
 #include "kd/db/table.h"
 
 namespace kdhost::promptactions {
@@ -49,13 +51,9 @@ namespace {
 KdDbObjectId tableOf(const Editor& editor, const std::wstring& place) {
     std::vector<KdDbObjectId> tables = entitiesOfCurrentSpace(editor.database());
     std::erase_if(tables, [](KdDbObjectId id) { return peek<KdDbTable>(id) == nullptr; });
-    std::size_t number = 0;
-    if (place.empty() || place.size() > 9) return KdDbObjectId::kNull;
-    for (wchar_t digit : place) {
-        if (digit < L'0' || digit > L'9') return KdDbObjectId::kNull;
-        number = number * 10 + static_cast<std::size_t>(digit - L'0');
-    }
-    return number < tables.size() ? tables[number] : KdDbObjectId::kNull;
+    const int number = wholeNumberFrom(place).value_or(-1);
+    const bool isPlace = number >= 0 && number < static_cast<int>(tables.size());
+    return isPlace ? tables[static_cast<std::size_t>(number)] : KdDbObjectId::kNull;
 }
 
 KdGePoint3d centerOf(const KdDbTable& table, const KdCellRange& cells) {

@@ -12,8 +12,8 @@
 #include "host/app/script.h"
 #include "host/ed/commandline.h"
 #include "host/mfc/messagebox.h"
-#include "host/ui/automation.h"
-#include "host/ui/automationfind.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/find.h"
 #include "host/ui/inplaceeditor/editorautomation.h"
 
 namespace kdhost {

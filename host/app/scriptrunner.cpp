@@ -9,7 +9,7 @@
 #include "host/ed/commands.h"
 #include "host/mfc/messagebox.h"
 #include "host/rx/encoding.h"
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 
 namespace kdhost {
 

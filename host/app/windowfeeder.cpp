@@ -9,7 +9,7 @@
 #include <iostream>
 
 #include "host/rx/encoding.h"
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 #include "host/ui/inplaceeditor/editorpanel.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
 

@@ -3,6 +3,7 @@
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/entitystate.h"
+#include "host/db/liveids.h"
 #include "host/db/names.h"
 #include "host/db/opening.h"
 #include "host/db/symbolstate.h"
@@ -15,36 +16,19 @@ namespace {
 
 using State = KdDbBlockTableRecordState;
 
-class Iterator final : public KdDbBlockTableRecordIterator {
+class Iterator final : public kdhost::LiveIdIterator<KdDbBlockTableRecordIterator> {
 public:
     explicit Iterator(const KdDbBlockTableRecord& block) : m_block(block) { start(); }
 
-    void start() override {
-        m_at = 0;
-        passErased();
-    }
-    bool done() const override { return m_at >= entities().size(); }
-    void step() override {
-        if (!done()) ++m_at;
-        passErased();
-    }
-    Kdad::ErrorStatus getEntityId(KdDbObjectId& id) const override {
-        id = done() ? KdDbObjectId::kNull : entities()[m_at];
-        return done() ? Kdad::eInvalidIndex : Kdad::eOk;
-    }
+    Kdad::ErrorStatus getEntityId(KdDbObjectId& id) const override { return currentId(id); }
     Kdad::ErrorStatus getEntity(KdDbEntity*& entity, KdDb::OpenMode mode) const override {
-        entity = nullptr;
-        return done() ? Kdad::eInvalidIndex : kdhost::openAs(entity, entities()[m_at], mode);
+        return openCurrent(entity, mode);
     }
 
 private:
-    const std::vector<KdDbObjectId>& entities() const { return stateOf<State>(m_block).entities; }
-    void passErased() {
-        while (!done() && kdhost::peekObject(entities()[m_at]) == nullptr) ++m_at;
-    }
+    const std::vector<KdDbObjectId>& ids() const override { return stateOf<State>(m_block).entities; }
 
     const KdDbBlockTableRecord& m_block;
-    std::size_t m_at = 0;
 };
 
 /// Every entity of a drawing is on a layer and has a line type.

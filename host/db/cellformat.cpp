@@ -11,12 +11,6 @@ int edgeIndex(KdDb::GridLineType edges) {
     return set == 0 ? -1 : std::countr_zero(set);
 }
 
-void copyProperties(const CellFormat& from, CellFormat& to, FormatBits bits) {
-    forEachProperty([&](const auto& property) {
-        if ((bits & property.bit) != 0) property.in(to) = property.in(from);
-    });
-}
-
 FormatBits difference(const CellFormat& a, const CellFormat& b) {
     FormatBits bits = 0;
     forEachProperty([&](const auto& property) {

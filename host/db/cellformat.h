@@ -133,9 +133,6 @@ void forEachProperty(Visitor&& visit) {
 /// The parts of any edge, as bits.
 inline constexpr FormatBits kGridBits = ((FormatBits{1} << (6 * kEdgeCount)) - 1) << 16;
 
-/// The values of the properties in `bits`.
-void copyProperties(const CellFormat& from, CellFormat& to, FormatBits bits);
-
 /// Puts the ids among the values through `map`.
 template <class Mapper>
 void mapFormatIds(CellFormat& format, const Mapper& map) {

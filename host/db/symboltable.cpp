@@ -7,6 +7,7 @@
 
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
+#include "host/db/liveids.h"
 #include "host/db/names.h"
 #include "host/db/opening.h"
 #include "host/db/symbolstate.h"
@@ -70,36 +71,19 @@ void noteNamesChanged(const KdDbObject& object) {
     ++KdDbDatabaseAccess::contents(*object.database()).nameGeneration;
 }
 
-class Iterator final : public KdDbSymbolTableIterator {
+class Iterator final : public kdhost::LiveIdIterator<KdDbSymbolTableIterator> {
 public:
     explicit Iterator(const KdDbSymbolTable& table) : m_table(table) { start(); }
 
-    void start() override {
-        m_at = 0;
-        passErased();
-    }
-    bool done() const override { return m_at >= records().size(); }
-    void step() override {
-        if (!done()) ++m_at;
-        passErased();
-    }
-    Kdad::ErrorStatus getRecordId(KdDbObjectId& id) const override {
-        id = done() ? KdDbObjectId::kNull : records()[m_at];
-        return done() ? Kdad::eInvalidIndex : Kdad::eOk;
-    }
+    Kdad::ErrorStatus getRecordId(KdDbObjectId& id) const override { return currentId(id); }
     Kdad::ErrorStatus getRecord(KdDbSymbolTableRecord*& record, KdDb::OpenMode mode) const override {
-        record = nullptr;
-        return done() ? Kdad::eInvalidIndex : kdhost::openAs(record, records()[m_at], mode);
+        return openCurrent(record, mode);
     }
 
 private:
-    const std::vector<KdDbObjectId>& records() const { return stateOf<State>(m_table).records; }
-    void passErased() {
-        while (!done() && kdhost::peekObject(records()[m_at]) == nullptr) ++m_at;
-    }
+    const std::vector<KdDbObjectId>& ids() const override { return stateOf<State>(m_table).records; }
 
     const KdDbSymbolTable& m_table;
-    std::size_t m_at = 0;
 };
 
 /// An asterisk and a letter, as in "*T", don't name a block but tell what an anonymous block is for.

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "host/db/cellranges.h"
 #include "host/db/tablestate.h"
 
 namespace kdhost {
@@ -21,13 +22,7 @@ KdCellRange TableState::grownToMerges(KdCellRange range) const {
     // A merge that sticks out of a rectangle has a cell on the rectangle's border.
     for (;;) {
         KdCellRange grown = range;
-        const auto take = [&](int row, int column) {
-            const KdCellRange merge = mergeOf(row, column);
-            grown.m_topRow = std::min(grown.m_topRow, merge.m_topRow);
-            grown.m_leftColumn = std::min(grown.m_leftColumn, merge.m_leftColumn);
-            grown.m_bottomRow = std::max(grown.m_bottomRow, merge.m_bottomRow);
-            grown.m_rightColumn = std::max(grown.m_rightColumn, merge.m_rightColumn);
-        };
+        const auto take = [&](int row, int column) { grown = joined(grown, mergeOf(row, column)); };
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             take(range.m_topRow, column);
             take(range.m_bottomRow, column);

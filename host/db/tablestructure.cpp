@@ -15,42 +15,39 @@ bool removable(int first, int count, int total) {
     return first >= 0 && count > 0 && count < total && first <= total - count;
 }
 
+/// Carries out `change` by `work(state)`.
+template <class Work>
+void restructure(KdDbTable& table, const StructureChange& change, Work work) {
+    TableState* state = editTable(table);
+    if (state == nullptr) return;
+    changeStructure(table, change, [&] { work(*state); });
+    if (change.count < 0) clampSelection(table);
+    state->assertValid();
+}
+
 }  // namespace
 
 void KdDbTable::insertRowsAndInherit(int row, int inheritFrom, int count) {
     if (row < 0 || row > numRows() || count <= 0) return;
-    TableState* state = editTable(*this);
-    if (state == nullptr) return;
-    changeStructure(*this, {true, row, count}, [&] { state->insertRows(row, inheritFrom, count); });
-    state->assertValid();
+    restructure(*this, {true, row, count}, [&](TableState& state) { state.insertRows(row, inheritFrom, count); });
 }
 
 void KdDbTable::insertColumnsAndInherit(int column, int inheritFrom, int count) {
     if (column < 0 || column > numColumns() || count <= 0) return;
-    TableState* state = editTable(*this);
-    if (state == nullptr) return;
-    changeStructure(*this, {false, column, count}, [&] { state->insertColumns(column, inheritFrom, count); });
-    state->assertValid();
+    restructure(*this, {false, column, count},
+                [&](TableState& state) { state.insertColumns(column, inheritFrom, count); });
 }
 
 // Locks are no bar here: a part of a table is copied by deleting what lies around it. canDelete() is for those
 // who ask on a user's behalf.
 void KdDbTable::deleteRows(int first, int count) {
     if (!removable(first, count, numRows())) return;
-    TableState* state = editTable(*this);
-    if (state == nullptr) return;
-    changeStructure(*this, {true, first, -count}, [&] { state->eraseRows(first, count); });
-    clampSelection(*this);
-    state->assertValid();
+    restructure(*this, {true, first, -count}, [&](TableState& state) { state.eraseRows(first, count); });
 }
 
 void KdDbTable::deleteColumns(int first, int count) {
     if (!removable(first, count, numColumns())) return;
-    TableState* state = editTable(*this);
-    if (state == nullptr) return;
-    changeStructure(*this, {false, first, -count}, [&] { state->eraseColumns(first, count); });
-    clampSelection(*this);
-    state->assertValid();
+    restructure(*this, {false, first, -count}, [&](TableState& state) { state.eraseColumns(first, count); });
 }
 
 bool KdDbTable::canInsert(int index, bool row) const {

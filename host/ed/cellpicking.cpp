@@ -1,7 +1,6 @@
 // Asking for cells of a table.
 
-#include <algorithm>
-
+#include "host/db/cellranges.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
 #include "host/ed/picking.h"
@@ -32,11 +31,6 @@ std::optional<CellsOfTable> askForCells(Editor& editor, const Words& prompt, boo
         if (point) return cellAt(editor, editor.toWorld(*point));
         commandLine().write(kCellNeeded.text());
     }
-}
-
-KdCellRange joined(const KdCellRange& a, const KdCellRange& b) {
-    return {std::min(a.m_topRow, b.m_topRow), std::min(a.m_leftColumn, b.m_leftColumn),
-            std::max(a.m_bottomRow, b.m_bottomRow), std::max(a.m_rightColumn, b.m_rightColumn)};
 }
 
 std::optional<CellsOfTable> askForRectangle(Editor& editor) {

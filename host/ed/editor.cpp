@@ -2,6 +2,8 @@
 
 #include "host/ed/editor.h"
 
+#include "host/db/currentspace.h"
+
 #include <utility>
 
 #include "host/ed/commandline.h"
@@ -64,6 +66,15 @@ bool Editor::setUcs(const KdGeMatrix3d& ucs) {
     const KdGeVector3d x = ucs * KdGeVector3d::kXAxis;
     const KdGeVector3d y = ucs * KdGeVector3d::kYAxis;
     return (m_database.tilemode() ? m_database.setUcs(origin, x, y) : m_database.setPucs(origin, x, y)) == Kdad::eOk;
+}
+
+void Editor::zoomToDrawing() {
+    const KdDbExtents box = extentsOfCurrentSpace(m_database);
+    if (box.isValid()) {
+        m_view.zoomTo(box);
+    } else {
+        m_view.zoomToSheet();
+    }
 }
 
 Editor::Announcement Editor::takeAnnouncement() {

@@ -52,6 +52,8 @@ public:
     const PickFirst& pickFirst() const { return m_pickFirst; }
     View& view() { return m_view; }
     const View& view() const { return m_view; }
+    /// Shows all that stands in the current space; the sheet of a new drawing where nothing does.
+    void zoomToDrawing();
     LispFunctions& lispFunctions() { return m_lispFunctions; }
 
     /// Shows the prompt and reads the answer: up to a blank or a line end, or up to the line end where the

@@ -5,13 +5,12 @@
 
 #include "kd/ed/jig.h"
 
+#include "host/db/currentspace.h"
 #include "host/ed/commandline.h"
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
 #include "host/ed/points.h"
-#include "kd/db/database.h"
 #include "kd/db/entity.h"
-#include "kd/db/symboltable.h"
 
 KDRX_DEFINE_MEMBERS(KdEdJig, KdRxObject)
 
@@ -145,17 +144,7 @@ KdEdJig::DragStatus KdEdJig::drag() {
 
 KdDbObjectId KdEdJig::append() {
     KdDbEntity* appended = entity();
-    Editor* editor = kdhost::currentEditor();
-    KdDbObjectId id;
-    if (appended == nullptr || editor == nullptr) return id;
-    KdDbObject* space = nullptr;
-    const KdDbObjectId spaceId = editor->database().currentSpaceId();
-    if (kddbOpenObject(space, spaceId, KdDb::kForWrite, false, KdDbBlockTableRecord::desc()) != Kdad::eOk) return id;
-    if (static_cast<KdDbBlockTableRecord*>(space)->appendKdDbEntity(id, appended) == Kdad::eOk) {
-        appended->close();
-    } else {
-        id.setNull();
-    }
-    space->close();
-    return id;
+    const Editor* editor = kdhost::currentEditor();
+    if (appended == nullptr || editor == nullptr) return {};
+    return kdhost::appendToCurrentSpace(editor->database(), *appended);
 }

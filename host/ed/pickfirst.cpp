@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "host/db/access.h"
-#include "host/db/walk.h"
+#include "host/db/currentspace.h"
 #include "host/ed/editor.h"
 #include "kd/db/database.h"
 #include "kd/db/table.h"
@@ -26,10 +26,6 @@ KdDbTable* tableForSelecting(KdDbObjectId id) {
 }
 
 }  // namespace
-
-std::vector<KdDbObjectId> entitiesOfCurrentSpace(const KdDbDatabase& database) {
-    return entitiesOf(database.currentSpaceId());
-}
 
 std::vector<KdDbObjectId> PickFirst::tablesWithSelectedCells() const {
     std::vector<KdDbObjectId> ids = entitiesOfCurrentSpace(m_database);

@@ -38,7 +38,4 @@ private:
     KdDbObjectId m_currentTable;
 };
 
-/// Every entity of the current space, in drawing order.
-std::vector<KdDbObjectId> entitiesOfCurrentSpace(const KdDbDatabase& database);
-
 }  // namespace kdhost

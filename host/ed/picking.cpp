@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/ed/editor.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"

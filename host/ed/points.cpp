@@ -2,34 +2,20 @@
 
 #include "host/ed/points.h"
 
-#include <charconv>
 #include <cmath>
 #include <numbers>
 #include <vector>
 
+#include "host/rx/numbertext.h"
+
 namespace kdhost {
 namespace {
-
-std::optional<double> parseNumber(const std::wstring& text) {
-    std::string digits;
-    for (wchar_t character : text) {
-        if (character > 0x7e) return std::nullopt;
-        digits += static_cast<char>(character);
-    }
-    const char* begin = digits.data();
-    const char* const end = begin + digits.size();
-    if (begin != end && *begin == '+') ++begin;
-    double value = 0.0;
-    const auto [stop, error] = std::from_chars(begin, end, value);
-    if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
-    return value;
-}
 
 std::optional<std::vector<double>> parseNumbers(const std::wstring& text, wchar_t separator) {
     std::vector<double> numbers;
     for (std::size_t begin = 0;;) {
         const std::size_t end = text.find(separator, begin);
-        const std::optional<double> number = parseNumber(text.substr(begin, end - begin));
+        const std::optional<double> number = numberFrom(std::wstring_view(text).substr(begin, end - begin));
         if (!number) return std::nullopt;
         numbers.push_back(*number);
         if (end == std::wstring::npos) return numbers;

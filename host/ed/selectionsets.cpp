@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
 #include "host/ed/names.h"

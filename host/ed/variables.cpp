@@ -7,8 +7,8 @@
 #include <cwchar>
 #include <map>
 
-#include "host/rx/encoding.h"
 #include "host/rx/faults.h"
+#include "host/rx/numbertext.h"
 #include "kd/ed/variables.h"
 
 namespace kdhost {
@@ -30,14 +30,6 @@ bool isInRange(const VariableRecord& variable, const VariableValue& value) {
     const double number =
         std::holds_alternative<double>(value) ? std::get<double>(value) : std::get<std::int32_t>(value);
     return number >= variable.lowest && number <= variable.highest;
-}
-
-template <class Number>
-std::optional<VariableValue> parseNumber(const std::string& text) {
-    Number number{};
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || stop != text.data() + text.size()) return std::nullopt;
-    return number;
 }
 
 /// None for a buffer of another type.
@@ -109,8 +101,8 @@ std::wstring variableText(const VariableValue& value) {
 
 std::optional<VariableValue> parseVariable(const VariableRecord& variable, const std::wstring& text) {
     if (variable.type == RTSTR) return text;
-    const std::string digits = toUtf8(text);
-    return variable.type == RTREAL ? parseNumber<double>(digits) : parseNumber<std::int32_t>(digits);
+    if (variable.type == RTREAL) return numberFrom(text);
+    return wholeNumberFrom(text);
 }
 
 }  // namespace kdhost

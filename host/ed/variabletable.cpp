@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "host/db/access.h"
+#include "host/db/symbols.h"
 #include "host/ed/commands.h"
 #include "host/ed/editor.h"
 #include "host/ed/variables.h"
@@ -20,39 +21,21 @@ KdDbDatabase* activeDatabase() {
     return currentEditor() == nullptr ? nullptr : &currentEditor()->database();
 }
 
-Value recordName(KdDbObjectId id) {
-    const auto* record = peek<KdDbSymbolTableRecord>(id);
-    std::wstring name;
-    if (record == nullptr || record->getName(name) != Kdad::eOk) return std::nullopt;
-    return name;
+/// The current record of one kind, by its name.
+template <KdDbObjectId (KdDbDatabase::*current)() const>
+Value currentRecord() {
+    const KdDbDatabase* database = activeDatabase();
+    const bool isRecord = database != nullptr && peek<KdDbSymbolTableRecord>((database->*current)()) != nullptr;
+    return isRecord ? Value(recordName((database->*current)())) : std::nullopt;
 }
 
-KdDbObjectId recordOfName(KdDbObjectId table, const VariableValue& name) {
-    KdDbObjectId id;
-    const auto* records = peek<KdDbSymbolTable>(table);
-    if (records != nullptr) records->getAt(std::get<std::wstring>(name).c_str(), id);
-    return id;
-}
-
-Value layer() {
-    return activeDatabase() == nullptr ? std::nullopt : recordName(activeDatabase()->clayer());
-}
-
-bool setLayer(const VariableValue& name) {
-    if (activeDatabase() == nullptr) return false;
-    const KdDbObjectId id = recordOfName(activeDatabase()->layerTableId(), name);
-    if (!id.isNull()) activeDatabase()->setClayer(id);
-    return !id.isNull();
-}
-
-Value textStyle() {
-    return activeDatabase() == nullptr ? std::nullopt : recordName(activeDatabase()->textstyle());
-}
-
-bool setTextStyle(const VariableValue& name) {
-    if (activeDatabase() == nullptr) return false;
-    const KdDbObjectId id = recordOfName(activeDatabase()->textStyleTableId(), name);
-    if (!id.isNull()) activeDatabase()->setTextstyle(id);
+/// Makes the record of that name the current one of its kind.
+template <KdDbObjectId (KdDbDatabase::*table)() const, void (KdDbDatabase::*setCurrent)(KdDbObjectId)>
+bool setCurrentRecord(const VariableValue& name) {
+    KdDbDatabase* database = activeDatabase();
+    if (database == nullptr) return false;
+    const KdDbObjectId id = recordNamed((database->*table)(), std::get<std::wstring>(name));
+    if (!id.isNull()) (database->*setCurrent)(id);
     return !id.isNull();
 }
 
@@ -133,7 +116,8 @@ const std::vector<VariableRecord>& variableRecords() {
         {L"ANGDIR", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::angdir>, setHeader<bool, &Db::setAngdir>},
         {L"AUNITS", RTSHORT, Drawing, kOpen, 0, 4, 0, header<&Db::aunits>, setHeader<int, &Db::setAunits>},
         {L"AUPREC", RTSHORT, Drawing, kOpen, 0, 8, 0, header<&Db::auprec>, setHeader<int, &Db::setAuprec>},
-        {L"CLAYER", RTSTR, Drawing, kOpen, 0, 0, none, layer, setLayer},
+        {L"CLAYER", RTSTR, Drawing, kOpen, 0, 0, none, currentRecord<&KdDbDatabase::clayer>,
+         setCurrentRecord<&KdDbDatabase::layerTableId, &KdDbDatabase::setClayer>},
         {L"CMDNAMES", RTSTR, State, kReadOnly, 0, 0, none, commandNames, nullptr},
         {L"CPROFILE", RTSTR, Session, kReadOnly, 0, 0, std::wstring(L"Default"), nullptr, nullptr},
         {L"CTABLESTYLE", RTSTR, Drawing, kOpen, 0, 0, none, tableStyle, setTableStyle},
@@ -147,7 +131,8 @@ const std::vector<VariableRecord>& variableRecords() {
         {L"MEASUREMENT", RTSHORT, Drawing, kOpen, 0, 1, 1, header<&Db::measurement>,
          setHeader<int, &Db::setMeasurement>},
         {L"TABLETOOLBAR", RTSHORT, Session, kOpen, 0, 2, 1, nullptr, nullptr},
-        {L"TEXTSTYLE", RTSTR, Drawing, kOpen, 0, 0, none, textStyle, setTextStyle},
+        {L"TEXTSTYLE", RTSTR, Drawing, kOpen, 0, 0, none, currentRecord<&KdDbDatabase::textstyle>,
+         setCurrentRecord<&KdDbDatabase::textStyleTableId, &KdDbDatabase::setTextstyle>},
         {L"TILEMODE", RTSHORT, Drawing, kOpen, 0, 1, 1, tileMode, setTileMode},
         {L"UNITMODE", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::unitmode>, setHeader<int, &Db::setUnitmode>},
     };

@@ -1,7 +1,6 @@
-// Characters as formulas see them: plain letters and digits, whatever the locale, and numbers written with them.
+// Characters as formulas see them: plain letters and digits, whatever the locale.
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 namespace kdhost::field {
@@ -27,9 +26,5 @@ constexpr bool sameWord(std::wstring_view a, std::wstring_view b) {
     }
     return true;
 }
-
-/// The number that the whole text is, "12", "-1.5", "2e-3"; nothing for any other text and for a number too
-/// large.
-std::optional<double> numberFrom(std::wstring_view text);
 
 }  // namespace kdhost::field

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "host/field/characters.h"
+#include "host/rx/numbertext.h"
 
 namespace kdhost::field {
 namespace {

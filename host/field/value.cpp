@@ -6,6 +6,7 @@
 
 #include "host/db/fieldstate.h"
 #include "host/field/characters.h"
+#include "host/rx/numbertext.h"
 #include "host/text/layout.h"
 
 namespace kdhost::field {

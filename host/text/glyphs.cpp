@@ -94,4 +94,16 @@ GlyphText glyphsOf(const std::wstring& contents, const Format& base) {
     return collector.take();
 }
 
+Run emptyRun(const Format& format) {
+    Run run;
+    run.font = format.font;
+    run.height = format.height;
+    run.tracking = format.tracking;
+    run.ink = format.ink;
+    run.underline = format.underline;
+    run.overline = format.overline;
+    run.strike = format.strike;
+    return run;
+}
+
 }  // namespace kdhost::text

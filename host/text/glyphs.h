@@ -44,6 +44,9 @@ struct GlyphText {
 
 GlyphText glyphsOf(const std::wstring& contents, const Format& base);
 
+/// A run of that format, of no text yet.
+Run emptyRun(const Format& format);
+
 StackLayout layoutStack(const Piece& stack);
 
 }  // namespace kdhost::text

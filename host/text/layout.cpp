@@ -103,19 +103,6 @@ private:
         finish(begin, end, true);
     }
 
-    Run newRun(const Format& format, double x) const {
-        Run run;
-        run.font = format.font;
-        run.height = format.height;
-        run.x = x;
-        run.tracking = format.tracking;
-        run.ink = format.ink;
-        run.underline = format.underline;
-        run.overline = format.overline;
-        run.strike = format.strike;
-        return run;
-    }
-
     void appendStack(Line& line, const StackLayout& stack) const {
         for (Run run : stack.runs) {
             run.x += line.width;
@@ -144,7 +131,8 @@ private:
             // A tab and a stretched blank are runs of their own: what stands beside them keeps its width.
             const bool apart = glyph.character == L'\t' || (stretch > 0.0 && glyph.character == L' ');
             if (apart || before == nullptr || before->format != glyph.format) {
-                line.runs.push_back(newRun(m_text.formats[glyph.format], line.width));
+                line.runs.push_back(emptyRun(m_text.formats[glyph.format]));
+                line.runs.back().x = line.width;
             }
             before = apart ? nullptr : &glyph;
             line.runs.back().text += apart ? L' ' : glyph.character;

@@ -12,15 +12,8 @@ namespace {
 constexpr double kGap = 0.25;
 
 Run runOf(const std::wstring& text, const Format& format) {
-    Run run;
+    Run run = emptyRun(format);
     run.text = text;
-    run.font = format.font;
-    run.height = format.height;
-    run.tracking = format.tracking;
-    run.ink = format.ink;
-    run.underline = format.underline;
-    run.overline = format.overline;
-    run.strike = format.strike;
     Advances& advances = advancesOf(format.font);
     for (const wchar_t c : text)
         run.width += advances.of(c) * format.height * format.font.widthFactor * format.tracking;

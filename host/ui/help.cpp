@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/hosttexts.h"
 #include "host/win32/modules.h"
 #include "kd/ed/prompts.h"

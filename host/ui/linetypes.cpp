@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/db/access.h"
+#include "host/db/symbols.h"
 #include "host/db/walk.h"
 #include "host/ui/hosttexts.h"
 #include "kd/db/database.h"
@@ -68,18 +69,14 @@ const std::vector<LinetypeEntry>& standardLinetypes() {
 }
 
 KdDbObjectId loadLinetype(KdDbDatabase& database, const LinetypeEntry& pattern) {
-    KdDbObjectId id;
-    const auto* present = peek<KdDbLinetypeTable>(database.linetypeTableId());
-    if (present != nullptr && present->getAt(pattern.name.c_str(), id) == Kdad::eOk) return id;
-    KdDbLinetypeTable* table = nullptr;
-    if (database.getLinetypeTable(table, KdDb::kForWrite) != Kdad::eOk) return {};
+    const KdDbObjectId present = recordNamed(database.linetypeTableId(), pattern.name);
+    if (!present.isNull()) return present;
     auto record = std::make_unique<KdDbLinetypeTableRecord>();
     record->setName(pattern.name.c_str());
     record->setComments(pattern.comments.c_str());
     record->setDashes(pattern.dashes);
-    if (table->add(id, record.get()) == Kdad::eOk) record.release()->close();
-    table->close();
-    return id;
+    const Opened<KdDbLinetypeTableRecord> added = addRecord(database.linetypeTableId(), std::move(record));
+    return added ? added->objectId() : KdDbObjectId::kNull;
 }
 
 }  // namespace kdhost

@@ -9,7 +9,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 #include "kd/ui/uicreator.h"
 #include "mfc/combobox.h"
 #include "mfc/listctrl.h"

@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 #include "tests/ui/combo_fixture.h"
 
 namespace {

@@ -9,11 +9,11 @@
 #include <QTemporaryDir>
 #include <QVBoxLayout>
 
-#include "host/ui/dataformat.h"
-#include "host/ui/filedialog.h"
+#include "host/ui/dialogs/dataformat.h"
+#include "host/ui/dialogs/filedialog.h"
+#include "host/ui/dialogs/textstyles.h"
 #include "host/ui/help.h"
 #include "host/ui/linetypes.h"
-#include "host/ui/textstyles.h"
 #include "kd/db/database.h"
 #include "kd/ed/prompts.h"
 #include "kd/ed/resbuf.h"

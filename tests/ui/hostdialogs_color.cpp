@@ -2,9 +2,9 @@
 
 #include <QTabWidget>
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 #include "host/ui/colorchoice.h"
-#include "host/ui/colorpalette.h"
+#include "host/ui/dialogs/colorpalette.h"
 #include "tests/ui/hostdialogs_fixture.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <QTextBrowser>
 #include <QTextDocument>
 
-#include "host/ui/filedialog.h"
+#include "host/ui/dialogs/filedialog.h"
 #include "host/ui/help.h"
 #include "kd/ed/prompts.h"
 #include "kd/ed/resbuf.h"

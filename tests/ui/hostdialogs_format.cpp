@@ -1,7 +1,7 @@
 // The data format dialog, and the codes of formats.
 
 #include "host/db/valueformat.h"
-#include "host/ui/dataformat.h"
+#include "host/ui/dialogs/dataformat.h"
 #include "kd/db/database.h"
 #include "kd/db/headervar.h"
 #include "tests/ui/hostdialogs_fixture.h"

@@ -3,7 +3,7 @@
 #include <QCheckBox>
 
 #include "host/db/access.h"
-#include "host/ui/textstyles.h"
+#include "host/ui/dialogs/textstyles.h"
 #include "kd/db/database.h"
 #include "kd/db/mtext.h"
 #include "kd/db/symboltable.h"

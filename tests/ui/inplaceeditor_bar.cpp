@@ -2,7 +2,7 @@
 
 #include <QToolButton>
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 #include "tests/ui/inplaceeditor_fixture.h"
 
 namespace kdtest {

@@ -9,10 +9,10 @@
 #include <QTimer>
 #include <functional>
 
+#include "host/ui/automation/realinput.h"
 #include "host/ui/inplaceeditor/editorpanel.h"
 #include "host/ui/inplaceeditor/formatbar.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
-#include "host/ui/realinput.h"
 #include "host/win32/keystate.h"
 #include "kd/db/mtext.h"
 #include "kd/ed/inplaceeditor.h"

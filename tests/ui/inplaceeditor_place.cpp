@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <cmath>
 
-#include "host/app/commands/append.h"
+#include "host/db/currentspace.h"
 #include "host/draw/paint.h"
 #include "host/ed/viewwidget.h"
 #include "tests/support/tablebuilder.h"

@@ -13,7 +13,7 @@
 #include <map>
 #include <set>
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 #include "kd/db/table.h"
 #include "module/core/tablecommon.h"
 #include "module/edit/tableditmenu.h"

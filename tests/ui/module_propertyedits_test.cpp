@@ -9,8 +9,8 @@
 #include <QTimer>
 
 #include "host/ed/display.h"
-#include "host/ui/automation.h"
-#include "host/ui/colorpalette.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/dialogs/colorpalette.h"
 #include "host/win32/modules.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/tablestyle.h"

@@ -8,6 +8,7 @@
 #include "host/app/window/commandlinewidget.h"
 #include "host/app/window/drawingview.h"
 #include "host/app/window/promptwords.h"
+#include "host/db/currentspace.h"
 #include "host/ed/pickfirst.h"
 #include "tests/ui/window_fixture.h"
 

@@ -14,6 +14,7 @@
 #include "host/app/usersettings.h"
 #include "host/app/window/drawingview.h"
 #include "host/app/window/menus.h"
+#include "host/db/currentspace.h"
 #include "host/ed/display.h"
 #include "host/rx/commandstack.h"
 #include "kd/ui/hostdialogs.h"

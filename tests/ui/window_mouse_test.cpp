@@ -7,6 +7,7 @@
 
 #include "host/app/window/drawingview.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/ed/display.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/line.h"

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include "host/db/access.h"
+#include "host/db/cellranges.h"
 #include "host/db/tableaccess.h"
 #include "host/draw/tablegeometry.h"
 #include "host/ed/display.h"
@@ -69,11 +70,6 @@ QMenu* menuFor(const Editor& editor) {
     return nullptr;
 }
 
-bool contains(const KdCellRange& range, const KdCellRange& cell) {
-    return range.m_topRow <= cell.m_topRow && range.m_leftColumn <= cell.m_leftColumn &&
-           range.m_bottomRow >= cell.m_bottomRow && range.m_rightColumn >= cell.m_rightColumn;
-}
-
 }  // namespace
 
 bool isIdle(const Editor& editor) {
@@ -118,7 +114,7 @@ bool sendKeyToCells(Editor& editor, int key, Qt::KeyboardModifiers modifiers, co
 void selectForMenu(Editor& editor, const CellsOfTable& cells) {
     const bool isSole = cells.table == soleTable(editor);
     const auto* table = peek<KdDbTable>(cells.table);
-    const bool areSelected = isSole && table->hasSubSelection() && contains(draw::shownSelection(*table), cells.range);
+    const bool areSelected = isSole && table->hasSubSelection() && holds(draw::shownSelection(*table), cells.range);
     if (!areSelected) dragOverCells(editor, cells.table, cells.range);
 }
 

@@ -11,6 +11,7 @@
 
 #include "host/app/cells/cellactions.h"
 #include "host/db/access.h"
+#include "host/db/cellranges.h"
 #include "host/draw/tablegeometry.h"
 #include "host/ed/editor.h"
 #include "host/ed/picking.h"
@@ -25,11 +26,6 @@ const QColor kDragColor(230, 120, 0);
 
 bool isShift(const ViewPoint& point) {
     return point.modifiers.testFlag(Qt::ShiftModifier);
-}
-
-KdCellRange joined(const KdCellRange& a, const KdCellRange& b) {
-    return {std::min(a.m_topRow, b.m_topRow), std::min(a.m_leftColumn, b.m_leftColumn),
-            std::max(a.m_bottomRow, b.m_bottomRow), std::max(a.m_rightColumn, b.m_rightColumn)};
 }
 
 /// The row or column between whose edges the place lies; the first or last one beyond them.

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "host/db/access.h"
+#include "host/db/opened.h"
 #include "host/db/undo.h"
 #include "host/draw/tablegeometry.h"
 #include "host/ed/commandline.h"
@@ -184,14 +185,12 @@ std::vector<KdGePoint3d> draggedLine(const KdDbTable& table, const Grip& grip, c
 void dragGrip(Editor& editor, KdDbObjectId id, const Grip& grip, const KdGePoint3d& to) {
     {
         const UndoCommandScope undo(&editor.database(), L"GRIP_EDIT");
-        KdDbObject* object = nullptr;
-        const Kdad::ErrorStatus status = kddbOpenObject(object, id, KdDb::kForWrite, false, KdDbTable::desc());
-        if (status != Kdad::eOk) {
-            commandLine().write((status == Kdad::eOnLockedLayer ? kOnLockedLayer : kCantBeChanged).text());
-            return;
+        const Opened<KdDbTable> table(id, KdDb::kForWrite);
+        if (!table) {
+            const bool locked = table.status() == Kdad::eOnLockedLayer;
+            return commandLine().write((locked ? kOnLockedLayer : kCantBeChanged).text());
         }
-        carryOut(*static_cast<KdDbTable*>(object), grip, to);
-        object->close();
+        carryOut(*table, grip, to);
     }
     updateDisplay();
 }

@@ -8,14 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "host/app/commands/append.h"
 #include "host/app/commands/chosenobjects.h"
-#include "host/app/commands/numberprompt.h"
+#include "host/app/commands/valueprompts.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/db/opening.h"
+#include "host/db/symbols.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
-#include "host/ed/opened.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/database.h"
 #include "kd/db/idmapping.h"
@@ -42,24 +42,19 @@ constexpr Words kKept{L"\n%1 on locked layers or in use left as they are.",
 
 /// Empty when the user gives none.
 std::wstring askForName() {
-    wchar_t name[1024];
-    return kdedGetString(1, kName.text(), name) == RTNORM ? name : L"";
+    return askForText(kName, true).value_or(L"");
 }
 
 KdDbObjectId findBlock(const KdDbDatabase& database, const std::wstring& name) {
-    KdDbObjectId id;
-    if (const auto* blocks = peek<KdDbBlockTable>(database.blockTableId())) blocks->getAt(name.c_str(), id);
-    return id;
+    return recordNamed(database.blockTableId(), name);
 }
 
-/// Left open for write; null when the drawing can't be written.
-KdDbBlockTableRecord* addBlock(const KdDbDatabase& database, const std::wstring& name, const KdGePoint3d& base) {
-    const Opened<KdDbBlockTable> blocks(database.blockTableId(), KdDb::kForWrite);
+/// Null when the drawing can't be written.
+Opened<KdDbBlockTableRecord> addBlock(const KdDbDatabase& database, const std::wstring& name, const KdGePoint3d& base) {
     auto record = std::make_unique<KdDbBlockTableRecord>();
     record->setName(name.c_str());
     record->setOrigin(base);
-    KdDbObjectId id;
-    return blocks && blocks->add(id, record.get()) == Kdad::eOk ? record.release() : nullptr;
+    return addRecord(database.blockTableId(), std::move(record));
 }
 
 bool mayGo(KdDbObjectId id) {
@@ -79,7 +74,7 @@ bool cloneInto(KdDbBlockTableRecord& block, KdDbObjectId id, KdDbIdMapping& mapp
 
 void moveIntoBlock(const Editor& editor, const std::wstring& name, const KdGePoint3d& base,
                    std::vector<KdDbObjectId> ids) {
-    const Opened<KdDbBlockTableRecord> block(addBlock(editor.database(), name, base));
+    const Opened<KdDbBlockTableRecord> block = addBlock(editor.database(), name, base);
     if (!block) return commandLine().fail(kNotWritten.text());
     KdDbIdMapping mapping(&editor.database());
     const KdGeMatrix3d toUser = editor.ucs().inverse();

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "host/ed/opened.h"
+#include "host/db/opened.h"
 #include "kd/db/entity.h"
 #include "kd/ed/prompts.h"
 #include "kd/ed/selection.h"

@@ -3,11 +3,11 @@
 #include "host/app/commands/documentcommands.h"
 
 #include "host/ad/application.h"
+#include "host/app/commands/valueprompts.h"
 #include "host/ed/commandline.h"
 #include "host/ed/commands.h"
 #include "host/ed/variableprompt.h"
-#include "host/ed/words.h"
-#include "kd/ed/prompts.h"
+#include "host/rx/numbertext.h"
 
 namespace kdhost {
 namespace {
@@ -20,13 +20,9 @@ constexpr Words kName{L"\nName of the variable or [?]: ", L"\n变量名或 [?]: 
 constexpr Words kNoVariable{L"There is no variable \"%1\".", L"没有变量“%1”。"};
 
 /// Null, and told, when the text is no drawing's number.
-Document* documentNumbered(const wchar_t* text) {
-    DocumentManager& documents = Application::current()->documents();
-    wchar_t* end = nullptr;
-    const long number = std::wcstol(text, &end, 10);
-    const bool isNumber = *end == L'\0' && number >= 1 && number <= documents.documentCount();
-    Document* document = isNumber ? documents.at(static_cast<int>(number) - 1) : nullptr;
-    if (document == nullptr) commandLine().fail(kNoDrawing.with(std::wstring(text)));
+Document* documentNumbered(const std::wstring& text) {
+    Document* document = Application::current()->documents().at(wholeNumberFrom(text).value_or(0) - 1);
+    if (document == nullptr) commandLine().fail(kNoDrawing.with(text));
     return document;
 }
 
@@ -51,16 +47,16 @@ void newDocument() {
 }
 
 void switchDocument() {
-    wchar_t text[1024];
-    if (kdedGetString(0, kNumber.text(), text) != RTNORM || text[0] == L'\0') return;
-    if (Document* document = documentNumbered(text)) Application::current()->documents().activate(*document);
+    const std::wstring number = askForText(kNumber).value_or(L"");
+    if (number.empty()) return;
+    if (Document* document = documentNumbered(number)) Application::current()->documents().activate(*document);
 }
 
 void closeDocument() {
-    wchar_t text[1024];
-    if (kdedGetString(0, kNumberToClose.text(), text) != RTNORM) return;
+    const std::optional<std::wstring> number = askForText(kNumberToClose);
+    if (!number) return;
     DocumentManager& documents = Application::current()->documents();
-    Document* document = text[0] == L'\0' ? documents.current() : documentNumbered(text);
+    Document* document = number->empty() ? documents.current() : documentNumbered(*number);
     if (document == nullptr) return;
     // The command's own drawing is in use until the command has ended.
     afterCommands([&documents, document] { close(documents, *document); });
@@ -72,11 +68,11 @@ void quit() {
 }
 
 void setVariable() {
-    wchar_t name[1024];
-    if (kdedGetString(0, kName.text(), name) != RTNORM || name[0] == L'\0') return;
-    if (name == std::wstring_view(L"?")) return listVariables();
+    const std::wstring name = askForText(kName).value_or(L"");
+    if (name.empty()) return;
+    if (name == L"?") return listVariables();
     const VariableRecord* variable = findVariable(name);
-    if (variable == nullptr) return commandLine().fail(kNoVariable.with(std::wstring(name)));
+    if (variable == nullptr) return commandLine().fail(kNoVariable.with(name));
     promptForVariable(*variable);
 }
 

@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include "host/app/commands/append.h"
 #include "host/app/commands/chosenobjects.h"
+#include "host/db/currentspace.h"
+#include "host/db/opened.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
-#include "host/ed/opened.h"
 #include "host/ed/words.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"

@@ -4,7 +4,7 @@
 
 #include "host/app/commands/keywordmenu.h"
 #include "host/ed/editor.h"
-#include "host/ed/opened.h"
+#include "host/db/opened.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
 

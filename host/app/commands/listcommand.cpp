@@ -5,11 +5,11 @@
 #include "host/app/commands/chosenobjects.h"
 #include "host/app/commands/drawcommands.h"
 #include "host/db/access.h"
+#include "host/db/symbols.h"
 #include "host/ed/commandline.h"
 #include "host/ed/words.h"
 #include "kd/db/line.h"
 #include "kd/db/mtext.h"
-#include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 
 namespace kdhost {
@@ -21,12 +21,6 @@ constexpr Words kLength{L", length %1", L"，长度 %1"};
 constexpr Words kRowsAndColumns{L", %1 rows, %2 columns", L"，%1 行，%2 列"};
 constexpr Words kBlock{L", block %1 at %2,%3, scale %4", L"，块 %1 位于 %2,%3，比例 %4"};
 constexpr Words kText{L", text \"%1\"", L"，文字“%1”"};
-
-std::wstring recordName(KdDbObjectId id) {
-    std::wstring name;
-    if (const auto* record = peek<KdDbSymbolTableRecord>(id)) record->getName(name);
-    return name;
-}
 
 std::wstring ofLine(const KdDbEntity& entity) {
     const auto& line = static_cast<const KdDbLine&>(entity);

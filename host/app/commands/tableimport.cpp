@@ -5,10 +5,10 @@
 #include <QFileInfo>
 #include <memory>
 
-#include "host/app/commands/append.h"
+#include "host/app/commands/valueprompts.h"
+#include "host/db/currentspace.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
-#include "host/ed/words.h"
 #include "host/rx/dynamiclinker.h"
 #include "kd/db/table.h"
 #include "kd/ed/prompts.h"
@@ -83,9 +83,9 @@ void fail(const std::wstring& path, const std::wstring& what) {
 
 void importTable() {
     Editor& editor = *currentEditor();
-    wchar_t name[1024];
-    if (kdedGetString(1, kFile.text(), name) != RTNORM) return;
-    const std::wstring path = name;
+    const std::optional<std::wstring> name = askForText(kFile, true);
+    if (!name) return;
+    const std::wstring& path = *name;
     if (const std::wstring what = refusal(QString::fromStdWString(path)); !what.empty()) return fail(path, what);
     Reading reading = readTable(path);
     if (!reading.table) return fail(path, reading.failure);

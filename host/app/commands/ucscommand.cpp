@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "host/app/commands/keywordmenu.h"
-#include "host/app/commands/numberprompt.h"
+#include "host/app/commands/valueprompts.h"
 #include "host/db/usersystems.h"
 #include "host/ed/editor.h"
 

@@ -2,14 +2,11 @@
 
 #include "host/app/commands/undocommands.h"
 
-#include <cwchar>
-#include <string>
-
+#include "host/app/commands/valueprompts.h"
 #include "host/db/undo.h"
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
-#include "host/ed/words.h"
-#include "kd/ed/prompts.h"
+#include "host/rx/numbertext.h"
 
 namespace kdhost {
 namespace {
@@ -53,14 +50,6 @@ bool take(const Direction& direction) {
     return status == Kdad::eOk;
 }
 
-/// A positive number; 0 for any other text.
-long stepCount(const wchar_t* text) {
-    if (*text == L'\0') return 1;
-    wchar_t* end = nullptr;
-    const long number = std::wcstol(text, &end, 10);
-    return *end == L'\0' && number > 0 ? number : 0;
-}
-
 }  // namespace
 
 void undoStep() {
@@ -72,11 +61,11 @@ void redoStep() {
 }
 
 void undoSteps() {
-    wchar_t text[1024];
-    if (kdedGetString(0, kSteps.text(), text) != RTNORM) return;
-    const long count = stepCount(text);
-    if (count == 0) return commandLine().fail(kNoSteps.with(std::wstring(text)));
-    for (long step = 0; step < count; ++step) {
+    const std::optional<std::wstring> text = askForText(kSteps);
+    if (!text) return;
+    const int count = text->empty() ? 1 : wholeNumberFrom(*text).value_or(0);
+    if (count <= 0) return commandLine().fail(kNoSteps.with(*text));
+    for (int step = 0; step < count; ++step) {
         if (!take(kUndo)) return;
     }
 }

@@ -3,11 +3,9 @@
 #include "host/app/commands/viewcommands.h"
 
 #include "host/app/commands/keywordmenu.h"
-#include "host/app/commands/numberprompt.h"
-#include "host/db/access.h"
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
-#include "kd/db/entity.h"
+#include "host/rx/numbertext.h"
 
 namespace kdhost {
 namespace {
@@ -19,16 +17,8 @@ constexpr Words kFirstCorner{L"\nFirst corner: ", L"\n第一个角点: "};
 constexpr Words kOtherCorner{L"\nOther corner: ", L"\n对角点: "};
 constexpr Words kNoFactor{L"\"%1\" is no factor to zoom by.", L"“%1”不是缩放比例。"};
 
-KdDbExtents extentsOfDrawing(const Editor& editor) {
-    KdDbExtents box;
-    for (KdDbObjectId id : entitiesOfCurrentSpace(editor.database())) {
-        if (const auto* entity = peek<KdDbEntity>(id)) box.addExt(entity->getGeomExtents());
-    }
-    return box;
-}
-
 void zoomAll(Editor& editor) {
-    editor.view().zoomTo(extentsOfDrawing(editor));
+    editor.zoomToDrawing();
 }
 
 void zoomWindow(Editor& editor) {
@@ -42,7 +32,7 @@ void zoomWindow(Editor& editor) {
 /// "2" or "2x".
 void zoomByFactor(Editor& editor, const std::wstring& text) {
     const bool marked = !text.empty() && (text.back() == L'x' || text.back() == L'X');
-    const std::optional<double> factor = numberOf(text.substr(0, text.size() - (marked ? 1 : 0)));
+    const std::optional<double> factor = numberFrom(text.substr(0, text.size() - (marked ? 1 : 0)));
     if (!factor || !(*factor > 0.0)) return commandLine().fail(kNoFactor.with(text));
     editor.view().zoomBy(*factor);
 }

@@ -9,6 +9,7 @@
 #include "host/app/dump/tables.h"
 #include "host/app/dump/values.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/db/undo.h"
 #include "host/db/walk.h"
 #include "host/ed/pickfirst.h"

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "host/db/access.h"
+#include "host/db/symbols.h"
 #include "host/rx/encoding.h"
 #include "kd/db/symboltable.h"
 
@@ -45,10 +46,7 @@ Json extents(const KdDbExtents& box) {
 }
 
 std::string recordName(KdDbObjectId id) {
-    const auto* record = peek<KdDbSymbolTableRecord>(id);
-    std::wstring name;
-    if (record != nullptr) record->getName(name);
-    return toUtf8(name);
+    return toUtf8(kdhost::recordName(id));
 }
 
 }  // namespace kdhost::dump

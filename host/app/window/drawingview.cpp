@@ -111,15 +111,7 @@ void DrawingView::tellFollowers() {
 void DrawingView::zoomExtents() {
     Editor* editor = currentEditor();
     if (editor == nullptr) return;
-    KdDbExtents box;
-    for (KdDbObjectId id : entitiesOfCurrentSpace(editor->database())) {
-        if (const auto* entity = peek<KdDbEntity>(id)) box.addExt(entity->getGeomExtents());
-    }
-    if (box.isValid()) {
-        editor->view().shown().zoomExtents(box, kExtentsMargin * screenScale());
-    } else {
-        editor->view().zoomToSheet();
-    }
+    editor->zoomToDrawing();
     redraw();
 }
 

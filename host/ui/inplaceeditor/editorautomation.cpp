@@ -6,10 +6,10 @@
 #include <QInputMethodEvent>
 #include <array>
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/realinput.h"
 #include "host/ui/inplaceeditor/editorpanel.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
-#include "host/ui/realinput.h"
 
 namespace kdhost::automation {
 

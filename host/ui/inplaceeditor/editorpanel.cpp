@@ -9,7 +9,7 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/inplaceeditor/formatbar.h"
 #include "host/win32/keystate.h"
 #include "kd/db/mtext.h"

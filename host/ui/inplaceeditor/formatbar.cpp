@@ -10,7 +10,7 @@
 #include <cmath>
 
 #include "host/draw/looks.h"
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/inplaceeditor/fieldtext.h"
 #include "host/ui/inplaceeditor/textitem.h"
 #include "host/ui/rowsamples.h"

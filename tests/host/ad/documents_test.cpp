@@ -2,9 +2,9 @@
 
 #include "kd/ad/document.h"
 
-#include "host/app/commands/append.h"
+#include "host/db/currentspace.h"
 #include "host/ed/commands.h"
-#include "host/ed/opened.h"
+#include "host/db/opened.h"
 #include "host/rx/commandstack.h"
 #include "host/rx/faults.h"
 #include "kd/ad/doclock.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/ed/commands.h"
 #include "host/win32/modules.h"
 #include "kd/db/database.h"

@@ -8,8 +8,8 @@
 #include <QTemporaryDir>
 #include <sstream>
 
-#include "host/app/commands/append.h"
-#include "host/ed/opened.h"
+#include "host/db/currentspace.h"
+#include "host/db/opened.h"
 #include "host/ed/pickfirst.h"
 #include "kd/db/database.h"
 #include "kd/db/table.h"

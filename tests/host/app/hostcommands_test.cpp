@@ -4,7 +4,8 @@
 #include <QTemporaryDir>
 
 #include "host/db/access.h"
-#include "host/ed/opened.h"
+#include "host/db/currentspace.h"
+#include "host/db/opened.h"
 #include "host/ed/pickfirst.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"

@@ -10,8 +10,8 @@
 #include <QWidget>
 
 #include "host/app/cellreference.h"
-#include "host/app/commands/append.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/ed/commands.h"
 #include "host/rx/encoding.h"
 #include "kd/db/database.h"

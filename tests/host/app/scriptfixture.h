@@ -12,7 +12,7 @@
 #include "host/app/scriptrunner.h"
 #include "host/app/windowfeeder.h"
 #include "host/rx/commandstack.h"
-#include "host/ui/filedialog.h"
+#include "host/ui/dialogs/filedialog.h"
 #include "tests/support/configfolder.h"
 
 namespace kdtest {

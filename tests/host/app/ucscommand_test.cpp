@@ -4,6 +4,7 @@
 
 #include "host/app/dump/dump.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
 #include "host/db/undo.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"

@@ -12,7 +12,7 @@
 #include "kd/ad/mainapp.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/application.h"
 #include "tests/support/tablebuilder.h"
 

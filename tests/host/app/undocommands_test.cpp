@@ -5,13 +5,14 @@
 
 #include "host/app/dump/dump.h"
 #include "host/db/access.h"
+#include "host/db/currentspace.h"
+#include "host/db/opened.h"
 #include "host/db/undo.h"
-#include "host/ed/opened.h"
 #include "host/ed/pickfirst.h"
 #include "kd/ad/doclock.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/table.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/application.h"
 #include "tests/support/tablebuilder.h"
 

@@ -6,8 +6,8 @@
 #include "kd/db/blockreference.h"
 #include "kd/db/field.h"
 #include "kd/db/idmapping.h"
-#include "tests/host/db/drawing.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 
@@ -84,12 +84,9 @@ TEST_F(Clones, a_clone_is_equal_placed_and_in_the_mapping) {
 TEST_F(Clones, extension_dictionary_and_fields_come_along) {
     const KdDbObjectId id = kdtest::appendLine(m_database);
     auto* line = mustOpen<KdDbLine>(id, KdDb::kForWrite);
-    auto* field = new KdDbField;
     auto* child = new KdDbField;
     child->setFieldCode(L"inner");
-    KdArray<KdDbField*> children;
-    children.append(child);
-    field->setFieldCode(L"<%<\\_FldIdx 0>%>", KdDbField::kTextField, &children);
+    KdDbField* field = kdtest::fieldAround(child, L"<%<\\_FldIdx 0>%>");
     ASSERT_EQ(line->setField(field), Kdad::eOk);
     field->close();
     line->close();

@@ -9,7 +9,7 @@
 #include "kd/db/headervar.h"
 #include "kd/db/idmapping.h"
 #include "kd/db/table.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
 
 namespace {

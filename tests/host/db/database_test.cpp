@@ -8,7 +8,7 @@
 #include "host/db/databasecontents.h"
 #include "host/rx/faults.h"
 #include "kd/db/tablestyle.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 
 namespace {
 

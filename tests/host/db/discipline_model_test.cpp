@@ -7,7 +7,7 @@
 #include <random>
 
 #include "host/db/access.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "host/db/access.h"
 #include "host/rx/faults.h"
 #include "kd/db/entity.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "kd/db/blockreference.h"
 #include "kd/db/mtext.h"
 #include "kd/db/solid.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 
 namespace {
 

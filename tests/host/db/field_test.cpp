@@ -8,7 +8,7 @@
 #include "host/db/fieldstate.h"
 #include "kd/db/mtext.h"
 #include "kd/ed/resbuf.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
 
 namespace {

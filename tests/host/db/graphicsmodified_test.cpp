@@ -5,7 +5,7 @@
 #include "host/db/access.h"
 #include "host/db/undo.h"
 #include "host/ed/display.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/application.h"
 #include "tests/support/leakguard.h"
 

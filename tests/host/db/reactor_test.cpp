@@ -6,7 +6,7 @@
 
 #include "host/db/access.h"
 #include "host/db/objectstate.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 
 namespace {
 

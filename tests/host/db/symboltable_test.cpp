@@ -9,7 +9,7 @@
 
 #include "host/db/access.h"
 #include "kd/ed/resbuf.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
 
 namespace {

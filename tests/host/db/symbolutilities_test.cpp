@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/db/access.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 
 namespace {
 

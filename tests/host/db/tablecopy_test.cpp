@@ -6,6 +6,7 @@
 #include "kd/db/database.h"
 #include "kd/db/field.h"
 #include "kd/db/symboltable.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 
 using kdtest::cells;
@@ -93,12 +94,9 @@ TEST(TableCopy, is_refused_whole_where_it_cannot_be_done) {
 
 TEST(TableCopy, of_a_field_is_a_field_of_its_own) {
     KdDbDatabase database;
-    auto* field = new KdDbField;
     auto* child = new KdDbField;
     child->setFieldCode(L"inner");
-    KdArray<KdDbField*> children;
-    children.append(child);
-    field->setFieldCode(L"a %<\\_FldIdx 0>% b", KdDbField::kTextField, &children);
+    KdDbField* field = kdtest::fieldAround(child, L"a %<\\_FldIdx 0>% b");
     ASSERT_EQ(field->postInDatabase(&database), Kdad::eOk);
     const KdDbObjectId id = field->objectId();
     field->close();

@@ -9,7 +9,7 @@
 #include "host/db/undo.h"
 #include "host/rx/faults.h"
 #include "kd/db/tablestyle.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
 
 namespace {

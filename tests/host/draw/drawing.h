@@ -11,6 +11,7 @@
 #include "kd/db/database.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
+#include "tests/support/objects.h"
 
 namespace kdtest {
 
@@ -19,53 +20,28 @@ struct Drawing {
     KdDbDatabase database;
 
     KdDbObjectId add(std::unique_ptr<KdDbEntity> entity, KdDbObjectId block = {}) {
-        KdDbObject* opened = nullptr;
-        const KdDbObjectId place = block.isNull() ? database.modelSpaceId() : block;
-        EXPECT_EQ(kddbOpenObject(opened, place, KdDb::kForWrite), Kdad::eOk);
-        auto* record = static_cast<KdDbBlockTableRecord*>(opened);
-        KdDbObjectId id;
-        KdDbEntity* added = entity.release();
-        EXPECT_EQ(record->appendKdDbEntity(id, added), Kdad::eOk);
-        added->close();
-        record->close();
-        return id;
+        return appendTo(block.isNull() ? database.modelSpaceId() : block, entity.release());
     }
 
     KdDbObjectId addBlock(const wchar_t* name) {
-        KdDbBlockTable* table = nullptr;
-        EXPECT_EQ(database.getBlockTable(table, KdDb::kForWrite), Kdad::eOk);
-        return addRecord(table, new KdDbBlockTableRecord, name);
+        return addRecord<KdDbBlockTableRecord>(database.blockTableId(), name);
     }
 
     KdDbObjectId addLayer(const wchar_t* name, const KdCmColor& color, KdDb::LineWeight weight = KdDb::kLnWt050) {
-        KdDbLayerTable* table = nullptr;
-        EXPECT_EQ(database.getLayerTable(table, KdDb::kForWrite), Kdad::eOk);
-        auto* layer = new KdDbLayerTableRecord;
-        layer->setColor(color);
-        layer->setLineWeight(weight);
-        return addRecord(table, layer, name);
+        return addRecord<KdDbLayerTableRecord>(database.layerTableId(), name, [&](KdDbLayerTableRecord& layer) {
+            layer.setColor(color);
+            layer.setLineWeight(weight);
+        });
     }
 
     KdDbObjectId addLinetype(const wchar_t* name, std::vector<double> dashes) {
-        KdDbLinetypeTable* table = nullptr;
-        EXPECT_EQ(database.getLinetypeTable(table, KdDb::kForWrite), Kdad::eOk);
-        auto* linetype = new KdDbLinetypeTableRecord;
-        linetype->setDashes(std::move(dashes));
-        return addRecord(table, linetype, name);
+        return addRecord<KdDbLinetypeTableRecord>(
+            database.linetypeTableId(), name,
+            [&](KdDbLinetypeTableRecord& linetype) { linetype.setDashes(std::move(dashes)); });
     }
 
     kdhost::draw::Primitives primitives(const kdhost::draw::Options& options = {}) const {
         return kdhost::draw::primitivesOf(database, options);
-    }
-
-private:
-    KdDbObjectId addRecord(KdDbSymbolTable* table, KdDbSymbolTableRecord* record, const wchar_t* name) {
-        record->setName(name);
-        KdDbObjectId id;
-        EXPECT_EQ(table->add(id, record), Kdad::eOk);
-        record->close();
-        table->close();
-        return id;
     }
 };
 

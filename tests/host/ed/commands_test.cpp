@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
+#include "host/db/opened.h"
 #include "host/ed/display.h"
-#include "host/ed/opened.h"
 #include "host/ed/uicontext.h"
 #include "host/rx/commandstack.h"
 #include "kd/ad/display.h"

@@ -2,9 +2,9 @@
 
 #include "kd/ed/inplaceeditor.h"
 
-#include "host/app/commands/append.h"
+#include "host/db/currentspace.h"
+#include "host/db/opened.h"
 #include "host/ed/display.h"
-#include "host/ed/opened.h"
 #include "host/ed/texteditor.h"
 #include "kd/db/mtext.h"
 #include "kd/db/table.h"

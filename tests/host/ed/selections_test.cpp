@@ -2,9 +2,9 @@
 
 #include "kd/ed/selection.h"
 
-#include "host/app/commands/append.h"
 #include "host/db/access.h"
-#include "host/ed/opened.h"
+#include "host/db/currentspace.h"
+#include "host/db/opened.h"
 #include "host/ed/picking.h"
 #include "host/rx/commandstack.h"
 #include "host/rx/faults.h"

@@ -5,8 +5,7 @@
 #include <QString>
 
 #include "host/db/access.h"
-#include "host/db/opening.h"
-#include "kd/db/symboltable.h"
+#include "tests/support/objects.h"
 
 namespace kdtest {
 
@@ -45,19 +44,11 @@ KdDbObjectId FormulaTest::makeTableIn(KdDbObjectId block, int rows, int columns)
     auto table = std::make_unique<KdDbTable>();
     table->setSize(rows, columns);
     table->setCellStyle(-1, -1, L"_DATA");
-    KdDbBlockTableRecord* record = nullptr;
-    KdDbObjectId id;
-    EXPECT_EQ(kdhost::openAs(record, block, KdDb::kForWrite), Kdad::eOk);
-    EXPECT_EQ(record->appendKdDbEntity(id, table.get()), Kdad::eOk);
-    record->close();
-    table.release()->close();
-    return id;
+    return appendTo(block, table.release());
 }
 
 KdDbTable* FormulaTest::openTable(KdDbObjectId table) {
-    KdDbTable* open = nullptr;
-    EXPECT_EQ(kdhost::openAs(open, table, KdDb::kForWrite), Kdad::eOk);
-    return open;
+    return mustOpen<KdDbTable>(table, KdDb::kForWrite);
 }
 
 void FormulaTest::type(KdDbObjectId table, const char* cell, const std::wstring& text) {

@@ -5,7 +5,7 @@
 #include "kd/db/idmapping.h"
 #include "kd/db/mtext.h"
 #include "kd/db/symboltable.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/host/field/formulafixture.h"
 
 namespace {

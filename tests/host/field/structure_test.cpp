@@ -2,7 +2,7 @@
 
 #include "host/db/access.h"
 #include "host/db/opening.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/host/field/formulafixture.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include "kd/db/mtext.h"
 #include "kd/db/solid.h"
 #include "kd/db/tablestyle.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 
 namespace kdtest {

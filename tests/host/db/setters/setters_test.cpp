@@ -13,7 +13,7 @@
 #include "host/db/transaction.h"
 #include "host/db/undo.h"
 #include "kd/db/symboltable.h"
-#include "tests/host/db/drawing.h"
+#include "tests/support/objects.h"
 
 namespace kdtest {
 namespace {

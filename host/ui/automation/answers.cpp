@@ -10,10 +10,10 @@
 #include <array>
 #include <vector>
 
-#include "host/ui/automation.h"
-#include "host/ui/automationfind.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/find.h"
+#include "host/ui/automation/realinput.h"
 #include "host/ui/colorchoice.h"
-#include "host/ui/realinput.h"
 
 namespace kdhost::automation {
 

@@ -1,6 +1,6 @@
 // The formats by data type and unit type.
 
-#include "host/ui/dataformat.h"
+#include "host/ui/dialogs/dataformat.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 // Controls and rows by the names that scripts give them.
 
-#include "host/ui/automationfind.h"
+#include "host/ui/automation/find.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -9,8 +9,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include "host/ui/automation.h"
-#include "host/ui/realinput.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/realinput.h"
 #include "mfc/wnd.h"
 
 namespace kdhost::automation {

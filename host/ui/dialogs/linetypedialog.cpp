@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/linetypes.h"
 #include "host/ui/rowsamples.h"
 #include "kd/db/database.h"

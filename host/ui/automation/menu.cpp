@@ -6,9 +6,9 @@
 #include <QPointer>
 #include <functional>
 
-#include "host/ui/automation.h"
-#include "host/ui/automationfind.h"
-#include "host/ui/realinput.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/find.h"
+#include "host/ui/automation/realinput.h"
 
 namespace kdhost::automation {
 

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "host/ui/automation.h"
-#include "host/ui/automationfind.h"
-#include "host/ui/realinput.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/find.h"
+#include "host/ui/automation/realinput.h"
 
 namespace kdhost::automation {
 

@@ -11,8 +11,8 @@
 #include <array>
 
 #include "host/ui/colorchoice.h"
-#include "host/ui/colorpalette.h"
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/colorpalette.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/rowsamples.h"
 #include "kd/ui/hostdialogs.h"
 

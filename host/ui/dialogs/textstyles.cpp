@@ -1,6 +1,6 @@
 // Text styles: listed, made, renamed, changed and deleted.
 
-#include "host/ui/textstyles.h"
+#include "host/ui/dialogs/textstyles.h"
 
 #include <algorithm>
 #include <memory>
@@ -8,6 +8,7 @@
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/objectstate.h"
+#include "host/db/symbols.h"
 #include "host/db/walk.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
@@ -15,27 +16,7 @@
 namespace kdhost {
 namespace {
 
-struct Closer {
-    void operator()(KdDbObject* object) const { object->close(); }
-};
-using OpenRecord = std::unique_ptr<KdDbTextStyleTableRecord, Closer>;
-
-/// Null while others have the style open.
-OpenRecord openForWrite(KdDbObjectId style) {
-    KdDbObject* object = nullptr;
-    if (kddbOpenObject(object, style, KdDb::kForWrite, false, KdDbTextStyleTableRecord::desc()) != Kdad::eOk) return {};
-    return OpenRecord(static_cast<KdDbTextStyleTableRecord*>(object));
-}
-
-const KdDbTextStyleTable* tableOf(const KdDbDatabase& database) {
-    return peek<KdDbTextStyleTable>(database.textStyleTableId());
-}
-
-std::wstring nameOf(KdDbObjectId style) {
-    std::wstring name;
-    if (const auto* record = peek<KdDbTextStyleTableRecord>(style)) record->getName(name);
-    return name;
-}
+using OpenRecord = Opened<KdDbTextStyleTableRecord>;
 
 void write(KdDbTextStyleTableRecord& record, const TextStyleValues& values) {
     record.setFont(values.font.c_str());
@@ -63,19 +44,16 @@ bool keepsItsName(const std::wstring& name) {
 
 std::vector<std::wstring> TextStyles::names() const {
     std::vector<std::wstring> names;
-    for (const KdDbObjectId id : recordsOf(m_database.textStyleTableId())) names.push_back(nameOf(id));
+    for (const KdDbObjectId id : recordsOf(m_database.textStyleTableId())) names.push_back(recordName(id));
     return names;
 }
 
 KdDbObjectId TextStyles::find(const std::wstring& name) const {
-    KdDbObjectId id;
-    const KdDbTextStyleTable* table = tableOf(m_database);
-    if (table == nullptr || table->getAt(name.c_str(), id) != Kdad::eOk) return {};
-    return id;
+    return recordNamed(m_database.textStyleTableId(), name);
 }
 
 std::wstring TextStyles::current() const {
-    return nameOf(m_database.textstyle());
+    return recordName(m_database.textstyle());
 }
 
 std::optional<TextStyleValues> TextStyles::values(const std::wstring& name) const {
@@ -94,15 +72,10 @@ std::wstring TextStyles::proposal() const {
 TextStyles::Refusal TextStyles::create(const std::wstring& name, const std::wstring& like) {
     if (name.empty()) return HostText::TextStyleNameEmpty;
     if (!find(name).isNull()) return HostText::TextStyleNameTaken;
-    KdDbTextStyleTable* table = nullptr;
-    if (m_database.getTextStyleTable(table, KdDb::kForWrite) != Kdad::eOk) return HostText::TextStyleLocked;
     auto record = std::make_unique<KdDbTextStyleTableRecord>();
     record->setName(name.c_str());
     write(*record, values(like).value_or(TextStyleValues{}));
-    KdDbObjectId id;
-    const bool added = table->add(id, record.get()) == Kdad::eOk;
-    if (added) record.release()->close();
-    table->close();
+    const OpenRecord added = addRecord(m_database.textStyleTableId(), std::move(record));
     return added ? Refusal() : HostText::TextStyleLocked;
 }
 
@@ -112,7 +85,7 @@ TextStyles::Refusal TextStyles::rename(const std::wstring& from, const std::wstr
     const KdDbObjectId style = find(from);
     const KdDbObjectId holder = find(to);
     if (!holder.isNull() && holder != style) return HostText::TextStyleNameTaken;
-    const OpenRecord record = openForWrite(style);
+    const OpenRecord record(style, KdDb::kForWrite);
     if (!record) return HostText::TextStyleLocked;
     return record->setName(to.c_str()) == Kdad::eOk ? Refusal() : HostText::TextStyleNameTaken;
 }
@@ -121,7 +94,7 @@ TextStyles::Refusal TextStyles::remove(const std::wstring& name) {
     if (keepsItsName(name)) return HostText::TextStyleStandard;
     const KdDbObjectId style = find(name);
     if (isUsed(style)) return HostText::TextStyleInUse;
-    const OpenRecord record = openForWrite(style);
+    const OpenRecord record(style, KdDb::kForWrite);
     if (!record) return HostText::TextStyleLocked;
     return record->erase() == Kdad::eOk ? Refusal() : HostText::TextStyleInUse;
 }
@@ -129,7 +102,7 @@ TextStyles::Refusal TextStyles::remove(const std::wstring& name) {
 TextStyles::Refusal TextStyles::set(const std::wstring& name, const TextStyleValues& values) {
     if (!(values.height >= 0.0) || !(values.widthFactor > 0.0)) return HostText::TextStyleBadNumbers;
     if (this->values(name) == values) return {};
-    const OpenRecord record = openForWrite(find(name));
+    const OpenRecord record(find(name), KdDb::kForWrite);
     if (!record) return HostText::TextStyleLocked;
     write(*record, values);
     return {};

@@ -8,9 +8,9 @@
 #include <QRadioButton>
 #include <QTabBar>
 
-#include "host/ui/automation.h"
-#include "host/ui/automationfind.h"
-#include "host/ui/realinput.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/find.h"
+#include "host/ui/automation/realinput.h"
 #include "kd/ui/widgets.h"
 
 namespace kdhost::automation {

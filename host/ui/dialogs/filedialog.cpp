@@ -1,6 +1,6 @@
 // Asking for a file in a dialog.
 
-#include "host/ui/filedialog.h"
+#include "host/ui/dialogs/filedialog.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -8,7 +8,7 @@
 #include <QSplitter>
 #include <QTreeView>
 
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/hosttexts.h"
 #include "mfc/messagebox.h"
 

@@ -1,12 +1,12 @@
 // The keys that scripts press, by their names.
 
-#include "host/ui/automationkeys.h"
+#include "host/ui/automation/keys.h"
 
 #include <array>
 
-#include "host/ui/automation.h"
-#include "host/ui/automationfind.h"
-#include "host/ui/realinput.h"
+#include "host/ui/automation/automation.h"
+#include "host/ui/automation/find.h"
+#include "host/ui/automation/realinput.h"
 
 namespace kdhost::automation {
 

@@ -1,6 +1,6 @@
 // Fields of colours in a grid.
 
-#include "host/ui/colorpalette.h"
+#include "host/ui/dialogs/colorpalette.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

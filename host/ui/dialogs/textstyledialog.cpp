@@ -18,8 +18,8 @@
 #include <functional>
 #include <utility>
 
-#include "host/ui/hostdialog.h"
-#include "host/ui/textstyles.h"
+#include "host/ui/dialogs/hostdialog.h"
+#include "host/ui/dialogs/textstyles.h"
 #include "kd/db/database.h"
 #include "kd/ui/hostdialogs.h"
 

@@ -9,8 +9,8 @@
 #include <array>
 
 #include "host/db/valueformat.h"
-#include "host/ui/dataformat.h"
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/dataformat.h"
+#include "host/ui/dialogs/hostdialog.h"
 #include "kd/db/database.h"
 #include "kd/db/headervar.h"
 #include "kd/ui/hostdialogs.h"

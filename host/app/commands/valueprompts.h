@@ -1,4 +1,4 @@
-// Asking for a number.
+// Asking for a text or a number.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@
 
 namespace kdhost {
 
-/// A text that is a finite number, written with a decimal point whatever the locale.
-std::optional<double> numberOf(const std::wstring& text);
+/// What the user types, blanks included where the prompt takes them; empty for Enter, none when the user cancels.
+std::optional<std::wstring> askForText(const Words& prompt, bool takesBlanks = false);
 
 /// `standard` for Enter. None when the user cancels and, with the user told, for what is no number.
 std::optional<double> askForNumber(const Words& prompt, double standard);

@@ -1,6 +1,6 @@
 // The actions of scripts on windows and their controls.
 
-#include "host/ui/automation.h"
+#include "host/ui/automation/automation.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -13,10 +13,10 @@
 #include <optional>
 
 #include "host/ad/application.h"
-#include "host/ui/automationfind.h"
+#include "host/ui/automation/find.h"
+#include "host/ui/automation/realinput.h"
 #include "host/ui/inplaceeditor/editorpanel.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
-#include "host/ui/realinput.h"
 
 namespace kdhost::automation {
 

@@ -1,6 +1,6 @@
 // Keys and mouse go in where the platform puts them in.
 
-#include "host/ui/realinput.h"
+#include "host/ui/automation/realinput.h"
 
 #include <QApplication>
 #include <QEvent>

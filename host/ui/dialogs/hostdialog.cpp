@@ -1,6 +1,6 @@
 // What the host's own dialogs have in common.
 
-#include "host/ui/hostdialog.h"
+#include "host/ui/dialogs/hostdialog.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
