@@ -47,7 +47,7 @@ constexpr Places kToLowerLeft = {{
     {m + ac + st / 2, H - v - ct / 2},
     {W / 2, H / 2},
     // Upwards the cosine is that of the whole height, not of a letter.
-    {W - m - ac - st / 2, v + cH, ct / 2 + v - H},
+    {W - m - ac - st / 2, v + cH / 2, ct / 2 + v - H},
     {m + ac, H - v},
     {W / 2 - st / 2, ct / 2 + H / 2},
     {W - m - ac - st, v + ct},
