@@ -21,13 +21,30 @@ KdApDocManager::~KdApDocManager() = default;
 
 namespace kdhost {
 
-Document::Document(std::wstring fileName)
-    : m_fileName(std::move(fileName)),
-      m_database(std::make_unique<KdDbDatabase>()),
+Document::Document(std::wstring fileName) : Document(std::move(fileName), std::make_unique<KdDbDatabase>()) {
+    m_hasFile = false;
+}
+
+Document::Document(std::wstring path, std::unique_ptr<KdDbDatabase> read)
+    : m_fileName(std::move(path)),
+      m_hasFile(true),
+      m_database(std::move(read)),
       m_transactionManager(*m_database),
       m_editor(*m_database) {}
 
 Document::~Document() = default;
+
+std::wstring Document::title() const {
+    return m_hasFile ? m_fileName.substr(m_fileName.rfind(L'/') + 1) : m_fileName;
+}
+
+Kdad::ErrorStatus Document::saveAs(const std::wstring& path) {
+    const Kdad::ErrorStatus status = m_database->saveAs(path.c_str());
+    if (status != Kdad::eOk) return status;
+    m_fileName = path;
+    m_hasFile = true;
+    return status;
+}
 
 DocumentManager::DocumentManager(HostServices& services) : m_services(services) {}
 
@@ -81,7 +98,25 @@ Document* DocumentManager::documentOf(const KdDbDatabase* database) const {
 }
 
 Document& DocumentManager::openNew() {
-    m_documents.push_back(std::make_unique<Document>(L"Drawing" + std::to_wstring(++m_lastNumber)));
+    return enter(std::make_unique<Document>(L"Drawing" + std::to_wstring(++m_lastNumber)));
+}
+
+Kdad::ErrorStatus DocumentManager::openFile(const std::wstring& path) {
+    const auto known = std::find_if(m_documents.begin(), m_documents.end(), [&](const auto& document) {
+        return document->hasFile() && document->fileName() == path;
+    });
+    if (known != m_documents.end()) {
+        activate(**known);
+        return Kdad::eOk;
+    }
+    auto database = std::make_unique<KdDbDatabase>(false);
+    const Kdad::ErrorStatus status = database->readDwgFile(path.c_str());
+    if (status == Kdad::eOk) enter(std::make_unique<Document>(path, std::move(database)));
+    return status;
+}
+
+Document& DocumentManager::enter(std::unique_ptr<Document> entered) {
+    m_documents.push_back(std::move(entered));
     Document& document = *m_documents.back();
     tell(&KdApDocManagerReactor::documentCreated, &document);
     activate(document);

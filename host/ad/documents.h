@@ -16,17 +16,26 @@ class HostServices;
 
 class Document : public KdApDocument {
 public:
+    /// A new drawing of that name, or one that was read from the file of that path.
     explicit Document(std::wstring fileName);
+    Document(std::wstring path, std::unique_ptr<KdDbDatabase> read);
     ~Document() override;
 
     KdDbDatabase* database() const override { return m_database.get(); }
     const wchar_t* fileName() const override { return m_fileName.c_str(); }
+    /// The name without the folder.
+    std::wstring title() const;
+    /// Whether the name is that of a file.
+    bool hasFile() const { return m_hasFile; }
+    /// Writes the drawing into that file, whose name is the drawing's from then on; nothing changes on failure.
+    Kdad::ErrorStatus saveAs(const std::wstring& path);
     KdDbTransactionManager* transactionManager() override { return &m_transactionManager; }
     Editor& editor() { return m_editor; }
     KdadDocData& data() { return m_data; }
 
 private:
     std::wstring m_fileName;
+    bool m_hasFile = false;
     std::unique_ptr<KdDbDatabase> m_database;
     TransactionManager m_transactionManager;
     Editor m_editor;
@@ -60,15 +69,21 @@ public:
 
     /// A new drawing, which becomes active.
     Document& openNew();
+    /// Opens a drawing's file, which becomes active; one that is open already only becomes active. The statuses of
+    /// KdDbDatabase::readDwgFile, with nothing changed.
+    Kdad::ErrorStatus openFile(const std::wstring& path);
     void activate(Document& document);
     /// Closes a drawing without saving; the one opened before it, else the first, becomes active. False while a
     /// command of it runs.
     bool close(Document& document);
+    /// The names of drawings are to be shown anew.
+    void tellRenamed(Document& document) { tell(&KdApDocManagerReactor::documentActivated, &document); }
 
 private:
     template <class... Parameters, class... Arguments>
     void tell(void (KdApDocManagerReactor::*operation)(Parameters...), Arguments... arguments);
     void setCurrent(Document* document);
+    Document& enter(std::unique_ptr<Document> document);
 
     HostServices& m_services;
     std::vector<std::unique_ptr<Document>> m_documents;

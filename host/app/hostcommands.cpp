@@ -6,6 +6,7 @@
 #include "host/app/commands/documentcommands.h"
 #include "host/app/commands/drawcommands.h"
 #include "host/app/commands/exportcommands.h"
+#include "host/app/commands/filecommands.h"
 #include "host/app/commands/layercommand.h"
 #include "host/app/commands/programcommands.h"
 #include "host/app/commands/tableimport.h"
@@ -42,10 +43,13 @@ constexpr HostCommand kCommands[] = {
     {L"LINE", 0, drawLines},
     {L"LIST", kUsesSelection, listObjects},
     {L"NEW", kKeepsSelection, newDocument},
+    {L"OPEN", kKeepsSelection, openDrawing},
     {L"PRINTPDF", kKeepsSelection, printPdf},
     {L"QUIT", 0, quit},
     {L"REDO", kKeepsSelection, redoStep},
     {L"REGEN", kKeepsSelection, regenerate},
+    {L"SAVE", kKeepsSelection, saveDrawing},
+    {L"SAVEAS", kKeepsSelection, saveDrawingAs},
     {L"SETVAR", kKeepsSelection, setVariable},
     {L"TABLEIMPORT", 0, importTable},
     {L"U", kKeepsSelection, undoStep},

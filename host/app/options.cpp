@@ -40,20 +40,16 @@ std::string takeLanguage(Options& options, const std::string& value) {
     return {};
 }
 
-std::string refuseDrawing(Options&, const std::string&) {
-    return "this program handles no drawing files";
-}
-
 constexpr std::array kOptions = {
     OptionRecord{"--help", false, takeFlag<&Options::help>},
     OptionRecord{"--headless", false, takeFlag<&Options::headless>},
     OptionRecord{"--load", true, takeModule},
-    OptionRecord{"--open", true, refuseDrawing},
+    OptionRecord{"--open", true, takeText<&Options::open>},
     OptionRecord{"--script", true, takeText<&Options::script>},
     OptionRecord{"--lang", true, takeLanguage},
     OptionRecord{"--dump", true, takeText<&Options::dump>},
     OptionRecord{"--render", true, takeText<&Options::render>},
-    OptionRecord{"--save", true, refuseDrawing},
+    OptionRecord{"--save", true, takeText<&Options::save>},
 };
 
 std::string refuse(const std::string& option, const std::string& what) {
@@ -81,8 +77,8 @@ ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
 }
 
 std::string usage() {
-    return "kdhost [--headless] [--load MODULE.tvx ...] [--script FILE] [--lang en|zh_CN]\n"
-           "       [--dump FILE.json] [--render FILE.png|.svg|.pdf]\n"
+    return "kdhost [--headless] [--load MODULE.tvx ...] [--open DRAWING] [--script FILE] [--lang en|zh_CN]\n"
+           "       [--dump FILE.json] [--render FILE.png|.svg|.pdf] [--save DRAWING]\n"
            "\n"
            "Without --load the table module beside the program is loaded.\n"
            "With a window, the program stays open after the script and the outputs until QUIT. Without a display it\n"

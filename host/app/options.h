@@ -13,9 +13,11 @@ struct Options {
     bool help = false;
     bool headless = false;
     std::vector<std::string> modules;
+    std::string open;
     std::string script;
     std::string dump;
     std::string render;
+    std::string save;
     std::optional<Language> language;  ///< none: as the user chose, or English
 };
 

@@ -13,6 +13,7 @@
 #include <clocale>
 #include <iostream>
 
+#include "host/app/commands/filecommands.h"
 #include "host/app/dump/dump.h"
 #include "host/app/hostcommands.h"
 #include "host/app/options.h"
@@ -63,7 +64,7 @@ bool hasDisplay() {
 
 /// Whether the run has an end without a person.
 bool hasWork(const Options& options) {
-    return !options.script.empty() || !options.dump.empty() || !options.render.empty();
+    return !options.script.empty() || !options.dump.empty() || !options.render.empty() || !options.save.empty();
 }
 
 /// A run without a window is the same for every user.
@@ -114,8 +115,19 @@ std::string writeOutputs(Application& application, const Options& options, Windo
         std::string error = writeDumpFile(options.dump, *document);
         if (!error.empty()) return error;
     }
-    if (options.render.empty()) return {};
-    return draw::render(*document->database(), options.render, drawingOptions());
+    if (!options.render.empty()) {
+        std::string error = draw::render(*document->database(), options.render, drawingOptions());
+        if (!error.empty()) return error;
+    }
+    return options.save.empty() ? std::string() : saveFile(*document, options.save);
+}
+
+/// The drawing that the run begins with: a new one, unless a file is asked for and can be read.
+std::string openFirst(Application& application, const Options& options) {
+    std::string error;
+    if (!options.open.empty()) error = openFile(application.documents(), options.open);
+    if (application.documents().documentCount() == 0) application.documents().openNew();
+    return error;
 }
 
 std::string describeOpenObjects() {
@@ -175,8 +187,11 @@ std::string runApplication(const Options& options) {
         registerHostCommands();
         std::optional<WindowSession> session;
         if (window != nullptr) session.emplace(application, *window);
-        application.documents().openNew();
-        failure = runSteps(application, options, windows);
+        failure = openFirst(application, options);
+        // A person goes on in the window with the modules at hand.
+        const std::string later =
+            failure.empty() ? runSteps(application, options, windows) : loadModules(application, options, windows);
+        if (failure.empty()) failure = later;
         if (session) runSession(*session, application, options, windows, failure);
     }
     // Modules may have asked something in their last message.

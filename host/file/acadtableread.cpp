@@ -172,6 +172,7 @@ private:
     void cell(Cell& cell) {
         const TagIterator first = m_at;
         m_columnsSpanned = m_rowsSpanned = 1;
+        m_isCovered = false;
         CellObjects objects;
         std::wstring text;
         TagIterator formats = nullptr;
@@ -180,6 +181,9 @@ private:
             switch (m_at->code) {
                 case kCellBegin:
                     cell.type = static_cast<std::uint8_t>(whole(*m_at, KdDb::kTextCell, KdDb::kMultipleContentCell));
+                    break;
+                case 173:
+                    m_isCovered = whole(*m_at, 0, 1) != 0;
                     break;
                 case 174:
                     objects.autoFit = whole(*m_at, 0, 1) != 0;
@@ -221,7 +225,7 @@ private:
         if (isValued) value(cell, text);
         if (objects.field.isNull()) cell.text = std::move(text);
         if (objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(objects);
-        m_spans.push_back({m_rowsSpanned, m_columnsSpanned});
+        m_spans.push_back({m_rowsSpanned, m_columnsSpanned, m_isCovered});
     }
 
     KdDbObjectId block(std::uint64_t handle) {
@@ -371,7 +375,9 @@ private:
                 const Span span =
                     m_spans[static_cast<std::size_t>(row) * m_widths.size() + static_cast<std::size_t>(column)];
                 const MergeLink known = cellAt(row, column).merge;
-                if (known.covered() || (span.rows <= 1 && span.columns <= 1)) continue;
+                if (known.covered()) continue;
+                require(!span.covered, "a covered cell is in no merge");
+                if (span.rows <= 1 && span.columns <= 1) continue;
                 const int high = std::max(1, span.rows);
                 const int wide = std::max(1, span.columns);
                 require(high <= rowCount - row && wide <= columns - column, "a merge reaches out of its table");
@@ -423,6 +429,7 @@ private:
     struct Span {
         int rows;
         int columns;
+        bool covered;
     };
 
     LoadContext& m_context;
@@ -440,6 +447,7 @@ private:
     LoadedTable m_loaded;
     std::vector<Span> m_spans;
     bool m_hasFields = false;
+    bool m_isCovered = false;
     int m_rowsSpanned = 1;
     int m_columnsSpanned = 1;
     CopyOnWrite<FormatOverrides> m_lastOverrides;

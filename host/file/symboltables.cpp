@@ -33,7 +33,7 @@ void describeLayer(Archive& archive, State& layer) {
         archive.check(index >= -257 && index <= 257);
         layer.off = index < 0;
         layer.color = KdCmColor::fromIndex(std::abs(index));
-        if (archive.has(420)) archive.color(62, layer.color);
+        if (archive.has(420)) archive.color(62, layer.color, 7);
         layer.locked = (flags & kFrozenOrLocked) != 0;
         layer.otherFlags = flags & ~kFrozenOrLocked;
     } else if (layer.off) {

@@ -151,9 +151,11 @@ bool readStyleExtras(LoadContext& context, TagSpan tags, std::int64_t print, Tab
             style.records.push_back(std::make_shared<CellStyleRecord>(std::move(record)));
         }
     }
-    for (const int standard : {0, 1, 2}) {
-        const auto place = static_cast<std::size_t>(standard);
-        require(style.records.size() > place && style.records[place]->index == standard + 1,
+    int standard = 0;
+    for (const wchar_t* name : {kTitleStyle, kHeaderStyle, kDataStyle}) {
+        const auto place = static_cast<std::size_t>(standard++);
+        require(style.records.size() > place && style.records[place]->index == standard &&
+                    sameName(style.records[place]->name, name),
                 "a standard cell style is missing");
     }
     if (!reader.toSection("FORMER")) return isWhole;

@@ -28,6 +28,15 @@ void appendEscape(std::string& bytes, wchar_t letter) {
     }
 }
 
+/// The radians that a reader finds, who reads the digits with more precision than a double has.
+double readBack(double degrees) {
+    char digits[kLongestNumber];
+    const char* end = std::to_chars(digits, digits + sizeof digits, degrees).ptr;
+    long double read = 0.0L;
+    std::from_chars(digits, end, read);
+    return radiansOf(read);
+}
+
 }  // namespace
 
 double radiansOf(long double degrees) {
@@ -121,7 +130,7 @@ void TagWriter::angle(int code, double radians) {
     const auto degrees = static_cast<double>(exact);
     const double rounded = std::round(degrees * 1e9) / 1e9;
     for (const double candidate : {rounded, degrees}) {
-        if (radiansOf(candidate) == radians) return number(candidate);
+        if (readBack(candidate) == radians) return number(candidate);
     }
     number(exact);
 }

@@ -143,7 +143,7 @@ void MainWindow::showDocuments(const DocumentManager& documents) {
     m_activeTab = -1;
     for (int index = 0; index < documents.documentCount(); ++index) {
         const Document* document = documents.at(index);
-        m_tabs->setTabText(index, QString::fromWCharArray(document->fileName()));
+        m_tabs->setTabText(index, QString::fromStdWString(document->title()));
         if (document == documents.current()) m_activeTab = index;
     }
     m_tabs->setCurrentIndex(m_activeTab);

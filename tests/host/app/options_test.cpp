@@ -11,7 +11,7 @@ using Arguments = std::vector<std::string>;
 TEST(ProgramOptions, are_read) {
     const auto [options, error] =
         kdhost::parseOptions({"--headless", "--load", "a.tvx", "--load", "b.tvx", "--script", "s.kds", "--lang",
-                              "zh_CN", "--dump", "d.json", "--render", "r.svg"});
+                              "zh_CN", "--dump", "d.json", "--render", "r.svg", "--open", "o.dxf", "--save", "s.dxf"});
     EXPECT_EQ(error, "");
     EXPECT_TRUE(options.headless);
     EXPECT_EQ(options.modules, (Arguments{"a.tvx", "b.tvx"}));
@@ -19,6 +19,8 @@ TEST(ProgramOptions, are_read) {
     EXPECT_EQ(options.language, kdhost::Language::Chinese);
     EXPECT_EQ(options.dump, "d.json");
     EXPECT_EQ(options.render, "r.svg");
+    EXPECT_EQ(options.open, "o.dxf");
+    EXPECT_EQ(options.save, "s.dxf");
 }
 
 struct Wrong {
@@ -38,9 +40,8 @@ INSTANTIATE_TEST_SUITE_P(ProgramOptions, WrongOptions,
                                            Wrong{{"--script"}, "--script: a value is missing"},
                                            Wrong{{"--dump", ""}, "--dump: a value is missing"},
                                            Wrong{{"--lang", "fr"}, "--lang: \"fr\" is neither en nor zh_CN"},
-                                           Wrong{{"--open", "a.dxf"}, "--open: this program handles no drawing files"},
-                                           Wrong{{"--headless", "--save", "a.dxf"},
-                                                 "--save: this program handles no drawing files"}));
+                                           Wrong{{"--open"}, "--open: a value is missing"},
+                                           Wrong{{"--headless", "--save", ""}, "--save: a value is missing"}));
 
 TEST(ProgramOptions, leave_window_and_language_open) {
     const auto [options, error] = kdhost::parseOptions({});

@@ -9,8 +9,8 @@
 #include "kd/db/mtext.h"
 #include "kd/db/solid.h"
 #include "kd/db/table.h"
-#include "tests/support/objects.h"
 #include "tests/host/file/filefixture.h"
+#include "tests/support/objects.h"
 
 namespace {
 

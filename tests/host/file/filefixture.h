@@ -15,7 +15,9 @@ namespace kdtest {
 
 class DrawingFiles : public ::testing::Test {
 protected:
-    std::string path(const std::string& name) const { return m_folder.filePath(QString::fromStdString(name)).toStdString(); }
+    std::string path(const std::string& name) const {
+        return m_folder.filePath(QString::fromStdString(name)).toStdString();
+    }
     std::wstring widePath(const std::string& name) const { return kdhost::fromUtf8(path(name)); }
 
     /// A drawing read from bytes, in no document; null, with the failure told, when they are refused.
