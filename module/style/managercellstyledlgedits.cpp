@@ -81,6 +81,8 @@ void CVqTableManagerCellStyleDlg::OnLvnEndlabeleditCellstyleList(NMHDR* header, 
 
 void CVqTableManagerCellStyleDlg::object(unsigned textNumber) {
     MessageBoxW(loadText(textNumber), GetOemProductName(), MB_OK | MB_ICONWARNING);
+    // The message has taken the label's edit away, and the focus with it.
+    m_ctrlList.SetFocus();
 }
 
 void CVqTableManagerCellStyleDlg::RenameCellStyle(const CStdStr<wchar_t>& name, const CStdStr<wchar_t>& renamed) {
