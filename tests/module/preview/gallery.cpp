@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QString>
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <sstream>
@@ -123,8 +124,10 @@ void Gallery::paint(const std::string& folder) const {
         draw::Primitives primitives = m_items[place].primitives;
         const KdGePoint3d low = draw::extentsOf(primitives).minPoint();
         const auto width = static_cast<std::size_t>(m_width);
-        const KdGeVector3d by(static_cast<double>(place % width) * across - low.x,
-                              -static_cast<double>(place / width) * down - low.y, 0.0);
+        const std::size_t column = place % width;
+        const std::size_t row = place / width;
+        const KdGeVector3d by(static_cast<double>(column) * across - low.x, -static_cast<double>(row) * down - low.y,
+                              0.0);
         draw::transform(primitives, KdGeMatrix3d::translation(by));
         std::move(primitives.begin(), primitives.end(), std::back_inserter(all));
     }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "host/rx/faults.h"
 #include "kd/db/database.h"
 #include "tests/module/preview/samplepicture.h"
