@@ -10,6 +10,7 @@
 #include "module/core/resources.h"
 #include "module/core/tablestyles.h"
 #include "module/exchange/csvlines.h"
+#include "module/exchange/readingprogress.h"
 
 namespace {
 
@@ -31,6 +32,7 @@ std::optional<QByteArray> readFile(const wchar_t* path) {
 void fill(KdDbTable& table, int rows, const QVector<QStringList>& data) {
     std::wstring text;
     for (int row = 0; row < rows; ++row) {
+        ReadingWatch::tell(row, rows);
         int column = 0;
         for (const QString& field : data[row]) {
             text.resize(static_cast<std::size_t>(field.size()));

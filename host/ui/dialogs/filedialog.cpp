@@ -1,15 +1,13 @@
-// Asking for a file in a dialog.
+// Asking for a file: for the editor, and under the framework's name.
 
 #include "host/ui/dialogs/filedialog.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QHeaderView>
-#include <QSplitter>
-#include <QTreeView>
 
 #include "host/ui/dialogs/hostdialog.h"
+#include "host/ui/dialogs/navigationdialog.h"
 #include "host/ui/hosttexts.h"
+#include "mfc/filedialog.h"
 #include "mfc/messagebox.h"
 
 namespace kdhost {
@@ -19,59 +17,23 @@ QString qt(const std::wstring& text) {
     return QString::fromStdWString(text);
 }
 
-/// Asks in the host's own message box, so that it speaks its language and is seen by those who watch the boxes.
-class NavigationDialog : public QFileDialog {
-public:
-    NavigationDialog(const FileDialogRequest& request, QWidget* parent) : QFileDialog(parent) {
-        setObjectName(QStringLiteral("FileDialog"));
-        setOption(QFileDialog::DontUseNativeDialog);
-        setOption(QFileDialog::DontConfirmOverwrite);
-        setWindowTitle(qt(request.title));
-        setAcceptMode(request.forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-        setFileMode(request.forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-        setNameFilters(filtersFor(request.extension));
-        if (!request.extension.empty()) setDefaultSuffix(qt(request.extension));
-        // A name to begin with is a proposal for a new file; for an existing one the user has to choose.
-        if (request.forWriting && !request.defaultName.empty()) selectFile(qt(request.defaultName));
-        giveRoom();
-    }
+QStringList filtersFor(const QString& extension) {
+    QStringList filters;
+    if (!extension.isEmpty()) filters << QStringLiteral("%1 (*.%2)").arg(extension.toUpper(), extension);
+    return filters << hostText(HostText::FileFilterAll);
+}
 
-protected:
-    void accept() override {
-        const QStringList chosen = selectedFiles();
-        if (chosen.isEmpty() || mayTake(QFileInfo(chosen.constFirst()))) QFileDialog::accept();
+/// The framework's list of names and patterns, in pairs between bars.
+QStringList filtersOf(const std::wstring& list) {
+    const QStringList parts = qt(list).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    if (parts.size() == 1) return parts;
+    QStringList filters;
+    for (int i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' '));
+        filters << QStringLiteral("%1 (%2)").arg(parts[i].section(QStringLiteral(" ("), 0, 0), patterns);
     }
-
-private:
-    static QStringList filtersFor(const std::wstring& extension) {
-        QStringList filters;
-        const QString suffix = qt(extension);
-        if (!suffix.isEmpty()) filters << QStringLiteral("%1 (*.%2)").arg(suffix.toUpper(), suffix);
-        return filters << hostText(HostText::FileFilterAll);
-    }
-
-    /// All columns are seen whole, at any scale.
-    void giveRoom() {
-        resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 28);
-        if (auto* parts = findChild<QSplitter*>(QStringLiteral("splitter"))) {
-            const int places = fontMetrics().averageCharWidth() * 22;
-            parts->setSizes({places, width() - places});
-        }
-        auto* details = findChild<QTreeView*>(QStringLiteral("treeView"));
-        if (details == nullptr) return;
-        details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-        details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-        details->header()->setStretchLastSection(false);
-    }
-
-    /// A file that would be replaced is asked about; a folder is gone into.
-    bool mayTake(const QFileInfo& file) {
-        if (acceptMode() != QFileDialog::AcceptSave || !file.exists() || file.isDir()) return true;
-        const std::wstring question = hostText(HostText::FileReplace).arg(file.fileName()).toStdWString();
-        const std::wstring title = windowTitle().toStdWString();
-        return kdMessageBox(this, question.c_str(), title.c_str(), MB_YESNO | MB_ICONWARNING) == IDYES;
-    }
-};
+    return filters;
+}
 
 }  // namespace
 
@@ -84,9 +46,46 @@ WindowFileDialog::~WindowFileDialog() {
 }
 
 std::optional<std::wstring> WindowFileDialog::ask(const FileDialogRequest& request) {
-    NavigationDialog dialog(request, HostDialog::windowBelow());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    return dialog.selectedFiles().constFirst().toStdWString();
+    NavigationDialog dialog({.title = qt(request.title),
+                             .name = qt(request.defaultName),
+                             .extension = qt(request.extension),
+                             .filters = filtersFor(qt(request.extension)),
+                             .mode = request.forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen,
+                             .mustExist = true},
+                            HostDialog::windowBelow());
+    const QString path = dialog.ask();
+    if (path.isEmpty()) return std::nullopt;
+    return path.toStdWString();
 }
 
 }  // namespace kdhost
+
+CFileDialog::CFileDialog(bool open, const wchar_t* defaultExtension, const wchar_t* fileName, UINT flags,
+                         const wchar_t* filter, CWnd* parent)
+    : m_open(open),
+      m_flags(flags),
+      m_defaultExtension(defaultExtension),
+      m_fileName(fileName),
+      m_filter(filter),
+      m_parent(parent) {}
+
+int CFileDialog::DoModal() {
+    using namespace kdhost;
+    QStringList filters = filtersOf(m_filter);
+    if (filters.isEmpty()) filters << hostText(HostText::FileFilterAll);
+    NavigationDialog dialog({.title = {},
+                             .name = qt(m_fileName),
+                             .extension = qt(m_defaultExtension),
+                             .filters = filters,
+                             .mode = m_open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave,
+                             .mustExist = (m_flags & OFN_FILEMUSTEXIST) != 0},
+                            m_parent != nullptr ? m_parent->widget() : HostDialog::windowBelow());
+    m_path = dialog.ask().toStdWString();
+    // The window below is active again, also where no window manager sees to it.
+    if (m_parent != nullptr && m_parent->widget() != nullptr) m_parent->widget()->window()->activateWindow();
+    return m_path.IsEmpty() ? IDCANCEL : IDOK;
+}
+
+CStdStr<wchar_t> CFileDialog::GetFileExt() const {
+    return QFileInfo(QString::fromStdWString(m_path)).suffix().toStdWString();
+}

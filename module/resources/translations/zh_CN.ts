@@ -273,6 +273,73 @@
     </message>
 </context>
 <context>
+    <name>IDD_EXLIMPORT</name>
+    <message>
+        <source>Import Table from File</source>
+        <translation>从文件导入表格</translation>
+    </message>
+    <message>
+        <source>File to import (CSV)</source>
+        <translation>要导入的文件 (CSV)</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>文件(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Path of the file</source>
+        <translation>文件路径</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>浏览(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;Sheet:</source>
+        <translation>工作表(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Sheet of the file</source>
+        <translation>文件中的工作表</translation>
+    </message>
+    <message>
+        <source>Show &amp;preview</source>
+        <translation>显示预览(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Show preview</source>
+        <translation>显示预览</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>Preview of the table</source>
+        <translation>表格预览</translation>
+    </message>
+    <message>
+        <source>No preview</source>
+        <translation>无预览</translation>
+    </message>
+    <message>
+        <source>Progress of reading</source>
+        <translation>读取进度</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+</context>
+<context>
     <name>IDD_MANAGERCELLSTYLE_DIALOG</name>
     <message>
         <source>Manage Cell Styles</source>
