@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>Preview:</source>
-        <translation>预览：</translation>
+        <translation>预览:</translation>
     </message>
     <message>
         <source>Cell styles</source>
