@@ -50,6 +50,7 @@ constexpr std::array kOptions = {
     OptionRecord{"--dump", true, takeText<&Options::dump>},
     OptionRecord{"--render", true, takeText<&Options::render>},
     OptionRecord{"--save", true, takeText<&Options::save>},
+    OptionRecord{"--insert-tables", false, takeFlag<&Options::insertTables>},
 };
 
 std::string refuse(const std::string& option, const std::string& what) {
@@ -78,9 +79,10 @@ ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
 
 std::string usage() {
     return "kdhost [--headless] [--load MODULE.tvx ...] [--open DRAWING] [--script FILE] [--lang en|zh_CN]\n"
-           "       [--dump FILE.json] [--render FILE.png|.svg|.pdf] [--save DRAWING]\n"
+           "       [--dump FILE.json] [--render FILE.png|.svg|.pdf] [--save DRAWING] [--insert-tables]\n"
            "\n"
            "Without --load the table module beside the program is loaded.\n"
+           "With --insert-tables each table is saved as a block, too, for programs that show no tables.\n"
            "With a window, the program stays open after the script and the outputs until QUIT. Without a display it\n"
            "runs as with --headless, if there is a script or an output to make.\n"
            "Exit status: 0 done; 1 the script, an output or an object left open failed; 2 wrong arguments.\n";

@@ -25,6 +25,7 @@
 #include "host/db/access.h"
 #include "host/draw/render.h"
 #include "host/ed/drawingoptions.h"
+#include "host/file/drawingfile.h"
 #include "host/rx/encoding.h"
 #include "host/ui/dialogs/filedialog.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
@@ -217,6 +218,7 @@ int runProgram(int argc, char** argv) {
     settleLocale();
     setPluginFolder(QCoreApplication::applicationDirPath().toStdString() + "/../plugins");
     setLanguage(languageOf(options));
+    file::saveOptions().insertsTables = options.insertTables;
     const std::string failure = runApplication(options);
     return failure.empty() ? kDone : complain(kFailed, failure);
 }

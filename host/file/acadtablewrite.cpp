@@ -1,8 +1,11 @@
 // Writing of tables.
 
+#include <cmath>
+
 #include "host/file/acadtable.h"
 #include "host/file/cellcodes.h"
 #include "host/file/commonattributes.h"
+#include "host/file/drawingfile.h"
 #include "host/file/entities.h"
 #include "host/file/extrasrecord.h"
 #include "host/file/tableblocks.h"
@@ -11,6 +14,7 @@
 #include "host/db/access.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
+#include "host/db/tableplace.h"
 #include "kd/db/field.h"
 
 namespace kdhost::file {
@@ -40,9 +44,26 @@ public:
         tail();
         if (hasExtras) keepExtras(extras, first);
         writer.end();
+        if (saveOptions().insertsTables) insertion();
     }
 
 private:
+    /// For programs that know no tables.
+    void insertion() {
+        const KdGeVector3d along = KdGeMatrix3d::worldToPlane(m_state.normal) * axesOf(m_state).along;
+        m_out.raw(0, "INSERT");
+        m_out.handle(5, m_context.newHandle());
+        m_out.handle(330, m_context.handleOf(m_table.ownerId()));
+        m_out.raw(100, "AcDbEntity");
+        if (m_table.ownerId() == m_context.contents.roots.paperSpace) m_out.integer(67, 1);
+        m_out.raw(8, m_context.nameOf(m_state.layer));
+        m_out.raw(100, "AcDbBlockReference");
+        m_out.raw(2, m_context.tableBlocks->of(m_table).name);
+        m_out.point(10, m_state.position);
+        m_out.angle(50, std::atan2(along.y, along.x));
+        m_out.point(210, axesOf(m_state).normal);
+    }
+
     void reference() {
         m_out.raw(100, "AcDbBlockReference");
         m_out.raw(2, m_context.tableBlocks->of(m_table).name);

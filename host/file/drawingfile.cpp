@@ -95,6 +95,11 @@ void empty(DatabaseContents& contents) {
 
 }  // namespace
 
+SaveOptions& saveOptions() {
+    static SaveOptions options;
+    return options;
+}
+
 const std::string& lastRefusal() {
     return refusal;
 }

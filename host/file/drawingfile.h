@@ -8,6 +8,14 @@
 
 namespace kdhost::file {
 
+/// How drawings are written from now on, in the whole program.
+struct SaveOptions {
+    /// Each table is followed by an insertion of the block that shows it, for programs that pass over tables. Whoever
+    /// knows both sees the table twice; this program passes over the insertion.
+    bool insertsTables = false;
+};
+SaveOptions& saveOptions();
+
 /// The whole file.
 std::string drawingBytes(const KdDbDatabase& database);
 

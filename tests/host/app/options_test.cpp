@@ -9,9 +9,9 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(ProgramOptions, are_read) {
-    const auto [options, error] =
-        kdhost::parseOptions({"--headless", "--load", "a.tvx", "--load", "b.tvx", "--script", "s.kds", "--lang",
-                              "zh_CN", "--dump", "d.json", "--render", "r.svg", "--open", "o.dxf", "--save", "s.dxf"});
+    const auto [options, error] = kdhost::parseOptions(
+        {"--headless", "--load", "a.tvx", "--load", "b.tvx", "--script", "s.kds", "--lang", "zh_CN", "--dump", "d.json",
+         "--render", "r.svg", "--open", "o.dxf", "--save", "s.dxf", "--insert-tables"});
     EXPECT_EQ(error, "");
     EXPECT_TRUE(options.headless);
     EXPECT_EQ(options.modules, (Arguments{"a.tvx", "b.tvx"}));
@@ -21,6 +21,7 @@ TEST(ProgramOptions, are_read) {
     EXPECT_EQ(options.render, "r.svg");
     EXPECT_EQ(options.open, "o.dxf");
     EXPECT_EQ(options.save, "s.dxf");
+    EXPECT_TRUE(options.insertTables);
 }
 
 struct Wrong {
