@@ -14,7 +14,8 @@ namespace {
 /// Pixel size that fonts are measured at: large enough that rounding of the engine doesn't show.
 constexpr int kMeasuringSize = 1024;
 
-/// Letters of European text, then Chinese, Japanese and Korean; packages.txt names both.
+/// European, Arabic and Hebrew letters, then Chinese and Japanese; packages.txt names both. Hangul is in neither: a
+/// font of its own would stand before these wherever Qt looks for Chinese letters by itself, as in dialogs.
 const char* const kFallbackFamilies[] = {"DejaVu Sans", "Droid Sans Fallback"};
 
 constexpr double kTabInBlanks = 4.0;

@@ -87,11 +87,4 @@ bool anyBlock(const KdDbTable& table, const Range& range, Visit visit, BehindMer
     return false;
 }
 
-/// Whether two records of ranges have the same four fields.
-template <class A, class B>
-bool sameFields(const A& a, const B& b) {
-    return a.m_topRow == b.m_topRow && a.m_leftColumn == b.m_leftColumn && a.m_bottomRow == b.m_bottomRow &&
-           a.m_rightColumn == b.m_rightColumn;
-}
-
 }  // namespace cellwalk

@@ -13,6 +13,11 @@
 
 namespace kdtest {
 
+SeenBox look(const QMessageBox& box) {
+    return {box.text().toStdWString(), box.windowTitle().toStdWString(), box.icon(),
+            static_cast<int>(box.standardButtons()), box.parentWidget()};
+}
+
 BoxAnswers::BoxAnswers(std::vector<BoxAnswer> answers) : m_answers(std::move(answers)) {
     qApp->installEventFilter(this);
 }
@@ -29,8 +34,7 @@ bool BoxAnswers::eventFilter(QObject* object, QEvent* event) {
 }
 
 void BoxAnswers::answer(QMessageBox& box) {
-    m_seen.push_back({box.text().toStdWString(), box.windowTitle().toStdWString(), box.icon(),
-                      static_cast<int>(box.standardButtons()), box.parentWidget()});
+    m_seen.push_back(look(box));
     if (m_look) m_look();
     const std::size_t index = m_seen.size() - 1;
     if (index >= m_answers.size()) ADD_FAILURE() << "a message box without an answer: " << box.text().toStdString();

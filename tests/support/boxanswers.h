@@ -11,6 +11,7 @@ class QWidget;
 
 namespace kdtest {
 
+/// What a message box shows.
 struct SeenBox {
     std::wstring text;
     std::wstring caption;
@@ -18,6 +19,8 @@ struct SeenBox {
     int buttons = 0;  ///< QMessageBox::StandardButtons
     QWidget* parent = nullptr;
 };
+
+SeenBox look(const QMessageBox& box);
 
 enum class BoxAnswer { Yes, No, Escape };
 

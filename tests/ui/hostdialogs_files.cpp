@@ -277,6 +277,15 @@ TEST(HelpPages, lead_only_to_pages_that_are_there) {
     EXPECT_GE(links, 6);
 }
 
+TEST(HelpPages, are_the_same_in_each_language) {
+    const auto pagesIn = [](const char* language) {
+        return QDir(QStringLiteral(KD_SOURCE_DIRECTORY "/docs/help/") + QLatin1String(language))
+            .entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
+    };
+    EXPECT_GE(pagesIn("en").size(), 5);
+    EXPECT_EQ(pagesIn("en"), pagesIn("zh_CN"));
+}
+
 TEST_F(Help, without_pages_it_says_so) {
     const QTemporaryDir empty;
     kdhost::setHelpFolder(empty.path());

@@ -19,6 +19,7 @@
 #include "host/win32/modules.h"
 #include "kd/ui/hostdialogs.h"
 #include "tests/support/application.h"
+#include "tests/support/modalacts.h"
 
 namespace kdtest {
 
@@ -26,18 +27,9 @@ class HostDialogTest : public ApplicationTest {
 protected:
     ~HostDialogTest() override { kdhost::setLanguage(kdhost::Language::English); }
 
-    using Act = std::function<void(QWidget&)>;
-    /// Acts on the modal dialog that comes next; one that stays open afterwards fails the test and is closed.
-    void next(Act act) {
-        ++m_awaited;
-        QTimer::singleShot(0, qApp, [this, act = std::move(act)] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            if (dialog == nullptr) return;
-            --m_awaited;
-            act(*dialog);
-        });
-    }
-    void TearDown() override { EXPECT_EQ(m_awaited, 0) << "a dialog did not come"; }
+    /// Acts on the modal dialog that comes next; one that does not come fails the test.
+    void next(ModalActs::Act act) { m_dialogs.next(std::move(act)); }
+    void TearDown() override { m_dialogs.expectAllCame(); }
 
     template <class Control>
     static Control& in(QWidget& dialog, const char* name) {
@@ -73,7 +65,7 @@ protected:
     }
 
 private:
-    int m_awaited = 0;
+    ModalActs m_dialogs;
 };
 
 }  // namespace kdtest

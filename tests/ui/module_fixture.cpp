@@ -56,13 +56,12 @@ TestResources::~TestResources() {
     QResource::unregisterResource(m_compiled);
 }
 
-ShownBox pressForBox(KdUiBaseDialog& dialog, int key) {
-    ShownBox shown;
+SeenBox pressForBox(KdUiBaseDialog& dialog, int key) {
+    SeenBox shown;
     QTimer::singleShot(0, &dialog, [&shown] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(box, nullptr) << "no message box opened";
-        shown = {box->text().toStdWString(), box->windowTitle().toStdWString(), box->icon(),
-                 static_cast<int>(box->standardButtons())};
+        shown = look(*box);
         QTest::keyClick(box, Qt::Key_Return);
     });
     pressKey(key);

@@ -13,6 +13,7 @@
 
 #include "host/win32/modules.h"
 #include "kd/ui/basedialog.h"
+#include "tests/support/boxanswers.h"
 #include "tests/ui/dialoglooks.h"
 
 namespace kdtest {
@@ -44,17 +45,9 @@ private:
     QString m_compiled;
 };
 
-/// What a message box showed.
-struct ShownBox {
-    std::wstring text;
-    std::wstring caption;
-    int icon = 0;     ///< QMessageBox::Icon
-    int buttons = 0;  ///< QMessageBox::StandardButtons
-};
-
 /// Presses a key in the dialog, which opens a message box, and Enter in that box; returns, with the dialog
 /// active again, what the box showed. No box fails the test.
-ShownBox pressForBox(KdUiBaseDialog& dialog, int key);
+SeenBox pressForBox(KdUiBaseDialog& dialog, int key);
 
 /// Runs the dialog modally and `act` inside it, once it is open. A dialog that `act` leaves open is closed and
 /// fails the test.

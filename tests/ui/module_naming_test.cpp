@@ -377,7 +377,7 @@ TEST_P(StyleNaming, Refuses_names_with_a_message_and_selects_the_edit) {
         for (const Refusal& row : refusals()) {
             retype(row.typed);
             pressKey(Qt::Key_Tab);
-            const ShownBox shown = pressForBox(opened->dialog(), Qt::Key_Return);
+            const SeenBox shown = pressForBox(opened->dialog(), Qt::Key_Return);
             const std::wstring expected = loadText(kind.*row.text);
             EXPECT_FALSE(expected.empty());
             EXPECT_EQ(shown.text, expected);

@@ -18,6 +18,7 @@
 #include "module/core/cellstylewalk.h"
 #include "module/edit/edittablecell.h"
 #include "tests/module/core/editfixture.h"
+#include "tests/support/modalacts.h"
 
 namespace kdtest {
 namespace {
@@ -28,18 +29,9 @@ namespace automation = kdhost::automation;
 class AskingEdits : public TableEdits {
 protected:
     /// Acts on the modal dialog that comes next; one that does not come fails the test.
-    void next(std::function<void(QWidget& dialog)> act) {
-        ++m_awaited;
-        QTimer::singleShot(0, qApp, [this, act = std::move(act)] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            if (dialog == nullptr) return;
-            --m_awaited;
-            act(*dialog);
-        });
-    }
+    void next(ModalActs::Act act) { m_dialogs.next(std::move(act)); }
     void TearDown() override {
-        QApplication::processEvents();
-        EXPECT_EQ(m_awaited, 0) << "a dialog did not come";
+        m_dialogs.expectAllCame();
         kdhost::setLanguage(kdhost::Language::English);
         TableEdits::TearDown();
     }
@@ -69,7 +61,7 @@ protected:
     }
 
 private:
-    int m_awaited = 0;
+    ModalActs m_dialogs;
 };
 
 TEST_F(AskingEdits, SetBackgroundColorFormMenu_fills_the_selected_cells_in_one_step) {

@@ -11,6 +11,7 @@
 
 #include "host/win32/registry.h"
 #include "tests/host/win32/registryfixture.h"
+#include "tests/support/otherprocess.h"
 
 namespace {
 
@@ -28,22 +29,12 @@ TEST_F(RegistryStore, lies_in_the_users_configuration_folder) {
     qputenv("HOME", home);
 }
 
-/// Runs `work` in a process of its own and gives its result.
-template <class Work>
-int inOtherProcess(Work work) {
-    const pid_t child = fork();
-    if (child == 0) _exit(work());
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 TEST_F(RegistryStore, one_process_reads_what_another_wrote) {
-    EXPECT_EQ(inOtherProcess([&] { return set(create(L"A"), L"v", 77) == ERROR_SUCCESS ? 0 : 1; }), 0);
+    EXPECT_EQ(kdtest::inOtherProcess([&] { return set(create(L"A"), L"v", 77) == ERROR_SUCCESS ? 0 : 1; }), 0);
     const HKEY key = open(L"A");
     EXPECT_EQ(get(key, L"v"), 77);
     // A handle that was open all along sees what comes later.
-    EXPECT_EQ(inOtherProcess([&] { return set(open(L"A"), L"v", 78) == ERROR_SUCCESS ? 0 : 1; }), 0);
+    EXPECT_EQ(kdtest::inOtherProcess([&] { return set(open(L"A"), L"v", 78) == ERROR_SUCCESS ? 0 : 1; }), 0);
     EXPECT_EQ(get(key, L"v"), 78);
 }
 

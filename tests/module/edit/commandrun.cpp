@@ -25,6 +25,15 @@ KdDbObjectId CommandRun::add(std::unique_ptr<KdDbTable> table, const KdGePoint3d
     return append(table.release());
 }
 
+KdDbObjectId CommandRun::addSelected(const KdCellRange& selected, const std::function<void(KdDbTable&)>& prepare) {
+    const KdDbObjectId id = add(TableBuilder(4, 3).build());
+    change(id, [&](KdDbTable& table) {
+        if (prepare) prepare(table);
+        table.setSubSelection(selected);
+    });
+    return id;
+}
+
 KdDbObjectId CommandRun::addLine(const KdGePoint3d& from, const KdGePoint3d& to) {
     return append(new KdDbLine(from, to));
 }

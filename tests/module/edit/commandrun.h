@@ -38,6 +38,8 @@ protected:
 
     /// Adds a table of columns of 20 and rows of 10, its upper left corner at the point. Closed.
     KdDbObjectId add(std::unique_ptr<KdDbTable> table, const KdGePoint3d& position = {0.0, 0.0, 0.0});
+    /// Adds a table of 4 rows and 3 columns with that selection, after that change.
+    KdDbObjectId addSelected(const KdCellRange& selected, const std::function<void(KdDbTable&)>& prepare = {});
     KdDbObjectId addLine(const KdGePoint3d& from, const KdGePoint3d& to);
     /// Makes a layer with the table on it and locks that.
     void lockLayerOf(KdDbObjectId table);

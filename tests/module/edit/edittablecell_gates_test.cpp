@@ -15,16 +15,6 @@ constexpr KdCellRange wholeRow{1, -1, 1, -1};
 
 class Gates : public CommandRun {
 protected:
-    /// A table of 4 by 3 with that selection and that change.
-    KdDbObjectId addSelected(const KdCellRange& selected, const std::function<void(KdDbTable&)>& prepare = {}) {
-        const KdDbObjectId id = add(TableBuilder(4, 3).build());
-        change(id, [&](KdDbTable& table) {
-            if (prepare) prepare(table);
-            table.setSubSelection(selected);
-        });
-        return id;
-    }
-
     bool changes(Menu menu, KdDbObjectId id, std::vector<Step> replies) {
         const std::string before = describeTable(id);
         replies.push_back(L"BAck");

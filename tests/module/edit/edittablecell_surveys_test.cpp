@@ -15,16 +15,6 @@ constexpr int bothLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateFormat
 
 class Surveys : public CommandRun {
 protected:
-    /// A table of 4 rows and 3 columns.
-    KdDbObjectId addSelected(const KdCellRange& selected, const std::function<void(KdDbTable&)>& prepare = {}) {
-        const KdDbObjectId id = add(TableBuilder(4, 3).build());
-        change(id, [&](KdDbTable& table) {
-            if (prepare) prepare(table);
-            table.setSubSelection(selected);
-        });
-        return id;
-    }
-
     bool isAllowed(const wchar_t* word, const KdCellRange& selected,
                    const std::function<void(KdDbTable&)>& prepare = {}) {
         return opensOf(&Gui::editCell_Operation, addSelected(selected, prepare), {word}) > 1;

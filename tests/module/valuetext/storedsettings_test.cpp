@@ -1,8 +1,6 @@
 // The small values that dialogs remember: where they are kept, as what, and what happens when they can't be.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -14,6 +12,7 @@
 #include "kd/ed/resbuf.h"
 #include "module/valuetext/tableutils.h"
 #include "tests/support/configfolder.h"
+#include "tests/support/otherprocess.h"
 #include "win32/registry.h"
 
 namespace {
@@ -168,24 +167,14 @@ TEST_F(StoredSettings, behave_as_missing_in_a_damaged_file_which_is_set_aside) {
     EXPECT_EQ(aside.readAll(), damaged);
 }
 
-/// What a process of its own comes back with.
-template <class Act>
-int inOtherProcess(Act act) {
-    const pid_t child = fork();
-    if (child == 0) _exit(act());
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 TEST_F(StoredSettings, written_by_one_process_are_read_by_the_next_to_the_last_bit) {
     const double width = 1.0 / 3.0;
-    EXPECT_EQ(inOtherProcess([&] {
+    EXPECT_EQ(kdtest::inOtherProcess([&] {
                   return CVqTableUtils::IsRegeditOpenKey() + CVqTableUtils::RegeditSetValue(L"Columns", -7) +
                          CVqTableUtils::RegeditSetValue(L"Rows", 8U) + CVqTableUtils::RegeditSetValue(L"Width", width);
               }),
               4);
-    EXPECT_EQ(inOtherProcess([&] {
+    EXPECT_EQ(kdtest::inOtherProcess([&] {
                   int columns = 0;
                   unsigned rows = 0;
                   double read = 0.0;

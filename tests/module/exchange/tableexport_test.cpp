@@ -17,30 +17,15 @@
 #include "kd/ed/variables.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
-#include "tests/support/application.h"
+#include "tests/module/core/editfixture.h"
 #include "tvx/exports.h"
 #include "tvx/tableio.h"
 
 namespace {
 
-class TableExport : public kdtest::ApplicationTest {
+class TableExport : public kdtest::TableEdits {
 protected:
-    TableExport() {
-        hLibModule = LoadResourceDll(L"TvxTableRes.dll");
-        std::setlocale(LC_CTYPE, "C.UTF-8");
-    }
-    ~TableExport() override {
-        FreeLibrary(hLibModule);
-        hLibModule = nullptr;
-    }
-
-    KdDbObjectId add(KdDbEntity* entity) {
-        KdDbObjectId id;
-        const OpenObject<KdDbBlockTableRecord> space(host.database().modelSpaceId(), KdDb::kForWrite);
-        EXPECT_EQ(space->appendKdDbEntity(id, entity), Kdad::eOk);
-        entity->close();
-        return id;
-    }
+    TableExport() { std::setlocale(LC_CTYPE, "C.UTF-8"); }
 
     /// A table in the drawing, its first cell's outer corner at the origin, growing downwards.
     KdDbObjectId addTable(const std::vector<std::vector<const wchar_t*>>& rows) {
@@ -58,7 +43,7 @@ protected:
             }
         }
         table->recomputeTableBlock(true);
-        return add(table);
+        return append(table);
     }
 
     KdDbObjectId addBlock(const wchar_t* name) {
@@ -73,7 +58,7 @@ protected:
         return id;
     }
 
-    void select(KdDbObjectId id) { host.editor().pickFirst().set({id}); }
+    void selectBefore(KdDbObjectId id) { host.editor().pickFirst().set({id}); }
 
     std::wstring path(const char* name = "out.csv") const {
         return folder.filePath(QLatin1String(name)).toStdWString();
@@ -95,7 +80,7 @@ protected:
 
     /// What the file of a selected table holds; the name comes from the file dialog.
     QByteArray exported(KdDbObjectId table) {
-        select(table);
+        selectBefore(table);
         host.answerFileDialog(path());
         runCommand();
         return bytes(path());
@@ -273,7 +258,7 @@ TEST_F(TableExport, A_file_that_is_there_is_replaced) {
 }
 
 TEST_F(TableExport, A_cancelled_file_dialog_ends_the_command) {
-    select(addTable({{L"a"}}));
+    selectBefore(addTable({{L"a"}}));
     host.answerFileDialog(std::nullopt);
     runCommand();
     EXPECT_EQ(host.fileDialogs().size(), 1U);
@@ -294,7 +279,7 @@ TEST_F(TableExport, A_pick_of_something_else_is_told_and_asked_again) {
     line->setDatabaseDefaults(&host.database());
     line->setStartPoint(KdGePoint3d(200, 100, 0));
     line->setEndPoint(KdGePoint3d(400, 100, 0));
-    add(line);
+    append(line);
     host.answerFileDialog(path());
     host.type(L"300,100\n5,-5\n");
     runCommand();
@@ -347,7 +332,7 @@ class NamesFromCommandLine : public TableExport {
 protected:
     /// Types the name at the prompt; whether a file of that name stands then.
     bool exportsTo(const std::wstring& name) {
-        select(addTable({{L"a"}}));
+        selectBefore(addTable({{L"a"}}));
         host.type(name + L"\n");
         runCommand();
         return !name.empty() && exists(name);
@@ -376,7 +361,7 @@ TEST_F(NamesFromCommandLine, Another_extension_ends_the_command_without_a_word) 
 
 TEST_F(NamesFromCommandLine, Cancel_ends_the_command) {
     noFileDialogs();
-    select(addTable({{L"a"}}));
+    selectBefore(addTable({{L"a"}}));
     runCommand();
     EXPECT_TRUE(host.fileDialogs().empty());
 }
@@ -412,30 +397,30 @@ protected:
 };
 
 TEST_F(LocaleOfExport, is_put_back_after_a_good_run) {
-    select(addTable({{L"a"}}));
+    selectBefore(addTable({{L"a"}}));
     exportTo(path());
     EXPECT_EQ(bytes(path()), "\"a\"\n");
 }
 
 TEST_F(LocaleOfExport, is_put_back_when_the_table_cannot_be_opened_which_leaves_an_empty_file) {
-    select(addTable({{L"a"}}));
+    selectBefore(addTable({{L"a"}}));
     kdhost::faults().failOpenNumber = 2;
     exportTo(path());
     EXPECT_EQ(bytes(path()), "");
 }
 
 TEST_F(LocaleOfExport, is_put_back_when_the_file_cannot_be_made) {
-    select(addTable({{L"a"}}));
+    selectBefore(addTable({{L"a"}}));
     exportTo(path("missing/folder/out.csv"));
     exportTo(folder.path().toStdWString());
 }
 
 TEST_F(LocaleOfExport, is_put_back_when_the_disk_is_full) {
-    select(addTable({{L"a"}}));
+    selectBefore(addTable({{L"a"}}));
     exportTo(L"/dev/full");
     // More than any buffer holds, so that writing fails on the way.
     const std::wstring longText(100000, L'x');
-    select(addTable({{longText.c_str(), L"b"}}));
+    selectBefore(addTable({{longText.c_str(), L"b"}}));
     exportTo(L"/dev/full");
 }
 
