@@ -148,6 +148,22 @@ TEST_F(TableStyleDialogClosing, Line_weights_show_in_the_preview_and_the_variabl
     EXPECT_EQ(pictureOfBeta(0), shown);
 }
 
+TEST_F(TableStyleDialogClosing, Line_weights_show_in_the_first_picture_too) {
+    addStyle(L"Beta");
+    {
+        const OpenObject<KdDbTableStyle> beta(style(L"Beta"), KdDb::kForWrite);
+        beta->setGridLineWeight(KdDb::kLnWt211, static_cast<KdDb::GridLineType>(63), L"_DATA");
+    }
+    makeCurrent(L"Beta");
+    QImage first;
+    QImage again;
+    run({[&] { first = pictureIn(*dialog, "IDC_TABLESTYLE_PREVIEWPIC_STATIC"); }, choose(kList, L"Standard"),
+         choose(kList, L"Beta"), [&] { again = pictureIn(*dialog, "IDC_TABLESTYLE_PREVIEWPIC_STATIC"); },
+         click(L"IDOK")});
+    EXPECT_FALSE(first.isNull());
+    EXPECT_EQ(first, again);
+}
+
 TEST_F(TableStyleDialogClosing, A_style_that_is_not_found_leaves_the_variable_and_the_picture_alone) {
     addStyle(L"Beta");
     run({[&] { eraseStyle(L"Beta"); }, choose(kList, L"Beta"),
