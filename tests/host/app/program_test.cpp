@@ -59,14 +59,28 @@ protected:
 };
 
 TEST_F(Program, wrong_arguments_end_with_status_2_and_one_line) {
-    for (const QStringList& arguments :
-         {QStringList(), QStringList(QStringLiteral("--nosuch")),
-          QStringList{QStringLiteral("--headless"), QStringLiteral("--open"), QStringLiteral("a.dxf")}}) {
+    for (const QStringList& arguments : {QStringList(), QStringList(QStringLiteral("--nosuch")),
+                                         QStringList{QStringLiteral("--headless"), QStringLiteral("--open")}}) {
         const Result result = run(arguments);
         EXPECT_EQ(result.status, 2);
         EXPECT_EQ(result.error.rfind("kdhost: ", 0), 0u) << result.error;
         EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << result.error;
     }
+}
+
+TEST_F(Program, a_drawing_is_opened_before_the_script_and_saved_after_it) {
+    const QString script = write("s.kds", "LINE 0,0 10,5 \n");
+    const QStringList play{QStringLiteral("--headless"), QStringLiteral("--script"), script};
+    EXPECT_EQ(run(play + QStringList{QStringLiteral("--save"), QStringLiteral("one.dxf")}).status, 0);
+    EXPECT_EQ(run(play + QStringList{QStringLiteral("--open"), QStringLiteral("one.dxf"), QStringLiteral("--dump"),
+                                     QStringLiteral("two.json")})
+                  .status,
+              0);
+    const QByteArray dump = read("two.json");
+    EXPECT_EQ(dump.count("\"class\":\"KdDbLine\""), 2);
+    const Result missing = run(play + QStringList{QStringLiteral("--open"), QStringLiteral("missing.dxf")});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(missing.error, "missing.dxf: there is no such file.\n");
 }
 
 TEST_F(Program, without_a_display_needs_something_to_do) {

@@ -4,13 +4,14 @@
 
 #include "host/db/access.h"
 #include "host/db/symbolstate.h"
+#include "host/db/undo.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/field.h"
 #include "kd/db/headervar.h"
 #include "kd/db/idmapping.h"
 #include "kd/db/table.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 
@@ -167,6 +168,23 @@ TEST_F(CloneSets, a_drawing_is_inserted_again_under_the_name_of_an_erased_block)
     open->close();
     EXPECT_EQ(m_database.insert(second, L"PART", &m_other), Kdad::eOk);
     EXPECT_NE(second, block);
+}
+
+TEST_F(CloneSets, what_is_inserted_goes_and_comes_with_its_step) {
+    kdtest::appendLine(m_other);
+    KdDbObjectId block;
+    {
+        const kdhost::UndoCommandScope command(&m_database, L"PASTE");
+        ASSERT_EQ(m_database.insert(block, L"part", &m_other), Kdad::eOk);
+    }
+    const auto history = kdhost::undoHistory(m_database);
+    const auto* blocks = kdhost::peek<KdDbBlockTable>(m_database.blockTableId());
+    EXPECT_EQ(history->undoSteps().back(), L"PASTE");
+    ASSERT_EQ(history->undo(), Kdad::eOk);
+    EXPECT_FALSE(blocks->has(L"part"));
+    ASSERT_EQ(history->redo(), Kdad::eOk);
+    EXPECT_TRUE(blocks->has(L"part"));
+    EXPECT_EQ(entitiesOf(block).size(), 1U);
 }
 
 TEST_F(CloneSets, nothing_is_inserted_without_a_source_or_a_name) {

@@ -99,6 +99,9 @@ void addLayer(std::vector<Setter>& list) {
         [](const Layer& l) { return int(l.lineWeight()); });
     add(
         "setIsLocked", [](Layer& l, auto&) { l.setIsLocked(true); }, [](const Layer& l) { return l.isLocked(); });
+    add(
+        "setIsPlottable", [](Layer& l, auto&) { l.setIsPlottable(false); },
+        [](const Layer& l) { return l.isPlottable(); });
 }
 
 void addLinetypeAndTextStyle(std::vector<Setter>& list) {
@@ -153,6 +156,12 @@ std::vector<Setting> makeSettings() {
         [](const Db& d) { return d.tablestyle(); });
     add(
         "setTilemode", [](SetterWorld& w) { w.database.setTilemode(false); }, [](const Db& d) { return d.tilemode(); });
+    add(
+        "setInsbase",
+        [](SetterWorld& w) {
+            w.database.setInsbase({1, 2, 3});
+        },
+        [](const Db& d) { return asText(d.insbase()); });
     add(
         "setUcs",
         [](SetterWorld& w) {

@@ -251,13 +251,25 @@ const std::set<std::string> noSetters = {
     // Transient: the selection is no part of undo.
     "KdDbTable::setSubSelection",
     "KdDbTable::clearSubSelection",
+    // Looks are told as changed, and nothing that the entity keeps.
+    "KdDbEntity::recordGraphicsModified",
+    // Told, not asked: what lists nothing, or isn't open for write, passes it over.
+    "KdDbObject::erased",
+    "KdDbDictionary::erased",
     // Nothing that the table keeps.
     "KdDbTable::setTableOption",
     "KdDbTable::recomputeTableBlock",
     "KdDbTable::removeDataLink",
     // Puts an object that is in no drawing into one: what is made in a step goes and comes with it.
     "KdDbField::postInDatabase",
+    "KdDbTableStyle::postTableStyleToDb",
     "KdDbDatabase::addKdDbObject",
+    // The same with whole sets.
+    "KdDbDatabase::wblockCloneObjects",
+    "KdDbDatabase::insert",
+    // Files: one writes what the drawing holds, the other fills a drawing before anything in it can be undone.
+    "KdDbDatabase::saveAs",
+    "KdDbDatabase::readDwgFile",
 };
 
 /// "Class::operation" of what a header declares that may change an object.
