@@ -3,6 +3,9 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
 #include <string>
 
 #include "host/ed/uicontext.h"
@@ -209,6 +212,11 @@ TEST_F(ModuleLifecycle, Each_command_leaves_the_resource_handle_as_it_found_it) 
     ASSERT_NE(marker, nullptr);
     HINSTANCE before = AfxGetResourceHandle();
     AfxSetResourceHandle(marker);
+    QTimer cancelDialogs;
+    QObject::connect(&cancelDialogs, &QTimer::timeout, [] {
+        if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
+    });
+    cancelDialogs.start();
     for (const wchar_t* command : {L"-TABLE\n", L"TABLE\n", L"TABLESTYLE\n", L"TABLEDIT\n", L"EDITTABLECELL\n"}) {
         host.run(command);
         EXPECT_EQ(AfxGetResourceHandle(), marker) << std::wstring(command);
