@@ -5,8 +5,36 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVariant>
+#include <vector>
 
 #include "kd/ui/basedialog.h"
+
+namespace {
+
+/// The page's controls that take the focus, in the order of Tab.
+std::vector<QWidget*> controlsOf(const QWidget& page) {
+    std::vector<QWidget*> controls;
+    for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
+        if (page.isAncestorOf(next) && next->focusPolicy() != Qt::NoFocus) controls.push_back(next);
+    }
+    return controls;
+}
+
+/// Tab goes from the tabs to the pages, one behind the other, before it goes on behind the tabs: without that a page
+/// that is added would come last of all.
+void enterTabOrder(const QTabWidget& tabs, int index) {
+    QWidget* before = tabs.tabBar();
+    for (int page = 0; page < index; ++page) {
+        const std::vector<QWidget*> controls = controlsOf(*tabs.widget(page));
+        if (!controls.empty()) before = controls.back();
+    }
+    for (QWidget* control : controlsOf(*tabs.widget(index))) {
+        QWidget::setTabOrder(before, control);
+        before = control;
+    }
+}
+
+}  // namespace
 
 bool CTabCtrl::AddTab(int index, const wchar_t* title, unsigned helpId, KdUiBaseDialog* page) {
     auto* tabs = widgetAs<QTabWidget>();
@@ -17,7 +45,7 @@ bool CTabCtrl::AddTab(int index, const wchar_t* title, unsigned helpId, KdUiBase
     }
     page->setProperty("helpId", helpId);
     page->becomePage(dialog, tabs);
-    tabs->insertTab(index, page, QString::fromWCharArray(title == nullptr ? L"" : title));
+    enterTabOrder(*tabs, tabs->insertTab(index, page, QString::fromWCharArray(title == nullptr ? L"" : title)));
     return true;
 }
 

@@ -73,6 +73,24 @@ TEST_F(Tabs, arrows_walk_from_tab_to_tab_and_stop_at_the_ends) {
     }
 }
 
+TEST_F(Tabs, tab_goes_from_the_tabs_into_the_page_shown_and_then_on_behind_them) {
+    add();
+    QTest::keyClick(&dialog, Qt::Key_T, Qt::AltModifier);
+    bar()->setFocus();
+    std::vector<QWidget*> tour;
+    for (int step = 0; step < 4; ++step) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        tour.push_back(dialog.focusWidget());
+    }
+    for (int step = 0; step < 3; ++step) {
+        EXPECT_TRUE(second.isAncestorOf(tour[static_cast<std::size_t>(step)])) << step;
+    }
+    EXPECT_EQ(tour[0]->objectName(), QStringLiteral("IDC_PAGE_EDIT"));
+    EXPECT_FALSE(second.isAncestorOf(tour[3]));
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(dialog.focusWidget(), tour[2]);
+}
+
 TEST_F(Tabs, a_mnemonic_shows_its_page) {
     add();
     QTest::keyClick(&dialog, Qt::Key_B, Qt::AltModifier);
