@@ -92,10 +92,10 @@ TEST_F(WindowKeys, text_sent_to_a_drawing_is_shown_when_it_asks_for_that) {
 }
 
 TEST_F(WindowKeys, a_click_on_a_keyword_enters_it) {
-    play({keys("LAYER "), [&] { EXPECT_EQ(promptText(), QStringLiteral("[Make/Set/LOck/Unlock]: ")); },
+    play({keys("LAYER "), [&] { EXPECT_EQ(promptText(), QStringLiteral("[Make/Set/LOck/Unlock/Plot/Noplot]: ")); },
           clickWord("LOck"), [&] { EXPECT_EQ(promptText(), QStringLiteral("Name of the layer: ")); }, keys("0 "),
           key(Qt::Key_Escape)});
-    EXPECT_TRUE(historyText().contains(QStringLiteral("[Make/Set/LOck/Unlock]: LOck")));
+    EXPECT_TRUE(historyText().contains(QStringLiteral("[Make/Set/LOck/Unlock/Plot/Noplot]: LOck")));
     EXPECT_TRUE(host.failures().empty());
 }
 

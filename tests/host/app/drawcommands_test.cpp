@@ -12,8 +12,8 @@
 #include "kd/db/mtext.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
-#include "tests/support/objects.h"
 #include "tests/support/application.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 
 namespace {
@@ -121,7 +121,8 @@ TEST_F(DrawCommands, list_reads_what_is_open_for_write) {
 
 TEST_F(DrawCommands, layer_names_its_words_when_another_is_typed) {
     host.run(L"LAYER Paint\n");
-    EXPECT_EQ(host.failures(), std::vector<std::wstring>{L"\"Paint\" is none of Make, Set, LOck, Unlock."});
+    EXPECT_EQ(host.failures(),
+              std::vector<std::wstring>{L"\"Paint\" is none of Make, Set, LOck, Unlock, Plot, Noplot."});
 }
 
 TEST_F(DrawCommands, layer_that_cannot_be_made_is_told) {

@@ -74,7 +74,7 @@ TEST_F(HostCommands, layers_are_made_current_and_named_with_blanks) {
     host.run(L"LAYER LO nothere\n\n");
     EXPECT_EQ(host.lastMessage(), L"There is no layer \"nothere\".");
     host.run(L"LAYER Paint\n");
-    EXPECT_EQ(host.lastMessage(), L"\"Paint\" is none of Make, Set, LOck, Unlock.");
+    EXPECT_EQ(host.lastMessage(), L"\"Paint\" is none of Make, Set, LOck, Unlock, Plot, Noplot.");
 }
 
 TEST_F(HostCommands, list_tells_what_an_entity_is) {

@@ -125,6 +125,9 @@ void addText(std::vector<Setter>& list) {
     add(
         "setRotation", [](Text& t, auto&) { t.setRotation(1.5); }, [](const Text& t) { return t.rotation(); });
     add(
+        "setFlowDirection", [](Text& t, auto&) { t.setFlowDirection(KdDbMText::kTtoB); },
+        [](const Text& t) { return int(t.flowDirection()); });
+    add(
         "setWidth", [](Text& t, auto&) { t.setWidth(3.0); }, [](const Text& t) { return t.width(); });
     add(
         "setHeight", [](Text& t, auto&) { t.setHeight(3.0); }, [](const Text& t) { return t.height(); });
