@@ -123,8 +123,11 @@ private:
         roots.namedObjects = make<KdDbDictionary>();
         require(entry(roots.namedObjects, std::make_unique<KdDbDictionary>(), L"ACAD_GROUP"));
         roots.tableStyles = require(entry(roots.namedObjects, std::make_unique<KdDbDictionary>(), L"ACAD_TABLESTYLE"));
-        m_contents.current.tableStyle =
-            require(entry(roots.tableStyles, std::make_unique<KdDbTableStyle>(), L"Standard"));
+        auto standard = std::make_unique<KdDbTableStyle>();
+        for (const wchar_t* cellStyle : {L"_TITLE", L"_HEADER", L"_DATA"}) {
+            standard->setTextStyle(m_contents.current.textStyle, cellStyle);
+        }
+        m_contents.current.tableStyle = require(entry(roots.tableStyles, std::move(standard), L"Standard"));
     }
 
     KdDbDatabase& m_database;

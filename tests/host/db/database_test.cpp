@@ -51,7 +51,11 @@ TEST(Database, a_new_drawing_has_its_current_settings) {
     EXPECT_EQ(database.celtype(), database.byLayerLinetype());
     EXPECT_EQ(database.currentSpaceId(), database.modelSpaceId());
     EXPECT_EQ(kdhost::peek<KdDbTextStyleTableRecord>(database.textstyle())->font(), L"DejaVu Sans");
-    EXPECT_NE(kdhost::peek<KdDbTableStyle>(database.tablestyle()), nullptr);
+    const auto* style = kdhost::peek<KdDbTableStyle>(database.tablestyle());
+    ASSERT_NE(style, nullptr);
+    for (const wchar_t* name : {L"_TITLE", L"_HEADER", L"_DATA"}) {
+        EXPECT_EQ(style->textStyle(name), database.textstyle());
+    }
     EXPECT_EQ(kdhost::peek<KdDbLinetypeTableRecord>(database.byBlockLinetype())->dashes().size(), 0U);
     EXPECT_EQ(kdhost::peek<KdDbLayerTableRecord>(database.layerZero())->linetypeObjectId(),
               database.continuousLinetype());
