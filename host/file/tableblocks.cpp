@@ -37,6 +37,20 @@ struct Box {
     double top;
 };
 
+/// Line ends of a cell as the code for them, which all programs know; those behind the text show nothing.
+std::wstring withParagraphs(std::wstring_view text) {
+    std::wstring result;
+    text = text.substr(0, text.find_last_not_of(L"\r\n") + 1);
+    for (const wchar_t letter : text) {
+        if (letter == L'\n') {
+            result += L"\\P";
+        } else if (letter != L'\r') {
+            result += letter;
+        }
+    }
+    return result;
+}
+
 class Drawer {
 public:
     Drawer(SaveContext& context, const TableBlock& block)
@@ -119,7 +133,7 @@ private:
         m_out.real(41, std::max(0.0, free.right - free.left));
         m_out.integer(71, place + 1);
         m_out.integer(72, 5);
-        m_out.longText(3, 1, contents);
+        m_out.longText(3, 1, withParagraphs(contents));
         const KdDbObjectId style = m_table.textStyle(row, column);
         const KdDbObjectId standIn = m_context.contents.current.textStyle;
         m_out.raw(7, m_context.nameOf(m_context.nameOf(style).empty() ? standIn : style));

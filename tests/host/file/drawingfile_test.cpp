@@ -24,6 +24,29 @@ TEST_F(DrawingFiles, a_new_drawing_comes_back) {
               kdhost::peekObject(database.modelSpaceId())->handle());
 }
 
+TEST_F(DrawingFiles, the_block_that_shows_a_table_has_its_texts_and_each_line_of_its_grid_once) {
+    KdDbDatabase database;
+    auto* table = new KdDbTable;
+    table->setTableStyle(database.tablestyle());
+    table->setSize(3, 2);
+    table->setTextString(1, 1, L"two\r\nlines\n");
+    table->setBackgroundColor(2, 0, KdCmColor::fromIndex(3));
+    table->setGridLineStyle(0, -1, KdDb::kHorzTop, KdDb::kGridLineStyleDouble);
+    kdtest::append(database, table);
+    const std::string bytes = kdhost::file::drawingBytes(database);
+    const std::size_t first = bytes.find("0\nBLOCK\n", bytes.find("2\n*T1\n"));
+    const std::string block = bytes.substr(first, bytes.find("0\nENDSEC\n", first) - first);
+    const auto count = [&](const std::string& text) {
+        int found = 0;
+        for (std::size_t at = block.find(text); at != std::string::npos; at = block.find(text, at + 1)) ++found;
+        return found;
+    };
+    EXPECT_EQ(count("1\ntwo\\Plines\n"), 1);
+    EXPECT_EQ(count("0\nSOLID\n"), 1);
+    // Four lines along the rows, of which the first is double, and three along the columns.
+    EXPECT_EQ(count("0\nLINE\n"), 8);
+}
+
 TEST_F(DrawingFiles, a_table_comes_back) {
     KdDbDatabase database;
     auto* table = new KdDbTable;
