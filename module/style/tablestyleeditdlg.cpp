@@ -64,15 +64,6 @@ constexpr int kLastCellStyleRow = 3;
 constexpr int kCreateRow = 2;
 constexpr int kManageRow = 1;
 
-/// The name of a bitmap in the size that the screen's scale asks for.
-QString scaledBitmap(const char* name) {
-    const double scale = kdadGetDPIScale();
-    const QString bitmap = QString::fromLatin1(name);
-    if (scale >= 3.0) return bitmap + QStringLiteral("_3X");
-    if (scale >= 2.0) return bitmap + QStringLiteral("_2X");
-    return bitmap;
-}
-
 /// The name that the style's operations take, for one that the box shows.
 CStdStr<wchar_t> internalName(CStdStr<wchar_t> name) {
     CVqTableCommon::DefaultCellStyleConvert(name);
@@ -159,7 +150,6 @@ int CVqTableStyleEditDlg::OnInitDialog() {
     const CStdStr<wchar_t> shown = internalName(selectedText(m_cellStyleBox));
     initializeCellPreviewer(shown);
     ShowCellStylePreview(shown);
-    InitDlgSize();
     hideStartTable();
     return 1;
 }
@@ -281,14 +271,6 @@ void CVqTableStyleEditDlg::hideStartTable() {
     m_buttons[RemoveButton].ShowWindow(SW_HIDE);
     for (const char* name : {kStartGroup, kSelectLabel}) {
         if (CWnd* control = GetDlgItem(name)) control->ShowWindow(SW_HIDE);
-    }
-}
-
-/// Sizes in the tree are meant for a plain screen; all else takes its size from the layout, which keeps it.
-void CVqTableStyleEditDlg::InitDlgSize() {
-    for (const CVqPreviewStatic* preview : {&m_tablePreview, &m_cellPreview}) {
-        if (preview->widget() == nullptr) continue;
-        preview->widget()->setMinimumSize(preview->widget()->minimumSize() * kdadGetDPIScale());
     }
 }
 

@@ -75,7 +75,7 @@ private:
     void OnSelectButton();
     void OnRemoveButton();
 
-    // Steps of the opening.
+    // Steps of the opening. The dialog's size is fixed by its layout.
     void LoadButtonBitmap();
     int LoadCellStyleFromDatabase();
     void SetButtonToolTip();
@@ -84,7 +84,6 @@ private:
     void InitCellStyleTabContrl();
     void SetTableStartState(int state);
     void setTitle();
-    void InitDlgSize();
     void hideStartTable();
 
     void AddCellStyle();
