@@ -18,7 +18,6 @@
 
 namespace {
 
-using kdtest::mustOpen;
 
 struct ModelStep {
     std::wstring name;

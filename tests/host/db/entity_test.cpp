@@ -215,8 +215,10 @@ TEST_F(Texts, the_attachment_is_where_the_location_lies_in_the_box) {
     for (int attachment = 1; attachment <= 9; ++attachment) {
         SCOPED_TRACE(attachment);
         m_text.setAttachment(static_cast<KdDbMText::AttachmentPoint>(attachment));
-        const double left = 100.0 - width * ((attachment - 1) % 3) / 2.0;
-        const double top = 50.0 + height * ((attachment - 1) / 3) / 2.0;
+        const int column = (attachment - 1) % 3;
+        const int row = (attachment - 1) / 3;
+        const double left = 100.0 - width * column / 2.0;
+        const double top = 50.0 + height * row / 2.0;
         expectBox(m_text.getGeomExtents(), {left, top - height, 0.0}, {left + width, top, 0.0});
     }
 }

@@ -76,9 +76,7 @@ template <class Value>
 std::string asText(const Value& value) {
     std::ostringstream out;
     out.precision(17);
-    if constexpr (std::is_convertible_v<Value, std::string>) {
-        out << value;
-    } else if constexpr (std::is_convertible_v<Value, std::wstring>) {
+    if constexpr (std::is_convertible_v<Value, std::wstring>) {
         for (const wchar_t each : std::wstring(value)) out << static_cast<char>(each);
     } else if constexpr (requires { value.kwszPtr(); }) {
         out << asText(value.kwszPtr());
@@ -88,7 +86,7 @@ std::string asText(const Value& value) {
         out << value.colorMethod() << ':' << value.red() << ',' << value.green() << ',' << value.blue();
     } else if constexpr (requires { value.x + value.y + value.z; }) {
         out << value.x << ',' << value.y << ',' << value.z;
-    } else if constexpr (requires { value.begin(); }) {
+    } else if constexpr (requires { value.begin(); } && !std::is_convertible_v<Value, std::string>) {
         for (const auto& each : value) out << asText(each) << ' ';
     } else {
         out << value;
