@@ -21,6 +21,7 @@ public:
         return *this;
     }
     ~CopyOnWrite() {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): false alarm, the last holder deletes
         if (m_node != nullptr && --m_node->holders == 0) delete m_node;
     }
 

@@ -63,6 +63,15 @@ struct ReadOverrides {
     }
 };
 
+/// Overrides of the whole table: the bit of the title's value, which those of header and data follow.
+struct RowCode {
+    int code;
+    std::int64_t firstBit;
+};
+constexpr RowCode kRowCodes[] = {{64, 0x20}, {283, 0x100}, {63, 0x800}, {170, 0x4000}, {7, 0x20000}, {140, 0x100000}};
+/// Title, header, data; the places of their cell styles.
+constexpr int kRowKinds = 3;
+
 class Reader {
 public:
     Reader(LoadContext& context, KdDbTable& table, const FileObject& object)
@@ -359,10 +368,48 @@ private:
         constexpr std::int64_t kFlowBit = 4;
         for (; m_at != m_tags.last; ++m_at) {
             require(m_at->code != kCellBegin, "a table has more cells than it counts");
+            takeForRows(*m_at);
             if (m_at->code == 70 && (m_overrides & kFlowBit) != 0) m_state.flow = whole(*m_at, 0, 1);
             if ((m_overrides & kSuppressionBit) == 0) continue;
             if (m_at->code == 280) m_state.titleSuppressed = whole(*m_at, 0, 1) != 0;
             if (m_at->code == 281) m_state.headerSuppressed = whole(*m_at, 0, 1) != 0;
+        }
+    }
+
+    /// What the whole table says of its title, header and data; the cells of those rows take it over.
+    void takeForRows(const Tag& tag) {
+        if (tag.code == 40 && (m_overrides & 0x08) != 0) setMargin(kdhost::property::marginHorz, size(tag));
+        if (tag.code == 41 && (m_overrides & 0x10) != 0) setMargin(kdhost::property::marginVert, size(tag));
+        for (const RowCode& each : kRowCodes) {
+            if (tag.code != each.code) continue;
+            int& place = m_rowPlaces[&each - kRowCodes];
+            while (place < kRowKinds && (m_overrides & (each.firstBit << place)) == 0) ++place;
+            if (place < kRowKinds) override(m_rowOverrides[place++], tag, ~std::int64_t{0});
+        }
+    }
+
+    void setMargin(const FormatProperty<double>& which, double margin) {
+        for (ReadOverrides& each : m_rowOverrides) each.set(which, margin);
+    }
+
+    /// What a cell overrides itself goes before what the whole table does.
+    void overrideRow(TableRow& row) {
+        ReadOverrides& all = m_rowOverrides[row.style];
+        if (!all.fills) all.set(kdhost::property::background, KdCmColor::none());
+        if (all.overrides.own == 0) return;
+        CopyOnWrite<FormatOverrides>& shared = m_rowShared[row.style];
+        if (!shared) shared = CopyOnWrite<FormatOverrides>(all.overrides);
+        for (Cell& cell : row.cells) {
+            if (!cell.overrides) {
+                cell.overrides = shared;
+                continue;
+            }
+            FormatOverrides& own = cell.overrides.write();
+            forEachProperty([&](const auto& property) {
+                if ((all.overrides.own & ~own.own & property.bit) != 0)
+                    property.in(own.format) = property.in(all.overrides.format);
+            });
+            own.own |= all.overrides.own;
         }
     }
 
@@ -401,6 +448,7 @@ private:
             const std::uint16_t style =
                 usualRowStyle(static_cast<int>(row), m_state.titleSuppressed, m_state.headerSuppressed);
             m_loaded.rows[row].style = style;
+            overrideRow(m_loaded.rows[row]);
             for (Cell& cell : m_loaded.rows[row].cells) cell.style = style;
         }
         const TagSpan record = extrasOf(m_context, m_object);
@@ -451,6 +499,9 @@ private:
     int m_rowsSpanned = 1;
     int m_columnsSpanned = 1;
     CopyOnWrite<FormatOverrides> m_lastOverrides;
+    ReadOverrides m_rowOverrides[kRowKinds];
+    CopyOnWrite<FormatOverrides> m_rowShared[kRowKinds];
+    int m_rowPlaces[std::size(kRowCodes)] = {};
 };
 
 }  // namespace

@@ -154,7 +154,6 @@ private:
     }
 
     void overrides(const Cell& cell, std::int64_t mask) {
-        namespace prop = kdhost::property;
         const CellFormat& format = cell.overrides->format;
         const auto has = [&](std::int64_t bit) { return (mask & bit) != 0; };
         if (has(kAlignmentBit)) m_out.integer(170, format.alignment);

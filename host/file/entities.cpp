@@ -22,21 +22,18 @@ namespace {
 
 const KdGeVector3d kUp{0.0, 0.0, 1.0};
 
-template <class Archive, class State>
-void describeLine(Archive& archive, State& line) {
+constexpr auto describeLine = [](auto& archive, auto& line) {
     archive.subclass("AcDbLine");
     archive.value(10, line.points[0]);
     archive.value(11, line.points[1]);
-}
+};
 
-template <class Archive, class State>
-void describeSolid(Archive& archive, State& solid) {
+constexpr auto describeSolid = [](auto& archive, auto& solid) {
     archive.subclass("AcDbTrace");
     for (int corner = 0; corner < 4; ++corner) archive.value(10 + corner, solid.points[std::size_t(corner)]);
-}
+};
 
-template <class Archive, class State>
-void describeText(Archive& archive, State& text) {
+constexpr auto describeText = [](auto& archive, auto& text) {
     constexpr int kFill = 1;
     constexpr int kViewColor = 2;
     archive.subclass("AcDbMText");
@@ -59,14 +56,13 @@ void describeText(Archive& archive, State& text) {
     archive.check(text.textHeight > 0.0 && text.width >= 0.0 && text.height >= 0.0);
     archive.check(text.attachment >= KdDbMText::kTopLeft && text.attachment <= KdDbMText::kBottomRight);
     archive.check(text.backgroundScale >= 1.0 && text.backgroundScale <= 5.0);
-    if constexpr (Archive::kReads) {
+    if constexpr (std::decay_t<decltype(archive)>::kReads) {
         text.backgroundFill = (background & kFill) != 0;
         text.usesViewBackground = (background & kViewColor) != 0;
     }
-}
+};
 
-template <class Archive, class State>
-void describeInsertion(Archive& archive, State& insertion) {
+constexpr auto describeInsertion = [](auto& archive, auto& insertion) {
     archive.subclass("AcDbBlockReference");
     archive.block(2, insertion.block);
     archive.value(10, insertion.position);
@@ -75,8 +71,8 @@ void describeInsertion(Archive& archive, State& insertion) {
     archive.angle(50, insertion.rotation, 0.0);
     archive.value(210, insertion.normal, kUp);
     archive.check(scales[0] != 0.0);
-    if constexpr (Archive::kReads) insertion.scale = scales[0];
-}
+    if constexpr (std::decay_t<decltype(archive)>::kReads) insertion.scale = scales[0];
+};
 
 /// Insertions of another scale on each axis, in rows and columns, or with attributes are more than the program's own.
 bool isPlainInsertion(const FileObject& object) {
@@ -103,27 +99,24 @@ struct Kind {
     void (*read)(RecordReader&, KdDbEntity&);
 };
 
-template <class Entity, class State, auto describeForWriting, auto describeForReading>
+template <class Entity, class State, auto describe>
 constexpr Kind kindOf(const char* name, bool (*fits)(const FileObject&)) {
     return {name,
             Entity::desc,
             []() -> std::unique_ptr<KdDbEntity> { return std::make_unique<Entity>(); },
             fits,
-            [](RecordWriter& writer, const KdDbEntity& entity) { describeForWriting(writer, stateOf<State>(entity)); },
+            [](RecordWriter& writer, const KdDbEntity& entity) { describe(writer, stateOf<State>(entity)); },
             [](RecordReader& reader, KdDbEntity& entity) {
-                describeForReading(reader, static_cast<State&>(KdDbObjectAccess::stateForMaker(entity)));
+                describe(reader, static_cast<State&>(KdDbObjectAccess::stateForMaker(entity)));
             }};
 }
 
-#define KD_KIND(name, Entity, State, describe, fits) \
-    kindOf<Entity, State, describe<RecordWriter, const State>, describe<RecordReader, State>>(name, fits)
 constexpr Kind kKinds[] = {
-    KD_KIND("LINE", KdDbLine, PointsState<2>, describeLine, always),
-    KD_KIND("SOLID", KdDbSolid, PointsState<4>, describeSolid, always),
-    KD_KIND("MTEXT", KdDbMText, KdDbMTextState, describeText, always),
-    KD_KIND("INSERT", KdDbBlockReference, KdDbBlockReferenceState, describeInsertion, isPlainInsertion),
+    kindOf<KdDbLine, PointsState<2>, describeLine>("LINE", always),
+    kindOf<KdDbSolid, PointsState<4>, describeSolid>("SOLID", always),
+    kindOf<KdDbMText, KdDbMTextState, describeText>("MTEXT", always),
+    kindOf<KdDbBlockReference, KdDbBlockReferenceState, describeInsertion>("INSERT", isPlainInsertion),
 };
-#undef KD_KIND
 
 /// A text shows its field, for those who know nothing of fields.
 void writeShownText(SaveContext& context, const KdDbMText& text) {

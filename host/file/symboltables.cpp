@@ -19,15 +19,14 @@ namespace {
 
 constexpr int kFrozenOrLocked = 4;
 
-template <class Archive, class State>
-void describeLayer(Archive& archive, State& layer) {
+constexpr auto describeLayer = [](auto& archive, auto& layer) {
     archive.subclass("AcDbLayerTableRecord");
     archive.value(2, layer.name);
     int flags = layer.otherFlags | (layer.locked ? kFrozenOrLocked : 0);
     archive.value(70, flags);
     KdCmColor color = layer.color;
     // A layer that is off has its colour below zero.
-    if constexpr (Archive::kReads) {
+    if constexpr (std::decay_t<decltype(archive)>::kReads) {
         int index = 0;
         archive.value(62, index);
         archive.check(index >= -257 && index <= 257);
@@ -45,16 +44,15 @@ void describeLayer(Archive& archive, State& layer) {
     archive.linetype(6, layer.linetype, KdDbObjectId::kNull);
     archive.value(290, layer.plottable, true);
     archive.value(370, layer.lineWeight, KdDb::kLnWtByLwDefault);
-}
+};
 
-template <class Archive, class State>
-void describeLinetype(Archive& archive, State& linetype) {
+constexpr auto describeLinetype = [](auto& archive, auto& linetype) {
     archive.subclass("AcDbLinetypeTableRecord");
     archive.value(2, linetype.name);
     archive.fixed(70, "0");
     archive.value(3, linetype.comments, std::wstring());
     archive.fixed(72, "65");
-    if constexpr (Archive::kReads) {
+    if constexpr (std::decay_t<decltype(archive)>::kReads) {
         int count = 0;
         double length = 0.0;
         archive.value(73, count, 0);
@@ -79,11 +77,10 @@ void describeLinetype(Archive& archive, State& linetype) {
             archive.value(74, 0);
         }
     }
-}
+};
 
 /// A font of the system is named beside the file that stands for it elsewhere, with its looks as bits.
-template <class Archive, class State>
-void describeTextStyle(Archive& archive, State& style) {
+constexpr auto describeTextStyle = [](auto& archive, auto& style) {
     constexpr std::int64_t kItalic = 0x1000000;
     constexpr std::int64_t kBold = 0x2000000;
     archive.subclass("AcDbTextStyleTableRecord");
@@ -97,7 +94,7 @@ void describeTextStyle(Archive& archive, State& style) {
     archive.value(3, style.font);
     archive.fixed(4, "");
     archive.check(style.xScale > 0.0);
-    if constexpr (Archive::kReads) {
+    if constexpr (std::decay_t<decltype(archive)>::kReads) {
         for (const Tag& tag : archive.takeExtended("ACAD")) {
             if (tag.code == 1000) style.font = textOf(tag.value());
             if (tag.code != 1071) continue;
@@ -111,17 +108,16 @@ void describeTextStyle(Archive& archive, State& style) {
         archive.value(1000, style.font);
         archive.value(1071, (style.bold ? kBold : 0) | (style.italic ? kItalic : 0));
     }
-}
+};
 
-template <class Archive, class State>
-void describeBlock(Archive& archive, State& block) {
+constexpr auto describeBlock = [](auto& archive, auto& block) {
     archive.subclass("AcDbBlockTableRecord");
     archive.value(2, block.name);
     archive.fixed(340, "0");
     archive.fixed(70, "0");
     archive.fixed(280, "1");
     archive.fixed(281, "0");
-}
+};
 
 /// One of the tables that the program knows.
 struct Kind {
@@ -133,29 +129,28 @@ struct Kind {
     void (*read)(RecordReader&, KdDbObject&);
 };
 
-template <class Table, class Record, class State, auto describeForWriting, auto describeForReading>
+template <class Table, class Record, class State, auto describe>
 constexpr Kind kindOf(const char* name, KdDbObjectId DatabaseRoots::*root) {
     return {name,
             root,
             []() -> std::unique_ptr<KdDbSymbolTable> { return std::make_unique<Table>(); },
             []() -> std::unique_ptr<KdDbSymbolTableRecord> { return std::make_unique<Record>(); },
-            [](RecordWriter& writer, const KdDbObject& record) { describeForWriting(writer, stateOf<State>(record)); },
+            [](RecordWriter& writer, const KdDbObject& record) { describe(writer, stateOf<State>(record)); },
             [](RecordReader& reader, KdDbObject& record) {
-                describeForReading(reader, static_cast<State&>(KdDbObjectAccess::stateForMaker(record)));
+                describe(reader, static_cast<State&>(KdDbObjectAccess::stateForMaker(record)));
             }};
 }
 
-#define KD_KIND(name, Stem, describe, root)                                          \
-    kindOf<KdDb##Stem##Table, KdDb##Stem##TableRecord, KdDb##Stem##TableRecordState, \
-           describe<RecordWriter, const KdDb##Stem##TableRecordState>,               \
-           describe<RecordReader, KdDb##Stem##TableRecordState>>(name, &DatabaseRoots::root)
 constexpr Kind kKinds[] = {
-    KD_KIND("LTYPE", Linetype, describeLinetype, linetypeTable),
-    KD_KIND("LAYER", Layer, describeLayer, layerTable),
-    KD_KIND("STYLE", TextStyle, describeTextStyle, textStyleTable),
-    KD_KIND("BLOCK_RECORD", Block, describeBlock, blockTable),
+    kindOf<KdDbLinetypeTable, KdDbLinetypeTableRecord, KdDbLinetypeTableRecordState, describeLinetype>(
+        "LTYPE", &DatabaseRoots::linetypeTable),
+    kindOf<KdDbLayerTable, KdDbLayerTableRecord, KdDbLayerTableRecordState, describeLayer>("LAYER",
+                                                                                           &DatabaseRoots::layerTable),
+    kindOf<KdDbTextStyleTable, KdDbTextStyleTableRecord, KdDbTextStyleTableRecordState, describeTextStyle>(
+        "STYLE", &DatabaseRoots::textStyleTable),
+    kindOf<KdDbBlockTable, KdDbBlockTableRecord, KdDbBlockTableRecordState, describeBlock>("BLOCK_RECORD",
+                                                                                           &DatabaseRoots::blockTable),
 };
-#undef KD_KIND
 
 /// The tables in their order, and the records of those that are made up where the drawing has none.
 struct StandardTable {

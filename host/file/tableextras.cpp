@@ -77,7 +77,8 @@ void readContent(LoadContext& context, ExtrasReader& reader, Cell& cell) {
     objects.blockScale = reader.real(40);
     objects.blockRotation = reader.real(40);
     objects.autoFit = reader.index(90, 2) != 0;
-    cell.objects = objects == CellObjects() ? CopyOnWrite<CellObjects>() : CopyOnWrite<CellObjects>(objects);
+    cell.objects = {};
+    if (objects != CellObjects()) cell.objects.write() = objects;
 }
 
 using Formats = std::vector<CopyOnWrite<FormatOverrides>>;

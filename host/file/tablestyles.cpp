@@ -230,7 +230,8 @@ void readTableStyle(LoadContext& context, KdDbObject& object, const FileObject& 
         });
         record.format.marginHorz = margins[0];
         record.format.marginVert = margins[1];
-        style.replace(record.index, std::move(record));
+        const int index = record.index;
+        style.replace(index, std::move(record));
     }
     style.changed();
 }

@@ -20,7 +20,7 @@ bool isSurrogateOrBeyond(wchar_t letter) {
 
 /// What no file can hold as a character stands there as its escape.
 void appendEscape(std::string& bytes, wchar_t letter) {
-    char digits[kLongestNumber];
+    char digits[kLongestNumber] = {};
     const auto end = std::to_chars(digits, digits + sizeof digits, codeOf(letter) & 0xFFFFU, 16).ptr;
     bytes += "\\U+";
     for (const char* digit = digits; digit != end; ++digit) {
@@ -45,15 +45,13 @@ double radiansOf(long double degrees) {
 
 void appendText(std::string& bytes, std::wstring_view text) {
     for (const wchar_t letter : text) {
-        if (letter > L'^' && letter < 0x7F) [[likely]] {
+        if (letter >= L' ' && letter < 0x7F && letter != L'^') [[likely]] {
             bytes += static_cast<char>(letter);
         } else if (letter == L'^') {
             bytes += "^ ";
         } else if (letter >= 0 && letter < L' ') {
             bytes += '^';
             bytes += static_cast<char>(letter + '@');
-        } else if (letter > 0 && letter < 0x7F) {
-            bytes += static_cast<char>(letter);
         } else if (isSurrogateOrBeyond(letter)) {
             appendEscape(bytes, letter);
         } else {

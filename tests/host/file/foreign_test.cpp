@@ -204,6 +204,37 @@ TEST_F(ForeignFiles, a_table_without_extras_is_read_by_the_standard_codes) {
     EXPECT_STREQ(read->textString(2, 1), L"cell 5");
 }
 
+TEST_F(ForeignFiles, what_a_table_overrides_as_a_whole_is_its_cells_own) {
+    KdDbDatabase plain;
+    auto* table = new KdDbTable;
+    table->setTableStyle(plain.tablestyle());
+    table->setSize(4, 1);
+    table->setAlignment(3, 0, KdDb::kBottomLeft);
+    const KdDbObjectId id = kdtest::append(plain, table);
+    std::string file = kdhost::file::drawingBytes(plain);
+    const std::size_t head = file.find("100\nAcDbTable\n");
+    // Colours of header and data, the alignment of data, heights of title and data, no fill of the title, a margin.
+    const std::int64_t mask = 0x40 | 0x80 | 0x10000 | 0x100000 | 0x400000 | 0x100 | 0x08;
+    file.replace(file.find("\n93\n0\n", head), 6, "\n93\n" + std::to_string(mask) + "\n");
+    const std::size_t tail = file.find("0\nENDSEC\n", head);
+    file.insert(tail, "40\n0.25\n64\n1\n64\n2\n283\n0\n170\n3\n140\n7.5\n140\n2.25\n");
+    const auto database = opened(file);
+    ASSERT_NE(database, nullptr);
+    const auto* read =
+        static_cast<const KdDbTable*>(KdDbDatabaseAccess::find(*database, kdhost::peekObject(id)->handle()));
+    EXPECT_EQ(read->textHeight(0, 0), 7.5);
+    EXPECT_TRUE(read->backgroundColor(0, 0).isNone());
+    EXPECT_TRUE(read->contentColor(0, 0).isByBlock());
+    EXPECT_EQ(read->contentColor(1, 0), KdCmColor::fromIndex(1));
+    EXPECT_EQ(read->textHeight(1, 0), 4.5);
+    EXPECT_EQ(read->contentColor(2, 0), KdCmColor::fromIndex(2));
+    EXPECT_EQ(read->textHeight(2, 0), 2.25);
+    EXPECT_EQ(read->alignment(2, 0), KdDb::kTopRight);
+    EXPECT_EQ(read->alignment(3, 0), KdDb::kBottomLeft) << "the cell's own";
+    EXPECT_EQ(read->margin(2, 0, KdDb::kCellMarginLeft), 0.25);
+    savedAndOpened(*database);
+}
+
 TEST_F(ForeignFiles, layers_that_entities_name_and_the_file_does_not_list_are_made) {
     std::string file = bytes();
     const std::size_t line = file.find("8\n0\n", file.find("0\nLINE\n", file.find("2\nENTITIES\n")));
