@@ -2,6 +2,117 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>IDD_CELLBORDERPROP_DIALOG</name>
+    <message>
+        <source>Cell Borders</source>
+        <translation>单元格边框</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>特性</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>&amp;Line weight:</source>
+        <translation>线宽(&amp;L):</translation>
+    </message>
+    <message>
+        <source>Line weight</source>
+        <translation>线宽</translation>
+    </message>
+    <message>
+        <source>Line t&amp;ype:</source>
+        <translation>线型(&amp;Y):</translation>
+    </message>
+    <message>
+        <source>Line type</source>
+        <translation>线型</translation>
+    </message>
+    <message>
+        <source>Colo&amp;r:</source>
+        <translation>颜色(&amp;R):</translation>
+    </message>
+    <message>
+        <source>Border color</source>
+        <translation>边框颜色</translation>
+    </message>
+    <message>
+        <source>Double line</source>
+        <translation>双线</translation>
+    </message>
+    <message>
+        <source>Do&amp;uble line</source>
+        <translation>双线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>S&amp;pacing:</source>
+        <translation>间距(&amp;P):</translation>
+    </message>
+    <message>
+        <source>Spacing of the double line</source>
+        <translation>双线的间距</translation>
+    </message>
+    <message>
+        <source>Preview of the selected cells</source>
+        <translation>所选单元格的预览</translation>
+    </message>
+    <message>
+        <source>&amp;Apply to:</source>
+        <translation>应用到(&amp;A):</translation>
+    </message>
+    <message>
+        <source>All borders</source>
+        <translation>所有边框</translation>
+    </message>
+    <message>
+        <source>Outside borders</source>
+        <translation>外边框</translation>
+    </message>
+    <message>
+        <source>Inside borders</source>
+        <translation>内边框</translation>
+    </message>
+    <message>
+        <source>Bottom borders</source>
+        <translation>下边框</translation>
+    </message>
+    <message>
+        <source>Left borders</source>
+        <translation>左边框</translation>
+    </message>
+    <message>
+        <source>Top borders</source>
+        <translation>上边框</translation>
+    </message>
+    <message>
+        <source>Right borders</source>
+        <translation>右边框</translation>
+    </message>
+    <message>
+        <source>Horizontal inside borders</source>
+        <translation>内部横边框</translation>
+    </message>
+    <message>
+        <source>Vertical inside borders</source>
+        <translation>内部竖边框</translation>
+    </message>
+    <message>
+        <source>No borders</source>
+        <translation>无边框</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>IDD_CELLSTYLEBORDER_DIALOG</name>
     <message>
         <source>Properties</source>
@@ -147,12 +258,12 @@
         <translation>垂直边距</translation>
     </message>
     <message>
-        <source>Merge the cells of a row</source>
-        <translation>合并一行的单元</translation>
+        <source>Merge cells</source>
+        <translation>合并单元</translation>
     </message>
     <message>
-        <source>&amp;Merge the cells of a row</source>
-        <translation>合并一行的单元(&amp;M)</translation>
+        <source>&amp;Merge cells</source>
+        <translation>合并单元(&amp;M)</translation>
     </message>
 </context>
 <context>
@@ -178,24 +289,24 @@
         <translation>编辑(&amp;E)...</translation>
     </message>
     <message>
-        <source>He&amp;ight:</source>
-        <translation>高度(&amp;I):</translation>
+        <source>Text he&amp;ight:</source>
+        <translation>文字高度(&amp;I):</translation>
     </message>
     <message>
         <source>Text height</source>
         <translation>文字高度</translation>
     </message>
     <message>
-        <source>Colo&amp;r:</source>
-        <translation>颜色(&amp;R):</translation>
+        <source>Text colo&amp;r:</source>
+        <translation>文字颜色(&amp;R):</translation>
     </message>
     <message>
         <source>Text color</source>
         <translation>文字颜色</translation>
     </message>
     <message>
-        <source>&amp;Angle:</source>
-        <translation>角度(&amp;A):</translation>
+        <source>Text &amp;angle:</source>
+        <translation>文字角度(&amp;A):</translation>
     </message>
     <message>
         <source>Text angle</source>
@@ -387,6 +498,169 @@
     </message>
 </context>
 <context>
+    <name>IDD_TABLEINSERT_DIALOG</name>
+    <message>
+        <source>Insert Table</source>
+        <translation>插入表格</translation>
+    </message>
+    <message>
+        <source>Table &amp;style</source>
+        <translation>表格样式(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Table style</source>
+        <translation>表格样式</translation>
+    </message>
+    <message>
+        <source>Table styles</source>
+        <translation>表格样式</translation>
+    </message>
+    <message>
+        <source>Begin with</source>
+        <translation>起始内容</translation>
+    </message>
+    <message>
+        <source>An &amp;empty table</source>
+        <translation>空表格(&amp;E)</translation>
+    </message>
+    <message>
+        <source>File of the table</source>
+        <translation>表格的文件</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>选择文件</translation>
+    </message>
+    <message>
+        <source>Data e&amp;xtraction</source>
+        <translation>数据提取(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>Preview of the table</source>
+        <translation>表格的预览</translation>
+    </message>
+    <message>
+        <source>There is no preview of this table.</source>
+        <translation>此表格没有预览。</translation>
+    </message>
+    <message>
+        <source>No preview</source>
+        <translation>无预览</translation>
+    </message>
+    <message>
+        <source>Place by</source>
+        <translation>插入方式</translation>
+    </message>
+    <message>
+        <source>An insertion &amp;point</source>
+        <translation>指定插入点(&amp;P)</translation>
+    </message>
+    <message>
+        <source>A &amp;window</source>
+        <translation>指定窗口(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Number of columns</source>
+        <translation>列数</translation>
+    </message>
+    <message>
+        <source>Column width</source>
+        <translation>列宽</translation>
+    </message>
+    <message>
+        <source>Number of data rows</source>
+        <translation>数据行数</translation>
+    </message>
+    <message>
+        <source>Row height in lines of text</source>
+        <translation>以文字行数表示的行高</translation>
+    </message>
+    <message>
+        <source>line(s)</source>
+        <translation>行文字</translation>
+    </message>
+    <message>
+        <source>Cell styles</source>
+        <translation>单元样式</translation>
+    </message>
+    <message>
+        <source>&amp;First row:</source>
+        <translation>第一行(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Cell style of the first row</source>
+        <translation>第一行的单元样式</translation>
+    </message>
+    <message>
+        <source>Seco&amp;nd row:</source>
+        <translation>第二行(&amp;N):</translation>
+    </message>
+    <message>
+        <source>Cell style of the second row</source>
+        <translation>第二行的单元样式</translation>
+    </message>
+    <message>
+        <source>&amp;All other rows:</source>
+        <translation>所有其他行(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Cell style of all other rows</source>
+        <translation>所有其他行的单元样式</translation>
+    </message>
+    <message>
+        <source>Taken over from the table of the style</source>
+        <translation>从样式的表格中取用</translation>
+    </message>
+    <message>
+        <source>La&amp;bel cell texts</source>
+        <translation>标签单元的文字(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Da&amp;ta cell texts</source>
+        <translation>数据单元的文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Data lin&amp;ks</source>
+        <translation>数据链接(&amp;K)</translation>
+    </message>
+    <message>
+        <source>F&amp;ields</source>
+        <translation>字段(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Bl&amp;ocks</source>
+        <translation>块(&amp;O)</translation>
+    </message>
+    <message>
+        <source>For&amp;mulas</source>
+        <translation>公式(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>特性</translation>
+    </message>
+    <message>
+        <source>Propert&amp;y overrides of cells</source>
+        <translation>单元特性替代(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+</context>
+<context>
     <name>IDD_TABLESTYLEEDIT_DIALOG</name>
     <message>
         <source>Table Style</source>
@@ -413,8 +687,8 @@
         <translation>表格</translation>
     </message>
     <message>
-        <source>&amp;Direction:</source>
-        <translation>方向(&amp;D):</translation>
+        <source>Table &amp;direction:</source>
+        <translation>表格方向(&amp;D):</translation>
     </message>
     <message>
         <source>Direction of the table</source>
