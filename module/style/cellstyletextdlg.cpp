@@ -124,7 +124,7 @@ int CVqTableCellStyleTextDlg::UpdateFormDatabaseData() {
 }
 
 CStdStr<wchar_t> CVqTableCellStyleTextDlg::shownTextStyle(const KdDbTableStyle& style) const {
-    const CStdStr<wchar_t> own = nameOfRecord(style.textStyle(cellStyle()));
+    CStdStr<wchar_t> own = nameOfRecord(style.textStyle(cellStyle()));
     if (!own.IsEmpty() || m_textStyleNames.IsEmpty()) return own;
     return m_textStyleNames.GetAt(0);
 }

@@ -38,7 +38,7 @@ constexpr std::array kToolButtons = {
 };
 constexpr const char* kSelectDisabledBitmap = "IDB_TABLESTYLE_SELECT_DISABLE_BMP";
 constexpr const char* kRemoveDisabledBitmap = "IDB_TABLESTYLE_REMOVE_DISABLE_BMP";
-constexpr unsigned kBitmapMask = 0xff00ff;
+constexpr unsigned kToolBitmapMask = 0xff00ff;
 
 struct PageTab {
     unsigned title;  ///< number of its text
@@ -156,7 +156,7 @@ int CVqTableStyleEditDlg::OnInitDialog() {
 
 void CVqTableStyleEditDlg::LoadButtonBitmap() {
     for (std::size_t i = 0; i < kToolButtons.size(); ++i) {
-        m_buttons[i].setBitmapId(scaledBitmap(kToolButtons[i].bitmap), kBitmapMask);
+        m_buttons[i].setBitmapId(scaledBitmap(kToolButtons[i].bitmap), kToolBitmapMask);
     }
 }
 
@@ -254,8 +254,8 @@ void CVqTableStyleEditDlg::SetTableStartState(int state) {
     const bool hasTable = state != 0;
     const char* select = hasTable ? kSelectDisabledBitmap : kToolButtons[SelectButton].bitmap;
     const char* remove = hasTable ? kToolButtons[RemoveButton].bitmap : kRemoveDisabledBitmap;
-    m_buttons[SelectButton].setBitmapId(scaledBitmap(select), kBitmapMask);
-    m_buttons[RemoveButton].setBitmapId(scaledBitmap(remove), kBitmapMask);
+    m_buttons[SelectButton].setBitmapId(scaledBitmap(select), kToolBitmapMask);
+    m_buttons[RemoveButton].setBitmapId(scaledBitmap(remove), kToolBitmapMask);
     m_buttons[SelectButton].EnableWindow(!hasTable);
     m_buttons[RemoveButton].EnableWindow(hasTable);
 }
