@@ -1,13 +1,17 @@
-// The sample table that shows a table style in a dialog.
+// The sample tables that show a table style in dialogs. How many rows and columns they have is told by texts of the
+// resource module, and each cell shows the display name of its cell style.
 #pragma once
 
 #include <memory>
 
 #include "kd/db/table.h"
+#include "mfc/stdstr.h"
 
 class KdDbDatabase;
 
-/// A table of that style, in no database: a row of titles, one of headers, the rest data, each cell showing the
-/// display name of its cell style. How many rows and columns it has is told by texts of the resource module. Null for
-/// the null id.
+/// A table of that style, in no database: a row of titles, one of headers, the rest data. Null for the null id.
 std::unique_ptr<KdDbTable> makeStyleTablePreview(KdDbDatabase* database, KdDbObjectId style);
+
+/// The same with chosen cell styles of the first row, the second and all others, each by its display name.
+std::unique_ptr<KdDbTable> makeTablePreview(KdDbDatabase* database, KdDbObjectId style, const CStdStr<wchar_t>& first,
+                                            const CStdStr<wchar_t>& second, const CStdStr<wchar_t>& other);

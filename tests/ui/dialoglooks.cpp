@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QStackedWidget>
 #include <QStyle>
@@ -134,6 +135,15 @@ bool isReachedByATab(const QWidget& widget) {
     return pages != nullptr && widget.parentWidget()->nextInFocusChain() == &widget;
 }
 
+/// Tab leads from a choice to the edit that it opens.
+bool isReachedFromItsChoice(const QWidget& widget) {
+    const QWidget* before = widget.previousInFocusChain();
+    while (before != &widget && !(before->isVisible() && takesTheFocus(*before)))
+        before = before->previousInFocusChain();
+    const auto* choice = qobject_cast<const QRadioButton*>(before);
+    return choice != nullptr && choice->isChecked() && !mnemonicOf(choice->text()).isNull();
+}
+
 }  // namespace
 
 Faults cutControls(const QWidget& window) {
@@ -203,7 +213,7 @@ Faults unreachableControls(const QWidget& window) {
             faults.push_back(nameOf(*widget) + " has no name for readers of the screen");
         }
         if (!led.contains(widget) && !isPressedByAKey(*widget) && !isReachedByATab(*widget) &&
-            !isPictureButton(*widget)) {
+            !isReachedFromItsChoice(*widget) && !isPictureButton(*widget)) {
             faults.push_back("no mnemonic leads to " + nameOf(*widget));
         }
     }

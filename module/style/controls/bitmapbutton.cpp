@@ -2,7 +2,16 @@
 
 #include "module/style/controls/bitmapbutton.h"
 
+#include "kd/ui/hostdialogs.h"
 #include "kd/ui/widgets.h"
+
+QString scaledBitmap(const char* name) {
+    const double scale = kdadGetDPIScale();
+    const QString bitmap = QString::fromLatin1(name);
+    if (scale >= 3.0) return bitmap + QStringLiteral("_3X");
+    if (scale >= 2.0) return bitmap + QStringLiteral("_2X");
+    return bitmap;
+}
 
 void CVqBitmapButton::setBitmapId(const QString& id, unsigned int colour) {
     auto* button = widgetAs<KdUiPushButton>();

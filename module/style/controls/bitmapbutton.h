@@ -6,6 +6,9 @@
 
 #include "mfc/controls.h"
 
+/// The name of a bitmap in the size that the screen's scale asks for: with "_2X" or "_3X" behind it, or as it is.
+QString scaledBitmap(const char* name);
+
 class CVqBitmapButton : public CButton {
 public:
     /// Shows the bitmap of that name; `colour` (0x00BBGGRR) is the one that becomes transparent.
