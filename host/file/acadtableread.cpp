@@ -10,6 +10,8 @@
 #include "host/db/tableaccess.h"
 #include "host/file/acadtable.h"
 #include "host/file/cellcodes.h"
+#include "host/file/cellread.h"
+#include "host/file/checked.h"
 #include "host/file/commonattributes.h"
 #include "host/file/extrasrecord.h"
 #include "host/file/tableextras.h"
@@ -21,47 +23,6 @@ namespace kdhost::file {
 namespace {
 
 constexpr int kCellBegin = 171;
-
-template <class T>
-T asked(const std::optional<T>& value) {
-    require(value.has_value(), "a number is none");
-    return *value;
-}
-
-int whole(const Tag& tag, std::int64_t lowest, std::int64_t highest) {
-    const std::int64_t value = asked(integerOf(tag));
-    require(value >= lowest && value <= highest, "a number is outside its range");
-    return static_cast<int>(value);
-}
-
-double size(const Tag& tag) {
-    const double value = asked(realOf(tag));
-    require(value >= 0.0, "a size is below zero");
-    return value;
-}
-
-/// The value of a cell, of whatever type.
-struct CellValue {
-    int type = 0;
-    int unit = 0;
-    std::wstring text;
-    std::wstring format;
-    std::wstring display;
-    std::int64_t number = 0;
-    double real = 0.0;
-};
-
-/// A cell's overrides as its tags give them.
-struct ReadOverrides {
-    FormatOverrides overrides;
-    bool fills = true;
-
-    template <class T>
-    void set(const FormatProperty<T>& which, const T& value) {
-        overrides.own |= which.bit;
-        which.in(overrides.format) = value;
-    }
-};
 
 /// Overrides of the whole table: the bit of the title's value, which those of header and data follow.
 struct RowCode {
@@ -254,111 +215,29 @@ private:
 
     /// Cells mostly have their overrides from one setting: those that are alike share one record.
     CopyOnWrite<FormatOverrides> overrides(TagIterator first) {
-        namespace prop = kdhost::property;
         const std::int64_t mask = asked(integerOf(*first));
         ReadOverrides read;
         for (TagIterator at = first + 1; at != m_tags.last && at->code != 301 && at->code != kCellBegin; ++at) {
-            override(read, *at, mask);
+            read.take(m_context, *at, mask);
         }
-        if ((mask & kFillBit) != 0 && !read.fills) read.set(prop::background, KdCmColor::none());
+        read.finish();
         const bool isLast = m_lastOverrides && m_lastOverrides->own == read.overrides.own &&
                             difference(m_lastOverrides->format, read.overrides.format) == 0;
         if (!isLast) m_lastOverrides = CopyOnWrite<FormatOverrides>(read.overrides);
         return read.overrides.own == 0 ? CopyOnWrite<FormatOverrides>() : m_lastOverrides;
     }
 
-    void override(ReadOverrides& read, const Tag& tag, std::int64_t mask) {
-        namespace prop = kdhost::property;
-        const auto color = [&] { return KdCmColor::fromIndex(whole(tag, 0, 257)); };
-        const auto has = [&](std::int64_t bit) { return (mask & bit) != 0; };
-        if (tag.code == 170 && has(kAlignmentBit)) {
-            read.set(prop::alignment, static_cast<KdDb::CellAlignment>(whole(tag, KdDb::kTopLeft, KdDb::kBottomRight)));
-        }
-        if (tag.code == 283 && has(kFillBit)) read.fills = whole(tag, 0, 1) != 0;
-        if (tag.code == 63 && has(kFillColorBit)) read.set(prop::background, color());
-        if (tag.code == 64 && has(kColorBit)) read.set(prop::color, color());
-        if (tag.code == 7 && has(kTextStyleBit)) {
-            read.set(prop::textStyle, m_context.record(m_context.contents.roots.textStyleTable, tag.value()));
-        }
-        if (tag.code == 140 && has(kTextHeightBit)) read.set(prop::textHeight, size(tag));
-        for (const EdgeCode& each : kEdgeColors) {
-            if (tag.code == each.code && has(each.bit)) read.set(prop::lineColor.at(each.edge), color());
-        }
-        for (const EdgeCode& each : kEdgeWeights) {
-            if (tag.code == each.code && has(each.bit)) {
-                read.set(prop::weight.at(each.edge), static_cast<KdDb::LineWeight>(whole(tag, INT16_MIN, INT16_MAX)));
-            }
-        }
-        for (const EdgeCode& each : kEdgeVisibilities) {
-            if (tag.code == each.code && has(each.bit)) {
-                read.set(prop::visibility.at(each.edge), whole(tag, 0, 1) != 0 ? KdDb::kVisible : KdDb::kInvisible);
-            }
-        }
-    }
-
-    // ---- a cell's value
-
-    /// From its begin to its end.
+    /// From the begin of a cell's value to its end.
     void value(Cell& cell, std::wstring& text) {
-        CellValue value;
+        ReadValue value;
         for (++m_at;; ++m_at) {
             require(m_at != m_tags.last && m_at->code != kCellBegin, "a cell's value has no end");
             if (m_at->code == 304) break;
-            switch (m_at->code) {
-                case 90:
-                    value.type = whole(*m_at, 0, INT32_MAX);
-                    break;
-                case 91:
-                    value.number = asked(integerOf(*m_at));
-                    break;
-                case 140:
-                    value.real = asked(realOf(*m_at));
-                    break;
-                case 1:
-                case 2:
-                case 3:
-                    value.text += textOf(m_at->value());
-                    break;
-                case 94:
-                    value.unit = whole(*m_at, 0, INT32_MAX);
-                    break;
-                case 300:
-                    value.format = textOf(m_at->value());
-                    break;
-                case 302:
-                    value.display = textOf(m_at->value());
-                    break;
-                default:
-                    break;
-            }
+            value.take(*m_at);
         }
         ++m_at;
-        typed(cell, value);
-        // What is long is cut off where a value is only shown.
-        if (value.type == KdValue::kString) text = std::move(value.text);
-        if (text.empty()) text = shown(value);
-    }
-
-    static std::wstring shown(const CellValue& value) {
-        if (!value.display.empty()) return value.display;
-        if (value.type == KdValue::kLong) return std::to_wstring(value.number);
-        return value.type == KdValue::kDouble ? std::to_wstring(value.real) : std::wstring();
-    }
-
-    /// Units, formats and the types of numbers are the cell's own where its value has them.
-    void typed(Cell& cell, const CellValue& value) {
-        namespace prop = kdhost::property;
-        const bool isNumber = value.type == KdValue::kLong || value.type == KdValue::kDouble ||
-                              value.type == KdValue::kDate || value.type == KdValue::kPoint;
-        if (!isNumber && value.unit == 0 && value.format.empty()) return;
-        FormatOverrides& overrides = cell.overrides.write();
-        const auto set = [&](const auto& which, auto own) {
-            overrides.own |= which.bit;
-            which.in(overrides.format) = std::move(own);
-        };
-        if (isNumber) set(prop::dataType, static_cast<KdValue::DataType>(value.type));
-        if (value.unit != 0) set(prop::unitType, static_cast<KdValue::UnitType>(value.unit));
-        if (!value.format.empty()) set(prop::format, value.format);
+        value.giveType(cell);
+        if (value.type == KdValue::kString || text.empty()) text = value.asText();
     }
 
     // ---- what is behind the cells
@@ -384,7 +263,7 @@ private:
             if (tag.code != each.code) continue;
             int& place = m_rowPlaces[&each - kRowCodes];
             while (place < kRowKinds && (m_overrides & (each.firstBit << place)) == 0) ++place;
-            if (place < kRowKinds) override(m_rowOverrides[place++], tag, ~std::int64_t{0});
+            if (place < kRowKinds) m_rowOverrides[place++].take(m_context, tag, ~std::int64_t{0});
         }
     }
 
@@ -395,21 +274,16 @@ private:
     /// What a cell overrides itself goes before what the whole table does.
     void overrideRow(TableRow& row) {
         ReadOverrides& all = m_rowOverrides[row.style];
-        if (!all.fills) all.set(kdhost::property::background, KdCmColor::none());
+        all.finish();
         if (all.overrides.own == 0) return;
         CopyOnWrite<FormatOverrides>& shared = m_rowShared[row.style];
         if (!shared) shared = CopyOnWrite<FormatOverrides>(all.overrides);
         for (Cell& cell : row.cells) {
-            if (!cell.overrides) {
+            if (cell.overrides) {
+                addOverrides(cell, all.overrides);
+            } else {
                 cell.overrides = shared;
-                continue;
             }
-            FormatOverrides& own = cell.overrides.write();
-            forEachProperty([&](const auto& property) {
-                if ((all.overrides.own & ~own.own & property.bit) != 0)
-                    property.in(own.format) = property.in(all.overrides.format);
-            });
-            own.own |= all.overrides.own;
         }
     }
 

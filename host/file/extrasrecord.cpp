@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "host/file/checked.h"
 #include "host/file/tableextras.h"
 
 namespace kdhost::file {
@@ -166,9 +167,7 @@ const Tag& ExtrasReader::next(int code) {
 }
 
 std::int64_t ExtrasReader::integer(int code) {
-    const std::optional<std::int64_t> value = integerOf(next(code));
-    require(value.has_value(), "a number is none");
-    return *value;
+    return asked(integerOf(next(code)));
 }
 
 int ExtrasReader::index(int code, std::size_t limit) {
@@ -182,9 +181,7 @@ int ExtrasReader::count(int code) {
 }
 
 double ExtrasReader::real(int code) {
-    const std::optional<double> value = realOf(next(code));
-    require(value.has_value(), "a number is none");
-    return *value;
+    return asked(realOf(next(code)));
 }
 
 std::wstring ExtrasReader::longText(int pieceCode, int lastCode) {
@@ -194,9 +191,7 @@ std::wstring ExtrasReader::longText(int pieceCode, int lastCode) {
 }
 
 KdDbObjectId ExtrasReader::pointer(int code, const LoadContext& context) {
-    const std::optional<std::uint64_t> handle = handleOf(next(code));
-    require(handle.has_value(), "a handle is none");
-    return context.idOf(*handle);
+    return context.idOf(asked(handleOf(next(code))));
 }
 
 bool ExtrasReader::toSection(std::string_view name) {

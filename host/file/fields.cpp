@@ -6,6 +6,7 @@
 #include "host/db/access.h"
 #include "host/db/fieldevaluation.h"
 #include "host/db/fieldstate.h"
+#include "host/file/checked.h"
 #include "host/file/entities.h"
 #include "host/file/objects.h"
 #include "host/file/record.h"
@@ -89,12 +90,6 @@ public:
     }
 
 private:
-    std::int64_t number(const Tag& tag) {
-        const std::optional<std::int64_t> value = integerOf(tag);
-        require(value.has_value(), "a number is none");
-        return *value;
-    }
-
     void take(const Tag& tag) {
         switch (tag.code) {
             case 2:
@@ -102,32 +97,26 @@ private:
                 m_code += textOf(tag.value());
                 break;
             case 90:
-                m_children = static_cast<std::size_t>(number(tag));
+                m_children = static_cast<std::size_t>(asked(integerOf(tag)));
                 break;
             case 360:
-                m_state.children.emplace_back(m_context.idOf(handle(tag)));
+                m_state.children.emplace_back(m_context.idOf(asked(handleOf(tag))));
                 break;
             case 97:
-                m_objectCount = static_cast<std::size_t>(number(tag));
+                m_objectCount = static_cast<std::size_t>(asked(integerOf(tag)));
                 break;
             case 331:
-                m_objects.push_back(m_context.idOf(handle(tag)));
+                m_objects.push_back(m_context.idOf(asked(handleOf(tag))));
                 break;
             case 91:
-                m_state.evaluationOption = static_cast<KdDbField::EvalOption>(number(tag) & 0xFF);
+                m_state.evaluationOption = static_cast<KdDbField::EvalOption>(asked(integerOf(tag)) & 0xFF);
                 break;
             case 95:
-                m_isEvaluated = number(tag) == kEvaluated;
+                m_isEvaluated = asked(integerOf(tag)) == kEvaluated;
                 break;
             default:
                 break;
         }
-    }
-
-    std::uint64_t handle(const Tag& tag) {
-        const std::optional<std::uint64_t> value = handleOf(tag);
-        require(value.has_value(), "a handle is none");
-        return *value;
     }
 
     LoadContext& m_context;

@@ -9,6 +9,7 @@
 #include <type_traits>
 
 #include "host/db/entitystate.h"
+#include "host/file/checked.h"
 #include "host/file/loadcontext.h"
 #include "host/file/savecontext.h"
 
@@ -139,11 +140,6 @@ private:
     void xyz(int code, double& x, double& y, double& z);
     /// What nobody asked for in the subclass goes to what is kept.
     void leave(KeptTags& kept);
-    template <class T>
-    static T asked(const std::optional<T>& value) {
-        require(value.has_value(), "a number is none");
-        return *value;
-    }
     template <Whole T>
     static void take(const Tag& tag, T& number) {
         const std::int64_t value = asked(integerOf(tag));

@@ -1,6 +1,7 @@
 // Table styles in and out of a file: three row styles in standard codes, all cell styles in the extras.
 
 #include "host/db/tablestylestate.h"
+#include "host/file/checked.h"
 #include "host/file/entities.h"
 #include "host/file/extrasrecord.h"
 #include "host/file/fingerprint.h"
@@ -52,13 +53,13 @@ public:
                 set(prop::textHeight, asked(realOf(tag)));
                 break;
             case 170:
-                set(prop::alignment, static_cast<KdDb::CellAlignment>(whole(tag, KdDb::kTopLeft, KdDb::kBottomRight)));
+                set(prop::alignment, file::alignment(tag));
                 break;
             case 62:
-                set(prop::color, KdCmColor::fromIndex(whole(tag, 0, 257)));
+                set(prop::color, indexedColor(tag));
                 break;
             case 63:
-                m_fill = KdCmColor::fromIndex(whole(tag, 0, 257));
+                m_fill = indexedColor(tag);
                 break;
             case 283:
                 set(prop::background, whole(tag, 0, 1) != 0 ? m_fill : KdCmColor::none());
@@ -81,24 +82,13 @@ public:
 private:
     void edge(const Tag& tag) {
         const auto isOf = [&](int first) { return tag.code >= first && tag.code < first + kEdgeCount; };
-        if (isOf(274))
-            set(prop::weight.at(tag.code - 274), static_cast<KdDb::LineWeight>(whole(tag, INT16_MIN, INT16_MAX)));
+        if (isOf(274)) set(prop::weight.at(tag.code - 274), lineWeight(tag));
         if (isOf(284)) {
-            set(prop::visibility.at(tag.code - 284), whole(tag, 0, 1) != 0 ? KdDb::kVisible : KdDb::kInvisible);
+            set(prop::visibility.at(tag.code - 284), file::visibility(tag));
         }
-        if (isOf(64)) set(prop::lineColor.at(tag.code - 64), KdCmColor::fromIndex(whole(tag, 0, 257)));
+        if (isOf(64)) set(prop::lineColor.at(tag.code - 64), indexedColor(tag));
     }
 
-    template <class T>
-    static T asked(const std::optional<T>& value) {
-        require(value.has_value(), "a number is none");
-        return *value;
-    }
-    static int whole(const Tag& tag, std::int64_t lowest, std::int64_t highest) {
-        const std::int64_t value = asked(integerOf(tag));
-        require(value >= lowest && value <= highest, "a number is outside its range");
-        return static_cast<int>(value);
-    }
     template <class T>
     void set(const FormatProperty<T>& which, const std::type_identity_t<T>& value) {
         m_read.own |= which.bit;
