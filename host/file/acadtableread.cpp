@@ -23,6 +23,7 @@ namespace kdhost::file {
 namespace {
 
 constexpr int kCellBegin = 171;
+constexpr int kValueBegin = 301;
 
 /// Overrides of the whole table: the bit of the title's value, which those of header and data follow.
 struct RowCode {
@@ -139,63 +140,75 @@ private:
         }
     }
 
-    void cell(Cell& cell) {
-        const TagIterator first = m_at;
-        m_columnsSpanned = m_rowsSpanned = 1;
-        m_isCovered = false;
+    struct Span {
+        int rows;
+        int columns;
+        bool covered;
+    };
+
+    /// What is read of a cell before its value.
+    struct ReadCell {
+        int type = KdDb::kTextCell;
+        Span span{1, 1, false};
         CellObjects objects;
         std::wstring text;
-        TagIterator formats = nullptr;
-        bool isValued = false;
-        for (; m_at != m_tags.last && (m_at == first || m_at->code != kCellBegin); ++m_at) {
-            switch (m_at->code) {
-                case kCellBegin:
-                    cell.type = static_cast<std::uint8_t>(whole(*m_at, KdDb::kTextCell, KdDb::kMultipleContentCell));
-                    break;
-                case 173:
-                    m_isCovered = whole(*m_at, 0, 1) != 0;
-                    break;
-                case 174:
-                    objects.autoFit = whole(*m_at, 0, 1) != 0;
-                    break;
-                case 175:
-                    m_columnsSpanned = whole(*m_at, 0, INT32_MAX);
-                    break;
-                case 176:
-                    m_rowsSpanned = whole(*m_at, 0, INT32_MAX);
-                    break;
-                case 91:
-                    if (integerOf(*m_at) != 0) formats = m_at;
-                    break;
-                case 145:
-                    objects.blockRotation = asked(angleOf(*m_at));
-                    break;
-                case 340:
-                    objects.block = block(asked(handleOf(*m_at)));
-                    break;
-                case 344:
-                    objects.field = field(asked(handleOf(*m_at)));
-                    break;
-                case 144:
-                    objects.blockScale = asked(realOf(*m_at));
-                    break;
-                case 1:
-                case 2:
-                case 3:
-                    text += textOf(m_at->value());
-                    break;
-                default:
-                    break;
-            }
-            if (m_at->code != 301) continue;
-            isValued = true;
-            break;
+        TagIterator formats = nullptr;  ///< where its overrides begin
+    };
+
+    void cell(Cell& cell) {
+        ReadCell read;
+        const TagIterator first = m_at;
+        while (m_at != m_tags.last && (m_at == first || m_at->code != kCellBegin) && m_at->code != kValueBegin) {
+            take(read, m_at++);
         }
-        if (formats != nullptr) cell.overrides = overrides(formats);
-        if (isValued) value(cell, text);
-        if (objects.field.isNull()) cell.text = std::move(text);
-        if (objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(objects);
-        m_spans.push_back({m_rowsSpanned, m_columnsSpanned, m_isCovered});
+        cell.type = static_cast<std::uint8_t>(read.type);
+        if (read.formats != nullptr) cell.overrides = overrides(read.formats);
+        if (m_at != m_tags.last && m_at->code == kValueBegin) value(cell, read.text);
+        if (read.objects.field.isNull()) cell.text = std::move(read.text);
+        if (read.objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(read.objects);
+        m_spans.push_back(read.span);
+    }
+
+    void take(ReadCell& read, TagIterator tag) {
+        switch (tag->code) {
+            case kCellBegin:
+                read.type = whole(*tag, KdDb::kTextCell, KdDb::kMultipleContentCell);
+                break;
+            case 173:
+                read.span.covered = whole(*tag, 0, 1) != 0;
+                break;
+            case 174:
+                read.objects.autoFit = whole(*tag, 0, 1) != 0;
+                break;
+            case 175:
+                read.span.columns = whole(*tag, 0, INT32_MAX);
+                break;
+            case 176:
+                read.span.rows = whole(*tag, 0, INT32_MAX);
+                break;
+            case 91:
+                if (asked(integerOf(*tag)) != 0) read.formats = tag;
+                break;
+            case 145:
+                read.objects.blockRotation = asked(angleOf(*tag));
+                break;
+            case 340:
+                read.objects.block = block(asked(handleOf(*tag)));
+                break;
+            case 344:
+                read.objects.field = field(asked(handleOf(*tag)));
+                break;
+            case 144:
+                read.objects.blockScale = asked(realOf(*tag));
+                break;
+            case 1:
+            case 2:
+            case 3:
+                read.text += textOf(tag->value());
+                break;
+            default:
+                break;
+        }
     }
 
     KdDbObjectId block(std::uint64_t handle) {
@@ -217,7 +230,7 @@ private:
     CopyOnWrite<FormatOverrides> overrides(TagIterator first) {
         const std::int64_t mask = asked(integerOf(*first));
         ReadOverrides read;
-        for (TagIterator at = first + 1; at != m_tags.last && at->code != 301 && at->code != kCellBegin; ++at) {
+        for (TagIterator at = first + 1; at != m_tags.last && at->code != kValueBegin && at->code != kCellBegin; ++at) {
             read.take(m_context, *at, mask);
         }
         read.finish();
@@ -348,12 +361,6 @@ private:
         if (m_hasFields) m_context.tablesWithFields.push_back(&m_table);
     }
 
-    struct Span {
-        int rows;
-        int columns;
-        bool covered;
-    };
-
     LoadContext& m_context;
     const KdDbTable& m_table;
     const FileObject& m_object;
@@ -369,9 +376,6 @@ private:
     LoadedTable m_loaded;
     std::vector<Span> m_spans;
     bool m_hasFields = false;
-    bool m_isCovered = false;
-    int m_rowsSpanned = 1;
-    int m_columnsSpanned = 1;
     CopyOnWrite<FormatOverrides> m_lastOverrides;
     ReadOverrides m_rowOverrides[kRowKinds];
     CopyOnWrite<FormatOverrides> m_rowShared[kRowKinds];

@@ -1,4 +1,4 @@
-// Layers, line types, text styles and block records; tables of other kinds are kept as they stand.
+// The symbol tables as a section; tables of kinds that the program doesn't know are kept as they stand.
 
 #include "host/file/symboltables.h"
 
@@ -10,147 +10,13 @@
 #include "host/file/entities.h"
 #include "host/file/keptobjects.h"
 #include "host/file/record.h"
+#include "host/file/symbolkinds.h"
 #include "host/file/tableblocks.h"
 #include "host/rx/encoding.h"
 #include "kd/db/symboltable.h"
 
 namespace kdhost::file {
 namespace {
-
-constexpr int kFrozenOrLocked = 4;
-
-constexpr auto describeLayer = [](auto& archive, auto& layer) {
-    archive.subclass("AcDbLayerTableRecord");
-    archive.value(2, layer.name);
-    int flags = layer.otherFlags | (layer.locked ? kFrozenOrLocked : 0);
-    archive.value(70, flags);
-    KdCmColor color = layer.color;
-    // A layer that is off has its colour below zero.
-    if constexpr (std::decay_t<decltype(archive)>::kReads) {
-        int index = 0;
-        archive.value(62, index);
-        archive.check(index >= -257 && index <= 257);
-        layer.off = index < 0;
-        layer.color = KdCmColor::fromIndex(std::abs(index));
-        if (archive.has(420)) archive.color(62, layer.color, 7);
-        layer.locked = (flags & kFrozenOrLocked) != 0;
-        layer.otherFlags = flags & ~kFrozenOrLocked;
-    } else if (layer.off) {
-        archive.value(62, -color.colorIndex());
-        if (color.isByColor()) archive.value(420, color.red() << 16 | color.green() << 8 | color.blue());
-    } else {
-        archive.color(62, color);
-    }
-    archive.linetype(6, layer.linetype, KdDbObjectId::kNull);
-    archive.value(290, layer.plottable, true);
-    archive.value(370, layer.lineWeight, KdDb::kLnWtByLwDefault);
-};
-
-constexpr auto describeLinetype = [](auto& archive, auto& linetype) {
-    archive.subclass("AcDbLinetypeTableRecord");
-    archive.value(2, linetype.name);
-    archive.fixed(70, "0");
-    archive.value(3, linetype.comments, std::wstring());
-    archive.fixed(72, "65");
-    if constexpr (std::decay_t<decltype(archive)>::kReads) {
-        int count = 0;
-        double length = 0.0;
-        archive.value(73, count, 0);
-        archive.value(40, length, 0.0);
-        linetype.dashes.clear();
-        for (const Tag& tag : archive.tags()) {
-            if (tag.is(74, "0")) archive.consume(&tag);
-            if (tag.code != 49) continue;
-            const std::optional<double> dash = realOf(tag);
-            archive.check(dash.has_value());
-            linetype.dashes.push_back(*dash);
-            archive.consume(&tag);
-        }
-        archive.check(count >= 0 && linetype.dashes.size() == static_cast<std::size_t>(count));
-    } else {
-        double length = 0.0;
-        for (const double dash : linetype.dashes) length += std::abs(dash);
-        archive.value(73, linetype.dashes.size());
-        archive.value(40, length);
-        for (const double dash : linetype.dashes) {
-            archive.value(49, dash);
-            archive.value(74, 0);
-        }
-    }
-};
-
-/// A font of the system is named beside the file that stands for it elsewhere, with its looks as bits.
-constexpr auto describeTextStyle = [](auto& archive, auto& style) {
-    constexpr std::int64_t kItalic = 0x1000000;
-    constexpr std::int64_t kBold = 0x2000000;
-    archive.subclass("AcDbTextStyleTableRecord");
-    archive.value(2, style.name);
-    archive.fixed(70, "0");
-    archive.value(40, style.textSize);
-    archive.value(41, style.xScale);
-    archive.angle(50, style.obliquingAngle);
-    archive.fixed(71, "0");
-    archive.fixed(42, "2.5");
-    archive.value(3, style.font);
-    archive.fixed(4, "");
-    archive.check(style.xScale > 0.0);
-    if constexpr (std::decay_t<decltype(archive)>::kReads) {
-        for (const Tag& tag : archive.takeExtended("ACAD")) {
-            if (tag.code == 1000) style.font = textOf(tag.value());
-            if (tag.code != 1071) continue;
-            const std::int64_t looks = integerOf(tag).value_or(0);
-            style.bold = (looks & kBold) != 0;
-            style.italic = (looks & kItalic) != 0;
-        }
-    } else {
-        archive.end();
-        archive.value(1001, std::wstring(L"ACAD"));
-        archive.value(1000, style.font);
-        archive.value(1071, (style.bold ? kBold : 0) | (style.italic ? kItalic : 0));
-    }
-};
-
-constexpr auto describeBlock = [](auto& archive, auto& block) {
-    archive.subclass("AcDbBlockTableRecord");
-    archive.value(2, block.name);
-    archive.fixed(340, "0");
-    archive.fixed(70, "0");
-    archive.fixed(280, "1");
-    archive.fixed(281, "0");
-};
-
-/// One of the tables that the program knows.
-struct Kind {
-    const char* name;
-    KdDbObjectId DatabaseRoots::*root;
-    std::unique_ptr<KdDbSymbolTable> (*makeTable)();
-    std::unique_ptr<KdDbSymbolTableRecord> (*makeRecord)();
-    void (*write)(RecordWriter&, const KdDbObject&);
-    void (*read)(RecordReader&, KdDbObject&);
-};
-
-template <class Table, class Record, class State, auto describe>
-constexpr Kind kindOf(const char* name, KdDbObjectId DatabaseRoots::*root) {
-    return {name,
-            root,
-            []() -> std::unique_ptr<KdDbSymbolTable> { return std::make_unique<Table>(); },
-            []() -> std::unique_ptr<KdDbSymbolTableRecord> { return std::make_unique<Record>(); },
-            [](RecordWriter& writer, const KdDbObject& record) { describe(writer, stateOf<State>(record)); },
-            [](RecordReader& reader, KdDbObject& record) {
-                describe(reader, static_cast<State&>(KdDbObjectAccess::stateForMaker(record)));
-            }};
-}
-
-constexpr Kind kKinds[] = {
-    kindOf<KdDbLinetypeTable, KdDbLinetypeTableRecord, KdDbLinetypeTableRecordState, describeLinetype>(
-        "LTYPE", &DatabaseRoots::linetypeTable),
-    kindOf<KdDbLayerTable, KdDbLayerTableRecord, KdDbLayerTableRecordState, describeLayer>("LAYER",
-                                                                                           &DatabaseRoots::layerTable),
-    kindOf<KdDbTextStyleTable, KdDbTextStyleTableRecord, KdDbTextStyleTableRecordState, describeTextStyle>(
-        "STYLE", &DatabaseRoots::textStyleTable),
-    kindOf<KdDbBlockTable, KdDbBlockTableRecord, KdDbBlockTableRecordState, describeBlock>("BLOCK_RECORD",
-                                                                                           &DatabaseRoots::blockTable),
-};
 
 /// The tables in their order, and the records of those that are made up where the drawing has none.
 struct StandardTable {
@@ -174,12 +40,6 @@ constexpr StandardTable kTables[] = {
     {"BLOCK_RECORD", nullptr},
 };
 
-const Kind* kindNamed(std::string_view name) {
-    const auto* kind =
-        std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& each) { return each.name == name; });
-    return kind == std::end(kKinds) ? nullptr : kind;
-}
-
 void writeHead(SaveContext& context, std::string_view name, std::uint64_t handle, std::size_t records) {
     context.out.raw(0, "TABLE");
     context.out.raw(2, name);
@@ -189,7 +49,7 @@ void writeHead(SaveContext& context, std::string_view name, std::uint64_t handle
     context.out.integer(70, static_cast<std::int64_t>(records));
 }
 
-void writeKnown(SaveContext& context, const Kind& kind, const TableBlocks& blocks) {
+void writeKnown(SaveContext& context, const SymbolKind& kind, const TableBlocks& blocks) {
     const KdDbObject* table = peekObject(context.contents.roots.*kind.root);
     if (table == nullptr) return;
     std::vector<const KdDbObject*> records;
@@ -284,7 +144,7 @@ std::string_view recordName(const FileObject& record) {
     throw Refused("a record has no name");
 }
 
-void placeKnown(LoadContext& context, const FileTable& table, const Kind& kind) {
+void placeKnown(LoadContext& context, const FileTable& table, const SymbolKind& kind) {
     KdDbObjectId& root = context.contents.roots.*kind.root;
     require(root.isNull(), "a table comes twice");
     KdDbObject& made = context.insert(kind.makeTable(), table.head->handle);
@@ -348,7 +208,7 @@ void reserveStandardTables(SaveContext& context) {
     for (const StandardTable& table : kTables) {
         const bool isThere = std::any_of(kept.begin(), kept.end(),
                                          [&](const KdDbObject* each) { return nameOfKept(*each) == table.name; });
-        if (isThere || kindNamed(table.name) != nullptr) continue;
+        if (isThere || symbolKind(table.name) != nullptr) continue;
         const std::uint64_t head = context.newHandle();
         context.standardTables[table.name] = {head, table.record == nullptr ? 0 : context.newHandle()};
     }
@@ -359,7 +219,7 @@ void writeTables(SaveContext& context, const TableBlocks& blocks) {
     for (const StandardTable& table : kTables) {
         const auto known = std::find_if(kept.begin(), kept.end(),
                                         [&](const KdDbObject* each) { return nameOfKept(*each) == table.name; });
-        if (const Kind* kind = kindNamed(table.name)) {
+        if (const SymbolKind* kind = symbolKind(table.name)) {
             writeKnown(context, *kind, blocks);
         } else if (known == kept.end()) {
             writeStandard(context, table);
@@ -374,22 +234,24 @@ void writeTables(SaveContext& context, const TableBlocks& blocks) {
 void placeTables(LoadContext& context, const FileSection& section) {
     const std::vector<FileTable> tables = tablesOf(section);
     for (const FileTable& table : tables) {
-        if (const Kind* kind = kindNamed(table.name)) {
+        if (const SymbolKind* kind = symbolKind(table.name)) {
             placeKnown(context, table, *kind);
         } else {
             placeKept(context, table);
         }
     }
-    for (const Kind& kind : kKinds) require((context.contents.roots.*kind.root).isValid(), "a symbol table is missing");
+    for (const SymbolKind& kind : symbolKinds())
+        require((context.contents.roots.*kind.root).isValid(), "a symbol table is missing");
     findRequired(context);
     for (const FileTable& table : tables) {
-        if (const Kind* kind = kindNamed(table.name)) checkNames(context, table, context.contents.roots.*kind->root);
+        if (const SymbolKind* kind = symbolKind(table.name))
+            checkNames(context, table, context.contents.roots.*kind->root);
     }
 }
 
 void readTables(LoadContext& context, const FileSection& section) {
     for (const FileTable& table : tablesOf(section)) {
-        const Kind* kind = kindNamed(table.name);
+        const SymbolKind* kind = symbolKind(table.name);
         KdDbObject& head = *context.find(table.head->handle);
         if (kind == nullptr) readKeptObject(context, head, *table.head);
         KdDbObjectAccess::stateForMaker(head).extensionDictionary = context.idOf(table.head->extension);
