@@ -111,7 +111,10 @@ Kdad::ErrorStatus DocumentManager::openFile(const std::wstring& path) {
     }
     auto database = std::make_unique<KdDbDatabase>(false);
     const Kdad::ErrorStatus status = database->readDwgFile(path.c_str());
-    if (status == Kdad::eOk) enter(std::make_unique<Document>(path, std::move(database)));
+    if (status != Kdad::eOk) return status;
+    auto document = std::make_unique<Document>(path, std::move(database));
+    document->editor().zoomToDrawing();
+    enter(std::move(document));
     return status;
 }
 

@@ -70,6 +70,8 @@ TEST_F(FileCommands, open_brings_a_drawing_beside_the_others_without_steps_to_un
     host.run(L"OPEN\n");
     EXPECT_EQ(host.documents().documentCount(), 4);
     EXPECT_EQ(entityCount(), 1U);
+    EXPECT_NEAR(host.editor().view().unitsPerPixel() * host.editor().view().shown().widthPixels(), 10.0, 3.0)
+        << "the drawing is shown whole";
     host.run(L"U\n");
     EXPECT_EQ(entityCount(), 1U) << "there is nothing to undo";
     host.run(L"ERASE ALL \nU\n");
