@@ -5,10 +5,12 @@
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/symbolstate.h"
-#include "kd/db/blockreference.h"
-#include "kd/db/mtext.h"
-#include "kd/db/solid.h"
+#include "kd/db/dictionary.h"
+#include "kd/db/field.h"
+#include "kd/db/headervar.h"
+#include "kd/db/idmapping.h"
 #include "kd/db/table.h"
+#include "kd/db/tablestyle.h"
 #include "tests/host/file/filefixture.h"
 #include "tests/support/objects.h"
 
@@ -65,6 +67,61 @@ TEST_F(DrawingFiles, a_table_comes_back) {
     EXPECT_STREQ(made->textString(0, 0), L"Title ^ \u4e2d\u6587\nsecond");
     EXPECT_EQ(made->backgroundColor(2, 2), KdCmColor::fromRgb(1, 2, 3));
     EXPECT_EQ(made->getMergeRange(3, 0), (KdCellRange{2, 0, 3, 0}));
+}
+
+TEST_F(DrawingFiles, a_table_travels_through_a_temporary_drawing_into_another_one) {
+    KdDbDatabase source;
+    KdDbObjectId style;
+    KdDbDictionary* styles = nullptr;
+    source.getTableStyleDictionary(styles, KdDb::kForWrite);
+    auto* made = new KdDbTableStyle;
+    styles->setAt(L"narrow", made, style);
+    made->setTextHeight(2.25, L"_DATA");
+    made->close();
+    styles->close();
+    auto* table = new KdDbTable;
+    table->setTableStyle(style);
+    table->setSize(3, 2);
+    table->setTextString(2, 1, L"text");
+    table->setGridLineStyle(2, 1, KdDb::kHorzTop, KdDb::kGridLineStyleDouble);
+    const KdDbObjectId id = kdtest::append(source, table);
+    auto* field = new KdDbField;
+    field->setFieldCode(L"\\AcExpr (1+2)");
+    field->postInDatabase(&source);
+    auto* open = kdtest::mustOpen<KdDbTable>(id, KdDb::kForWrite);
+    open->setFieldId(2, 0, field->objectId());
+    field->setOwnerId(id);
+    field->close();
+    open->close();
+
+    KdDbDatabase temporary(true, true);
+    KdDbIdMapping mapping(&temporary);
+    KdDbObjectIdArray ids;
+    ids.append(id);
+    const KdDbObjectId space = KdDbSystemInternals::getImpDatabase(&temporary)->modelSpace();
+    ASSERT_EQ(source.wblockCloneObjects(ids, space, mapping, 1, false), Kdad::eOk);
+    temporary.setInsbase({1.0, 2.0, 3.0});
+    const std::wstring file = widePath("clip.DWG");
+    ASSERT_EQ(temporary.saveAs(file.c_str(), false, 33, nullptr), Kdad::eOk);
+
+    KdDbDatabase target;
+    KdDbDatabase read(false, true);
+    ASSERT_EQ(read.readDwgFile(file.c_str(), 64, true, nullptr), Kdad::eOk);
+    KdDbObjectId block;
+    ASSERT_EQ(target.insert(block, file.c_str(), &read, true), Kdad::eOk);
+    EXPECT_EQ(kdhost::peek<KdDbBlockTableRecord>(block)->origin(), KdGePoint3d(1.0, 2.0, 3.0));
+    const auto& entities = stateOf<KdDbBlockTableRecordState>(*kdhost::peekObject(block)).entities;
+    ASSERT_EQ(entities.size(), 1U);
+    const auto* pasted = kdhost::peek<KdDbTable>(entities[0]);
+    ASSERT_NE(pasted, nullptr);
+    EXPECT_EQ(pasted->isA(), KdDbTable::desc());
+    EXPECT_STREQ(pasted->textString(2, 1), L"text");
+    EXPECT_STREQ(pasted->textString(2, 0), L"3");
+    EXPECT_EQ(pasted->textHeight(2, 1), 2.25);
+    EXPECT_EQ(pasted->gridLineStyle(2, 1, KdDb::kHorzTop), KdDb::kGridLineStyleDouble);
+    EXPECT_EQ(kdhost::peekObject(pasted->tableStyle())->database(), &target);
+    EXPECT_EQ(kdhost::peekObject(pasted->fieldId(2, 0))->database(), &target);
+    savedAndOpened(target);
 }
 
 }  // namespace
