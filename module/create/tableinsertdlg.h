@@ -136,6 +136,7 @@ private:
     void SpinMasterReal(CEdit& edit, int delta) const;
     int integerOf(Figure figure) const;
     double columnWidth() const;
+    double shownColumnWidth() const;
     /// Hands the figures to the jig. 0 without one.
     int CreateTable();
 

@@ -140,7 +140,7 @@ void CVqTableInsertDlg::SpinMasterReal(CEdit& edit, int delta) const {
 int CVqTableInsertDlg::OnMouseWheel(int delta) {
     const QWidget* edit = m_edits[ColumnWidth].widget();
     if (edit == nullptr || QApplication::focusWidget() != edit || !UpdateData(true)) return 1;
-    double width = columnWidth();
+    double width = shownColumnWidth();
     if (delta > 0) width += kWheelStep;
     if (delta < 0) width -= kWheelStep;
     m_texts[ColumnWidth].Format(L"%.4f", std::max(0.0, width));
@@ -154,7 +154,15 @@ int CVqTableInsertDlg::integerOf(Figure figure) const {
     return _wtoi(m_texts[figure].c_str());
 }
 
-/// As a plain number, whatever the drawing's units: of feet and inches the number in front counts.
+/// The table gets the width as a plain number, whatever the drawing's units: of feet and inches the number in front
+/// counts.
 double CVqTableInsertDlg::columnWidth() const {
     return _wtof(m_texts[ColumnWidth].c_str());
+}
+
+/// What the edit shows as a length of the drawing, to step from and to be shown again.
+double CVqTableInsertDlg::shownColumnWidth() const {
+    double width = 0.0;
+    if (CVqTableUtils::StringToDoubleConvert(m_pDatabase, m_texts[ColumnWidth], width) != 0) return width;
+    return columnWidth();
 }

@@ -94,7 +94,7 @@ int CVqTableInsertDlg::WriteRegedit() {
     CVqTableUtils::RegeditSetValue(kWindowToFit, m_bPointMode ? 0 : 1);
     m_nMetric = isMetric(*m_pDatabase) ? 1 : 0;
     CVqTableUtils::RegeditSetValue(kMetric, m_nMetric);
-    CVqTableUtils::RegeditSetValue(kColumnWidth, columnWidth());
+    CVqTableUtils::RegeditSetValue(kColumnWidth, shownColumnWidth());
     // Kept for who reads it there; this dialog has no use for it.
     CVqTableUtils::RegeditSetValue(kIndicatorColor, 0);
     return 1;

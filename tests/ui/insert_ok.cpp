@@ -84,6 +84,20 @@ TEST_F(InsertDialogOk, The_road_of_the_command_places_a_table_of_the_figures) {
     });
 }
 
+TEST_F(InsertDialogOk, Of_feet_and_inches_the_number_in_front_is_the_width_and_all_is_shown_again) {
+    drawing().setLunits(4);
+    insert(L"10,20\n", {setText(wide(kWidthEdit), L"20'-6\""), click(L"IDOK")});
+    look([](const KdDbTable& table) { EXPECT_DOUBLE_EQ(table.columnWidth(0), 20.0); });
+    EXPECT_DOUBLE_EQ(storedWidth(), 246.0);
+    open([&] { EXPECT_EQ(shown(kWidthEdit), length(246.0)); });
+}
+
+TEST_F(InsertDialogOk, A_width_with_anything_behind_it_is_the_number_in_front) {
+    insert(L"10,20\n", {setText(wide(kWidthEdit), L"40 mm"), click(L"IDOK")});
+    look([](const KdDbTable& table) { EXPECT_DOUBLE_EQ(table.columnWidth(0), 40.0); });
+    EXPECT_DOUBLE_EQ(storedWidth(), 40.0);
+}
+
 TEST_F(InsertDialogOk, Each_window_type_makes_its_table_of_the_window) {
     struct Case {
         const char* columns;

@@ -123,8 +123,11 @@ def act(person, folder, pictures):
     person.do("windowmove", "--sync", window, 20, 20)
     time.sleep(0.5)
 
-    # A table of three columns is placed by a pick; its first cell opens by itself.
+    # A table of three columns, as the dialog proposes, is placed by a pick; its first cell opens by itself.
     person.type("TABLE")
+    person.key("Return")
+    time.sleep(1.0)
+    shot(person, pictures, "dialog")
     person.key("Return")
     time.sleep(0.5)
     person.do("mousemove", 300, 200)
