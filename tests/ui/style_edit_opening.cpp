@@ -1,6 +1,9 @@
 // How the style edit dialog opens: title, direction, the cell style and the page shown, what survives from one opening
 // to the next, and what OK and Cancel leave of the edits.
 
+#include <QTextBrowser>
+
+#include "host/ui/help.h"
 #include "tests/ui/styleedit_fixture.h"
 
 namespace kdtest {
@@ -214,6 +217,25 @@ TEST_F(StyleEditOpening, Buttons_with_pictures_tell_what_they_do) {
         EXPECT_EQ(tip("IDC_TABLESTYLEEDIT_REMOVE_BUTTON"), "Remove the start table");
         cancel(dialog);
     });
+}
+
+TEST_F(StyleEditOpening, Help_and_F1_show_the_page_on_table_styles) {
+    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    const auto helpAfter = [](CVqTableStyleEditDlg& dialog, const std::function<void()>& ask) {
+        ask();
+        auto* window = dialog.findChild<QDialog*>(QStringLiteral("HelpWindow"));
+        const QString shown = window == nullptr ? QString() : window->findChild<QTextBrowser*>()->toPlainText();
+        delete window;
+        backIn(dialog);
+        return shown.left(12);
+    };
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(helpAfter(dialog, [&] { press(dialog, "IDHELP"); }), QStringLiteral("Table styles"));
+        auto& edit = in<QLineEdit>(dialog, "IDC_CELLSTYLEGENERAL_VERTICAL_EDIT");
+        EXPECT_EQ(helpAfter(dialog, [&] { QTest::keyClick(&edit, Qt::Key_F1); }), QStringLiteral("Table styles"));
+        cancel(dialog);
+    });
+    kdhost::setHelpFolder({});
 }
 
 TEST_F(StyleEditOpening, Tab_goes_from_the_direction_by_the_cell_style_and_the_page_to_the_buttons) {
