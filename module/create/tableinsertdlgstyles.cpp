@@ -131,6 +131,8 @@ void CVqTableInsertDlg::OnDataLinkManButton() {
         ShowPreviewPicture(1, 0);
         m_ctrlDataLink.ResetContent();
         showRow(m_ctrlDataLink, m_ctrlDataLink.AddString(dialog.m_strPath));
+        // Paths are longer than the box.
+        m_toolTips.AddTool(&m_ctrlDataLink, dialog.m_strPath);
         enableControl("IDOK", true);
     }
     enableFigures(false);

@@ -24,11 +24,14 @@ protected:
         put(edit, text);
         std::wstring after;
         QTimer::singleShot(0, dialog.get(), [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            EXPECT_TRUE(
+                QTest::qWaitFor([&] { return box->isActiveWindow() && box->isAncestorOf(box->focusWidget()); }));
             after = shown(edit);
-            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+            QTest::keyClick(box, Qt::Key_Escape);
         });
         dialog->MessageBoxW(L"text", L"caption", 0);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return dialog->isActiveWindow(); }));
         dialog->GetDlgItem(edit)->SetWindowTextW(L"2");
         leaveTo("IDHELP");
         return after;

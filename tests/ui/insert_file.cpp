@@ -32,6 +32,7 @@ TEST_F(InsertDialogFile, OK_waits_for_a_file) {
                 [&] {
                     EXPECT_EQ(rowsOf(kFileBox), Names{path.toStdWString()});
                     EXPECT_EQ(shown(kFileBox), path.toStdWString());
+                    EXPECT_EQ(control(kFileBox).toolTip(), path) << "for which the box may be too narrow";
                     EXPECT_FALSE(isOn(kFileBox));
                     for (const char* edit : kFigureEdits) EXPECT_FALSE(isOn(edit)) << edit;
                 },

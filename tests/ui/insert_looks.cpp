@@ -1,6 +1,8 @@
 // The looks of the insert dialog in each of its modes, in both languages.
 
 #include <QComboBox>
+#include <QDir>
+#include <QTemporaryDir>
 
 #include "kd/db/database.h"
 #include "module/create/tableinsertdlg.h"
@@ -41,7 +43,8 @@ TEST_P(InsertDialogLooks, of_each_mode) {
 }
 
 TEST_P(InsertDialogLooks, with_a_table_from_a_file) {
-    QTemporaryDir folder;
+    // The box has room for a short path.
+    const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/XXXXXX"));
     QFile file(folder.filePath(QStringLiteral("p.csv")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("Part,Number,Mass\nBolt,12,0.4\nWasher,24,0.1\nNut,12,0.2\n");

@@ -5,7 +5,7 @@
     <name>IDD_CELLBORDERPROP_DIALOG</name>
     <message>
         <source>Cell Borders</source>
-        <translation>单元格边框</translation>
+        <translation>单元边框</translation>
     </message>
     <message>
         <source>Properties</source>
@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Preview of the selected cells</source>
-        <translation>所选单元格的预览</translation>
+        <translation>所选单元的预览</translation>
     </message>
     <message>
         <source>&amp;Apply to:</source>
@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>Bottom borders</source>
-        <translation>下边框</translation>
+        <translation>底部边框</translation>
     </message>
     <message>
         <source>Left borders</source>
@@ -102,6 +102,69 @@
     <message>
         <source>No borders</source>
         <translation>无边框</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>IDD_CELLINSERTBLOCK_DIALOG</name>
+    <message>
+        <source>Insert a Block in a Table Cell</source>
+        <translation>在单元中插入块</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>名称(&amp;N):</translation>
+    </message>
+    <message>
+        <source>Name of the block</source>
+        <translation>块名称</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>浏览(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>File:</source>
+        <translation>文件:</translation>
+    </message>
+    <message>
+        <source>&amp;Scale:</source>
+        <translation>比例(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Scale of the block</source>
+        <translation>块的比例</translation>
+    </message>
+    <message>
+        <source>Auto&amp;fit</source>
+        <translation>自动调整(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Fit the block to the cell</source>
+        <translation>使块适合单元</translation>
+    </message>
+    <message>
+        <source>&amp;Rotation:</source>
+        <translation>旋转角度(&amp;R):</translation>
+    </message>
+    <message>
+        <source>Rotation of the block</source>
+        <translation>块的旋转角度</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>对齐(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Alignment of the block in the cell</source>
+        <translation>块在单元中的对齐方式</translation>
     </message>
     <message>
         <source>OK</source>
@@ -500,6 +563,26 @@
 <context>
     <name>IDD_TABLEINSERT_DIALOG</name>
     <message>
+        <source>The data of a file</source>
+        <translation>文件中的数据</translation>
+    </message>
+    <message>
+        <source>Fixed number of columns</source>
+        <translation>固定列数</translation>
+    </message>
+    <message>
+        <source>Fixed column width</source>
+        <translation>固定列宽</translation>
+    </message>
+    <message>
+        <source>Fixed number of data rows</source>
+        <translation>固定数据行数</translation>
+    </message>
+    <message>
+        <source>Fixed row height</source>
+        <translation>固定行高</translation>
+    </message>
+    <message>
         <source>Insert Table</source>
         <translation>插入表格</translation>
     </message>
@@ -834,6 +917,252 @@
     </message>
 </context>
 <context>
+    <name>IDR_BYCOLUMN_INSERT_MENU</name>
+    <message>
+        <source>Column</source>
+        <translation>列</translation>
+    </message>
+    <message>
+        <source>Insert Column &amp;Left</source>
+        <translation>在左侧插入列(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Insert Column &amp;Right</source>
+        <translation>在右侧插入列(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Column</source>
+        <translation>删除列(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Contents</source>
+        <translation>删除内容(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Mer&amp;ge</source>
+        <translation>合并(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;All</source>
+        <translation>全部(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Row</source>
+        <translation>按行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Column</source>
+        <translation>按列(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Unmerge</source>
+        <translation>取消合并(&amp;U)</translation>
+    </message>
+    <message>
+        <source>L&amp;ocking</source>
+        <translation>锁定(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Unlocked</source>
+        <translation>未锁定(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Content Locked</source>
+        <translation>内容已锁定(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Format Locked</source>
+        <translation>格式已锁定(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Content and Format &amp;Locked</source>
+        <translation>内容和格式已锁定(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Data &amp;Format...</source>
+        <translation>数据格式(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Alig&amp;nment</source>
+        <translation>对齐(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Left</source>
+        <translation>左上(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Top Center</source>
+        <translation>中上(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Right</source>
+        <translation>右上(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Middle L&amp;eft</source>
+        <translation>左中(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Middle Center</source>
+        <translation>正中(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Middle Ri&amp;ght</source>
+        <translation>右中(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom Left</source>
+        <translation>左下(&amp;B)</translation>
+    </message>
+    <message>
+        <source>B&amp;ottom Center</source>
+        <translation>中下(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Bottom Rig&amp;ht</source>
+        <translation>右下(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground Fill...</source>
+        <translation>背景填充(&amp;K)...</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_BYROW_INSERT_MENU</name>
+    <message>
+        <source>Row</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Insert Row &amp;Above</source>
+        <translation>在上方插入行(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Insert Row &amp;Below</source>
+        <translation>在下方插入行(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Row</source>
+        <translation>删除行(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Contents</source>
+        <translation>删除内容(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Mer&amp;ge</source>
+        <translation>合并(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;All</source>
+        <translation>全部(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Row</source>
+        <translation>按行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Column</source>
+        <translation>按列(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Unmerge</source>
+        <translation>取消合并(&amp;U)</translation>
+    </message>
+    <message>
+        <source>L&amp;ocking</source>
+        <translation>锁定(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Unlocked</source>
+        <translation>未锁定(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Content Locked</source>
+        <translation>内容已锁定(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Format Locked</source>
+        <translation>格式已锁定(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Content and Format &amp;Locked</source>
+        <translation>内容和格式已锁定(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Data &amp;Format...</source>
+        <translation>数据格式(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Alig&amp;nment</source>
+        <translation>对齐(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Left</source>
+        <translation>左上(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Top Center</source>
+        <translation>中上(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Right</source>
+        <translation>右上(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Middle L&amp;eft</source>
+        <translation>左中(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Middle Center</source>
+        <translation>正中(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Middle Ri&amp;ght</source>
+        <translation>右中(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom Left</source>
+        <translation>左下(&amp;B)</translation>
+    </message>
+    <message>
+        <source>B&amp;ottom Center</source>
+        <translation>中下(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Bottom Rig&amp;ht</source>
+        <translation>右下(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground Fill...</source>
+        <translation>背景填充(&amp;K)...</translation>
+    </message>
+</context>
+<context>
     <name>IDR_DATAFORMAT_MENU</name>
     <message>
         <source>Data Format</source>
@@ -985,6 +1314,208 @@
     <message>
         <source>Merge by &amp;Column</source>
         <translation>按列合并(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_TABLECELL_MENU</name>
+    <message>
+        <source>Cells</source>
+        <translation>单元</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment</source>
+        <translation>对齐(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Left</source>
+        <translation>左上(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Top Center</source>
+        <translation>中上(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Top &amp;Right</source>
+        <translation>右上(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Middle L&amp;eft</source>
+        <translation>左中(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Middle Center</source>
+        <translation>正中(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Middle Ri&amp;ght</source>
+        <translation>右中(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom Left</source>
+        <translation>左下(&amp;B)</translation>
+    </message>
+    <message>
+        <source>B&amp;ottom Center</source>
+        <translation>中下(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Bottom Rig&amp;ht</source>
+        <translation>右下(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Background Fill...</source>
+        <translation>背景填充(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>B&amp;orders...</source>
+        <translation>边框(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Locking</source>
+        <translation>锁定(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Unlocked</source>
+        <translation>未锁定(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Content Locked</source>
+        <translation>内容已锁定(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Format Locked</source>
+        <translation>格式已锁定(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Content and Format &amp;Locked</source>
+        <translation>内容和格式已锁定(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Data &amp;Format...</source>
+        <translation>数据格式(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>&amp;Match Cell</source>
+        <translation>匹配单元(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Mer&amp;ge</source>
+        <translation>合并(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;All</source>
+        <translation>全部(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Row</source>
+        <translation>按行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Merge by &amp;Column</source>
+        <translation>按列(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Unmerge</source>
+        <translation>取消合并(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Contents</source>
+        <translation>删除内容(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Text</source>
+        <translation>编辑文字(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Colum&amp;ns</source>
+        <translation>列(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Insert &amp;Left</source>
+        <translation>在左侧插入(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Insert &amp;Right</source>
+        <translation>在右侧插入(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Size &amp;Equally</source>
+        <translation>均匀调整列宽(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Rows</source>
+        <translation>行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Insert &amp;Above</source>
+        <translation>在上方插入(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Insert &amp;Below</source>
+        <translation>在下方插入(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Delete Ro&amp;ws</source>
+        <translation>删除行(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Si&amp;ze Rows Equally</source>
+        <translation>均匀调整行高(&amp;Z)</translation>
+    </message>
+</context>
+<context>
+    <name>IDR_TABLESTYLE_MENU</name>
+    <message>
+        <source>Table</source>
+        <translation>表格</translation>
+    </message>
+    <message>
+        <source>&amp;Table Style</source>
+        <translation>表格样式(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Size &amp;Columns Equally</source>
+        <translation>均匀调整列宽(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Size &amp;Rows Equally</source>
+        <translation>均匀调整行高(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Save as &amp;New Table Style</source>
+        <translation>另存为新表格样式(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Set as C&amp;urrent Table Style</source>
+        <translation>置为当前表格样式(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Remove &amp;All Property Overrides</source>
+        <translation>删除所有特性替代(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>输出(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;Indicator Color...</source>
+        <translation>指示器颜色(&amp;I)...</translation>
     </message>
 </context>
 </TS>
