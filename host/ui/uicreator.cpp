@@ -48,15 +48,18 @@ constexpr std::array kWidgetClasses = {
     WidgetClass{"QDialog", make<QWidget>},
 };
 
-/// Sizes in a file are those of a plain screen. Of sizes without a number nothing is changed.
+/// Sizes and places in a file are those of a plain screen. What a layout holds takes its place from that; sizes without
+/// a number stay so.
 void scaleSizes(QWidget& widget) {
     const auto scaled = [scale = kdadGetDPIScale()](int pixels) {
         return pixels >= QWIDGETSIZE_MAX ? pixels : static_cast<int>(std::lround(pixels * scale));
     };
     const QSize most = widget.maximumSize();
     const QSize least = widget.minimumSize();
+    const QRect place = widget.geometry();
     widget.setMaximumSize(scaled(most.width()), scaled(most.height()));
     widget.setMinimumSize(scaled(least.width()), scaled(least.height()));
+    widget.setGeometry(scaled(place.x()), scaled(place.y()), scaled(place.width()), scaled(place.height()));
 }
 
 class Loader : public QUiLoader {

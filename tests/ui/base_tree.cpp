@@ -7,6 +7,7 @@
 #include <QLayout>
 #include <QTabWidget>
 
+#include "kd/ui/hostdialogs.h"
 #include "kd/ui/menu.h"
 #include "kd/ui/uicreator.h"
 #include "mfc/controls.h"
@@ -52,13 +53,14 @@ TEST(DialogTree, a_label_keeps_its_buddy) {
     EXPECT_EQ(dialog.control<QLabel>("IDC_LABEL").buddy(), dialog.getWidgetsFromOrignal("IDC_EDIT"));
 }
 
-TEST(DialogTree, a_tree_of_rectangles_keeps_size_places_and_hidden_controls) {
+TEST(DialogTree, a_tree_of_rectangles_keeps_size_places_and_hidden_controls_at_the_screens_scale) {
+    const auto scaled = [](int pixels) { return qRound(pixels * kdadGetDPIScale()); };
     RecordingDialog dialog("BASE_FIXED");
     ASSERT_TRUE(dialog.built);
     dialog.open();
-    EXPECT_EQ(dialog.size(), QSize(240, 120));
+    EXPECT_EQ(dialog.size(), QSize(scaled(240), scaled(120)));
     EXPECT_EQ(dialog.minimumSize(), dialog.maximumSize());
-    EXPECT_EQ(dialog.control<QWidget>("IDC_EDIT").geometry(), QRect(10, 10, 100, 24));
+    EXPECT_EQ(dialog.control<QWidget>("IDC_EDIT").geometry(), QRect(scaled(10), scaled(10), scaled(100), scaled(24)));
     EXPECT_EQ(dialog.control<QWidget>("IDC_EDIT").parentWidget(), &dialog);
     EXPECT_TRUE(dialog.control<QWidget>("IDC_EDIT").isVisible());
     EXPECT_FALSE(dialog.control<QWidget>("IDC_HIDDEN").isVisible());
