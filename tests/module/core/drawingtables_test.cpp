@@ -109,6 +109,36 @@ TEST_F(DrawingTables, FindTableStyleFromTable_tells_whether_a_table_has_the_styl
     EXPECT_FALSE(CVqTableCommon::FindTableStyleFromTable(ids, standard)) << "a table that can't be opened";
 }
 
+TEST_F(DrawingTables, FindCellStyleFromTable_tells_whether_a_cell_of_a_table_of_that_style_has_it) {
+    KdArray<KdDbObjectId> ids;
+    const auto finds = [&](const wchar_t* tableStyle, const wchar_t* cellStyle) {
+        return CVqTableCommon::FindCellStyleFromTable(ids, tableStyle, cellStyle);
+    };
+    const KdDbObjectId standard = host.database().tablestyle();
+    EXPECT_EQ(finds(L"Standard", L"_DATA"), 0) << "no tables";
+    ids.append(append(new KdDbLine));
+    ids.append(add(TableBuilder(3, 3).style(standard).cellStyle("C3", L"Notes")));
+    EXPECT_EQ(finds(L"Standard", L"Notes"), 1);
+    EXPECT_EQ(finds(L"STANDARD", L"nOTES"), 1) << "regardless of case";
+    EXPECT_EQ(finds(L"Standard", L"Other"), 0);
+    EXPECT_EQ(finds(L"Walls", L"Notes"), 0) << "a table of another style";
+    const OpenObject<KdDbTable> writer(ids[1], KdDb::kForWrite);
+    EXPECT_EQ(finds(L"Standard", L"Notes"), 0) << "a table that can't be opened";
+}
+
+TEST_F(DrawingTables, FindCellStyleFromTable_ends_at_a_table_whose_style_cannot_be_opened) {
+    const KdDbObjectId standard = host.database().tablestyle();
+    const KdDbObjectId odd = add(TableBuilder(1, 1).style(host.database().layerZero()));
+    const KdDbObjectId styled = add(TableBuilder(1, 1).style(standard).cellStyle("A1", L"Notes"));
+    KdArray<KdDbObjectId> ids;
+    ids.append(styled);
+    ids.append(odd);
+    EXPECT_EQ(CVqTableCommon::FindCellStyleFromTable(ids, L"Standard", L"Notes"), 1);
+    ids[0] = odd;
+    ids[1] = styled;
+    EXPECT_EQ(CVqTableCommon::FindCellStyleFromTable(ids, L"Standard", L"Notes"), 0);
+}
+
 TEST_F(DrawingTables, SaveAsNewCellStyle_tells_whether_the_table_can_be_read) {
     const KdDbObjectId id = add(TableBuilder(1, 1));
     EXPECT_TRUE(CVqTableCommon::SaveAsNewCellStyle(id));
