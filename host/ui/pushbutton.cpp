@@ -8,6 +8,7 @@
 #include <QStylePainter>
 #include <algorithm>
 
+#include "kd/ui/hostdialogs.h"
 #include "kd/ui/widgets.h"
 
 namespace {
@@ -21,12 +22,21 @@ int arrowWidth(const QWidget& button) {
     return button.width() * 2 / 5;
 }
 
+/// The picture at the size that fits the screen, where the resource brings it: "_2X" or "_3X" stands behind its name.
+QImage pictureAt(const QString& path) {
+    constexpr int kLargest = 3;
+    const int scale = std::min(kLargest, static_cast<int>(kdadGetDPIScale()));
+    QImage larger;
+    if (scale > 1) larger.load(QStringLiteral("%1_%2X").arg(path).arg(scale));
+    return larger.isNull() ? QImage(path) : larger;
+}
+
 }  // namespace
 
 KdUiPushButton::KdUiPushButton(QWidget* parent) : QPushButton(parent) {}
 
 void KdUiPushButton::setIcon(const QString& path, const QColor& mask) {
-    QImage picture(path);
+    QImage picture = pictureAt(path);
     if (picture.isNull()) return;
     picture = picture.convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < picture.height(); ++y) {

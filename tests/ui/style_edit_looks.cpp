@@ -32,6 +32,10 @@ TEST_P(StyleEditDialogLooks, of_each_page) {
             tabs.setCurrentIndex(page);
             lookAndReach(dialog, names[page]);
         }
+        for (const char* name : {"IDC_CELLSTYLEBORDER_ALLBORDER_BUTTON", "IDC_TABLESTYLEEDIT_CREATE_BUTTON"}) {
+            const int scale = static_cast<int>(kdadGetDPIScale());
+            EXPECT_EQ(in<QPushButton>(dialog, name).iconSize(), QSize(16, 16) * scale) << name;
+        }
         press(dialog, "IDCANCEL");
     });
     transactions.abortTransaction();

@@ -93,8 +93,8 @@ class KdUiPushButton : public QPushButton {
 public:
     explicit KdUiPushButton(QWidget* parent = nullptr);
     using QPushButton::setIcon;
-    /// The picture at a resource path, its `mask` colour made transparent. A missing picture leaves the button
-    /// as it was.
+    /// The picture at a resource path, its `mask` colour made transparent; on a dense screen the one whose name has
+    /// "_2X" or "_3X" behind it, where there is one. A missing picture leaves the button as it was.
     void setIcon(const QString& path, const QColor& mask);
     /// 0 an ordinary button, 2 a flat tool button, 6 a flat tool button with an arrow part.
     void setButtonStyle(int style);
