@@ -37,8 +37,8 @@ function(check_layers)
     forbid_includes(module/preview "module/(create|style|edit|exchange|frame)/")
     forbid_includes(module/exchange "module/(create|edit|frame)/")
     forbid_includes(module/style "module/(create|edit|exchange|frame)/")
-    # The controls of dialogs stand on the core alone and serve every dialog.
-    forbid_includes(module/style/controls "module/(valuetext|preview|create|edit|exchange|frame|style/[a-z]+\\.)")
+    # The controls of dialogs stand on the ground alone and serve every dialog.
+    forbid_includes(module/style/controls "module/(preview|create|edit|exchange|frame|style/[a-z]+\\.)")
     forbid_includes(module/exchange "module/style/[a-z]+\\.")
     forbid_includes(module/create "module/(edit|frame)/")
     forbid_includes(module/edit "module/frame/")

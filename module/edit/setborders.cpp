@@ -1,8 +1,15 @@
 // The borders of the selected cells.
 
+#include "module/core/editframe.h"
 #include "module/core/tablecommon.h"
+#include "module/edit/cellborderpropdlg.h"
 
-int CVqTableCommon::SetBorders(KdDbObjectId) {
-    // The dialog of borders isn't there yet: the table stays as it is.
-    return true;
+int CVqTableCommon::SetBorders(KdDbObjectId table) {
+    if (table.isNull() || !table.isValid()) return false;
+    constexpr EditMark mark{.name = L"CellBorder", .titleText = 2108, .updatesDisplay = false};
+    return markedEdit(mark, [table] {
+        CVqTableCellBorderPropDlg dialog;
+        dialog.SetTableObjectId(table);
+        dialog.DoModal();
+    });
 }

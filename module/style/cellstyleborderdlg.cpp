@@ -2,9 +2,6 @@
 
 #include "module/style/cellstyleborderdlg.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "kd/db/database.h"
 #include "kd/db/tablestyle.h"
 #include "module/core/resources.h"
@@ -21,25 +18,15 @@ constexpr const char* kSpacingEdit = "IDC_CELLSTYLEBORDER_SPACING_EDIT";
 constexpr const char* kDoubleLineButton = "IDC_CELLSTYLEBORDER_DOUBLELINE_BUTTON";
 
 constexpr unsigned kInfoTextNumber = 2124;
-constexpr unsigned kBitmapMask = 0x848200;
-constexpr double kSameSpacing = 1e-10;
-/// What a box shows when the edges don't agree: by block.
-constexpr int kMixedRow = 1;
 
 // Kinds of samples in the boxes.
 constexpr int kLinetypeSamples = 1;
 constexpr int kWeightSamples = 2;
 constexpr int kColorSamples = 3;
 
-constexpr int kHorizontal = KdDb::kHorzTop | KdDb::kHorzInside | KdDb::kHorzBottom;
-constexpr int kVertical = KdDb::kVertLeft | KdDb::kVertInside | KdDb::kVertRight;
-
-constexpr std::array kEdges = {KdDb::kHorzTop,  KdDb::kHorzInside, KdDb::kHorzBottom,
-                               KdDb::kVertLeft, KdDb::kVertInside, KdDb::kVertRight};
-
 /// The edges of each selector. Bottom, left, top and right take the inside line of their direction along.
 constexpr std::array kSelectors = {
-    kHorizontal | kVertical,
+    kAllEdges,
     KdDb::kHorzTop | KdDb::kHorzBottom | KdDb::kVertLeft | KdDb::kVertRight,
     KdDb::kHorzInside | KdDb::kVertInside,
     KdDb::kHorzInside | KdDb::kHorzBottom,
@@ -48,35 +35,11 @@ constexpr std::array kSelectors = {
     KdDb::kVertInside | KdDb::kVertRight,
 };
 
-template <class Visit>
-void forEachEdge(int edges, Visit visit) {
-    for (const KdDb::GridLineType edge : kEdges) {
-        if ((edges & edge) != 0) visit(edge);
-    }
-}
-
-/// Whether some entry differs from the next one.
-template <class T, class Argument>
-bool IsRepeatFromArray(const CArray<T, Argument>& array) {
-    return std::adjacent_find(array.begin(), array.end(), [](const T& a, const T& b) { return a != b; }) != array.end();
-}
-
-/// Whether there is an entry for each of the six edges: hidden edges have none.
-template <class T, class Argument>
-bool holdsAllEdges(const CArray<T, Argument>& array) {
-    return array.GetSize() == static_cast<int>(kEdges.size());
-}
-
-template <class T, class Argument>
-bool allEdgesAgree(const CArray<T, Argument>& array) {
-    return holdsAllEdges(array) && !IsRepeatFromArray(array);
-}
-
 }  // namespace
 
 using Page = CVqTableCellStyleBorderDlg;
 
-const std::array<Page::BorderButton, 8> Page::kBorderButtons = {{
+const std::array<PictureButton<Page>, 8> Page::kBorderButtons = {{
     {"IDC_CELLSTYLEBORDER_ALLBORDER_BUTTON", "IDB_CELLSTYLE_ALLBORDER_BMP", 2088, &Page::OnAllBorderButton},
     {"IDC_CELLSTYLEBORDER_OUTERBORDER_BUTTON", "IDB_CELLSTYLE_OUTERBORDER_BMP", 2089, &Page::OnOuterBorderButton},
     {"IDC_CELLSTYLEBORDER_INNERBORDER_BUTTON", "IDB_CELLSTYLE_INNERBORDER_BMP", 2090, &Page::OnInnerBorderButton},
@@ -102,30 +65,25 @@ void CVqTableCellStyleBorderDlg::bindSingals() {
         {kDoubleLineButton, ControlSignal::Clicked, &Page::OnDoubleLineButton},
     };
     connectControls(*this, kControls);
-    for (const BorderButton& button : kBorderButtons) {
-        const ControlWire<Page> wire[] = {{button.control, ControlSignal::Clicked, button.handler}};
-        connectControls(*this, wire);
-    }
+    m_buttons.connect(*this);
 }
 
 void CVqTableCellStyleBorderDlg::DoDataExchange(CDataExchange* exchange) {
     KdUiBaseDialog::DoDataExchange(exchange);
-    DDX_Control(exchange, kWeightBox, m_weightBox);
-    DDX_Control(exchange, kTypeBox, m_typeBox);
-    DDX_Control(exchange, kColorBox, m_colorBox);
+    DDX_Control(exchange, kWeightBox, m_boxes.weight);
+    DDX_Control(exchange, kTypeBox, m_boxes.type);
+    DDX_Control(exchange, kColorBox, m_boxes.color);
     DDX_Control(exchange, kInfoText, m_infoText);
     DDX_Control(exchange, kSpacingEdit, m_spacingEdit);
     DDX_Control(exchange, kDoubleLineButton, m_doubleLineButton);
-    for (std::size_t i = 0; i < kBorderButtons.size(); ++i) {
-        DDX_Control(exchange, kBorderButtons[i].control, m_buttons[i]);
-    }
+    m_buttons.exchange(exchange);
 }
 
 int CVqTableCellStyleBorderDlg::OnInitDialog() {
     KdUiBaseDialog::OnInitDialog();
     initPageWindow();
     LoadButtonBitmap();
-    m_typeBox.setDatabase(database());
+    m_boxes.type.setDatabase(database());
     if (UpdateFormDatabaseData() == 0) return 0;
     SetButtonToolTip();
     m_infoText.SetWindowTextW(loadText(kInfoTextNumber));
@@ -135,16 +93,11 @@ int CVqTableCellStyleBorderDlg::OnInitDialog() {
 }
 
 void CVqTableCellStyleBorderDlg::LoadButtonBitmap() {
-    for (std::size_t i = 0; i < kBorderButtons.size(); ++i) {
-        m_buttons[i].setBitmapId(QString::fromLatin1(kBorderButtons[i].bitmap), kBitmapMask);
-    }
+    m_buttons.loadBitmaps();
 }
 
 void CVqTableCellStyleBorderDlg::SetButtonToolTip() {
-    m_toolTips.Create(this);
-    for (std::size_t i = 0; i < kBorderButtons.size(); ++i) {
-        m_toolTips.AddTool(&m_buttons[i], loadText(kBorderButtons[i].toolTip));
-    }
+    m_buttons.addToolTips(*this);
 }
 
 void CVqTableCellStyleBorderDlg::InitUI() {
@@ -155,34 +108,31 @@ void CVqTableCellStyleBorderDlg::InitUI() {
 
 bool CVqTableCellStyleBorderDlg::PreTranslateMessage(MSG* message) {
     if (isLeftToDialog(*message)) return false;
-    m_toolTips.RelayEvent(message);
+    m_buttons.relay(message);
     return CVqTableCellStylePage::PreTranslateMessage(message);
 }
 
 int CVqTableCellStyleBorderDlg::UpdateFormDatabaseData() {
-    m_lineWeights.RemoveAll();
-    m_linetypes.RemoveAll();
-    m_colors.RemoveAll();
+    m_looks.emptyLines();
     if (m_doubleLineButton.GetSafeHwnd() == nullptr) return 0;
     m_doubleLineButton.SetCheck(0);
     m_spacingEdit.EnableWindow(false);
     const KdDbTableStyle* style = styleForRead();
     if (style == nullptr) return 0;
     gatherEdges(*style);
-    showWeight();
-    showLinetype();
-    showColor();
+    m_boxes.show(m_looks);
+    m_lineWeight = m_boxes.weight.GetCurrentItemLineWeight();
     showSpacing(*style);
     return 1;
 }
 
 void CVqTableCellStyleBorderDlg::gatherEdges(const KdDbTableStyle& style) {
-    for (const KdDb::GridLineType edge : kEdges) {
+    for (const KdDb::GridLineType edge : kGridEdges) {
         if (style.gridVisibility(edge, cellStyle()) == KdDb::kVisible) {
-            m_lineWeights.Add(style.gridLineWeight(edge, cellStyle()));
-            m_linetypes.Add(style.gridLinetype(edge, cellStyle()));
-            m_colors.Add(style.gridColor(edge, cellStyle()));
-            m_spacings.Add(style.gridDoubleLineSpacing(edge, cellStyle()));
+            m_looks.lineWeights.Add(style.gridLineWeight(edge, cellStyle()));
+            m_looks.linetypes.Add(style.gridLinetype(edge, cellStyle()));
+            m_looks.colors.Add(style.gridColor(edge, cellStyle()));
+            m_looks.spacings.Add(style.gridDoubleLineSpacing(edge, cellStyle()));
         }
         // A double line shows on the button even where its edge is hidden.
         if (style.gridLineStyle(edge, cellStyle()) == KdDb::kGridLineStyleDouble) {
@@ -192,67 +142,28 @@ void CVqTableCellStyleBorderDlg::gatherEdges(const KdDbTableStyle& style) {
     }
 }
 
-bool CVqTableCellStyleBorderDlg::IsLineWeightUnification() const {
-    return allEdgesAgree(m_lineWeights);
-}
-
-bool CVqTableCellStyleBorderDlg::IsLineTypeUnification() const {
-    return allEdgesAgree(m_linetypes);
-}
-
-bool CVqTableCellStyleBorderDlg::IsCmColorUnification() const {
-    return allEdgesAgree(m_colors);
-}
-
-bool CVqTableCellStyleBorderDlg::IsGridLineStyleUnification() const {
-    return allEdgesAgree(m_lineStyles);
-}
-
-bool CVqTableCellStyleBorderDlg::IsSpacingUnification() const {
-    const auto differ = [](double a, double b) { return std::abs(a - b) > kSameSpacing; };
-    return holdsAllEdges(m_spacings) &&
-           std::adjacent_find(m_spacings.begin(), m_spacings.end(), differ) == m_spacings.end();
-}
-
-void CVqTableCellStyleBorderDlg::showWeight() {
-    const int row = IsLineWeightUnification() ? m_weightBox.FindItemByLineWeight(m_lineWeights[0]) : -1;
-    m_weightBox.SetCurSel(row >= 0 ? row : kMixedRow);
-    m_lineWeight = m_weightBox.GetCurrentItemLineWeight();
-}
-
-void CVqTableCellStyleBorderDlg::showLinetype() {
-    // The null id is no row's.
-    const int row = IsLineTypeUnification() ? m_typeBox.FindItemByLinetype(m_linetypes[0]) : -1;
-    m_typeBox.SetCurSel(row >= 0 ? row : kMixedRow);
-}
-
-void CVqTableCellStyleBorderDlg::showColor() {
-    const int row = IsCmColorUnification() ? m_colorBox.FindItemByColor(m_colors[0]) : -1;
-    m_colorBox.SetCurSel(row >= 0 ? row : kMixedRow);
-}
-
 void CVqTableCellStyleBorderDlg::showSpacing(const KdDbTableStyle& style) {
-    showLength(m_spacingEdit,
-               IsSpacingUnification() ? m_spacings[0] : style.gridDoubleLineSpacing(KdDb::kHorzTop, cellStyle()));
+    showLength(m_spacingEdit, m_looks.IsSpacingUnification()
+                                  ? m_looks.spacings[0]
+                                  : style.gridDoubleLineSpacing(KdDb::kHorzTop, cellStyle()));
 }
 
 void CVqTableCellStyleBorderDlg::OnSelLWeightComboBox() {
-    if (m_weightBox.GetCurSel() >= 0) m_lineWeight = m_weightBox.GetCurrentItemLineWeight();
+    if (m_boxes.weight.GetCurSel() >= 0) m_lineWeight = m_boxes.weight.GetCurrentItemLineWeight();
 }
 
 void CVqTableCellStyleBorderDlg::OnSelColorComboBox() {
-    finishColorChoice(m_colorBox);
-    if (m_colorBox.GetCurSel() >= 0) m_colorBox.GetCurrentItemColor(m_color);
+    finishColorChoice(m_boxes.color);
+    if (m_boxes.color.GetCurSel() >= 0) m_boxes.color.GetCurrentItemColor(m_color);
 }
 
 void CVqTableCellStyleBorderDlg::OnDropDownColorComboBox() {
-    m_droppedRow = m_colorBox.GetCurSel();
+    m_droppedRow = m_boxes.color.GetCurSel();
 }
 
 void CVqTableCellStyleBorderDlg::OnSelLTypeComboBox() {
-    if (m_typeBox.GetCurSel() < 0) return;
-    if (selectedText(m_typeBox) == m_typeBox.GetOtherName()) m_typeBox.SelectOther(1);
-    m_idLinetype = m_typeBox.GetItemLinetype(m_typeBox.GetCurSel());
+    if (m_boxes.type.GetCurSel() < 0) return;
+    m_idLinetype = m_boxes.chosenLinetype();
 }
 
 void CVqTableCellStyleBorderDlg::OnDoubleLineButton() {
@@ -282,9 +193,9 @@ void CVqTableCellStyleBorderDlg::SetBorderVisible(int selector) {
 void CVqTableCellStyleBorderDlg::SetVisibleGridLineData(int doubleLine, int selector) {
     KdDbTableStyle* style = styleForWrite();
     if (style == nullptr) return;
-    m_colorBox.GetCurrentItemColor(m_color);
-    m_idLinetype = m_typeBox.GetItemLinetype(m_typeBox.GetCurSel());
-    m_lineWeight = m_weightBox.GetCurrentItemLineWeight();
+    m_boxes.color.GetCurrentItemColor(m_color);
+    m_idLinetype = m_boxes.type.GetItemLinetype(m_boxes.type.GetCurSel());
+    m_lineWeight = m_boxes.weight.GetCurrentItemLineWeight();
     const auto lineStyle = doubleLine != 0 ? KdDb::kGridLineStyleDouble : KdDb::kGridLineStyleSingle;
     forEachEdge(kSelectors[static_cast<std::size_t>(selector)], [&](KdDb::GridLineType edge) {
         style->setGridLineStyle(lineStyle, edge, cellStyle());
@@ -298,7 +209,7 @@ void CVqTableCellStyleBorderDlg::SetVisibleGridLineData(int doubleLine, int sele
 void CVqTableCellStyleBorderDlg::SetInvisibleGridLineData() {
     KdDbTableStyle* style = styleForWrite();
     if (style == nullptr) return;
-    for (const KdDb::GridLineType edge : kEdges) {
+    for (const KdDb::GridLineType edge : kGridEdges) {
         if (style->gridVisibility(edge, cellStyle()) != KdDb::kVisible) continue;
         style->setGridLineStyle(KdDb::kGridLineStyleSingle, edge, cellStyle());
     }
@@ -307,7 +218,7 @@ void CVqTableCellStyleBorderDlg::SetInvisibleGridLineData() {
 void CVqTableCellStyleBorderDlg::SetBorderInvisible() {
     KdDbTableStyle* style = styleForWrite();
     if (style == nullptr) return;
-    for (const KdDb::GridLineType edge : kEdges) {
+    for (const KdDb::GridLineType edge : kGridEdges) {
         const KdDbDatabase* drawing = style->database();
         if (drawing == nullptr) return;
         style->setGridLinetype(drawing->byBlockLinetype(), edge, cellStyle());

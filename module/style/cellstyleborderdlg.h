@@ -7,10 +7,9 @@
 
 #include <array>
 
-#include "kd/ui/comboboxes.h"
-#include "mfc/collections.h"
 #include "module/style/cellstylepage.h"
-#include "module/style/controls/bitmapbutton.h"
+#include "module/style/controls/picturebuttons.h"
+#include "module/style/edgelooks.h"
 
 class CVqTableCellStyleBorderDlg : public CVqTableCellStylePage {
 public:
@@ -26,18 +25,12 @@ public:
     // Nothing calls these two.
 
     /// Whether the line styles of all six edges agree; they are never gathered, so that it is false.
-    bool IsGridLineStyleUnification() const;
+    bool IsGridLineStyleUnification() const { return m_looks.IsGridLineStyleUnification(); }
     /// Gives the single line to every visible edge.
     void SetInvisibleGridLineData();
 
 private:
-    struct BorderButton {
-        const char* control;
-        const char* bitmap;
-        unsigned toolTip;  ///< number of its text
-        void (CVqTableCellStyleBorderDlg::*handler)();
-    };
-    static const std::array<BorderButton, 8> kBorderButtons;
+    static const std::array<PictureButton<CVqTableCellStyleBorderDlg>, 8> kBorderButtons;
 
     void OnAllBorderButton() { SetBorderVisible(0); }
     void OnOuterBorderButton() { SetBorderVisible(1); }
@@ -66,21 +59,10 @@ private:
     void SetBorderInvisible();
 
     void gatherEdges(const KdDbTableStyle& style);
-    void showWeight();
-    void showLinetype();
-    void showColor();
     void showSpacing(const KdDbTableStyle& style);
 
-    bool IsLineWeightUnification() const;
-    bool IsLineTypeUnification() const;
-    bool IsCmColorUnification() const;
-    bool IsSpacingUnification() const;
-
-    CKdUiLineWeightComboBox m_weightBox;
-    CKdUiLineTypeComboBox m_typeBox;
-    CKdUiTrueColorComboBox m_colorBox;
-    std::array<CVqBitmapButton, 8> m_buttons;
-    CToolTipCtrl m_toolTips;
+    LineBoxes m_boxes;
+    PictureButtons<CVqTableCellStyleBorderDlg, 8> m_buttons{kBorderButtons};
     CButton m_doubleLineButton;
     CStatic m_infoText;
     CEdit m_spacingEdit;
@@ -89,14 +71,9 @@ private:
     /// Follows clicks on the button alone: a refresh that checks or unchecks the button leaves it as it is.
     int m_nDoubleLine = 0;
 
-    // Of the visible edges, in the order of the edges.
-    CArray<KdDb::LineWeight, KdDb::LineWeight> m_lineWeights;
-    CArray<KdDbObjectId, KdDbObjectId> m_linetypes;
-    CArray<KdCmColor, KdCmColor> m_colors;
-    CArray<KdDb::GridLineStyle, KdDb::GridLineStyle> m_lineStyles;  ///< never filled
-    /// Never emptied: it goes on growing from one refresh to the next. So agreement is seen only by a refresh that
-    /// leaves exactly six spacings, which as a rule is the first one of a cell style with all edges visible.
-    CArray<double, double> m_spacings;
+    /// Of the visible edges. No line styles are gathered; and since spacings are never emptied, agreement of spacings
+    /// is as a rule seen only by the first refresh, of a cell style with all edges visible.
+    EdgeLooks m_looks;
 
     // What is picked.
     KdCmColor m_color;

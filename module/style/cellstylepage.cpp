@@ -2,20 +2,12 @@
 
 #include "module/style/cellstylepage.h"
 
-#include <QApplication>
 #include <QComboBox>
 
 #include "kd/db/tablestyle.h"
 #include "kd/ui/widgets.h"
 #include "module/style/tablestyleeditdlg.h"
 #include "module/style/transactions.h"
-#include "module/valuetext/tableutils.h"
-
-namespace {
-
-const QString kCancelButton = QStringLiteral("IDCANCEL");
-
-}  // namespace
 
 CVqTableStyleEditDlg* CVqTableCellStylePage::editDialog() const {
     return dynamic_cast<CVqTableStyleEditDlg*>(GetParent());
@@ -50,32 +42,6 @@ int CVqTableCellStylePage::UpdatePreview(int rebuild) const {
     if (dialog == nullptr) return 0;
     dialog->ShowTableStylePreview(rebuild);
     return dialog->ShowCellStylePreview(m_strCellStyle);
-}
-
-bool CVqTableCellStylePage::IsFocusOnCurWnd() const {
-    const QWidget* focused = QApplication::focusWidget();
-    return focused != nullptr && focused->parentWidget() == this;
-}
-
-void CVqTableCellStylePage::takeFocusBack(CEdit& edit) const {
-    if (!IsFocusOnCurWnd() || QApplication::focusWidget()->objectName() == kCancelButton) return;
-    edit.SetSel(0, -1);
-    edit.SetFocus();
-}
-
-bool CVqTableCellStylePage::lengthText(double value, CStdStr<wchar_t>& text) const {
-    return CVqTableUtils::DoubleToStringConvert(database(), value, text) == 1;
-}
-
-void CVqTableCellStylePage::showLength(CEdit& edit, double value) const {
-    CStdStr<wchar_t> text;
-    if (lengthText(value, text)) edit.SetWindowTextW(text);
-}
-
-bool CVqTableCellStylePage::readLength(const CEdit& edit, double& value) const {
-    CStdStr<wchar_t> text;
-    edit.GetWindowTextW(text);
-    return CVqTableUtils::StringToDoubleConvert(database(), text, value) != 0;
 }
 
 void CVqTableCellStylePage::initPageWindow() {

@@ -11,6 +11,7 @@
 #include "kd/db/objectid.h"
 #include "kd/ui/basedialog.h"
 #include "mfc/controls.h"
+#include "module/style/controls/lengthedit.h"
 
 class CVqTableStyleEditDlg;
 class KdDbDatabase;
@@ -52,16 +53,12 @@ protected:
     /// Shows the style anew in both previews; with `rebuild` the table is made again. 0 without a dialog around.
     int UpdatePreview(int rebuild) const;
 
-    /// Whether the focus is in one of the page's own controls.
-    bool IsFocusOnCurWnd() const;
-    /// Brings the focus back to an edit whose text was refused, all of it selected, unless the focus has left the
-    /// page or stands on "IDCANCEL".
-    void takeFocusBack(CEdit& edit) const;
-
+    /// See takeFocusBack of dialogs.
+    void takeFocusBack(CEdit& edit) const { ::takeFocusBack(*this, edit); }
     /// Shows a length as the drawing writes it; without a drawing the edit is left alone.
-    void showLength(CEdit& edit, double value) const;
+    void showLength(CEdit& edit, double value) const { ::showLength(database(), edit, value); }
     /// Reads the edit's text as a length. False when it is none.
-    bool readLength(const CEdit& edit, double& value) const;
+    bool readLength(const CEdit& edit, double& value) const { return ::readLength(database(), edit, value); }
     /// What leaving an edit of a length does: a text that reads as a length which `accepts` takes is written as the
     /// drawing writes it, and then stored by `store(style, value)`. Any other text keeps the style as it is, and the
     /// focus comes back. No message tells so.
@@ -74,9 +71,6 @@ protected:
     void setBoxStyle(const char* control, int style) const;
 
 private:
-    /// The text that a length has in this drawing. False without a drawing or when the host refuses.
-    bool lengthText(double value, CStdStr<wchar_t>& text) const;
-
     KdDbObjectId m_idStyle;
     KdDbTransaction* m_pTransaction = nullptr;
     CStdStr<wchar_t> m_strCellStyle;
@@ -88,7 +82,7 @@ void CVqTableCellStylePage::commitLength(CEdit& edit, Accepts accepts, Store sto
     if (style == nullptr) return;
     double value = 0.0;
     CStdStr<wchar_t> text;
-    if (!readLength(edit, value) || !accepts(value) || !lengthText(value, text)) {
+    if (!readLength(edit, value) || !accepts(value) || !lengthText(database(), value, text)) {
         takeFocusBack(edit);
         return;
     }

@@ -57,8 +57,8 @@ def keywords(language):
     return menus
 
 
-def structure(action):
-    return [*ROADS["operation"], ("operation", action)]
+def structure(action, *lines):
+    return [*ROADS["operation"], ("operation", action), *[(LINE, line) for line in lines]]
 
 
 def merged(action):
@@ -86,6 +86,7 @@ def styled(action, *lines):
 
 
 MERGE = ("B3:C4", merged("mergeAll"))
+RED_BORDERS = ("@select IDC_CELLBORDERPROP_COLOR_COMBOBOX #2", "@click IDC_CELLBORDERPROP_ALLBORDER_BUTTON", "@click IDOK")
 NEW_STYLE = ("@set IDC_CREATECELLSTYLE_NEWNAME_EDIT Totals", "@click IDOK")
 
 # Name: cells, keywords, what must be done before, and what the table must be like then.
@@ -102,6 +103,8 @@ EDITS = {
     "merged by columns": ("B3:C4", merged("mergeVertical"), None,
                           lambda t: t["merges"] == [[2, 1, 3, 1], [2, 2, 3, 2]]),
     "unmerged": ("B3:C4", structure("Unmerge"), MERGE, lambda t: t["merges"] == []),
+    "borders": ("B3:C4", structure("BOrder", *RED_BORDERS), None,
+                lambda t: red_cells(t) == {(2, 1), (2, 2), (3, 1), (3, 2)}),
     "content locked": ("B2", content("Lock"), None, lambda t: states(t) == {(1, 1): 1}),
     "content unlocked": ("B2", content("Unlock"), ("B2", content("Lock")), lambda t: states(t) == {}),
     "format locked": ("C3", formatted("Lock"), None, lambda t: states(t) == {(2, 2): 16}),
@@ -125,8 +128,9 @@ for number, place in enumerate(["TL", "TC", "TR", "ML", "MC", "MR", "BL", "BC", 
 
 # Keywords that leave the table as it is: what they ask is asked all the same.
 QUESTIONS = {
+    # First: a cell editor that is left by Esc gives the toolbar the cells, and borders ask for a table of their own.
+    "border": ("B2", structure("BOrder", "@click IDCANCEL")),
     "sum": ("B2", formula("Sum", "@cells #PLACE A2:A5", "@edit ESC")),
-    "border": ("B2", structure("BOrder")),
     "background": ("B2", formatted("BGcolor", "255,0,0")),
     "cell styles": ("B2", styled("Edittablestyle")),
     "new cell style": ("B2", styled("Newtablestyle", *NEW_STYLE)),
@@ -135,6 +139,12 @@ QUESTIONS = {
 
 def rows(table):
     return [[cell["text"] for cell in cells] for cells in table["cells"]]
+
+
+def red_cells(table):
+    """The cells whose six lines are red."""
+    return {(r, c) for r, cells in enumerate(table["cells"]) for c, cell in enumerate(cells)
+            if "grid" in cell and {edge["color"] for edge in cell["grid"].values()} == {"aci:1"}}
 
 
 def column(table, index):

@@ -1,0 +1,107 @@
+// The dialog of cell borders: which grid lines of the selected cells show, and how they look.
+//
+// It works like a paint box, and at once: weight, line type, colour, double line and spacing are only picked; one of
+// the buttons then gives them to lines of the selected cells, in the table itself. Closing the dialog takes nothing
+// back, whichever button closes it; that is the undo of the group that the dialog runs in.
+//
+// Each cell counts for itself: "outside" is all four sides of every selected cell, not the outline of the selection.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "kd/db/cellrange.h"
+#include "module/preview/previewstatic.h"
+#include "module/style/controls/picturebuttons.h"
+#include "module/style/edgelooks.h"
+
+class CVqTableCellFromTable;
+class KdDbDatabase;
+class KdDbTable;
+
+class CVqTableCellBorderPropDlg : public KdUiBaseDialog {
+public:
+    explicit CVqTableCellBorderPropDlg(CWnd* parent = nullptr);
+    ~CVqTableCellBorderPropDlg() override;
+
+    /// Before DoModal. Without a table that opens, the dialog shows no preview and changes nothing.
+    void SetTableObjectId(KdDbObjectId id) { m_tableId = id; }
+
+    void OnOK() override;
+    int OnInitDialog() override;
+    void DoDataExchange(CDataExchange* exchange) override;
+    bool PreTranslateMessage(MSG* message) override;
+    void bindSingals() override;
+    void OnHelp() override {}
+
+    /// Gives the single line to every line of the selected cells that isn't hidden. Nothing calls it.
+    void SetInvisibleGridLineData();
+
+private:
+    static const std::array<PictureButton<CVqTableCellBorderPropDlg>, 10> kBorderButtons;
+
+    void OnAllBorderButton() { SetBorderVisible(0); }
+    void OnOuterBorderButton() { SetBorderVisible(1); }
+    void OnInnerBorderButton() { SetBorderVisible(2); }
+    void OnOnlyBottomBorderButton() { SetBorderVisible(3); }
+    void OnOnlyLeftBorderButton() { SetBorderVisible(4); }
+    void OnOnlyTopBorderButton() { SetBorderVisible(5); }
+    void OnOnlyRightBorderButton() { SetBorderVisible(6); }
+    void OnHorzinSideBorderButton() { SetBorderVisible(7); }
+    void OnVertinSideBorderButton() { SetBorderVisible(8); }
+    void OnNoBorderButton() { SetBorderInvisible(); }
+    void OnDoublelineButton();
+    void OnSelchangeColorComboBox();
+    void OnSelchangeLineTypeComBobox();
+    void OnSelchangeLineWeightComboBox();
+    void OnDropDownColorComboBox();
+    void OnDropDownLintypeComboBox();
+    void OnKillfocusSpacingEdit();
+
+    void LoadButtonBitmap();
+    void SetButtonToolTip();
+    void InitCtrlsStatus();
+    bool UpdateFormDatabaseData();
+    void gatherEdges(const KdDbTable& table);
+    void showDoubleLine();
+    void SetSpacingValue(double value);
+    /// The drawing that the table is in; null without one.
+    KdDbDatabase* database() const;
+
+    /// What the selection is: 1 one cell, 2 cells of which none is merged, 3 a single cell that isn't merged beside
+    /// merges, 4 anything else; 0 when the table can't be opened.
+    int GetCellSeledStatus() const;
+
+    void SetBorderVisible(int mode);
+    void SetVisibleGridLineData(int doubleLine, int mode);
+    void SetBorderInvisible();
+    void pickFromBoxes();
+    void paintLine(KdDbTable& table, int row, int column, KdDb::GridLineType edge, int doubleLine) const;
+
+    void ShowCellPreview();
+    bool initializeCellPreviewer();
+    bool CreatePreviewCell(KdDbObjectId id);
+
+    LineBoxes m_boxes;
+    PictureButtons<CVqTableCellBorderPropDlg, 10> m_buttons{kBorderButtons};
+    CVqPreviewStatic m_preview;
+    CButton m_doubleLineButton;
+    CEdit m_spacingEdit;
+
+    KdCellRange m_selection;  ///< as it was when the dialog opened
+    KdDbObjectId m_tableId;
+    std::unique_ptr<CVqTableCellFromTable> m_previewCell;
+    int m_doubleLine = 0;  ///< the check state of its button
+    EdgeLooks m_looks;     ///< of the visible lines of the selected cells; spacings of the double ones
+    int m_selectionStatus = 0;
+    int m_colorIndexAtDrop = 0;
+    int m_lineTypeIndexAtDrop = 0;
+
+    // What is picked.
+    KdCmColor m_color;
+    KdDbObjectId m_lineTypeId;
+    KdDb::LineWeight m_lineWeight = KdDb::kLnWt000;
+    double m_spacing = 0.0;
+    /// Set by the first valid entry in the spacing edit. Before it the buttons leave the spacings of lines alone.
+    bool m_spacingChanged = false;
+};
