@@ -16,6 +16,7 @@
 
 #include "host/ui/keywatcher.h"
 #include "host/ui/signalrelay.h"
+#include "host/ui/treeroot.h"
 #include "kd/ui/uicreator.h"
 #include "kd/ui/widgets.h"
 
@@ -80,6 +81,18 @@ void adoptContent(QDialog& dialog, QWidget& root) {
     }
 }
 
+/// A root that something is connected to stays, unseen and without a name.
+void retire(QWidget* root) {
+    const auto* tree = qobject_cast<const kdhost::TreeRoot*>(root);
+    if (tree == nullptr || !tree->isConnected()) {
+        delete root;
+        return;
+    }
+    root->setObjectName({});
+    root->setMinimumSize(0, 0);
+    root->hide();
+}
+
 }  // namespace
 
 bool KdUiBaseDialog::generateUICtrls(const char* resourcePath, const char* name, int kind, int, int) {
@@ -90,7 +103,7 @@ bool KdUiBaseDialog::generateUICtrls(const char* resourcePath, const char* name,
     if (!m_private->built) return false;
     QWidget* root = m_private->creator->widgets().first();
     adoptContent(*this, *root);
-    delete root;
+    retire(root);
     return true;
 }
 

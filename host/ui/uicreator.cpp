@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 
+#include "host/ui/treeroot.h"
 #include "host/win32/modules.h"
 #include "kd/ui/hostdialogs.h"
 #include "kd/ui/menu.h"
@@ -45,7 +46,7 @@ constexpr std::array kWidgetClasses = {
     WidgetClass{"KdUiMenu", make<KdUiMenu>},
     WidgetClass{"QMenu", make<KdUiMenu>},
     // The tree stands inside its dialog, so that its root is no window.
-    WidgetClass{"QDialog", make<QWidget>},
+    WidgetClass{"QDialog", make<kdhost::TreeRoot>},
 };
 
 /// Sizes and places in a file are those of a plain screen. What a layout holds takes its place from that; sizes without
@@ -74,6 +75,11 @@ public:
         return QUiLoader::createWidget(className, parent, name);
     }
 };
+
+/// Whether the file connects a signal to the object of that name.
+bool isReceiver(QFile& form, const QString& name) {
+    return form.seek(0) && form.readAll().contains("<receiver>" + name.toUtf8() + "</receiver>");
+}
 
 /// The texts of a tree in the host's language, while it is being built.
 class TranslationScope {
@@ -118,6 +124,7 @@ bool VqUICreator::generate(const QString& name) {
     QWidget* root = loader.load(&form, m_private->parent);
     if (root == nullptr) return false;
 
+    if (auto* tree = qobject_cast<kdhost::TreeRoot*>(root)) tree->setConnected(isReceiver(form, root->objectName()));
     scaleSizes(*root);
     m_private->root = root;
     m_private->widgets = {root};

@@ -23,5 +23,9 @@ bool editTable(KdDbObjectId table, int row, int col, bool selectedBefore, KdStri
 int editTableCell(KdDbTable* table, int row, int col, int& key, const CStdStr<wchar_t>& typedText, bool firstCell,
                   KdString prefill);
 
-/// The command: a block in a cell that the user picks.
+/// A block in a cell that the user picks.
 void tableInsertBlockEntry();
+
+/// The dialog of the block in a cell of a table that is open for write. True when it ended with OK: what it was given
+/// is then written to the cell whose column has the number of the row. False for null.
+bool invokeTableInsertBlockDlg(KdDbTable* table, int row, int col, int contentIndex);

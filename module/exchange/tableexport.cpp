@@ -103,15 +103,6 @@ std::optional<std::wstring> fileNameFromCommandLine() {
     return name;
 }
 
-std::optional<std::wstring> fileNameFromDialog() {
-    resbuf* result = nullptr;
-    const int status = kdedGetFileNavDialog(loadText(2053), L"Table1", L"csv", nullptr, fileDialogFlags, &result);
-    std::optional<std::wstring> name;
-    if (status == RTNORM && result != nullptr && result->resval.rstring != nullptr) name = result->resval.rstring;
-    kdutRelRb(result);
-    return name;
-}
-
 /// One line of the file while it is put together; its memory serves from line to line.
 class Line {
 public:
@@ -260,6 +251,15 @@ void exportTable(KdDbObjectId id, const std::wstring& path) {
 }
 
 }  // namespace
+
+std::optional<std::wstring> fileNameFromDialog() {
+    resbuf* result = nullptr;
+    const int status = kdedGetFileNavDialog(loadText(2053), L"Table1", L"csv", nullptr, fileDialogFlags, &result);
+    std::optional<std::wstring> name;
+    if (status == RTNORM && result != nullptr && result->resval.rstring != nullptr) name = result->resval.rstring;
+    kdutRelRb(result);
+    return name;
+}
 
 long tableExportEntry() {
     KdDbObjectId table;
