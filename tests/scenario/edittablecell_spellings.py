@@ -126,14 +126,14 @@ for number, place in enumerate(["TL", "TC", "TR", "ML", "MC", "MR", "BL", "BC", 
     EDITS[f"aligned {place}"] = ("D4", aligned(place), None,
                                  lambda t, number=number: t["cells"][3][3]["alignment"] == number)
 
-# Keywords that leave the table as it is: what they ask is asked all the same.
+# Keywords that leave the table as it is: what they ask is asked all the same. The formula comes last: a cell editor that
+# is left by Esc gives its cell back to the toolbar, whose cells the command then works on.
 QUESTIONS = {
-    # First: a cell editor that is left by Esc gives the toolbar the cells, and borders ask for a table of their own.
     "border": ("B2", structure("BOrder", "@click IDCANCEL")),
-    "sum": ("B2", formula("Sum", "@cells #PLACE A2:A5", "@edit ESC")),
     "background": ("B2", formatted("BGcolor", "255,0,0")),
-    "cell styles": ("B2", styled("Edittablestyle")),
+    "cell styles": ("B2", styled("Edittablestyle", "@click IDCANCEL")),
     "new cell style": ("B2", styled("Newtablestyle", *NEW_STYLE)),
+    "sum": ("B2", formula("Sum", "@cells #PLACE A2:A5", "@edit ESC")),
 }
 
 
