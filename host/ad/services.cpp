@@ -14,8 +14,11 @@ const KdCommandLineState* HostServices::commandLineState() const {
 }
 
 bool HostServices::getTempFolder(wchar_t* folder, int length) const {
+    // Empty where the environment names a folder that isn't there.
     const std::wstring path = QDir::tempPath().toStdWString();
-    if (folder == nullptr || length <= 0 || path.size() >= static_cast<std::size_t>(length)) return false;
+    if (path.empty() || folder == nullptr || length <= 0 || path.size() >= static_cast<std::size_t>(length)) {
+        return false;
+    }
     std::wmemcpy(folder, path.c_str(), path.size() + 1);
     return true;
 }

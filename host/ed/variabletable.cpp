@@ -135,6 +135,8 @@ const std::vector<VariableRecord>& variableRecords() {
          setCurrentRecord<&KdDbDatabase::textStyleTableId, &KdDbDatabase::setTextstyle>},
         {L"TILEMODE", RTSHORT, Drawing, kOpen, 0, 1, 1, tileMode, setTileMode},
         {L"UNITMODE", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::unitmode>, setHeader<int, &Db::setUnitmode>},
+        // 1 while cells are cut, copied or pasted
+        {L"_VQ_COPYTABLECELLS", RTSHORT, Session, kOpen, 0, 1, 0, nullptr, nullptr},
     };
     return records;
 }

@@ -5,9 +5,9 @@
 #include "kd/db/field.h"
 #include "kd/db/mtext.h"
 #include "kd/db/table.h"
+#include "module/core/formulacode.h"
 #include "module/core/openobject.h"
 #include "module/edit/cellfield.h"
-#include "module/edit/cellfieldcode.h"
 
 namespace {
 

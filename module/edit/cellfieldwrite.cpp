@@ -1,14 +1,12 @@
 // Edited text on its way back into the cell.
 
-#include <memory>
-
 #include "kd/db/field.h"
 #include "kd/db/formula.h"
 #include "kd/db/mtext.h"
 #include "kd/db/table.h"
+#include "module/core/formulafield.h"
 #include "module/core/openobject.h"
 #include "module/edit/cellfield.h"
-#include "module/edit/cellfieldcode.h"
 
 namespace {
 
@@ -28,26 +26,6 @@ public:
 private:
     KdArray<KdDbField*> m_fields;
 };
-
-/// The cell gets a new formula: a posted field that stands for its one child, the expression. `giveCode` gives
-/// the child its code.
-template <class GiveCode>
-void putFormula(KdDbTable& table, int row, int col, GiveCode giveCode) {
-    auto made = std::make_unique<KdDbField>();
-    if (made->postInDatabase(table.database()) != Kdad::eOk) return;
-    KdDbField* field = made.release();
-    auto* expression = new KdDbField;
-    giveCode(*expression);
-    expression->setEvaluationOption(KdDbField::kAutomatic);
-    KdArray<KdDbField*> children;
-    children.append(expression);
-    field->setFieldCode(firstChildMark, KdDbField::kTextField, &children);
-    field->setEvaluationOption(KdDbField::kAutomatic);
-    table.setFieldId(row, col, field->objectId());
-    field->setOwnerId(table.objectId());
-    expression->close();
-    field->close();
-}
 
 void putFormulaOfFields(KdDbMText& text, KdDbTable& table, int row, int col, const LoadedField& loaded) {
     KdDbField* typed = nullptr;

@@ -37,8 +37,11 @@ def expected_error(script, wanted):
 
 
 def environment(folder, more=""):
-    """What the program finds in its environment: settings of its own, little patience, and `NAME=VALUE`s."""
-    values = dict(os.environ, XDG_CONFIG_HOME=str(folder / "settings"),
+    """What the program finds in its environment: settings and a place for temporary files of its own, little
+    patience, and `NAME=VALUE`s."""
+    temporary = folder / "temporary"
+    temporary.mkdir(exist_ok=True)
+    values = dict(os.environ, XDG_CONFIG_HOME=str(folder / "settings"), TMPDIR=str(temporary),
                   KDHOST_IDLE_MILLISECONDS=str(IDLE_MILLISECONDS))
     values.update(value.split("=", 1) for value in more.split())
     return values

@@ -48,6 +48,7 @@ protected:
 TEST_F(Variables, have_their_standard_values_in_a_new_session) {
     EXPECT_EQ(number(L"FILEDIA"), 1);
     EXPECT_EQ(number(L"TABLETOOLBAR"), 1);
+    EXPECT_EQ(number(L"_VQ_COPYTABLECELLS"), 0);
     EXPECT_EQ(number(L"LWDISPLAY"), 0);
     EXPECT_EQ(number(L"CVPORT"), 2);
     EXPECT_EQ(number(L"TILEMODE"), 1);

@@ -5,11 +5,11 @@
 #include "kd/db/field.h"
 #include "kd/db/fieldengine.h"
 #include "kd/db/mtext.h"
+#include "module/core/formulacode.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/edit/celledit.h"
-#include "module/edit/cellfieldcode.h"
 #include "tests/module/edit/commandrun.h"
 #include "tests/module/edit/typist.h"
 
