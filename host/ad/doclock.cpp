@@ -7,6 +7,35 @@
 #include "host/db/undo.h"
 #include "host/ed/commands.h"
 
+namespace kdhost {
+
+Kdad::ErrorStatus Document::lock(const std::wstring& name) {
+    const Editor* busy = editorOfRunningCommand();
+    if (busy != nullptr && busy != &m_editor) return Kdad::eLockViolation;
+    undoHistory(*m_database)->beginCommand(name);
+    ++m_locks;
+    return Kdad::eOk;
+}
+
+bool Document::unlock() {
+    if (m_locks == 0) return false;
+    --m_locks;
+    undoHistory(*m_database)->endCommand();
+    return true;
+}
+
+Kdad::ErrorStatus DocumentManager::lockDocument(KdApDocument* document, KdAp::DocLockMode, const wchar_t* globalName,
+                                                const wchar_t*, bool) {
+    if (!holds(document)) return Kdad::eInvalidInput;
+    return static_cast<Document&>(*document).lock(globalName == nullptr ? kUnnamedStep : globalName);
+}
+
+Kdad::ErrorStatus DocumentManager::unlockDocument(KdApDocument* document) {
+    return holds(document) && static_cast<Document&>(*document).unlock() ? Kdad::eOk : Kdad::eInvalidInput;
+}
+
+}  // namespace kdhost
+
 namespace {
 
 kdhost::Document* documentOf(KdDbObjectId id) {
@@ -21,19 +50,14 @@ kdhost::Document* documentOf(KdDbObjectId id) {
 KdAxDocLock::KdAxDocLock(const KdDbObjectId& object, DocLockType) : m_status(Kdad::eInvalidInput) {
     kdhost::Document* document = documentOf(object);
     if (document == nullptr) return;
-    const kdhost::Editor* busy = kdhost::editorOfRunningCommand();
-    m_status = busy == nullptr || busy == &document->editor() ? Kdad::eOk : Kdad::eLockViolation;
-    if (m_status != Kdad::eOk) return;
-    // What is changed under the lock is undone like a command.
-    m_document = document;
-    kdhost::undoHistory(*document->database())->beginCommand(kdhost::kUnnamedStep);
+    m_status = document->lock(kdhost::kUnnamedStep);
+    if (m_status == Kdad::eOk) m_document = document;
 }
 
 KdAxDocLock::~KdAxDocLock() {
     kdhost::Application* application = kdhost::Application::current();
     if (m_document == nullptr || application == nullptr) return;
-    const auto* document = static_cast<const kdhost::Document*>(m_document);
+    auto* document = static_cast<kdhost::Document*>(m_document);
     // The document may have been closed since.
-    if (!application->documents().holds(document)) return;
-    kdhost::undoHistory(*document->database())->endCommand();
+    if (application->documents().holds(document)) document->unlock();
 }

@@ -33,6 +33,12 @@ public:
     Editor& editor() { return m_editor; }
     KdadDocData& data() { return m_data; }
 
+    /// Until as many unlocks, what is changed is undone like a command of that name. eLockViolation while a command of
+    /// another document runs.
+    Kdad::ErrorStatus lock(const std::wstring& name);
+    /// False when it isn't locked.
+    bool unlock();
+
 private:
     std::wstring m_fileName;
     bool m_hasFile = false;
@@ -40,6 +46,7 @@ private:
     TransactionManager m_transactionManager;
     Editor m_editor;
     KdadDocData m_data;
+    int m_locks = 0;
 };
 
 class DocumentManager : public KdApDocManager {
@@ -55,6 +62,9 @@ public:
     KdApDocument* curDocument() const override { return m_current; }
     Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text, bool activate = true,
                                           bool wrapUp = false, bool echo = true) override;
+    Kdad::ErrorStatus lockDocument(KdApDocument* document, KdAp::DocLockMode mode, const wchar_t* globalName,
+                                   const wchar_t* localName, bool prompt) override;
+    Kdad::ErrorStatus unlockDocument(KdApDocument* document) override;
 
     Document* current() const { return m_current; }
     /// Null outside 0 to the number of documents. They stand in the order of opening.

@@ -2,12 +2,15 @@
 
 #include "host/app/promptactions.h"
 
+#include <QCursor>
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <optional>
 
 #include "host/app/cellreference.h"
 #include "host/app/cells/cellactions.h"
+#include "host/app/cells/indicators.h"
 #include "host/app/script.h"
 #include "host/db/access.h"
 #include "host/db/currentspace.h"
@@ -96,8 +99,14 @@ std::wstring document(Editor& editor, const std::wstring& number) {
 
 namespace {
 
-/// The cells of the current table that the right button is pressed on; none for a text that names none of them.
-std::optional<CellsOfTable> cellsUnderMenu(const Editor& editor, const std::wstring& text) {
+/// What the right button is pressed on: a place of the drawing, where cells of the current table may be named.
+struct UnderMenu {
+    KdGePoint3d place;
+    std::optional<CellsOfTable> cells;
+};
+
+/// A cell of the current table or an indicator of it; none for a text that names neither.
+std::optional<UnderMenu> cellsUnderMenu(const Editor& editor, const std::wstring& text) {
     const KdDbObjectId id = editor.pickFirst().currentTable();
     const auto* table = peek<KdDbTable>(id);
     if (table == nullptr) return std::nullopt;
@@ -105,17 +114,32 @@ std::optional<CellsOfTable> cellsUnderMenu(const Editor& editor, const std::wstr
     const bool isLine = split.first == L"row" || split.first == L"column";
     const std::wstring reference = isLine ? split.rest + L":" + split.rest : text;
     const auto range = parseCells(reference, table->numRows(), table->numColumns());
-    return range ? std::optional(CellsOfTable{id, *range}) : std::nullopt;
+    if (!range) return std::nullopt;
+    const bool isRow = split.first == L"row";
+    const KdGePoint3d place = isLine ? middleOfIndicator(*table, isRow, isRow ? range->m_topRow : range->m_leftColumn)
+                                     : centerOf(*table, *range);
+    return UnderMenu{place, CellsOfTable{id, *range}};
+}
+
+/// Menus are told where they are asked for by the cursor.
+void moveCursorTo(const Editor& editor, const KdGePoint3d& place) {
+    KdGePoint3d pixels = place;
+    editor.view().worldToScreen(pixels);
+    int left = 0, top = 0;
+    editor.view().screenToClient(left, top);
+    QCursor::setPos(static_cast<int>(std::lround(pixels.x)) - left, static_cast<int>(std::lround(pixels.y)) - top);
 }
 
 /// Empty when the right button has selected something, else why it hasn't.
 std::wstring selectUnderMenu(Editor& editor, const std::wstring& arguments) {
     if (const auto point = parsePoint(arguments, {})) {
+        moveCursorTo(editor, *point);
         return selectForMenu(editor, *point) ? std::wstring() : L"nothing lies there.";
     }
-    const auto cells = cellsUnderMenu(editor, arguments);
-    if (!cells) return L"\"" + arguments + L"\" is no place and names no cells of the table.";
-    selectForMenu(editor, *cells);
+    const auto under = cellsUnderMenu(editor, arguments);
+    if (!under) return L"\"" + arguments + L"\" is no place and names no cells of the table.";
+    moveCursorTo(editor, under->place);
+    selectForMenu(editor, *under->cells);
     return {};
 }
 
@@ -131,7 +155,7 @@ std::wstring doubleClick(Editor& editor, const std::wstring& arguments) {
 std::wstring context(Editor& editor, const std::wstring& arguments) {
     if (!isIdle(editor)) return L"a command runs.";
     if (std::wstring failure = selectUnderMenu(editor, arguments); !failure.empty()) return failure;
-    return showContextMenu(editor, {}) ? std::wstring() : L"what is selected has no context menu.";
+    return showContextMenu(editor, QCursor::pos()) ? std::wstring() : L"what is selected has no context menu.";
 }
 
 namespace {

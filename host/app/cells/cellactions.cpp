@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPointer>
 
+#include "host/app/cells/indicators.h"
 #include "host/db/access.h"
 #include "host/db/cellranges.h"
 #include "host/db/tableaccess.h"
@@ -120,6 +121,10 @@ void selectForMenu(Editor& editor, const CellsOfTable& cells) {
 
 bool selectForMenu(Editor& editor, const KdGePoint3d& world) {
     const KdDbObjectId sole = soleTable(editor);
+    if (const auto line = indicatorAt(sole, world)) {
+        selectForMenu(editor, CellsOfTable{sole, line->cells});
+        return true;
+    }
     const std::vector<KdDbObjectId> hit = pickAt(editor, world);
     if (hit.empty()) return false;
     const std::vector<KdDbObjectId> selected = editor.pickFirst().objects();

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "host/app/cells/cellactions.h"
+#include "host/app/cells/indicators.h"
 #include "host/db/access.h"
 #include "host/db/cellranges.h"
 #include "host/draw/tablegeometry.h"
@@ -43,18 +44,6 @@ KdCellRange nearestCell(const KdDbTable& table, const KdGePoint3d& world) {
     return table.getMergeRange(row, column);
 }
 
-KdCellRange wholeRows(const KdDbTable& table, KdCellRange cells) {
-    cells.m_leftColumn = 0;
-    cells.m_rightColumn = table.numColumns() - 1;
-    return cells;
-}
-
-KdCellRange wholeColumns(const KdDbTable& table, KdCellRange cells) {
-    cells.m_topRow = 0;
-    cells.m_bottomRow = table.numRows() - 1;
-    return cells;
-}
-
 }  // namespace
 
 void CellMouse::begin(Drag drag, KdDbObjectId table, const KdCellRange& anchor) {
@@ -83,17 +72,12 @@ bool CellMouse::beginGrip(Editor& editor, KdDbObjectId table, const ViewPoint& p
     return true;
 }
 
-/// Indicators stand where cells are selected only.
 bool CellMouse::beginIndicator(Editor& editor, KdDbObjectId id, const ViewPoint& point) {
-    const auto* table = peek<KdDbTable>(id);
-    int row = -1, column = -1, content = 0;
-    KdDb::TableHitItem item = KdDb::kTableHitNone;
-    if (!table->hasSubSelection()) return false;
-    if (!table->hitTest(point.world, KdGeVector3d::kZAxis, 0.0, 0.0, row, column, content, item)) return false;
-    if (item != KdDb::kTableHitRowIndicator && item != KdDb::kTableHitColumnIndicator) return false;
-    const bool rows = item == KdDb::kTableHitRowIndicator;
-    const KdCellRange line = rows ? wholeRows(*table, {row, 0, row, 0}) : wholeColumns(*table, {0, column, 0, column});
-    begin(rows ? Drag::Rows : Drag::Columns, id, isShift(point) ? joined(draw::shownSelection(*table), line) : line);
+    const auto line = indicatorAt(id, point.world);
+    if (!line) return false;
+    const KdCellRange anchor =
+        isShift(point) ? joined(draw::shownSelection(*peek<KdDbTable>(id)), line->cells) : line->cells;
+    begin(line->isRow ? Drag::Rows : Drag::Columns, id, anchor);
     dragOverCells(editor, id, m_anchor);
     return true;
 }

@@ -32,6 +32,11 @@ public:
     virtual KdDbTransactionManager* transactionManager() = 0;
 };
 
+namespace KdAp {
+/// What a document is locked for.
+enum DocLockMode : int { kWrite = 4 };
+}  // namespace KdAp
+
 class KdApDocManager {
 public:
     virtual ~KdApDocManager();
@@ -47,6 +52,16 @@ public:
     /// shows the text, as if the user had typed it. eInvalidInput without a document or a text.
     virtual Kdad::ErrorStatus sendStringToExecute(KdApDocument* document, const wchar_t* text, bool activate = true,
                                                   bool wrapUp = false, bool echo = true) = 0;
+
+    /// Locks a document for changes from outside a command, and what is changed until the matching unlock is undone
+    /// like a command of the fixed `globalName`; `localName` is what the user reads. `prompt` lets a host ask when
+    /// another holds the lock, which this one never does. eLockViolation while another document's command runs,
+    /// eInvalidInput for no document.
+    virtual Kdad::ErrorStatus lockDocument(KdApDocument* document, KdAp::DocLockMode mode = KdAp::kWrite,
+                                           const wchar_t* globalName = nullptr, const wchar_t* localName = nullptr,
+                                           bool prompt = true) = 0;
+    /// eInvalidInput for no document and for one that isn't locked.
+    virtual Kdad::ErrorStatus unlockDocument(KdApDocument* document) = 0;
 };
 
 /// Null before the host has started.

@@ -509,6 +509,20 @@ TEST_F(CellMouse, the_right_button_selects_a_table_that_is_not_selected_and_asks
     EXPECT_EQ(selected(), std::vector{table});
 }
 
+TEST_F(CellMouse, the_right_button_on_an_indicator_selects_its_line_and_asks_for_the_menu) {
+    MenuContext context;
+    context.isThere = false;
+    selectTable();
+    mouse.context(at(-4, -15));
+    EXPECT_TRUE(context.asked.empty()) << "without selected cells there are no indicators";
+    click(30, -15);
+    mouse.context(at(-4, -15));
+    EXPECT_EQ(selection(), cells("A2:D2"));
+    mouse.context(at(50, 4));
+    EXPECT_EQ(selection(), cells("C1:C4"));
+    EXPECT_EQ(context.asked, (std::vector{table, table}));
+}
+
 TEST_F(CellMouse, grips_are_painted_where_they_are_hit_and_the_cursor_tells_what_they_do) {
     selectTable();
     QImage picture(1000, 600, QImage::Format_RGB32);
