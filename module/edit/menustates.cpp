@@ -1,6 +1,7 @@
 // The check marks of the toolbar's menus: each shows what the selected cells have in common, and nothing where they
 // differ. What an earlier selection left in a menu goes first.
 
+#include "module/core/celllocks.h"
 #include "module/core/tablecommon.h"
 #include "module/edit/tableditmenu.h"
 
@@ -13,10 +14,9 @@ constexpr int kFirstAlignmentCommand = 1802;
 enum LockItem : int { kUnlockedItem = 0, kContentItem = 1, kFormatItem = 2, kBothItem = 3 };
 
 constexpr LockItem itemOfState(int state) {
-    const bool content = (state & (KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly)) != 0;
-    const bool format = (state & (KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly)) != 0;
-    if (content) return format ? kBothItem : kContentItem;
-    return format ? kFormatItem : kUnlockedItem;
+    const CellLocks locks(state);
+    if (locks.content) return locks.format ? kBothItem : kContentItem;
+    return locks.format ? kFormatItem : kUnlockedItem;
 }
 
 /// The menu without any marks; null when it is of another class.

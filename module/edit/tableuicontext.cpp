@@ -1,9 +1,0 @@
-// What a right click on a table offers.
-
-#include "module/edit/tableuicontext.h"
-
-QMenu* CVqTableUIContext::getMenuContext(const KdRxClass*, const KdArray<KdDbObjectId>&) {
-    return nullptr;
-}
-
-void CVqTableUIContext::onCommand(unsigned int) {}
