@@ -127,12 +127,8 @@ void CExlImportDlg::OnCbnSelchangeCombSheet() {
     m_ctrlSheet.GetLBText(m_ctrlSheet.GetCurSel(), m_strSheet);
     if (m_nKind != kTextFile) return;
     dropTable();
-    const struTableIoInfo info = readFile();
-    m_pTable.reset(info.table);
-    if (info.status == 0) {
-        setImported(true);
-        ShowPreview(m_pTable.get());
-    } else {
+    const struTableIoInfo info = readAndShow();
+    if (info.status != 0) {
         setImported(false);
         showPreviewPlace(false, true);
         // Also without a text: that no table came is to be noticed.
@@ -141,8 +137,18 @@ void CExlImportDlg::OnCbnSelchangeCombSheet() {
     GetDlgItem("IDOK")->EnableWindow(m_bImported);
 }
 
-struTableIoInfo CExlImportDlg::readFile() const {
+struTableIoInfo CExlImportDlg::readAndShow() {
+    // The bar stays, full, until a large table is drawn too.
     const ReadingBar bar(qobject_cast<QProgressBar*>(getWidgetsFromOrignal(kReadingBar)));
+    struTableIoInfo info = readFile();
+    m_pTable.reset(info.table);
+    if (info.status != 0) return info;
+    setImported(true);
+    ShowPreview(m_pTable.get());
+    return info;
+}
+
+struTableIoInfo CExlImportDlg::readFile() const {
     struTableIoInfo info;
     info.handle = m_readers.empty() ? nullptr : m_readers.back().get();
     info.file = m_strPath;

@@ -58,6 +58,7 @@ private:
     /// 1 for comma-separated text, -1, after a warning, for anything else.
     static int kindOfFile(const CStdStr<wchar_t>& extension);
     void takeReader(int kind);
+    struTableIoInfo readAndShow();
     struTableIoInfo readFile() const;
     void dropTable();
     void ShowPreview(KdDbTable* table);

@@ -40,7 +40,8 @@ ReadingBar::~ReadingBar() {
 
 void ReadingBar::show(int done, int all) {
     if (m_bar == nullptr || m_sinceStart.elapsed() < kMoment) return;
-    if (m_sinceShown.isValid() && m_sinceShown.elapsed() < kBetweenPaints) return;
+    const bool isLast = done == all;
+    if (!isLast && m_sinceShown.isValid() && m_sinceShown.elapsed() < kBetweenPaints) return;
     m_bar->setMaximum(all);
     m_bar->setValue(done);
     m_bar->show();
