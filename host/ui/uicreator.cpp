@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 
+#include "host/ui/menutree.h"
 #include "host/ui/treeroot.h"
 #include "host/win32/modules.h"
 #include "kd/ui/hostdialogs.h"
@@ -18,6 +19,8 @@
 #include "kd/ui/widgets.h"
 
 namespace {
+
+constexpr int kMenus = 3;  ///< the kind of trees that are menus
 
 struct WidgetClass {
     const char* name;
@@ -81,6 +84,13 @@ bool isReceiver(QFile& form, const QString& name) {
     return form.seek(0) && form.readAll().contains("<receiver>" + name.toUtf8() + "</receiver>");
 }
 
+QWidget* load(QFile& form, QWidget* parent) {
+    Loader loader;
+    loader.setLanguageChangeEnabled(false);
+    form.seek(0);
+    return loader.load(&form, parent);
+}
+
 /// The texts of a tree in the host's language, while it is being built.
 class TranslationScope {
 public:
@@ -103,14 +113,16 @@ private:
 struct VqUICreator::Private {
     QPointer<QWidget> parent;
     QString file;
+    int kind;
     QPointer<QWidget> root;
     QList<QPointer<QWidget>> widgets;
     QList<QPointer<QAction>> actions;
 };
 
-VqUICreator::VqUICreator(QWidget* parent, const QString& file, int) : m_private(std::make_unique<Private>()) {
+VqUICreator::VqUICreator(QWidget* parent, const QString& file, int kind) : m_private(std::make_unique<Private>()) {
     m_private->parent = parent;
     m_private->file = file;
+    m_private->kind = kind;
 }
 
 VqUICreator::~VqUICreator() = default;
@@ -119,9 +131,8 @@ bool VqUICreator::generate(const QString& name) {
     QFile form(QStringLiteral(":/%1/%2.ui").arg(m_private->file, name));
     if (!form.open(QIODevice::ReadOnly)) return false;
     TranslationScope translation(m_private->file);
-    Loader loader;
-    loader.setLanguageChangeEnabled(false);
-    QWidget* root = loader.load(&form, m_private->parent);
+    QWidget* root = m_private->kind == kMenus ? kdhost::buildMenuTree(form.readAll(), m_private->parent) : nullptr;
+    if (root == nullptr) root = load(form, m_private->parent);
     if (root == nullptr) return false;
 
     if (auto* tree = qobject_cast<kdhost::TreeRoot*>(root)) tree->setConnected(isReceiver(form, root->objectName()));
