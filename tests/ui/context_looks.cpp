@@ -76,7 +76,7 @@ TEST_P(LooksOfMenus, Every_text_is_shown_whole) {
                 }
                 EXPECT_TRUE(menu.rect().contains(menu.actionGeometry(menu.actions().last())));
                 const QString own = menu.objectName().isEmpty() ? QStringLiteral("styles") : menu.objectName();
-                const QString part = &menu == &choice ? QStringLiteral("menu") : own.section(QLatin1Char('_'), 2);
+                const QString part = &menu == &choice ? QStringLiteral("menu") : own.section(QLatin1Char('_'), -1);
                 keepPicture(menu,
                             QStringLiteral("context_%1_%2_%3").arg(name, part.toLower(), QLatin1String(language)));
                 QTest::keyClick(&menu, Qt::Key_Escape);

@@ -1451,11 +1451,11 @@
         <translation>在右侧插入(&amp;R)</translation>
     </message>
     <message>
-        <source>&amp;Delete</source>
-        <translation>删除(&amp;D)</translation>
+        <source>&amp;Delete Columns</source>
+        <translation>删除列(&amp;D)</translation>
     </message>
     <message>
-        <source>Size &amp;Equally</source>
+        <source>Size Columns &amp;Equally</source>
         <translation>均匀调整列宽(&amp;E)</translation>
     </message>
     <message>
@@ -1471,12 +1471,12 @@
         <translation>在下方插入(&amp;B)</translation>
     </message>
     <message>
-        <source>Delete Ro&amp;ws</source>
-        <translation>删除行(&amp;W)</translation>
+        <source>&amp;Delete Rows</source>
+        <translation>删除行(&amp;D)</translation>
     </message>
     <message>
-        <source>Si&amp;ze Rows Equally</source>
-        <translation>均匀调整行高(&amp;Z)</translation>
+        <source>Size Rows &amp;Equally</source>
+        <translation>均匀调整行高(&amp;E)</translation>
     </message>
 </context>
 <context>
