@@ -3,6 +3,7 @@
 #include "kd/db/table.h"
 #include "mfc/messagebox.h"
 #include "module/core/resources.h"
+#include "module/core/transactions.h"
 #include "module/exchange/clipdatamgr.h"
 #include "module/exchange/clipobjects.h"
 #include "module/exchange/clipranges.h"
@@ -47,6 +48,28 @@ bool holdsLockedCells(const KdDbTable& table, const CKdTableCellRange& cells) {
     }
     return false;
 }
+
+/// What is made in the drawing on the way to a paste. A refusal takes all of it back, so that it leaves no step of
+/// undo.
+class Attempt {
+public:
+    Attempt() : m_transactions(currentTransactions()) {
+        if (m_transactions != nullptr && m_transactions->startTransaction() == nullptr) m_transactions = nullptr;
+    }
+    ~Attempt() {
+        if (m_transactions != nullptr) m_transactions->abortTransaction();
+    }
+    Attempt(const Attempt&) = delete;
+    Attempt& operator=(const Attempt&) = delete;
+
+    void stands() {
+        if (m_transactions != nullptr) m_transactions->endTransaction();
+        m_transactions = nullptr;
+    }
+
+private:
+    KdDbTransactionManager* m_transactions;
+};
 
 CKdTableCellRange mergeOf(const KdDbTable& table, int row, int column) {
     const CKdTableCellRange merge = table.getMergeRange(row, column);
@@ -99,6 +122,7 @@ int CVqTableClipDataMgr::ApplyCellProperties(KdDbTable* table, tagVqTableClipboa
     if (table == nullptr || info == nullptr || info->m_fileName[0] == L'\0') return 0;
     std::optional<CKdTableCellRange> cells = cellsOf(*table);
     if (!cells) return 0;
+    Attempt attempt;
     KdDbDatabase drawing(false, true);
     KdDbDatabase* database = &drawing;
     KdDbObjectId source;
@@ -116,5 +140,6 @@ int CVqTableClipDataMgr::ApplyCellProperties(KdDbTable* table, tagVqTableClipboa
     }
     // A file of no table, or of several, has become a block all the same.
     eraseObject(block);
+    if (applied != 0) attempt.stands();
     return applied;
 }

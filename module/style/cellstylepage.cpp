@@ -6,8 +6,8 @@
 
 #include "kd/db/tablestyle.h"
 #include "kd/ui/widgets.h"
+#include "module/core/transactions.h"
 #include "module/style/tablestyleeditdlg.h"
-#include "module/style/transactions.h"
 
 CVqTableStyleEditDlg* CVqTableCellStylePage::editDialog() const {
     return dynamic_cast<CVqTableStyleEditDlg*>(GetParent());

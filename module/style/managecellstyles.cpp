@@ -5,8 +5,8 @@
 #include "module/core/editframe.h"
 #include "module/core/tablecommon.h"
 #include "module/core/tablestyles.h"
+#include "module/core/transactions.h"
 #include "module/style/managercellstyledlg.h"
-#include "module/style/transactions.h"
 
 namespace {
 

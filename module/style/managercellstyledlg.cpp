@@ -9,10 +9,10 @@
 #include "module/core/resources.h"
 #include "module/core/ssicmp.h"
 #include "module/core/tablecommon.h"
+#include "module/core/transactions.h"
 #include "module/preview/tablecellfromtablestyle.h"
 #include "module/style/controls/stylelist.h"
 #include "module/style/controls/wiring.h"
-#include "module/style/transactions.h"
 
 namespace {
 

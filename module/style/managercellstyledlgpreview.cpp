@@ -3,10 +3,10 @@
 #include "kd/db/blockreference.h"
 #include "kd/db/tablestyle.h"
 #include "module/core/tablecommon.h"
+#include "module/core/transactions.h"
 #include "module/preview/tablecellfromtablestyle.h"
 #include "module/style/lineweightsshown.h"
 #include "module/style/managercellstyledlg.h"
-#include "module/style/transactions.h"
 
 int CVqTableManagerCellStyleDlg::ShowPreviewPicture(const CStdStr<wchar_t>& name) {
     if (getObject<KdDbTableStyle>(topTransaction(), m_idStyle, KdDb::kForRead) == nullptr) return 0;

@@ -8,11 +8,11 @@
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/tablestyles.h"
+#include "module/core/transactions.h"
 #include "module/style/controls/stylelist.h"
 #include "module/style/createtablestyledlg.h"
 #include "module/style/tablestyledlg.h"
 #include "module/style/tablestyleeditdlg.h"
-#include "module/style/transactions.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include "module/core/cellstylewalk.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
+#include "module/core/transactions.h"
 #include "module/style/controls/wiring.h"
-#include "module/style/transactions.h"
 
 namespace {
 

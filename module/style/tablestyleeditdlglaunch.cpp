@@ -2,10 +2,10 @@
 
 #include "kd/db/tablestyle.h"
 #include "module/core/tablecommon.h"
+#include "module/core/transactions.h"
 #include "module/style/createcellstyledlg.h"
 #include "module/style/managercellstyledlg.h"
 #include "module/style/tablestyleeditdlg.h"
-#include "module/style/transactions.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QAbstractItemView>
 
 #include "module/core/cellstylewalk.h"
-#include "module/style/transactions.h"
+#include "module/core/transactions.h"
 #include "tests/ui/styleedit_fixture.h"
 
 namespace kdtest {

@@ -18,8 +18,8 @@
 #include "mfc/resource.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
+#include "module/core/transactions.h"
 #include "module/style/tablestyleeditdlg.h"
-#include "module/style/transactions.h"
 #include "tests/ui/hostdialogs_fixture.h"
 #include "tests/ui/module_fixture.h"
 

@@ -80,4 +80,5 @@ def main():
     print("The cells arrived.")
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -46,6 +46,19 @@ TEST(TableCopy, of_one_cell_fills_the_whole_target) {
     EXPECT_EQ(out, cells("C1:C3"));
 }
 
+TEST(TableCopy, does_the_same_under_the_options_of_a_paste) {
+    auto source = TableBuilder(2, 2).fill().align("A1", KdDb::kBottomLeft).build();
+    for (const auto& [option, from, to] : {std::tuple{64, "A1:B2", "B2:C3"}, {0x20040, "A1", "B2:C3"}}) {
+        auto target = TableBuilder(3, 3).fill().build();
+        auto expected = TableBuilder(3, 3).fill().build();
+        ASSERT_EQ(copyCells(*expected, *source, from, to), Kdad::eOk);
+        ASSERT_EQ(
+            target->copyFrom(source.get(), static_cast<KdDb::TableCopyOption>(option), cells(from), cells(to), nullptr),
+            Kdad::eOk);
+        EXPECT_EQ(describe(*target), describe(*expected)) << option;
+    }
+}
+
 TEST(TableCopy, brings_merges_along_and_ends_those_in_its_place) {
     auto source = TableBuilder(3, 3).fill().merge("A1:B2").build();
     auto target = TableBuilder(5, 5).fill().merge("B2:C2").build();

@@ -15,10 +15,14 @@ protected:
     /// Pastes with one message, which leaves the table as it was.
     void expectMessage(KdDbObjectId id, const char* range, unsigned textNumber) {
         const std::string before = describe(look(id));
+        const std::vector<std::wstring> stepsBefore = steps();
+        const auto countBefore = blocksAndEntities();
         BoxAnswers boxes({BoxAnswer::Escape});
         EXPECT_EQ(paste(id, range), 0);
+        EXPECT_EQ(steps(), stepsBefore) << "what is refused is no step of undo";
+        EXPECT_EQ(blocksAndEntities(), countBefore);
         ASSERT_EQ(boxes.count(), 1);
-        EXPECT_EQ(boxes.seen()[0].text, textNumber == 0 ? L"" : CellClipboard::textNumber(textNumber));
+        EXPECT_EQ(boxes.seen()[0].text, CellClipboard::textNumber(textNumber));
         EXPECT_FALSE(boxes.seen()[0].text.empty());
         EXPECT_EQ(boxes.seen()[0].icon, QMessageBoxCritical);
         EXPECT_EQ(describe(look(id)), before);
@@ -193,9 +197,11 @@ TEST_F(CellPastes, that_the_host_refuses_fail_without_a_word) {
     const KdDbObjectId id = add(table(5, 4).merge("C3:D3").fill());
     ASSERT_EQ(copy(id, "A1:B2"), 1);
     const std::string before = describe(look(id));
+    const std::size_t stepsBefore = steps().size();
     const BoxAnswers boxes;
     EXPECT_EQ(paste(id, "B2"), 0) << "the merge in the last row isn't looked at, and would be torn";
     EXPECT_EQ(describe(look(id)), before);
+    EXPECT_EQ(steps().size(), stepsBefore);
 }
 
 TEST_F(CellPastes, need_a_selection_and_a_table_open_for_write) {
@@ -289,7 +295,20 @@ TEST_F(CellPastes, stay_whole_when_any_open_fails) {
         }
     }
     EXPECT_GE(refused, 3);
-    EXPECT_LE(leftBehind, 2);
+    EXPECT_LE(leftBehind, 1);
+}
+
+TEST_F(CellPastes, do_without_a_transaction_where_none_can_be_had) {
+    const KdDbObjectId id = add(table(3, 3).fill());
+    ASSERT_EQ(copy(id, "A1:B1"), 1);
+    const auto before = blocksAndEntities();
+    kdhost::faults().noTransaction = true;
+    EXPECT_EQ(paste(id, "A3"), 1);
+    BoxAnswers boxes({BoxAnswer::Escape});
+    EXPECT_EQ(paste(id, "C3"), 0);
+    EXPECT_EQ(boxes.count(), 1);
+    EXPECT_EQ(blocksAndEntities(), before);
+    EXPECT_STREQ(look(id).textString(2, 1), L"B1");
 }
 
 TEST_F(CellPastes, can_be_tested_before) {

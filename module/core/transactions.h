@@ -1,4 +1,4 @@
-// The transactions that the dialogs of styles work in: those of the current document, looked up at each use.
+// The transactions of the current document, looked up at each use.
 #pragma once
 
 #include "kd/db/transaction.h"

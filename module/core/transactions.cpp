@@ -1,6 +1,6 @@
 // The way to the current document's transactions.
 
-#include "module/style/transactions.h"
+#include "module/core/transactions.h"
 
 #include "kd/ad/document.h"
 
