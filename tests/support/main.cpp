@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <clocale>
 
 #include "host/win32/modules.h"
@@ -15,6 +17,10 @@ int main(int argc, char** argv) {
     // Qt takes the user's locale; numbers are read and written the same everywhere.
     std::setlocale(LC_ALL, "C");
     std::setlocale(LC_CTYPE, "C.UTF-8");
+    // What stays behind in the folder for temporary files goes with the run. A user of no rights writes there too.
+    const QTemporaryDir temporary;
+    QFile::setPermissions(temporary.path(), QFile::Permissions(0x7777));
+    qputenv("TMPDIR", QFile::encodeName(temporary.path()));
     kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
     kdtest::installLeakGuard();
     return RUN_ALL_TESTS();

@@ -20,12 +20,13 @@ protected:
     void SetUp() override {
         TableEdits::SetUp();
         ASSERT_TRUE(folder.isValid());
+        m_temporaryBefore = qgetenv("TMPDIR");
         qputenv("TMPDIR", QFile::encodeName(folder.path()));
         QGuiApplication::clipboard()->clear();
     }
     void TearDown() override {
         QGuiApplication::clipboard()->clear();
-        qunsetenv("TMPDIR");
+        qputenv("TMPDIR", m_temporaryBefore);
         qunsetenv("TMPFILEXT");
         TableEdits::TearDown();
     }
@@ -136,6 +137,9 @@ protected:
     }
 
     QTemporaryDir folder;
+
+private:
+    QByteArray m_temporaryBefore;
 };
 
 /// A drawing file of these tables, for no document.
