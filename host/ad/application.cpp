@@ -55,9 +55,19 @@ std::wstring Application::loadModule(const std::wstring& path) {
 void Application::objectChanged(KdDbObjectId id) {
     queueForRedraw(id);
     const auto* table = peek<KdDbTable>(id);
+    if (table == nullptr) endSelectionIn(id);
     Document* document = table == nullptr ? nullptr : m_documents.documentOf(table->database());
     const bool isNew = document != nullptr && m_knownTables.insert(id).second;
     if (isNew) document->editor().pickFirst().setCurrentTable(id);
+}
+
+void Application::endSelectionIn(KdDbObjectId goneTable) {
+    for (int index = 0; index < m_documents.documentCount(); ++index) {
+        Document& document = *m_documents.at(index);
+        if (document.data().m_tableId != goneTable) continue;
+        document.data().m_tableId.setNull();
+        if (&document == m_documents.current()) showTableToolBar(goneTable, false);
+    }
 }
 
 /// A module that has a table toolbar exports this function.

@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "host/ad/appinterface.h"
 #include "host/ad/documents.h"
 #include "host/ad/mainapp.h"
 #include "host/ad/services.h"
@@ -29,6 +30,7 @@ public:
     HostServices& services() { return m_services; }
     DocumentManager& documents() { return m_documents; }
     MainAppService& mainAppService() { return m_mainAppService; }
+    ApplicationInterface& applicationInterface() { return m_applicationInterface; }
 
     /// The window that dialogs and message boxes belong to; null before there is one. It stays its maker's.
     QWidget* mainWindow() const { return m_mainWindow; }
@@ -48,10 +50,13 @@ private:
     void objectChanged(KdDbObjectId id) override;
     void cellSelectionStarted(KdDbObjectId table) override;
     void cellSelectionEnded(KdDbObjectId table) override;
+    /// A table that is gone has no selected cells any more.
+    void endSelectionIn(KdDbObjectId goneTable);
     void showTableToolBar(KdDbObjectId table, bool show);
 
     HostServices m_services;
     MainAppService m_mainAppService;
+    ApplicationInterface m_applicationInterface;
     QWidget* m_mainWindow = nullptr;
     DocumentManager m_documents;
     std::vector<std::wstring> m_modules;

@@ -16,6 +16,7 @@
 #include "host/app/commands/filecommands.h"
 #include "host/app/dump/dump.h"
 #include "host/app/hostcommands.h"
+#include "host/app/keyinput.h"
 #include "host/app/options.h"
 #include "host/app/scriptrunner.h"
 #include "host/app/usersettings.h"
@@ -185,6 +186,7 @@ std::string runApplication(const Options& options) {
         const std::unique_ptr<MainWindow> window = options.headless ? nullptr : std::make_unique<MainWindow>();
         Application application;
         application.setMainWindow(window == nullptr ? hidden.get() : window.get());
+        application.applicationInterface().setKeyReceiver(takeKeyForDrawing);
         registerHostCommands();
         std::optional<WindowSession> session;
         if (window != nullptr) session.emplace(application, *window);

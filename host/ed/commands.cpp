@@ -159,6 +159,7 @@ void runCommand(const CommandRecord& command) {
     if (Editor* now = currentEditor()) now->takeAnnouncement();
     logLeftOpen(command.globalName, before);
     if (!running().empty()) return;
+    if (const Editor* now = currentEditor()) tellOfCellsThatCommandsGaveUp(*now);
     for (const auto& action : std::exchange(postponed(), {})) action();
 }
 

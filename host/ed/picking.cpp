@@ -109,6 +109,11 @@ void selectNothingByUser(Editor& editor) {
     byUser(editor, [](PickFirst& selection) { selection.clear(); });
 }
 
+void tellOfCellsThatCommandsGaveUp(const Editor& editor) {
+    if (cellSelectionListener == nullptr || !tableWithCells(editor).isNull()) return;
+    cellSelectionListener->cellSelectionEnded(KdDbObjectId::kNull);
+}
+
 double halfPickBox(const View& view) {
     return 0.5 * kPickBoxPixels * view.screenScale();
 }

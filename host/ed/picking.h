@@ -31,6 +31,7 @@ class CellSelectionListener {
 public:
     virtual ~CellSelectionListener() = default;
     virtual void cellSelectionStarted(KdDbObjectId table) = 0;
+    /// The null id where a command has ended, and no cells are selected.
     virtual void cellSelectionEnded(KdDbObjectId table) = 0;
 };
 /// Null for none. The listener stays the caller's.
@@ -39,6 +40,9 @@ void setCellSelectionListener(CellSelectionListener* listener);
 /// The user selects cells, with their table as the sole object; or nothing any more.
 void selectCellsByUser(Editor& editor, KdDbObjectId table, const KdCellRange& cells);
 void selectNothingByUser(Editor& editor);
+
+/// Tells the listener when no cells are selected any more once a command has ended, whoever gave them up.
+void tellOfCellsThatCommandsGaveUp(const Editor& editor);
 
 /// A click while no prompt waits: it selects the object there, or a cell when it falls into the one table
 /// that is selected; in empty space it selects nothing. `add` keeps what is selected.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/ad/application.h"
 #include "host/app/cells/cellactions.h"
 #include "host/app/cells/indicators.h"
 #include "host/db/access.h"
@@ -42,6 +43,13 @@ KdCellRange nearestCell(const KdDbTable& table, const KdGePoint3d& world) {
     const int row = indexAt(geometry.rowEdges(), place.dotProduct(geometry.next()));
     const int column = indexAt(geometry.columnEdges(), place.dotProduct(geometry.right()));
     return table.getMergeRange(row, column);
+}
+
+/// A window over the drawing may ask for the plain arrow.
+Qt::CursorShape shapeWithoutPrompt() {
+    Application* application = Application::current();
+    const bool isPlain = application != nullptr && !application->applicationInterface().showsCross();
+    return isPlain ? Qt::ArrowCursor : Qt::CrossCursor;
 }
 
 }  // namespace
@@ -194,10 +202,10 @@ Qt::CursorShape CellMouse::cursorAt(const ViewPoint& point) {
     const Editor* editor = currentEditor();
     if (editor == nullptr || !isIdle(*editor)) return Qt::CrossCursor;
     const KdDbObjectId table = soleTable(*editor);
-    if (table.isNull()) return Qt::CrossCursor;
+    if (table.isNull()) return shapeWithoutPrompt();
     const auto grip =
         m_drag == Drag::Grip ? std::optional(m_grip) : gripAt(table, point.pixels, editor->view().shown());
-    if (!grip) return Qt::CrossCursor;
+    if (!grip) return shapeWithoutPrompt();
     if (grip->kind == Grip::Kind::Move) return Qt::SizeAllCursor;
     return grip->kind == Grip::Kind::Column ? Qt::SplitHCursor : Qt::SplitVCursor;
 }

@@ -3,7 +3,9 @@
 #include "host/app/window/mainwindow.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
@@ -124,6 +126,14 @@ void MainWindow::type(const std::wstring& macro) {
     m_commandLine->clearTyped();
     m_commandLine->echo(shownOf(macro));
     put(macro);
+}
+
+bool MainWindow::takeKey(const QKeyEvent& key) {
+    activateWindow();
+    QWidget& edit = m_commandLine->edit();
+    edit.setFocus(Qt::OtherFocusReason);
+    QKeyEvent copy(key.type(), key.key(), key.modifiers(), key.text(), key.isAutoRepeat());
+    return QCoreApplication::sendEvent(&edit, &copy);
 }
 
 /// The tab shows what is active when the drawing has been switched, not when it was asked for.

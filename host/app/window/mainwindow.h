@@ -8,6 +8,7 @@
 #include "host/app/cells/cellmouse.h"
 #include "kd/ge/point3d.h"
 
+class QKeyEvent;
 class QLabel;
 class QTabBar;
 
@@ -28,6 +29,8 @@ public:
 
     /// Types a macro at the prompt that waits, and shows it there.
     void type(const std::wstring& macro);
+    /// Takes a key that another window had no use for, as if it had been pressed here. False when it means nothing.
+    bool takeKey(const QKeyEvent& key);
     /// Tabs, title and view as the documents are.
     void showDocuments(const DocumentManager& documents);
 

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <utility>
 
 #include "host/app/usersettings.h"
 #include "host/app/window/commandlinewidget.h"
@@ -19,6 +20,8 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
     setViewWidget(&m_window.view());
     setPromptListener(this);
     m_application.documents().addReactor(this);
+    m_keysBefore = m_application.applicationInterface().setKeyReceiver(
+        [this](const QKeyEvent& key) { return m_window.takeKey(key); });
     m_window.restoreGeometry(storedWindowPlace());
     m_window.show();
     m_window.showDocuments(m_application.documents());
@@ -26,6 +29,7 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
 
 WindowSession::~WindowSession() {
     storeWindowPlace(m_window.saveGeometry());
+    m_application.applicationInterface().setKeyReceiver(std::move(m_keysBefore));
     m_application.documents().removeReactor(this);
     setPromptListener(nullptr);
     setViewWidget(nullptr);
@@ -90,11 +94,11 @@ void WindowSession::echoed(const std::wstring& input) {
     m_window.commandLineWidget().echo(withoutLineEnds(input));
 }
 
-/// A new drawing's sheet fills the view as it is now.
+/// What is in the drawing, or a new drawing's sheet, fills the view as it is now.
 void WindowSession::documentCreated(KdApDocument* document) {
     View& view = static_cast<Document*>(document)->editor().view();
     view.shown().resize(m_window.view().width(), m_window.view().height());
-    view.zoomToSheet();
+    static_cast<Document*>(document)->editor().zoomToDrawing();
 }
 
 void WindowSession::documentActivated(KdApDocument*) {

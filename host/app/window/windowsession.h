@@ -47,6 +47,7 @@ private:
 
     Application& m_application;
     MainWindow& m_window;
+    ApplicationInterface::KeyReceiver m_keysBefore;
     std::vector<QEventLoop*> m_waiting;
     bool m_runs = false;
     std::size_t m_seenMessages = 0;
