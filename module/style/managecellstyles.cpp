@@ -1,5 +1,7 @@
 // The cell styles of a table's style, managed outside the style dialogs.
 
+#include "module/style/managecellstyles.h"
+
 #include "kd/db/tablestyle.h"
 #include "module/core/cellstylewalk.h"
 #include "module/core/editframe.h"
@@ -12,12 +14,11 @@ namespace {
 
 constexpr EditMark kManageCellStyles{.name = L"ManCellStyle", .titleText = 2132, .updatesDisplay = false};
 
-/// The table stays open for write meanwhile. The dialog can't open it for read beside that, so that a cell style which
-/// only this table uses counts as not in use there.
-void manageCellStyles(const KdDbTable& table) {
+}  // namespace
+
+void manageCellStylesOf(KdDbObjectId id) {
     KdDbTransactionManager* transactions = currentTransactions();
     KdDbTransaction* transaction = transactions == nullptr ? nullptr : transactions->startTransaction();
-    const KdDbObjectId id = table.tableStyle();
     const auto* style = getObject<KdDbTableStyle>(transaction, id, KdDb::kForWrite);
     // The transaction stays open then, for whoever ends the next one.
     if (style == nullptr) return;
@@ -33,8 +34,9 @@ void manageCellStyles(const KdDbTable& table) {
     }
 }
 
-}  // namespace
-
+/// The table stays open for write meanwhile. The dialog can't open it for read beside that, so that a cell style which
+/// only this table uses counts as not in use there.
 int CVqTableCommon::ManageCellStyles(KdDbObjectId table) {
-    return markedTableEdit(table, kManageCellStyles, [](const KdDbTable& open) { manageCellStyles(open); });
+    return markedTableEdit(table, kManageCellStyles,
+                           [](const KdDbTable& open) { manageCellStylesOf(open.tableStyle()); });
 }

@@ -7,6 +7,7 @@
 
 #include "host/ad/documents.h"
 #include "host/app/dump/tables.h"
+#include "host/app/dump/toolbar.h"
 #include "host/app/dump/values.h"
 #include "host/db/access.h"
 #include "host/db/currentspace.h"
@@ -122,7 +123,7 @@ void writeDump(std::ostream& out, Document& document) {
     out << "\"tables\":[";
     writeTables(out, ids);
     out << "],\n";
-    write("toolbar", {{"visible", false}, {"table", nullptr}, {"enabled", Json::array()}});
+    write("toolbar", dump::toolbar());
     write("undoSteps", undoSteps(*document.database()));
     out << "\"open\":" << open().dump() << "}\n";
 }

@@ -1,0 +1,65 @@
+// The looks of the toolbar, in both languages and at the screen's scale.
+
+#include <QToolBar>
+
+#include "kd/ui/hostdialogs.h"
+#include "tests/ui/dialoglooks.h"
+#include "tests/ui/toolbar_fixture.h"
+
+namespace kdtest {
+namespace {
+
+class ToolbarDialogLooks : public ToolbarTest, public ::testing::WithParamInterface<kdhost::Language> {
+protected:
+    void SetUp() override {
+        ToolbarTest::SetUp();
+        kdhost::setLanguage(GetParam());
+    }
+    void keep(QWidget& shown, const char* name) {
+        const char* language = GetParam() == kdhost::Language::Chinese ? "zh_CN" : "en";
+        keepPicture(shown, QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(language)));
+    }
+};
+
+TEST_P(ToolbarDialogLooks, every_control_has_its_size_and_is_told_to_the_user) {
+    showOver(TableBuilder(4, 4).select("B2:C3"));
+    const double scale = kdadGetDPIScale();
+    std::set<QString> tips;
+    for (const ToolbarRow& row : kToolbarRows) {
+        if (row.name == nullptr) continue;
+        const auto& shown = control<QWidget>(row.name);
+        EXPECT_FALSE(shown.toolTip().isEmpty()) << row.name;
+        EXPECT_EQ(shown.accessibleName(), shown.toolTip()) << row.name;
+        EXPECT_TRUE(tips.insert(shown.toolTip()).second) << row.name;
+        const bool isChinese = shown.toolTip().at(0).unicode() > 0x2E80;
+        EXPECT_EQ(isChinese, GetParam() == kdhost::Language::Chinese) << row.name;
+        EXPECT_TRUE(window()->rect().contains(QRect(shown.mapTo(window(), QPoint()), shown.size()))) << row.name;
+        const bool isCombo = row.item == ToolbarItem::ColorCombo || row.item == ToolbarItem::CellStyleCombo;
+        const double width = isCombo                             ? 1.5 * static_cast<int>(90.0 * scale)
+                             : row.item == ToolbarItem::Dropdown ? 40.0 * scale
+                                                                 : 20.0 * scale;
+        EXPECT_EQ(shown.width(), static_cast<int>(width)) << row.name;
+        EXPECT_GE(shown.height(), static_cast<int>(20.0 * scale)) << row.name;
+    }
+    EXPECT_EQ(tips.size(), 15U);
+    // The buttons are as small as they are told to be, their images smaller; the lists show their rows whole.
+    for (const std::string& fault : cutControls(*window())) EXPECT_EQ(fault.find("COMBO"), std::string::npos) << fault;
+    keep(*window(), "toolbar");
+}
+
+TEST_P(ToolbarDialogLooks, disabled_controls_and_other_fills_look_so) {
+    const KdDbObjectId table = showOver(TableBuilder(4, 4).lock("B2").align("A1:D4", KdDb::kBottomRight).select("B2"));
+    CVqTableCommon::SetBackgroundColor(table, KdCmColor::fromRgb(200, 220, 255));
+    keep(*window(), "toolbar_locked");
+    select(table, "A1:B2");
+    keep(*window(), "toolbar_mixed");
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, ToolbarDialogLooks,
+                         ::testing::Values(kdhost::Language::English, kdhost::Language::Chinese), [](const auto& info) {
+                             return info.param == kdhost::Language::English ? std::string("English")
+                                                                            : std::string("Chinese");
+                         });
+
+}  // namespace
+}  // namespace kdtest
