@@ -3,8 +3,9 @@ import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 import context_rows  # noqa: E402
-from context_rows import (Row, align, empty, insert_columns, insert_rows, lock, merge, size_columns, size_rows,  # noqa: E402
-                          without_columns, without_rows, unchanged)
+from context_rows import BLOCK, Row, align, empty, insert_columns, insert_rows, lock, merge  # noqa: E402
+from context_rows import row_copied, size_columns, size_rows, text_becomes, unchanged  # noqa: E402
+from context_rows import without_columns, without_rows  # noqa: E402
 
 ROWS = [Row(f"IDR_ALIGNMENT_{name}", align(number), "ChangeCellAlignment") for number, name in enumerate(
     ("TOPLEFT", "TOPCENTER", "TOPRIGHT", "MIDDLELEFT", "MIDDLECENTER", "MIDDLERIGHT", "BOTTOMLEFT", "BOTTOMCENTER",
@@ -29,9 +30,10 @@ ROWS += [
     Row("IDR_TABLECELL_DELETEALLCONTENT", empty([3, 0, 4, 3]), "DeleteContent", cells="A4:D5", at="A4"),
     Row("IDR_TABLECELL_CUT", empty([4, 0, 4, 3]), "CutTableCell", cells="A5:D5", at="A5"),
     Row("IDR_TABLECELL_COPY", unchanged, None, cells="A5:D5", at="A5"),
-    Row("IDR_TABLECELL_PASTE", context_rows.row_copied(4, 1), "PasteTable",
-        cells="A2:D2", at="A2", before=["@cells A5:D5", "@context A5", "@menu IDR_TABLECELL_COPY", "@cells #{number} A2:D2"]),
-    Row("IDR_TABLECELL_EDITTEXT", context_rows.text_becomes(1, 1, "typed"), "TableEdit", cells="B2",
+    Row("IDR_TABLECELL_PASTE", row_copied(4, 1), "PasteTable",
+        cells="A2:D2", at="A2",
+        before=["@cells A5:D5", "@context A5", "@menu IDR_TABLECELL_COPY", "@cells #{number} A2:D2"]),
+    Row("IDR_TABLECELL_EDITTEXT", text_becomes(1, 1, "typed"), "TableEdit", cells="B2",
         at="B2", after=["@edit TAB typed", "@edit ESC"]),
     Row("IDR_TABLECELL_BORDERS", unchanged, None),
     Row("IDR_TABLECELL_MATCHCELL", unchanged, None),
@@ -40,7 +42,6 @@ ROWS += [
 
 def check(run):
     table = run.dump["tables"][0]
-    assert table["selection"] == [0, 3, 0, 3]
     assert table["cells"][0][3]["text"] == ""
     assert run.dump["undoSteps"][-1] == "DeleteContent"
-    context_rows.check(run, ROWS)
+    context_rows.check(run, ROWS, BLOCK)

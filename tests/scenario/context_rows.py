@@ -13,7 +13,7 @@ CELL_PROPERTIES = ("text", "alignment", "state")
 
 def Row(item, change, step, cells="B3:C4", at="B3", before=(), after=()):
     """An item, the function that changes a table as it should, and the step of undo; lines that come before the right
-    button and after the choice, in which {number} is the table's place in the dump and {language} the run's language."""
+    button and after the choice, in which {number} is the table's place in the dump and {language} that of the run."""
     return SimpleNamespace(item=item, change=change, step=step, cells=cells, at=at, before=before, after=after)
 
 
@@ -140,12 +140,14 @@ def size_rows(first, end):
     return change
 
 
-def check(run, rows):
+def check(run, rows, selection):
+    """`selection` is that of the last table, which no later command has given up."""
     imported = look(run.play(["TABLEIMPORT", "schedule.csv", "0,200"])["tables"][0])
     for language in LANGUAGES:
         lines = [line for number, row in enumerate(rows) for line in lines_for(row, number, language)]
         dump = run.play(lines, f"--lang {language}")
         assert len(dump["tables"]) == len(rows)
+        assert dump["tables"][-1]["selection"] == selection, dump["tables"][-1]["selection"]
         for row, table in zip(rows, dump["tables"]):
             expected = copy.deepcopy(imported)
             row.change(expected)
