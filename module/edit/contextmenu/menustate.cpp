@@ -49,10 +49,10 @@ void allowLineItems(TableMenu& menu, const KdDbTable& table, const LineItems& it
 }  // namespace
 
 void setLockingMenuItemState(TableMenu& menu, const KdDbTable& table) {
-    static constexpr QLatin1String kUnlocked("IDR_LOCKING_UNLOCKED");
-    static constexpr QLatin1String kContent("IDR_LOCKING_CONTENTLOCKED");
-    static constexpr QLatin1String kFormat("IDR_LOCKING_FORMATLOCKED");
-    static constexpr QLatin1String kBoth("IDR_LOCKING_CONTENTFORMATLOCKED");
+    const QLatin1String kUnlocked("IDR_LOCKING_UNLOCKED");
+    const QLatin1String kContent("IDR_LOCKING_CONTENTLOCKED");
+    const QLatin1String kFormat("IDR_LOCKING_FORMATLOCKED");
+    const QLatin1String kBoth("IDR_LOCKING_CONTENTFORMATLOCKED");
     KdDb::CellState state = KdDb::kCellStateNone;
     if (!CVqTableCommon::GetCellState(&table, state)) return;
     const CellLocks locks(state);
@@ -77,7 +77,7 @@ void setInsertMenuItemState(TableMenu& menu, const KdDbTable& table) {
 }
 
 void setMergeMenuItemState(TableMenu& menu, const KdDbTable& table) {
-    static constexpr QLatin1String kUnmerge("IDR_TABLECELL_UNMERGE");
+    const QLatin1String kUnmerge("IDR_TABLECELL_UNMERGE");
     allow(menu, menu.positionOf(kUnmerge) - 1, CVqTableCommon::CanMergeCells(&table));
     allow(menu, kUnmerge, CVqTableCommon::CanUnMergeCells(&table));
 }

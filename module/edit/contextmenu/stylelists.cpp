@@ -94,9 +94,9 @@ KdString styleNameOf(const KdDbTable& table) {
 
 bool CVqTableUIContext::addCellStyleMenu(TableMenu& parent, const KdDbTable& table, KdDb::TableHitItem hit,
                                          bool forIndicator) {
-    constexpr QLatin1String kFollows("IDR_TABLEDIT_CELLSTYLE_TITLE");
-    constexpr QLatin1String kSaveAs("IDR_TABLEDIT_CELLSTYLE_SAVEAS");
-    constexpr QLatin1String kStyles("IDR_TABLEDIT_CELLSTYLE_BASE");
+    const QLatin1String kFollows("IDR_TABLEDIT_CELLSTYLE_TITLE");
+    const QLatin1String kSaveAs("IDR_TABLEDIT_CELLSTYLE_SAVEAS");
+    const QLatin1String kStyles("IDR_TABLEDIT_CELLSTYLE_BASE");
     m_cellStyleMenu.CreatePopupMenu();
     m_cellStyleMenu.SetonCommand(this);
     const MarkedStyle marked = getCellStyle(table, hit);

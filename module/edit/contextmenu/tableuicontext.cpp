@@ -11,10 +11,10 @@
 
 namespace {
 
-constexpr QLatin1String kColumnsEqually("IDR_BYCOLUMN_SIZEEQUALLY");
-constexpr QLatin1String kRowsEqually("IDR_BYROW_SIZEEQUALLY");
-constexpr QLatin1String kEditText("IDR_TABLECELL_EDITTEXT");
-constexpr QLatin1String kBackgroundFill("IDR_TABLECELL_BACKGROUNDFILL");
+const QLatin1String kColumnsEqually("IDR_BYCOLUMN_SIZEEQUALLY");
+const QLatin1String kRowsEqually("IDR_BYROW_SIZEEQUALLY");
+const QLatin1String kEditText("IDR_TABLECELL_EDITTEXT");
+const QLatin1String kBackgroundFill("IDR_TABLECELL_BACKGROUNDFILL");
 
 bool canPaste(const KdDbTable& table) {
     return CVqTableClipDataMgr().CanPasteTableCell(&table) != 0;
