@@ -74,10 +74,14 @@ void CVqTableditMiniFrameWnd::SetToolbarInsertAndDeleteState(const KdDbTable& ta
     updateToolbar();
 }
 
+/// Both maps are in the order of the names, so that one walk finds each control.
 void CVqTableditMiniFrameWnd::updateToolbar() {
+    auto control = m_widgetByName.begin();
     for (const auto& [name, enabled] : m_buttonEnabled) {
-        const auto found = m_widgetByName.find(name);
-        if (found != m_widgetByName.end()) found->second->setEnabled(enabled == 1);
+        while (control != m_widgetByName.end() && control->first < name) ++control;
+        if (control == m_widgetByName.end()) return;
+        const bool isFor = control->first == name;
+        if (isFor && control->second->isEnabled() != (enabled == 1)) control->second->setEnabled(enabled == 1);
     }
 }
 
