@@ -3,10 +3,10 @@
 #include "host/app/commands/layercommand.h"
 
 #include "host/app/commands/keywordmenu.h"
+#include "host/app/commands/valueprompts.h"
+#include "host/db/symbols.h"
 #include "host/ed/editor.h"
-#include "host/db/opened.h"
 #include "kd/db/database.h"
-#include "kd/db/symboltable.h"
 
 namespace kdhost {
 namespace {
@@ -19,19 +19,15 @@ constexpr Words kName{L"\nName of the layer: ", L"\n图层名: "};
 constexpr Words kNoSuchLayer{L"There is no layer \"%1\".", L"没有图层“%1”。"};
 constexpr Words kNotMade{L"The layer \"%1\" can't be made.", L"无法新建图层“%1”。"};
 
-KdDbObjectId findLayer(KdDbDatabase& database, const std::wstring& name) {
-    KdDbObjectId id;
-    if (const Opened<KdDbLayerTable> layers(database.layerTableId()); layers) layers->getAt(name.c_str(), id);
-    return id;
+KdDbObjectId findLayer(const KdDbDatabase& database, const std::wstring& name) {
+    return recordNamed(database.layerTableId(), name);
 }
 
-KdDbObjectId makeLayer(KdDbDatabase& database, const std::wstring& name) {
-    const Opened<KdDbLayerTable> layers(database.layerTableId(), KdDb::kForWrite);
+KdDbObjectId makeLayer(const KdDbDatabase& database, const std::wstring& name) {
     auto record = std::make_unique<KdDbLayerTableRecord>();
-    KdDbObjectId id;
-    if (!layers || record->setName(name.c_str()) != Kdad::eOk || layers->add(id, record.get()) != Kdad::eOk) return id;
-    record.release()->close();
-    return id;
+    if (record->setName(name.c_str()) != Kdad::eOk) return {};
+    const Opened<KdDbLayerTableRecord> layer = addRecord(database.layerTableId(), std::move(record));
+    return layer ? layer->objectId() : KdDbObjectId::kNull;
 }
 
 /// A layer that is there already is made current all the same.
@@ -74,10 +70,10 @@ constexpr Action kActions[] = {
 
 void editLayers() {
     KdDbDatabase& database = currentEditor()->database();
-    wchar_t name[1024];
     while (const Action* action = askForAction(kMenu, kActions)) {
-        if (kdedGetString(1, kName.text(), name) != RTNORM) return;
-        action->run(database, name);
+        const std::optional<std::wstring> name = askForText(kName, true);
+        if (!name) return;
+        action->run(database, *name);
     }
 }
 

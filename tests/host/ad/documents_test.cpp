@@ -3,8 +3,8 @@
 #include "kd/ad/document.h"
 
 #include "host/db/currentspace.h"
-#include "host/ed/commands.h"
 #include "host/db/opened.h"
+#include "host/ed/commands.h"
 #include "host/rx/commandstack.h"
 #include "host/rx/faults.h"
 #include "kd/ad/doclock.h"
