@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QTemporaryDir>
+#include <QScopeGuard>
 
 #include "kd/db/database.h"
 #include "module/create/tableinsertdlg.h"
@@ -44,8 +44,8 @@ TEST_P(InsertDialogLooks, of_each_mode) {
 
 TEST_P(InsertDialogLooks, with_a_table_from_a_file) {
     // The box has room for a short path.
-    const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/XXXXXX"));
-    QFile file(folder.filePath(QStringLiteral("p.csv")));
+    QFile file(QDir::temp().filePath(QStringLiteral("p.csv")));
+    const auto removed = qScopeGuard([&file] { file.remove(); });
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("Part,Number,Mass\nBolt,12,0.4\nWasher,24,0.1\nNut,12,0.2\n");
     file.close();

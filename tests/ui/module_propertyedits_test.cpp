@@ -426,15 +426,5 @@ TEST_F(NewCellStyles, CreateNewCellStyle_asks_nothing_where_something_cannot_be_
     QApplication::processEvents();
 }
 
-TEST_F(NewCellStyles, ManageCellStyles_and_SetBorders_leave_the_table_as_it_is) {
-    expectNoDialog();
-    const KdDbObjectId table = addTable(TableBuilder(2, 2).fill().select("A1:B1"));
-    const std::string before = describe(look(table));
-    EXPECT_EQ(Common::ManageCellStyles(table), 1);
-    EXPECT_EQ(Common::SetBorders(table), 1);
-    EXPECT_EQ(describe(look(table)), before);
-    QApplication::processEvents();
-}
-
 }  // namespace
 }  // namespace kdtest

@@ -323,9 +323,9 @@ TEST(ModuleTrees, List_every_control_in_the_tab_order) {
         std::set<QString> listed;
         for (const Element& stop : elements(tree, "tabstop")) listed.insert(stop.text);
         for (const Element& widget : elements(tree, "widget")) {
-            static const std::set<QString> passive = {QStringLiteral("QDialog"), QStringLiteral("QLabel"),
+            static const std::set<QString> passive = {QStringLiteral("QDialog"),   QStringLiteral("QLabel"),
                                                       QStringLiteral("QGroupBox"), QStringLiteral("QWidget"),
-                                                      QStringLiteral("QFrame"), QStringLiteral("QProgressBar")};
+                                                      QStringLiteral("QFrame"),    QStringLiteral("QProgressBar")};
             if (passive.contains(widget.attribute("class"))) continue;
             EXPECT_TRUE(listed.contains(widget.attribute("name"))) << widget.attribute("name").toStdString();
         }

@@ -45,12 +45,12 @@ std::vector<std::string> conversions(const std::wstring& text) {
     return list;
 }
 
-/// The numbers of a source file, comments left out, that stand in a hundred of numbers in which texts have theirs:
-/// whichever way a number goes to the loader, it is written down somewhere.
+/// The numbers of a source file, comments and asserted sizes left out, that stand in a hundred of numbers in which
+/// texts have theirs: whichever way a number goes to the loader, it is written down somewhere.
 std::set<unsigned> numbersOfTexts(QString source, const Texts& texts) {
     std::set<unsigned> hundreds;
     for (const auto& [number, text] : texts) hundreds.insert(number / 100);
-    static const QRegularExpression comment(QStringLiteral("//[^\n]*"));
+    static const QRegularExpression comment(QStringLiteral("//[^\n]*|static_assert\\([^;]*;"));
     static const QRegularExpression whole(QStringLiteral("(?<![\\w.])[1-9]\\d{3}(?![\\w.])"));
     std::set<unsigned> numbers;
     auto match = whole.globalMatch(source.remove(comment));
