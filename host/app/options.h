@@ -18,7 +18,7 @@ struct Options {
     std::string dump;
     std::string render;
     std::string save;
-    bool insertTables = false;  ///< drawings are written for programs that know no tables, too
+    bool insertTables = false;         ///< drawings are written for programs that know no tables, too
     std::optional<Language> language;  ///< none: as the user chose, or English
 };
 

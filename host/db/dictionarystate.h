@@ -20,7 +20,7 @@ struct KdDbDictionaryState : KdDbObjectState {
     void put(const wchar_t* name, KdDbObjectId id);
     void take(std::map<std::wstring, Entry>::iterator entry);
 
-    bool hardOwner = false;  ///< as its file says: entries live and die with it
+    bool hardOwner = false;                               ///< as its file says: entries live and die with it
     std::map<std::wstring, Entry> entries;                ///< by folded name
     std::unordered_map<KdDbObjectId, std::wstring> keys;  ///< the folded names of objects
 };

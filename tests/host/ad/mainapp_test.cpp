@@ -10,10 +10,10 @@
 #include "host/rx/faults.h"
 #include "kd/ed/coordinates.h"
 #include "kd/ed/view.h"
-#include "tests/support/objects.h"
 #include "tests/support/application.h"
 #include "tests/support/configfolder.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 #include "win32/registry.h"
 
 namespace {

@@ -12,8 +12,8 @@
 #include "kd/db/blockreference.h"
 #include "kd/db/line.h"
 #include "kd/db/table.h"
-#include "tests/support/objects.h"
 #include "tests/support/application.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 
 inline void PrintTo(const KdGePoint3d& p, std::ostream* out) {

@@ -12,12 +12,11 @@
 #include "kd/ad/mainapp.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
-#include "tests/support/objects.h"
 #include "tests/support/application.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 
 namespace {
-
 
 struct ModelStep {
     std::wstring name;

@@ -12,8 +12,8 @@
 #include "kd/ad/doclock.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/table.h"
-#include "tests/support/objects.h"
 #include "tests/support/application.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "host/db/access.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

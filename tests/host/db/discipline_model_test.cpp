@@ -7,8 +7,8 @@
 #include <random>
 
 #include "host/db/access.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "host/db/access.h"
 #include "host/rx/faults.h"
 #include "kd/db/entity.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "host/db/fieldstate.h"
 #include "kd/db/mtext.h"
 #include "kd/ed/resbuf.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include "host/db/access.h"
 #include "host/db/undo.h"
 #include "host/ed/display.h"
-#include "tests/support/objects.h"
 #include "tests/support/application.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 #include "host/db/access.h"
 #include "kd/ed/resbuf.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include "host/db/undo.h"
 #include "host/rx/faults.h"
 #include "kd/db/tablestyle.h"
-#include "tests/support/objects.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/objects.h"
 
 namespace {
 

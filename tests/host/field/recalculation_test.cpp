@@ -5,8 +5,8 @@
 #include "kd/db/idmapping.h"
 #include "kd/db/mtext.h"
 #include "kd/db/symboltable.h"
-#include "tests/support/objects.h"
 #include "tests/host/field/formulafixture.h"
+#include "tests/support/objects.h"
 
 namespace {
 

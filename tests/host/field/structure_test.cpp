@@ -2,8 +2,8 @@
 
 #include "host/db/access.h"
 #include "host/db/opening.h"
-#include "tests/support/objects.h"
 #include "tests/host/field/formulafixture.h"
+#include "tests/support/objects.h"
 
 namespace {
 

@@ -104,15 +104,15 @@ public:
     bool measurementIsMetric() const;
 
     /// Writes the drawing into a file, whole or not at all: the old file stays until the new one is complete. With
-    /// `keepBackup` the old one stays beside it, its name followed by ".bak". `version` must be 33, and `security` null:
-    /// eNotApplicable. eInvalidInput for an empty name, eFileAccessError when the file can't be written.
+    /// `keepBackup` the old one stays beside it, its name followed by ".bak". `version` must be 33, and `security`
+    /// null: eNotApplicable. eInvalidInput for an empty name, eFileAccessError when the file can't be written.
     Kdad::ErrorStatus saveAs(const wchar_t* fileName, bool keepBackup = false, int version = 33,
                              const void* security = nullptr);
     /// Reads a file, whatever its name ends in, into a database that holds nothing yet (one made without defaults).
-    /// Nobody else is kept from the file, whatever `shareMode`; nothing is converted; no file has a password. On failure
-    /// the database holds nothing, as before: eInvalidContext when it held something, eInvalidInput for an empty name,
-    /// eFileNotFound, eFileAccessError, eFileCorrupt for a file that is no drawing, damaged or cut off, eFileVersion
-    /// for one of an older kind.
+    /// Nobody else is kept from the file, whatever `shareMode`; nothing is converted; no file has a password. On
+    /// failure the database holds nothing, as before: eInvalidContext when it held something, eInvalidInput for an
+    /// empty name, eFileNotFound, eFileAccessError, eFileCorrupt for a file that is no drawing, damaged or cut off,
+    /// eFileVersion for one of an older kind.
     Kdad::ErrorStatus readDwgFile(const wchar_t* fileName, int shareMode = 64, bool allowConversion = false,
                                   const wchar_t* password = nullptr);
 
