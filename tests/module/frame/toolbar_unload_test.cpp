@@ -36,12 +36,14 @@ protected:
 };
 
 TEST_F(ToolbarAtUnload, goes_with_the_module_and_the_table_lives_on) {
+    // The code that is linked into the tests may have a toolbar of its own, from tests before.
+    const int others = toolbars();
     ASSERT_EQ(host.application().loadModule(L"TvxTable.tvx"), L"");
     const KdDbObjectId table = addTable();
     kdhost::selectCellsByUser(host.editor(), table, {0, 0, 1, 1});
-    ASSERT_EQ(toolbars(), 1);
+    ASSERT_EQ(toolbars(), others + 1);
     ASSERT_TRUE(kdhost::dynamicLinker().unloadModule(L"TvxTable.tvx"));
-    EXPECT_EQ(toolbars(), 0);
+    EXPECT_EQ(toolbars(), others);
     EXPECT_EQ(::dlopen(KD_BINARY_DIRECTORY "/plugins/TvxTable.tvx", RTLD_NOW | RTLD_NOLOAD), nullptr);
     const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
     open->setSize(4, 4);
