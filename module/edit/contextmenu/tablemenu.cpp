@@ -145,7 +145,7 @@ void TableMenu::CheckMenuRadioItem(QLatin1String first, QLatin1String last, QLat
     QMenu* menu = shown == nullptr ? nullptr : menuOf(*shown);
     if (menu == nullptr) return;
     const QList<QAction*> items = menu->actions();
-    const auto [from, to] = std::minmax(items.indexOf(itemNamed(first)), items.indexOf(itemNamed(last)));
+    const auto [from, to] = std::minmax({items.indexOf(itemNamed(first)), items.indexOf(itemNamed(last))});
     if (from < 0) return;
     delete m_radioItems;
     m_radioItems = new QActionGroup(menu);

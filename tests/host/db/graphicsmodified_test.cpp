@@ -26,6 +26,7 @@ protected:
         kdhost::updateDisplay();
         m_steps = steps();
     }
+    ~GraphicsModified() override { kdhost::peekObject(m_line)->removeReactor(&m_changes); }
     std::vector<std::wstring> steps() { return kdhost::undoHistory(host.database())->undoSteps(); }
 
     KdDbObjectId m_line;
