@@ -241,6 +241,7 @@ void CVqTableStyleEditDlg::sizePages() {
 }
 
 void CVqTableStyleEditDlg::movePages() {
+    if (m_tabs.widget() == nullptr) return;
     CRect client;
     m_tabs.GetClientRect(client);
     const QPoint place(static_cast<int>(client.left) + 3,
