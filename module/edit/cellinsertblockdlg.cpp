@@ -2,9 +2,9 @@
 
 #include "module/edit/cellinsertblockdlg.h"
 
-#include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/exchange/tableexport.h"
+#include "module/style/controls/comboboxes.h"
 #include "module/style/controls/wiring.h"
 #include "module/valuetext/tableutils.h"
 #include "win32/widenumbers.h"
@@ -17,10 +17,6 @@ constexpr const char* kPathText = "IDC_CELLINSERTBLOCK_PATHNAME_STATIC";
 constexpr const char* kScaleEdit = "IDC_CELLINSERTBLOCK_SCALE_EDIT";
 constexpr const char* kRotationEdit = "IDC_CELLINSERTBLOCK_ANGLE_EDIT";
 constexpr const char* kAutofitButton = "IDC_CELLINSERTBLOCK_AUTOFIT_BUTTON";
-
-/// The nine alignments in their order.
-constexpr unsigned kFirstAlignmentText = 2023;
-constexpr unsigned kLastAlignmentText = 2031;
 
 CStdStr<wchar_t> numberText(double value) {
     CStdStr<wchar_t> text;
@@ -91,9 +87,7 @@ int CVqTableCellInsertBlockDlg::OnInitDialog() {
 }
 
 void CVqTableCellInsertBlockDlg::FillAlignmentComboBox() {
-    for (unsigned text = kFirstAlignmentText; text <= kLastAlignmentText; ++text) {
-        m_alignmentCombo.AddString(loadText(text));
-    }
+    addAlignments(m_alignmentCombo);
 }
 
 /// The question is that of the export, down to the name and extension it proposes.

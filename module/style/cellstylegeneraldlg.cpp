@@ -24,8 +24,6 @@ constexpr int kColorSamples = 3;
 /// The rows of the fill that stand for no colour of their own.
 enum FillRow : int { kNoFillRow, kByLayerRow, kByBlockRow };
 
-constexpr unsigned kFirstAlignmentText = 2023;
-constexpr unsigned kLastAlignmentText = 2031;
 constexpr unsigned kDataText = 2140;
 constexpr unsigned kLabelText = 2141;
 
@@ -82,9 +80,7 @@ void CVqTableCellStyleGeneralDlg::FillColorComboBox() {
 }
 
 void CVqTableCellStyleGeneralDlg::FillAlignmentComboBox() {
-    for (unsigned text = kFirstAlignmentText; text <= kLastAlignmentText; ++text) {
-        m_alignmentBox.AddString(loadText(text));
-    }
+    addAlignments(m_alignmentBox);
 }
 
 void CVqTableCellStyleGeneralDlg::FillTypeComboBox() {

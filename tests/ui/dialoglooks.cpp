@@ -222,11 +222,15 @@ Faults unreachableControls(const QWidget& window) {
     return faults;
 }
 
-void keepPicture(QWidget& window, const QString& name) {
+void keepPicture(const QImage& image, const QString& name) {
     const QString folder = QStringLiteral(KD_BINARY_DIRECTORY "/pictures/%1x").arg(qRound(kdadGetDPIScale()));
     ASSERT_TRUE(QDir().mkpath(folder));
     const QString path = QStringLiteral("%1/%2.png").arg(folder, name);
-    EXPECT_TRUE(window.grab().save(path)) << path.toStdString();
+    EXPECT_TRUE(image.save(path)) << path.toStdString();
+}
+
+void keepPicture(QWidget& window, const QString& name) {
+    keepPicture(window.grab().toImage(), name);
 }
 
 }  // namespace kdtest

@@ -22,6 +22,7 @@ Faults untranslatedTexts(const QWidget& window);
 Faults unreachableControls(const QWidget& window);
 
 /// Writes pictures/SCALEx/NAME.png in the build folder; the scale is the screen's.
+void keepPicture(const QImage& image, const QString& name);
 void keepPicture(QWidget& window, const QString& name);
 
 }  // namespace kdtest

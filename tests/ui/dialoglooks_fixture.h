@@ -1,7 +1,7 @@
 // The fixture of looks at dialogs: each test runs once in each language, and each window is kept as a picture.
 #pragma once
 
-#include "mfc/resource.h"
+#include "tests/support/resourcemodule.h"
 #include "tests/ui/dialoglooks.h"
 #include "tests/ui/hostdialogs_fixture.h"
 
@@ -9,14 +9,7 @@ namespace kdtest {
 
 class DialogLooks : public HostDialogTest, public ::testing::WithParamInterface<kdhost::Language> {
 protected:
-    DialogLooks() : m_kept(AfxGetResourceHandle()), m_resources(LoadResourceDll(L"TvxTableRes.dll")) {
-        kdhost::setLanguage(GetParam());
-        AfxSetResourceHandle(m_resources);
-    }
-    ~DialogLooks() override {
-        AfxSetResourceHandle(m_kept);
-        FreeLibrary(m_resources);
-    }
+    DialogLooks() { kdhost::setLanguage(GetParam()); }
 
     bool isChinese() const { return GetParam() == kdhost::Language::Chinese; }
 
@@ -48,8 +41,7 @@ protected:
     }
 
 private:
-    HINSTANCE m_kept;
-    HINSTANCE m_resources;
+    ResourceModule m_resources;
 };
 
 /// For INSTANTIATE_TEST_SUITE_P of classes derived from DialogLooks.

@@ -10,9 +10,9 @@
 #include <QTemporaryDir>
 #include <QWindow>
 
-#include "mfc/resource.h"
 #include "module/exchange/exlimportdlg.h"
 #include "tests/support/boxanswers.h"
+#include "tests/support/resourcemodule.h"
 #include "tests/ui/hostdialogs_fixture.h"
 #include "tests/ui/module_fixture.h"
 
@@ -52,14 +52,6 @@ inline void enterFile(QWidget& files, const QString& path) {
 
 class ImportDialogTest : public HostDialogTest {
 protected:
-    ImportDialogTest() : m_kept(AfxGetResourceHandle()), m_resources(LoadResourceDll(L"TvxTableRes.dll")) {
-        AfxSetResourceHandle(m_resources);
-    }
-    ~ImportDialogTest() override {
-        AfxSetResourceHandle(m_kept);
-        FreeLibrary(m_resources);
-    }
-
     using Act = std::function<void(CExlImportDlg& dialog)>;
 
     /// Acts in the open dialog, which is cancelled when that leaves it open.
@@ -103,8 +95,7 @@ protected:
     ImportFiles files;
 
 private:
-    HINSTANCE m_kept;
-    HINSTANCE m_resources;
+    ResourceModule m_resources;
 };
 
 }  // namespace kdtest

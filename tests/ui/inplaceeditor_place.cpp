@@ -7,6 +7,7 @@
 #include "host/draw/paint.h"
 #include "host/ed/viewwidget.h"
 #include "tests/support/tablebuilder.h"
+#include "tests/ui/dialoglooks.h"
 #include "tests/ui/inplaceeditor_fixture.h"
 
 namespace kdtest {
@@ -196,9 +197,7 @@ TEST_F(InPlaceEditorPlace, a_turned_box_is_filled_where_the_cell_lies) {
         EXPECT_EQ(at(63.0, 10.0), QColor(Qt::white));
         EXPECT_EQ(at(30.0, 26.0), QColor(Qt::white));
         EXPECT_EQ(at(-3.0, 10.0), QColor(Qt::white));
-        if (qEnvironmentVariableIsSet("KDTEST_PICTURES")) {
-            image.save(qEnvironmentVariable("KDTEST_PICTURES") + QStringLiteral("/inplaceeditor_turned.png"));
-        }
+        keepPicture(image, QStringLiteral("inplaceeditor_turned"));
     });
 }
 

@@ -212,14 +212,13 @@ TEST_F(InsertDialogOpening, A_display_of_line_weights_that_cannot_be_told_is_lef
 }
 
 TEST_F(InsertDialogOpening, A_missing_tree_gives_no_dialog) {
-    AfxSetResourceHandle(nullptr);
-    FreeLibrary(resources());
+    resources().unload();
     {
         CVqTableInsertDlg none;
         none.SetDatabase(&drawing());
         EXPECT_EQ(none.DoModal(), -1);
     }
-    LoadResourceDll(L"TvxTableRes.dll");
+    resources().load();
 }
 
 TEST_F(InsertDialogOpening, Missing_controls_break_nothing) {

@@ -11,21 +11,15 @@
 #include <QTest>
 #include <QTimer>
 
-#include "mfc/resource.h"
-
 namespace kdtest {
 
 void ModuleResources::SetUp() {
-    m_kept = AfxGetResourceHandle();
-    m_resources = LoadResourceDll(L"TvxTableRes.dll");
-    ASSERT_NE(m_resources, nullptr);
-    AfxSetResourceHandle(m_resources);
+    m_resources.emplace();
 }
 
 void ModuleResources::TearDown() {
     kdhost::setLanguage(kdhost::Language::English);
-    AfxSetResourceHandle(m_kept);
-    FreeLibrary(m_resources);
+    m_resources.reset();
 }
 
 namespace {

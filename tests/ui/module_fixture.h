@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "host/win32/modules.h"
 #include "kd/ui/basedialog.h"
 #include "tests/support/boxanswers.h"
+#include "tests/support/resourcemodule.h"
 #include "tests/ui/dialoglooks.h"
 
 namespace kdtest {
@@ -24,11 +26,10 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    HINSTANCE resources() const { return m_resources; }
+    ResourceModule& resources() { return *m_resources; }
 
 private:
-    HINSTANCE m_resources = nullptr;
-    HINSTANCE m_kept = nullptr;
+    std::optional<ResourceModule> m_resources;
 };
 
 /// Files of a test under the prefix of the resource module, while it lives.

@@ -3,9 +3,9 @@
 #include "host/ui/automation/automation.h"
 #include "host/ui/dialogs/colorpalette.h"
 #include "kd/db/symboltable.h"
-#include "mfc/resource.h"
 #include "module/core/openobject.h"
 #include "module/style/controls/tablecolorcombobox.h"
+#include "tests/support/resourcemodule.h"
 #include "tests/ui/combo_fixture.h"
 
 namespace kdtest {
@@ -16,15 +16,8 @@ constexpr int kOther = kRows - 1;
 
 class BackgroundColorBox : public BoxTest {
 protected:
-    BackgroundColorBox() : m_kept(AfxGetResourceHandle()), m_resources(LoadResourceDll(L"TvxTableRes.dll")) {
-        AfxSetResourceHandle(m_resources);
-        box.Attach(combo);
-    }
-    ~BackgroundColorBox() override {
-        box.Attach(nullptr);
-        AfxSetResourceHandle(m_kept);
-        FreeLibrary(m_resources);
-    }
+    BackgroundColorBox() { box.Attach(combo); }
+    ~BackgroundColorBox() override { box.Attach(nullptr); }
     void answer(const wchar_t* text, const std::function<void()>& run) {
         inDialog([&](QWidget&) { EXPECT_EQ(kdhost::automation::color(text), L""); }, run);
     }
@@ -34,11 +27,8 @@ protected:
         return current;
     }
 
+    ResourceModule resources;
     CVqTableColorComboBox box;
-
-private:
-    HINSTANCE m_kept;
-    HINSTANCE m_resources;
 };
 
 TEST_F(BackgroundColorBox, Lists_no_background_first_and_then_the_hosts_colours) {

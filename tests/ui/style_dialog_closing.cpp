@@ -95,7 +95,7 @@ TEST_F(TableStyleDialogClosing, Cancel_works_without_the_main_application_servic
 TEST_F(TableStyleDialogClosing, The_command_opens_it_on_the_drawing_and_puts_the_resources_back) {
     addStyle(L"Beta");
     AfxSetResourceHandle(nullptr);
-    TvxTable.m_resourceInstance = resources();
+    TvxTable.m_resourceInstance = resources().handle();
     const auto command = [] {
         TvxTableApp::TVX_TABLE_COMMANDSTABLESTYLE();
         return 0;

@@ -129,14 +129,13 @@ TEST_F(TableStyleDialogOpening, Without_a_database_nothing_is_listed_and_nothing
 }
 
 TEST_F(TableStyleDialogOpening, A_missing_tree_gives_no_dialog) {
-    AfxSetResourceHandle(nullptr);
-    FreeLibrary(resources());
+    resources().unload();
     {
         CVqTableStyleDlg dialog;
         dialog.SetDatabase(&drawing());
         EXPECT_EQ(dialog.DoModal(), -1);
     }
-    LoadResourceDll(L"TvxTableRes.dll");
+    resources().load();
 }
 
 TEST_F(TableStyleDialogOpening, Missing_controls_end_the_step_that_needs_them_alone) {

@@ -19,7 +19,7 @@ class ManageCellStyles : public StyleDialogTest {
 protected:
     void SetUp() override {
         StyleDialogTest::SetUp();
-        TvxTable.m_resourceInstance = resources();
+        TvxTable.m_resourceInstance = resources().handle();
         addStyle(L"Walls", {L"Notes", L"Remarks"});
         table = addTable(L"Walls", L"Notes");
     }

@@ -15,11 +15,11 @@
 #include "kd/db/database.h"
 #include "kd/db/tablestyle.h"
 #include "kd/db/transaction.h"
-#include "mfc/resource.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/transactions.h"
 #include "module/style/tablestyleeditdlg.h"
+#include "tests/support/resourcemodule.h"
 #include "tests/ui/hostdialogs_fixture.h"
 #include "tests/ui/module_fixture.h"
 
@@ -32,15 +32,8 @@ enum StylePage : int { GeneralPage, TextPage, BorderPage };
 
 class StyleEditing : public HostDialogTest {
 protected:
-    StyleEditing() : m_kept(AfxGetResourceHandle()), m_resources(LoadResourceDll(L"TvxTableRes.dll")) {
-        AfxSetResourceHandle(m_resources);
-        forgetOpenings();
-    }
-    ~StyleEditing() override {
-        forgetOpenings();
-        AfxSetResourceHandle(m_kept);
-        FreeLibrary(m_resources);
-    }
+    StyleEditing() { forgetOpenings(); }
+    ~StyleEditing() override { forgetOpenings(); }
 
     /// As when the module has just been loaded.
     static void forgetOpenings() {
@@ -138,8 +131,7 @@ protected:
     static std::wstring widen(const char* name) { return QString::fromUtf8(name).toStdWString(); }
 
 private:
-    HINSTANCE m_kept;
-    HINSTANCE m_resources;
+    ResourceModule m_resources;
 };
 
 }  // namespace kdtest

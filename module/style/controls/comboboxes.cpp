@@ -6,12 +6,17 @@
 
 #include "kd/ui/comboboxes.h"
 #include "kd/ui/hostdialogs.h"
+#include "module/core/resources.h"
 #include "module/style/controls/sortorder.h"
 
 namespace {
 
 constexpr double kEditHeight = 15.0;
 constexpr double kRowHeight = 16.0;
+
+/// The nine alignments in their order.
+constexpr unsigned kFirstAlignmentText = 2023;
+constexpr unsigned kLastAlignmentText = 2031;
 
 /// The states of an open list and of a choice that isn't made yet.
 constexpr unsigned kDropFlags = 0x20 | 0x40;
@@ -34,6 +39,10 @@ void finishColorChoice(CKdUiMRUComboBox& box) {
     box.clearDropFlags(kDropFlags);
     box.OnSelEndOk();
     box.OnCloseUp();
+}
+
+void addAlignments(CComboBox& box) {
+    for (unsigned text = kFirstAlignmentText; text <= kLastAlignmentText; ++text) box.AddString(loadText(text));
 }
 
 void CVqCustomComboBox::UseNormalHeight() {

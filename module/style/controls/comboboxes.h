@@ -14,6 +14,9 @@ CStdStr<wchar_t> selectedText(const CComboBox& box);
 /// the entry for other colours after the host has asked for one.
 void finishColorChoice(CKdUiMRUComboBox& box);
 
+/// Adds a row for each alignment of cells, in the order of KdDb::CellAlignment.
+void addAlignments(CComboBox& box);
+
 class CVqCustomComboBox : public CComboBox {
 public:
     /// The heights of the edit part and of the rows at the screen's scale.

@@ -145,13 +145,13 @@ TEST_F(CloneSets, an_inserted_drawing_is_a_block_around_its_insertion_base) {
     gone->erase();
     gone->close();
     KdDbObjectId block;
-    ASSERT_EQ(m_database.insert(block, L"/tmp/a drawing.DWG", &m_other), Kdad::eOk);
+    ASSERT_EQ(m_database.insert(block, L"drawings/a part.DWG", &m_other), Kdad::eOk);
     const auto* made = kdhost::peek<KdDbBlockTableRecord>(block);
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(made->origin(), KdGePoint3d(3.0, 4.0, 5.0));
     std::wstring name;
     made->getName(name);
-    EXPECT_EQ(name, L"/tmp/a drawing.DWG");
+    EXPECT_EQ(name, L"drawings/a part.DWG");
     ASSERT_EQ(entitiesOf(block).size(), 1U);
     EXPECT_EQ(kdhost::peek<KdDbLine>(entitiesOf(block)[0])->endPoint().x, 7.0);
     EXPECT_EQ(entitiesOf(m_other.modelSpaceId()).size(), 2U);

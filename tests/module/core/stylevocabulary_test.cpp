@@ -3,13 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <random>
 
 #include "host/win32/modules.h"
-#include "mfc/resource.h"
 #include "module/core/resources.h"
 #include "module/core/ssicmp.h"
 #include "module/core/tablecommon.h"
+#include "tests/support/resourcemodule.h"
 
 namespace kdtest {
 namespace {
@@ -21,14 +22,10 @@ class StyleVocabulary : public ::testing::TestWithParam<kdhost::Language> {
 protected:
     void SetUp() override {
         kdhost::setLanguage(GetParam());
-        m_kept = AfxGetResourceHandle();
-        m_resources = LoadResourceDll(L"TvxTableRes.dll");
-        ASSERT_NE(m_resources, nullptr);
-        AfxSetResourceHandle(m_resources);
+        m_resources.emplace();
     }
     void TearDown() override {
-        AfxSetResourceHandle(m_kept);
-        FreeLibrary(m_resources);
+        m_resources.reset();
         kdhost::setLanguage(kdhost::Language::English);
     }
 
@@ -53,8 +50,7 @@ protected:
     }
 
 private:
-    HINSTANCE m_kept = nullptr;
-    HINSTANCE m_resources = nullptr;
+    std::optional<ResourceModule> m_resources;
 };
 
 INSTANTIATE_TEST_SUITE_P(Languages, StyleVocabulary,

@@ -1,7 +1,7 @@
 // Galleries: what the host draws of many samples, kept as text, a line for each primitive, and compared with what is
-// drawn now. Nobody writes the kept texts by hand: with the variable KDTEST_KEEP_GALLERIES set the tests write them
-// anew, to be looked at before they are committed; with KDTEST_PICTURES naming a folder the tests put a picture of each
-// gallery there.
+// drawn now. Nobody writes the kept texts by hand: each run leaves the text and a picture of what is drawn now in the
+// build folder, under pictures/galleries. Where the drawing was meant to change, its picture is looked at, and its text
+// takes the place of the kept one.
 #pragma once
 
 #include <string>
@@ -20,8 +20,8 @@ public:
 
     void add(const std::string& title, const KdDbBlockReference& sample);
 
-    /// Ends the gallery: paints it, keeps it anew or compares it with what is kept, as the variables say. Fails the
-    /// running test at the first line that differs, numbers by more than 0.002.
+    /// Ends the gallery: leaves its text and its picture, and compares the text with what is kept. Fails the running
+    /// test at the first line that differs, numbers by more than 0.002.
     void finish() const;
 
 private:
