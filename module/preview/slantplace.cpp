@@ -81,12 +81,6 @@ constexpr std::array kQuadrants = {
     Quadrant{.from = 3.0 * kPi / 2.0, .to = 2.0 * kPi, .sign = -1.0, .start = 2.0 * kPi, .places = kToLowerRight},
 };
 
-/// A rotation beyond one turn, or below none, is the one that it looks like.
-double withinTurn(double rotation) {
-    if (rotation >= 0.0 && rotation <= 2.0 * kPi) return rotation;
-    return rotation - 2.0 * kPi * std::floor(rotation / (2.0 * kPi));
-}
-
 /// Null for a rotation on an axis.
 const Quadrant* quadrantOf(double rotation) {
     for (const Quadrant& quadrant : kQuadrants) {

@@ -15,9 +15,6 @@
 
 namespace {
 
-constexpr unsigned kRows = 2;
-constexpr unsigned kColumns = 2;
-
 /// Edges as the cell style has them; each cell of the sample has the same.
 class StyleEdges final : public SampleEdges {
 public:
@@ -89,8 +86,7 @@ CVqTableCellFromTableStyle::CVqTableCellFromTableStyle(KdDbTableStyle* style, Kd
     m_style = style;
     m_cellStyle = std::move(cellStyle);
     m_singleColumn = singleColumn;
-    m_rows = kRows;
-    m_columns = singleColumn ? 1 : kColumns;
+    if (m_singleColumn) m_columns = 1;
     const wchar_t* name = m_cellStyle.kwszPtr();
     const double textHeight = m_style->textHeight(name);
     m_grid.rowHeight =

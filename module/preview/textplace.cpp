@@ -67,21 +67,20 @@ constexpr std::array<Places, 4> kPlaces = {{
     }},
 }};
 
-/// The angle within one turn, from 0 on. What is too large to have a place within its turn, or so little below 0 that
-/// a whole turn more swallows it, is 0.
+bool isNearZero(double angle) {
+    return withinTurn(angle + kNearly) < 2.0 * kNearly;
+}
+
+}  // namespace
+
 double withinTurn(double angle) {
+    if (angle >= 0.0 && angle < kWholeTurn) return angle;
     const double turns = angle / kWholeTurn;
     if (turns + 1.0 == turns) return 0.0;
     const double part = turns - std::trunc(turns);
     if (part + 1.0 == 1.0) return 0.0;
     return (part < 0.0 ? part + 1.0 : part) * kWholeTurn;
 }
-
-bool isNearZero(double angle) {
-    return withinTurn(angle + kNearly) < 2.0 * kNearly;
-}
-
-}  // namespace
 
 std::optional<unsigned> quarterTurns(double rotation) {
     for (unsigned turns = 0; turns < 4; ++turns) {

@@ -21,6 +21,10 @@ struct TextFit {
     KdGeVector3d offset;
 };
 
+/// The angle that looks the same within one turn, from 0 on. What is too large to have a place within its turn, or so
+/// little below 0 that a whole turn more swallows it, is 0.
+double withinTurn(double angle);
+
 /// How many quarter turns the rotation is, 0 to 3, within a millionth; none for a text that is truly slanted.
 std::optional<unsigned> quarterTurns(double rotation);
 
