@@ -1,5 +1,5 @@
-// Samples as the host draws them, held against galleries that were looked at: texts by alignment, rotation and flow,
-// borders single, double and hidden, and ranges of all shapes.
+// Samples as the host draws them: the looks of edges on screen and on paper, and galleries that were looked at, of
+// texts by alignment, rotation and flow, of borders single, double and hidden, and of ranges of all shapes.
 
 #include "tests/module/preview/gallery.h"
 
@@ -10,6 +10,49 @@
 
 namespace kdtest::preview {
 namespace {
+
+namespace draw = kdhost::draw;
+
+/// The lines that the host draws of a sample, with their weights.
+std::vector<draw::Polyline> drawnLines(const CVqTableCellFromTableStyle& sample, bool plotted) {
+    std::vector<draw::Polyline> lines;
+    for (const draw::Primitive& primitive :
+         draw::primitivesOf(*sample.GetTableCell(), {.lineWeights = true, .plotted = plotted})) {
+        if (const auto* line = std::get_if<draw::Polyline>(&primitive)) lines.push_back(*line);
+    }
+    return lines;
+}
+
+class DrawnSamples : public PreviewTest {};
+
+TEST_F(DrawnSamples, Edges_have_the_dashes_weights_and_colours_of_their_style) {
+    CellLook look;
+    Edge& top = look.edges[kTop];
+    top.linetype = linetype(L"SHORT");
+    top.weight = KdDb::kLnWt070;
+    top.color = KdCmColor::fromRgb(10, 20, 30);
+    StyleSample made(look);
+    const std::vector<draw::Polyline> lines = drawnLines(made.make().sample, false);
+    ASSERT_EQ(lines.size(), 12u);
+    EXPECT_EQ(lines[0].dashes, (std::vector<double>{0.5, 0.25}));
+    EXPECT_EQ(lines[0].lineWeight, 70);
+    EXPECT_EQ(lines[0].color, (draw::Color{10, 20, 30}));
+    EXPECT_EQ(lines[1].dashes, std::vector<double>{}) << "the left edge";
+    EXPECT_EQ(lines[1].lineWeight, 35);
+}
+
+TEST_F(DrawnSamples, Hidden_edges_are_shown_grey_and_thin_and_are_not_plotted) {
+    CellLook look;
+    look.edges[kTop].visible = false;
+    look.edges[kTop].weight = KdDb::kLnWt211;
+    StyleSample made(look);
+    const std::vector<draw::Polyline> lines = drawnLines(made.make().sample, false);
+    ASSERT_EQ(lines.size(), 12u);
+    const KdCmColor grey = KdCmColor::fromIndex(8);
+    EXPECT_EQ(lines[0].color, (draw::Color{grey.red(), grey.green(), grey.blue()}));
+    EXPECT_EQ(lines[0].lineWeight, 0);
+    EXPECT_EQ(drawnLines(made.sample, true).size(), 10u) << "all but the two tops";
+}
 
 class PreviewGallery : public RangePreviewTest {
 protected:

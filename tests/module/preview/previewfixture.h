@@ -2,6 +2,7 @@
 // types of its own drawing.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "module/preview/tablecellfromtablestyle.h"
@@ -67,6 +68,23 @@ protected:
 private:
     std::optional<ResourceScope> m_texts;
 };
+
+/// The end of a sample: its drawing goes while the reference into it is still there, and not after it. `construct`
+/// gives a pointer to what holds a new sample.
+template <class Construct>
+void expectDrawingGoesBeforeItsReference(Construct construct) {
+    auto made = construct();
+    struct Leaving : KdDbObjectReactor {
+        void goodbye(const KdDbObject*) override { referenceStood = sampleStands() != nullptr; }
+        std::function<const KdDbBlockReference*()> sampleStands;
+        std::optional<bool> referenceStood;
+    } leaving;
+    ASSERT_TRUE(made->sample.CreateTableCell());
+    leaving.sampleStands = [&sample = made->sample] { return sample.GetTableCell(); };
+    kdhost::peekObject(made->sample.GetTableCell()->blockTableRecord())->addReactor(&leaving);
+    made.reset();
+    EXPECT_EQ(leaving.referenceStood, true);
+}
 
 /// A sample of a look, made with its style, which lives as long as it.
 struct StyleSample {

@@ -37,9 +37,14 @@ protected:
         for (std::size_t place = 0; place < expected.size(); ++place) {
             const Run& run = expected[place];
             EXPECT_EQ(seen[place].color.colorIndex(), 11 + run.name) << "line " << place;
-            EXPECT_TRUE(seen[place].from.isEqualTo({run.x1, run.y1, 0.0}, 1e-9)) << "line " << place;
-            EXPECT_TRUE(seen[place].to.isEqualTo({run.x2, run.y2, 0.0}, 1e-9)) << "line " << place;
+            SCOPED_TRACE("line " + std::to_string(place));
+            expectRun(seen[place], run.x1, run.y1, run.x2, run.y2);
         }
+    }
+
+    static void expectRun(const Line& line, double x1, double y1, double x2, double y2) {
+        EXPECT_TRUE(line.from.isEqualTo({x1, y1, 0.0}, 1e-9)) << line.from.x << ", " << line.from.y;
+        EXPECT_TRUE(line.to.isEqualTo({x2, y2, 0.0}, 1e-9)) << line.to.x << ", " << line.to.y;
     }
 
     void expectAsModelled(const CVqTableCellRange& range) {
@@ -170,14 +175,10 @@ TEST_F(RangeSampleLines, Half_spacings_are_read_at_the_samples_own_row_and_colum
     table->setGridDoubleLineSpacing(0, 1, KdDb::kVertRight, 10.0);
     const std::vector<Line> seen = lines({3, 3, 4, 4});
     ASSERT_EQ(seen.size(), 14u);
-    const auto expectRun = [&](std::size_t place, double x1, double y1, double x2, double y2) {
-        EXPECT_TRUE(seen[place].from.isEqualTo({x1, y1, 0.0}, 1e-9)) << place;
-        EXPECT_TRUE(seen[place].to.isEqualTo({x2, y2, 0.0}, 1e-9)) << place;
-    };
-    expectRun(0, 0, 1, 42, 1);
-    expectRun(1, 2, -1, 39, -1);
-    expectRun(4, 42, 4, 84, 4);
-    expectRun(5, 45, -4, 79, -4);
+    expectRun(seen[0], 0, 1, 42, 1);
+    expectRun(seen[1], 2, -1, 39, -1);
+    expectRun(seen[4], 42, 4, 84, 4);
+    expectRun(seen[5], 45, -4, 79, -4);
 }
 
 TEST_F(RangeSampleLines, Double_inside_edges_stop_short_of_the_edges_around_them) {
@@ -194,14 +195,10 @@ TEST_F(RangeSampleLines, Double_inside_edges_stop_short_of_the_edges_around_them
     }
     const std::vector<Line> seen = lines({0, 0, 1, 1});
     ASSERT_EQ(seen.size(), 16u);
-    const auto expectRun = [&](std::size_t place, double x1, double y1, double x2, double y2) {
-        EXPECT_TRUE(seen[place].from.isEqualTo({x1, y1, 0.0}, 1e-9)) << place;
-        EXPECT_TRUE(seen[place].to.isEqualTo({x2, y2, 0.0}, 1e-9)) << place;
-    };
-    expectRun(1, 0.4, -27.87, 41.6, -27.87);  // inside, horizontal: 0.13 apart from the middle
-    expectRun(2, 0.4, -28.13, 41.6, -28.13);
-    expectRun(8, 41.69, -0.31, 41.69, -27.69);  // inside, vertical: 0.31
-    expectRun(9, 42.31, -0.31, 42.31, -27.69);
+    expectRun(seen[1], 0.4, -27.87, 41.6, -27.87);  // inside, horizontal: 0.13 apart from the middle
+    expectRun(seen[2], 0.4, -28.13, 41.6, -28.13);
+    expectRun(seen[8], 41.69, -0.31, 41.69, -27.69);  // inside, vertical: 0.31
+    expectRun(seen[9], 42.31, -0.31, 42.31, -27.69);
 }
 
 TEST_F(RangeSampleLines, A_double_left_edge_in_the_second_row_begins_and_ends_further_out) {
@@ -213,14 +210,32 @@ TEST_F(RangeSampleLines, A_double_left_edge_in_the_second_row_begins_and_ends_fu
     }
     const std::vector<Line> seen = lines({0, 0, 1, 0});
     ASSERT_EQ(seen.size(), 9u);
-    const auto expectRun = [&](std::size_t place, double x1, double y1, double x2, double y2) {
-        EXPECT_TRUE(seen[place].from.isEqualTo({x1, y1, 0.0}, 1e-9)) << place;
-        EXPECT_TRUE(seen[place].to.isEqualTo({x2, y2, 0.0}, 1e-9)) << place;
-    };
-    expectRun(3, -1, 1, -1, -28);
-    expectRun(4, 1, -1, 1, -27);
-    expectRun(6, -1, -27, -1, -57);
-    expectRun(7, 1, -29, 1, -55);
+    expectRun(seen[3], -1, 1, -1, -28);
+    expectRun(seen[4], 1, -1, 1, -27);
+    expectRun(seen[6], -1, -27, -1, -57);
+    expectRun(seen[7], 1, -29, 1, -55);
+}
+
+TEST_F(RangeSampleLines, Double_bottoms_and_right_edges_are_spaced_by_the_first_row_and_by_the_left_edges) {
+    std::array<Edge, kEdgeCount> edges = CellLook().edges;
+    for (Edge& edge : edges) edge.spacing = 90.0;  // of the range's first cell, where no spacing is read
+    edges[kBottom].isDouble = true;
+    edges[kRight].isDouble = true;
+    dressCell(3, 3, edges);
+    table->setGridDoubleLineSpacing(0, 0, KdDb::kHorzBottom, 6.0);
+    table->setGridDoubleLineSpacing(0, 1, KdDb::kHorzBottom, 8.0);
+    table->setGridDoubleLineSpacing(0, 0, KdDb::kVertLeft, 2.0);
+    table->setGridDoubleLineSpacing(1, 0, KdDb::kVertLeft, 4.0);
+    const std::vector<Line> seen = lines({3, 3, 4, 4});
+    ASSERT_EQ(seen.size(), 16u);
+    expectRun(seen[2], 3, -53, 39, -53);
+    expectRun(seen[3], -3, -59, 45, -59);
+    expectRun(seen[6], 46, -52, 80, -52);
+    expectRun(seen[7], 38, -60, 88, -60);
+    expectRun(seen[10], 85, 1, 85, -29);
+    expectRun(seen[11], 83, -1, 83, -27);
+    expectRun(seen[14], 86, -26, 86, -58);
+    expectRun(seen[15], 82, -30, 82, -54);
 }
 
 // ---- against the model

@@ -209,6 +209,12 @@ TEST_F(RangeSamples, A_sample_that_is_never_made_or_never_had_a_table_goes_witho
     EXPECT_FALSE(empty.RecomputeTableBlock());
 }
 
+TEST_F(RangeSamples, The_drawing_goes_before_the_reference_into_it) {
+    expectDrawingGoesBeforeItsReference([&] {
+        return std::make_unique<RangeSample>(*table, CVqTableCellRange{0, 0, 1, 1});
+    });
+}
+
 TEST_F(RangeSamples, The_reference_lies_in_the_drawings_user_coordinates_and_the_picture_stays) {
     for (const int flow : {0, 1}) {
         table->setFlowDirection(flow);

@@ -62,6 +62,62 @@ protected:
             << told(look) << " columns " << columns;
     }
 
+    /// All edges show, single: inner lines look like the outer edges on their far sides.
+    std::vector<Line> singleLines() {
+        return {
+            // the first row's cells
+            drawn(kTop, 0, 0, 25, 0),
+            drawn(kLeft, 0, 0, 0, -5),
+            drawn(kTop, 25, 0, 50, 0),
+            drawn(kRight, 25, 0, 25, -5),
+            drawn(kRight, 50, 0, 50, -5),
+            // the second row's
+            drawn(kBottom, 0, -5, 25, -5),
+            drawn(kLeft, 0, -5, 0, -10),
+            drawn(kBottom, 0, -10, 25, -10),
+            drawn(kBottom, 25, -5, 50, -5),
+            drawn(kRight, 25, -5, 25, -10),
+            drawn(kBottom, 25, -10, 50, -10),
+            drawn(kRight, 50, -5, 50, -10),
+        };
+    }
+    /// The same where all outer edges are double.
+    std::vector<Line> doubleLines() {
+        return {
+            drawn(kTop, 0, 0.1, 25, 0.1),
+            drawn(kTop, 0.23, -0.1, 24.6, -0.1),
+            drawn(kLeft, -0.23, 0.23, -0.23, -5),
+            drawn(kLeft, 0.23, -0.23, 0.23, -4.77),
+            drawn(kTop, 25, 0.1, 50, 0.1),
+            drawn(kTop, 25.23, -0.1, 49.6, -0.1),
+            drawn(kRight, 24.77, -0.23, 24.77, -4.77),
+            drawn(kRight, 25.23, -0.23, 25.23, -4.77),
+            drawn(kRight, 50.23, 0.23, 50.23, -5.23),
+            drawn(kRight, 49.77, -0.23, 49.77, -4.77),
+            drawn(kBottom, 0.23, -4.9, 24.6, -4.9),
+            drawn(kBottom, 0.23, -5.1, 24.6, -5.1),
+            drawn(kLeft, -0.23, -4.77, -0.23, -10.23),
+            drawn(kLeft, 0.23, -5.23, 0.23, -9.77),
+            drawn(kBottom, 0.17, -9.83, 24.83, -9.83),
+            drawn(kBottom, -0.17, -10.17, 25.17, -10.17),
+            drawn(kBottom, 25.23, -4.9, 49.6, -4.9),
+            drawn(kBottom, 25.23, -5.1, 49.6, -5.1),
+            drawn(kRight, 24.77, -5.23, 24.77, -9.77),
+            drawn(kRight, 25.23, -5.23, 25.23, -9.77),
+            drawn(kBottom, 25.17, -9.83, 49.83, -9.83),
+            drawn(kBottom, 24.83, -10.17, 50.17, -10.17),
+            drawn(kRight, 50.23, -4.77, 50.23, -10.23),
+            drawn(kRight, 49.77, -5.23, 49.77, -9.77),
+        };
+    }
+    static std::vector<Line> mirrored(std::vector<Line> lines) {
+        for (Line& line : lines) {
+            line.from.y = -line.from.y;
+            line.to.y = -line.to.y;
+        }
+        return lines;
+    }
+
     CellLook look;
 };
 
@@ -109,21 +165,7 @@ TEST_F(StyleSampleLines, Random_spacings_colours_and_weights_give_the_lines_of_t
 // ---- single lines
 
 TEST_F(StyleSampleLines, Each_cell_draws_its_top_and_left_the_last_row_its_bottoms_the_last_column_its_rights) {
-    // All edges show, so that inner lines look like the outer edges on their far sides.
-    expectLines({
-        drawn(kTop, 0, 0, 25, 0),
-        drawn(kLeft, 0, 0, 0, -5),  // first row
-        drawn(kTop, 25, 0, 50, 0),
-        drawn(kRight, 25, 0, 25, -5),
-        drawn(kRight, 50, 0, 50, -5),  //
-        drawn(kBottom, 0, -5, 25, -5),
-        drawn(kLeft, 0, -5, 0, -10),      // second row
-        drawn(kBottom, 0, -10, 25, -10),  //
-        drawn(kBottom, 25, -5, 50, -5),
-        drawn(kRight, 25, -5, 25, -10),  //
-        drawn(kBottom, 25, -10, 50, -10),
-        drawn(kRight, 50, -5, 50, -10),
-    });
+    expectLines(singleLines());
 }
 
 TEST_F(StyleSampleLines, A_single_column_has_no_lines_between_columns) {
@@ -157,13 +199,8 @@ TEST_F(StyleSampleLines, Merge_all_leaves_out_the_lines_between_columns_and_no_o
 }
 
 TEST_F(StyleSampleLines, A_sample_that_grows_upward_is_the_mirror_image) {
-    std::vector<Line> expected = lines();
-    for (Line& line : expected) {
-        line.from.y = -line.from.y;
-        line.to.y = -line.to.y;
-    }
     look.flow = 1;
-    expectLines(expected);
+    expectLines(mirrored(singleLines()));
 }
 
 // ---- which edge an inner line looks like
@@ -337,23 +374,21 @@ TEST_F(StyleSampleLines, A_double_bottom_edge_is_doubled_in_the_last_row) {
 }
 
 TEST_F(StyleSampleLines, Double_inside_edges_double_nothing) {
-    const std::vector<Line> single = lines();
     makeDouble({kInsideHorz, kInsideVert});
-    expectLines(single);
+    expectLines(singleLines());
     hide({kTop});  // inner lines look like the inside edges now
     EXPECT_EQ(lines().size(), 12u);
 }
 
+TEST_F(StyleSampleLines, Double_outer_edges_meet_at_the_corners_of_each_cell) {
+    makeDouble({kTop, kBottom, kLeft, kRight});
+    expectLines(doubleLines());
+}
+
 TEST_F(StyleSampleLines, Double_lines_of_a_sample_that_grows_upward_are_the_mirror_image) {
     makeDouble({kTop, kBottom, kLeft, kRight});
-    std::vector<Line> expected = lines();
-    EXPECT_EQ(expected.size(), 24u);
-    for (Line& line : expected) {
-        line.from.y = -line.from.y;
-        line.to.y = -line.to.y;
-    }
     look.flow = 1;
-    expectLines(expected);
+    expectLines(mirrored(doubleLines()));
 }
 
 }  // namespace

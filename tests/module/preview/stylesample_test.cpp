@@ -148,6 +148,8 @@ TEST_F(StyleSamples, Block_and_all_in_it_lie_closed_in_the_samples_own_drawing_a
     const KdDbBlockReference* reference = made.sample.GetTableCell();
     ASSERT_NE(reference, nullptr);
     EXPECT_TRUE(reference->objectId().isNull());
+    EXPECT_EQ(reference->layerId(), own->clayer());
+    EXPECT_EQ(reference->linetypeId(), own->celtype());
     const auto* block = kdhost::peek<KdDbBlockTableRecord>(reference->blockTableRecord());
     ASSERT_NE(block, nullptr);
     EXPECT_EQ(block->database(), own);
@@ -157,8 +159,13 @@ TEST_F(StyleSamples, Block_and_all_in_it_lie_closed_in_the_samples_own_drawing_a
     EXPECT_EQ(name.substr(0, 2), L"*T");
     for (const KdDbObjectId id : kdhost::entitiesOf(block->objectId())) {
         EXPECT_EQ(kdhost::peekObject(id)->database(), own);
+        EXPECT_EQ(kdhost::peek<KdDbEntity>(id)->layerId(), own->clayer());
     }
     EXPECT_TRUE(kdhost::openObjects().empty());
+}
+
+TEST_F(StyleSamples, The_drawing_goes_before_the_reference_into_it) {
+    expectDrawingGoesBeforeItsReference([&] { return std::make_unique<StyleSample>(look); });
 }
 
 TEST_F(StyleSamples, The_users_drawing_stays_as_it_is_and_no_undo_is_recorded) {
