@@ -87,6 +87,10 @@ TEST_F(PreviewControl, shows_the_block_that_it_is_given_over_the_whole_label) {
     m_control.update();
     ASSERT_EQ(picture().size(), m_label->size());
     const QRect drawn = kdtest::drawnPart(picture());
+    // 6 percent of the shorter side stay free at the ends of the longer lines: 4.8 pixels of 120.
+    EXPECT_NEAR(drawn.left(), 4.8, 1.5);
+    EXPECT_NEAR(119 - drawn.right(), 4.8, 1.5);
+    EXPECT_NEAR(drawn.top(), 79 - drawn.bottom(), 1.5);
     EXPECT_EQ(picture().pixel(drawn.center().x(), drawn.top()), kRed);
     EXPECT_EQ(picture().pixel(drawn.center().x(), drawn.bottom()), kWhite);
     EXPECT_EQ(picture().pixel(0, 0), paperColor());
@@ -164,6 +168,34 @@ TEST_F(PreviewControl, follows_its_label_at_each_resize) {
         QApplication::processEvents();
         EXPECT_EQ(picture().size(), size);
     }
+    m_control.uninitPreviewer();
+}
+
+TEST_F(PreviewControl, told_of_a_size_paints_anew_from_the_looks_that_it_has_even_at_the_same_size) {
+    const auto solid = square(1);
+    StandIn drawable(solid.get());
+    initial(drawable);
+    m_control.update();
+    m_label->clear();
+    m_control.update();
+    EXPECT_FALSE(hasPicture()) << "nothing is new";
+    m_control.OnSize(0, 120, 80);
+    m_control.update();
+    EXPECT_EQ(middle(), kRed);
+    EXPECT_EQ(drawable.asked, 1);
+    m_control.uninitPreviewer();
+}
+
+TEST_F(PreviewControl, on_a_label_without_room_takes_no_picture_until_it_has_some) {
+    const auto solid = square(1);
+    initial(*solid);
+    m_label->resize(0, 0);
+    m_control.update();
+    EXPECT_FALSE(hasPicture());
+    m_label->resize(50, 40);
+    m_control.update();
+    EXPECT_EQ(picture().size(), QSize(50, 40));
+    EXPECT_EQ(middle(), kRed);
     m_control.uninitPreviewer();
 }
 
