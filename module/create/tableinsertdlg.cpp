@@ -22,20 +22,8 @@ namespace {
 constexpr const char* kStyleManager = "IDC_TABLEINSERT_TABLESTYLE_BUTTON";
 constexpr const char* kDataLinkManager = "IDC_TABLEINSERT_DATALINKMAN_BUTTON";
 constexpr const char* kFromExtraction = "IDC_TABLEINSERT_DATAEXTRACTION_BUTTON";
-constexpr const char* kFirstRow = "IDC_TABLEINSERTROW_FIRSTROW_COMBOBOX";
-constexpr const char* kSecondRow = "IDC_TABLEINSERTROW_SECONDROW_COMBOBOX";
-constexpr const char* kOtherRow = "IDC_TABLEINSERTROW_OTHERROW_COMBOBOX";
 constexpr const char* kPreview = "IDC_TABLEINSERT_PREVIEW_STATIC";
 constexpr const char* kLineBetween = "IDC_TABLEINSERT_LINEBETWEEN_STATIC";
-constexpr const char* kOptionGroup = "IDC_TABLEINSERT_TABLEOPTION_GROUP";
-constexpr const char* kRetained = "IDC_TABLEINSERT_RETAINPROP_STATIC";
-
-/// In the order of the dialog's options.
-constexpr std::array kOptionChecks = {
-    "IDC_TABLEINSERT_LABEL_CHECK",      "IDC_TABLEINSERT_DATALINK_CHECK", "IDC_TABLEINSERT_DATA_CHECK",
-    "IDC_TABLEINSERT_FIELDS_CHECK",     "IDC_TABLEINSERT_BLOCK_CHECK",    "IDC_TABLEINSERT_FORMULAS_CHECK",
-    "IDC_TABLEINSERT_RETAINCELL_CHECK",
-};
 
 /// Pairs of radio buttons of which one is on.
 struct RadioPair {
@@ -70,7 +58,10 @@ CVqTableInsertDlg::CVqTableInsertDlg(CWnd* parent) : KdUiBaseDialog(parent) {
     buildTree(*this, "IDD_TABLEINSERT_DIALOG");
 }
 
-CVqTableInsertDlg::~CVqTableInsertDlg() = default;
+CVqTableInsertDlg::~CVqTableInsertDlg() {
+    // Given up before what it shows.
+    m_ctrlPreview.uninitPreviewer();
+}
 
 int CVqTableInsertDlg::SetDatabase(KdDbDatabase* database) {
     if (database == nullptr) return 0;
@@ -227,8 +218,7 @@ void CVqTableInsertDlg::MoveRowColumnEdit() {
 
 void CVqTableInsertDlg::TableToStartFrom(int fromTableStyle) {
     for (const char* option : kOptionChecks) showControl(option, fromTableStyle != 0);
-    showControl(kOptionGroup, fromTableStyle != 0);
-    showControl(kRetained, fromTableStyle != 0);
+    for (const char* around : kOptionFrame) showControl(around, fromTableStyle != 0);
 }
 
 void CVqTableInsertDlg::SetButtonToolTip() {
@@ -256,10 +246,18 @@ void CVqTableInsertDlg::InitDatalinkCtrls() {
     m_ctrlDataLink.EnableWindow(false);
 }
 
-/// The dialog never gets smaller than it opens.
 void CVqTableInsertDlg::InitDlgSize() {
     resize(sizeHint());
-    setMinimumSize(size());
+    GetWindowRect(m_rcWindow);
+    m_nClientWidth = width();
+    m_nClientHeight = height();
+    m_bSizeKnown = true;
+    OnSizing();
+}
+
+/// The dialog never gets smaller than it opened.
+void CVqTableInsertDlg::OnSizing() {
+    if (m_bSizeKnown) setMinimumSize(m_rcWindow.toQRect().size());
 }
 
 // ---- the closing
@@ -297,14 +295,27 @@ void CVqTableInsertDlg::OnCancel() {
     KdUiBaseDialog::OnCancel();
 }
 
-/// The table from a file goes its own way from here, and the preview may not look at it any more.
-void CVqTableInsertDlg::OnDestroy() {
+int CVqTableInsertDlg::DoModal() {
+    const int result = KdUiBaseDialog::DoModal();
     m_ctrlPreview.uninitPreviewer();
+    return result;
+}
+
+bool CVqTableInsertDlg::PreTranslateMessage(MSG* message) {
+    return KdUiBaseDialog::PreTranslateMessage(message);
+}
+
+void CVqTableInsertDlg::OnDestroy() {
     KdUiBaseDialog::OnDestroy();
 }
 
 void CVqTableInsertDlg::OnHelp() {
     kdedHelp(nullptr, L"TABLE_DIA", 0);
+}
+
+int CVqTableInsertDlg::OnHelpInfo() {
+    OnHelp();
+    return 1;
 }
 
 // ---- the options, which nothing reads

@@ -18,6 +18,7 @@
 #include "kd/ui/basedialog.h"
 #include "kd/ui/comboboxes.h"
 #include "mfc/controls.h"
+#include "mfc/geometry.h"
 #include "module/preview/previewstatic.h"
 #include "module/style/controls/bitmapbutton.h"
 
@@ -36,18 +37,20 @@ public:
     /// The jig that OK fills, made at the first call. It is the caller's to delete, not before DoModal has returned.
     CVqTableJig* GetTableJig();
 
-    /// The table read from a file, in no drawing; null without one. It is there too when the user went back to the
-    /// empty table. Who takes it moves it out.
-    std::unique_ptr<KdDbTable> m_pTable;
-    /// Whether the table is to come from the file.
-    bool m_bDataLink = false;
+    /// Its preview looks at no table any more when it has ended: the one from a file goes its own way from there.
+    int DoModal() override;
 
+    /// Forwards to the base alone.
+    bool PreTranslateMessage(MSG* message) override;
+    /// Forwards to the base alone.
     void OnDestroy() override;
     void OnCancel() override;
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
     void bindSingals() override;
     void OnHelp() override;
+    /// The same page as OnHelp. Always 1.
+    int OnHelpInfo();
     /// Steps the column width while its edit has the focus. Always 1.
     int OnMouseWheel(int delta) override;
 
@@ -113,10 +116,13 @@ private:
     void showPictures();
     void InitDatalinkCtrls();
     void InitDlgSize();
+    void OnSizing();
 
     // What is fixed, and what is enabled and shown for it.
     void UpdateInsetMode(int mode);
     void InitRowColSelState();
+    /// The user has fixed a figure of a pair, or the other one of it.
+    void setFixed(bool& isFixed, bool fixed);
     void SetSpecifiWindowMode();
     void EnableTableInsetWindow(int mode);
     void EnableInsertMode(int index, bool state);
@@ -171,18 +177,20 @@ private:
 
     CKdUiStringComboBox m_ctrlStyleName;
     CKdUiStringComboBox m_ctrlDataLink;
+    CVqPreviewStatic m_ctrlPreview;
     std::array<CEdit, Figures> m_edits;
     CKdUiStringComboBox m_ctrlFirstRow;
     CKdUiStringComboBox m_ctrlSecondRow;
     CKdUiStringComboBox m_ctrlOtherRow;
     std::array<CVqBitmapButton, ManagerButtons> m_managers;
     std::array<CButton, kOptions> m_options;
+    std::array<CSpinButtonCtrl, Figures> m_spins;  ///< attached to nothing: the edits have arrows of their own
+    CToolTipCtrl m_toolTips;
     std::array<CButton, Figures> m_fixed;  ///< the radio buttons of the figures
     CButton m_fromEmpty;
     CButton m_fromFile;
     CButton m_atPoint;
     CButton m_inWindow;
-    CToolTipCtrl m_toolTips;
 
     int m_nWindowType = 0;  ///< the jig's
     int m_nMetric = 0;      ///< 1: the stored column width is in metric units
@@ -197,7 +205,20 @@ private:
     KdDbObjectId m_idStyle;
     CVqTableJig* m_pJig = nullptr;  ///< its caller's
 
-    // The previewer is given up before what it shows.
+public:
+    /// The table read from a file, in no drawing; null without one. It is there too when the user went back to the
+    /// empty table. Who takes it moves it out.
+    std::unique_ptr<KdDbTable> m_pTable;
+
+private:
     std::unique_ptr<KdDbTable> m_pPreviewTable;
-    CVqPreviewStatic m_ctrlPreview;
+    // As the dialog opened. The layout stretches the controls, so that nothing reads the client's size.
+    CRect m_rcWindow;
+    int m_nClientWidth = 0;
+    int m_nClientHeight = 0;
+    bool m_bSizeKnown = false;
+
+public:
+    /// Whether the table is to come from the file.
+    bool m_bDataLink = false;
 };

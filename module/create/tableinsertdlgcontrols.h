@@ -32,8 +32,21 @@ inline constexpr const char* kAtPoint = "IDC_TABLEINSERT_INSETPOINT_BUTTON";
 inline constexpr const char* kInWindow = "IDC_TABLEINSERT_WINDOW_BUTTON";
 inline constexpr const char* kStyleName = "IDC_TABLEINSERT_STYLENAME_COMBOBOX";
 inline constexpr const char* kDataLink = "IDC_TABLEINSERT_DATALINK_COMBOBOX";
+inline constexpr const char* kFirstRow = "IDC_TABLEINSERTROW_FIRSTROW_COMBOBOX";
+inline constexpr const char* kSecondRow = "IDC_TABLEINSERTROW_SECONDROW_COMBOBOX";
+inline constexpr const char* kOtherRow = "IDC_TABLEINSERTROW_OTHERROW_COMBOBOX";
 inline constexpr const char* kColumnPicture = "IDB_TABLEINSERT_COLUMN_BMP";
 inline constexpr const char* kRowPicture = "IDB_TABLEINSERT_ROW_BMP";
+
+/// What is taken over from a table that a style comes from, in the order of the dialog's options.
+inline constexpr std::array kOptionChecks = {
+    "IDC_TABLEINSERT_LABEL_CHECK",      "IDC_TABLEINSERT_DATALINK_CHECK", "IDC_TABLEINSERT_DATA_CHECK",
+    "IDC_TABLEINSERT_FIELDS_CHECK",     "IDC_TABLEINSERT_BLOCK_CHECK",    "IDC_TABLEINSERT_FORMULAS_CHECK",
+    "IDC_TABLEINSERT_RETAINCELL_CHECK",
+};
+/// What stands around the options.
+inline constexpr const char* kOptionFrame[] = {"IDC_TABLEINSERT_TABLEOPTION_GROUP",
+                                               "IDC_TABLEINSERT_RETAINPROP_STATIC"};
 
 /// The word that an automatic figure shows.
 inline constexpr unsigned kAutomaticText = 2036;

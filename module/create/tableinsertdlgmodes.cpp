@@ -29,15 +29,13 @@ constexpr const char* kStyleControls[] = {"IDC_TABLEINSERT_TABLESTYLE_GROUP", kS
 constexpr const char* kSettingsControls[] = {kSettingsGroup, kColumnPicture, kRowPicture,
                                              "IDC_TABLEINSERT_LINES_STATIC"};
 constexpr const char* kCellStyleControls[] = {
-    "IDC_TABLEINSERT_CELLSTYLE_GROUP",      "IDC_TABLEINSERTROW_FIRSTROW_STATIC",
-    "IDC_TABLEINSERTROW_SECONDROW_STATIC",  "IDC_TABLEINSERTROW_OTHERROW_STATIC",
-    "IDC_TABLEINSERTROW_FIRSTROW_COMBOBOX", "IDC_TABLEINSERTROW_SECONDROW_COMBOBOX",
-    "IDC_TABLEINSERTROW_OTHERROW_COMBOBOX",
-};
-constexpr const char* kOptionControls[] = {
-    "IDC_TABLEINSERT_TABLEOPTION_GROUP", "IDC_TABLEINSERT_LABEL_CHECK",      "IDC_TABLEINSERT_DATALINK_CHECK",
-    "IDC_TABLEINSERT_DATA_CHECK",        "IDC_TABLEINSERT_FIELDS_CHECK",     "IDC_TABLEINSERT_BLOCK_CHECK",
-    "IDC_TABLEINSERT_FORMULAS_CHECK",    "IDC_TABLEINSERT_RETAINCELL_CHECK", "IDC_TABLEINSERT_RETAINPROP_STATIC",
+    "IDC_TABLEINSERT_CELLSTYLE_GROUP",
+    "IDC_TABLEINSERTROW_FIRSTROW_STATIC",
+    "IDC_TABLEINSERTROW_SECONDROW_STATIC",
+    "IDC_TABLEINSERTROW_OTHERROW_STATIC",
+    kFirstRow,
+    kSecondRow,
+    kOtherRow,
 };
 
 /// By their index: the group, the point's radio button, the window's.
@@ -92,7 +90,8 @@ void CVqTableInsertDlg::EnableTableInsetWindow(int mode) {
     EnableInsertMode(isFromFile ? kPointIndex : kNoIndex, isEmpty);
     enableSettings(isEmpty);
     for (const char* control : kCellStyleControls) enableControl(control, isEmpty);
-    for (const char* control : kOptionControls) enableControl(control, isEmpty);
+    for (const char* option : kOptionChecks) enableControl(option, isEmpty);
+    for (const char* around : kOptionFrame) enableControl(around, isEmpty);
 }
 
 /// The control at `index`, if there is one, gets the opposite of what all others get.
@@ -154,28 +153,26 @@ void CVqTableInsertDlg::UpdateInsetMode(int mode) {
 
 // ---- what is fixed in a window
 
-void CVqTableInsertDlg::OnColumnButton() {
-    m_bColumnsFixed = true;
+void CVqTableInsertDlg::setFixed(bool& isFixed, bool fixed) {
+    isFixed = fixed;
     InitRowColSelState();
     SetSpecifiWindowMode();
+}
+
+void CVqTableInsertDlg::OnColumnButton() {
+    setFixed(m_bColumnsFixed, true);
 }
 
 void CVqTableInsertDlg::OnColumnWidthButton() {
-    m_bColumnsFixed = false;
-    InitRowColSelState();
-    SetSpecifiWindowMode();
+    setFixed(m_bColumnsFixed, false);
 }
 
 void CVqTableInsertDlg::OnDataRowButton() {
-    m_bDataRowsFixed = true;
-    InitRowColSelState();
-    SetSpecifiWindowMode();
+    setFixed(m_bDataRowsFixed, true);
 }
 
 void CVqTableInsertDlg::OnRowHeightButton() {
-    m_bDataRowsFixed = false;
-    InitRowColSelState();
-    SetSpecifiWindowMode();
+    setFixed(m_bDataRowsFixed, false);
 }
 
 bool CVqTableInsertDlg::isAutomatic(Figure figure) const {

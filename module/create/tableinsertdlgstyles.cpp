@@ -65,12 +65,15 @@ void CVqTableInsertDlg::OnDropDownTablestyleCombo() {
     FillTableStyleComboBox();
 }
 
+/// The boxes of cell styles first, silently, so that the preview is made once and shows what they show.
 void CVqTableInsertDlg::OnSelStyleNameComboBox() {
     m_idStyle = FindTableStyleFromDictionary(selectedText(m_ctrlStyleName));
     FillCellComboBox();
     ShowPreviewPicture(1, 1);
 }
 
+/// A current style that was renamed there by F2 comes back by its old name, as that dialog keeps it. No style has this
+/// name any more, so that the table falls to "Standard" unless another style, or the list's next drop, brings one.
 void CVqTableInsertDlg::OnTableStyleManButton() {
     CVqTableStyleDlg dialog(this);
     dialog.SetDatabase(m_pDatabase);

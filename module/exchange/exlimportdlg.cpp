@@ -12,6 +12,7 @@
 #include "mfc/filedialog.h"
 #include "module/core/resources.h"
 #include "module/exchange/readingprogress.h"
+#include "module/style/controls/comboboxes.h"
 #include "module/style/controls/wiring.h"
 #include "tvx/exports.h"
 
@@ -20,6 +21,7 @@ namespace {
 constexpr const char* kPathEdit = "IDC_EDIT_EXLPATH";
 constexpr const char* kSheetBox = "IDC_COMB_SHEET";
 constexpr const char* kPreviewCheck = "IDC_CHECK_PREVIEW";
+constexpr const char* kPreviewGroup = "IDC_GROUP_PREV";
 constexpr const char* kPreview = "IDC_STATIC_PREV";
 constexpr const char* kNoPreview = "IDC_STATIC_NOPREV";
 constexpr const char* kReadingBar = "IDC_PROGRESS_READING";
@@ -68,10 +70,19 @@ int CExlImportDlg::OnInitDialog() {
     resize(minimumSize().expandedTo(sizeHint()));
     GetWindowRect(m_rcInitial);
     m_rcWindow = m_rcInitial;
+    notePlaceOfPreview();
     InitCtrls();
     SetWndOriginal();
     Invalidate();
     return 1;
+}
+
+void CExlImportDlg::notePlaceOfPreview() {
+    layout()->activate();
+    CRect group;
+    GetDlgItem(kPreviewGroup)->GetWindowRect(group);
+    m_nPreviewLeft = static_cast<int>(group.left - m_rcInitial.left);
+    m_nPreviewBottomGap = static_cast<int>(m_rcInitial.bottom - group.bottom);
 }
 
 void CExlImportDlg::InitCtrls() {
@@ -124,7 +135,7 @@ void CExlImportDlg::takeReader(int kind) {
 /// Read anew for each sheet that is chosen; a text file is read for its only one. What was read before stays where a
 /// file isn't read at all.
 void CExlImportDlg::OnCbnSelchangeCombSheet() {
-    m_ctrlSheet.GetLBText(m_ctrlSheet.GetCurSel(), m_strSheet);
+    m_strSheet = selectedText(m_ctrlSheet);
     if (m_nKind != kTextFile) return;
     dropTable();
     const struTableIoInfo info = readAndShow();

@@ -26,11 +26,6 @@ public:
     explicit CExlImportDlg(CWnd* parent = nullptr);
     ~CExlImportDlg() override;
 
-    /// The table read, in no drawing; null without one. Who takes it moves it out once the dialog has ended with 1.
-    std::unique_ptr<KdDbTable> m_pTable;
-    /// The file chosen last.
-    CStdStr<wchar_t> m_strPath;
-
     void OnOK() override;
     void OnCancel() override;
     int OnInitDialog() override;
@@ -49,6 +44,7 @@ private:
     void OnSizing();
     void OnSize();
 
+    void notePlaceOfPreview();
     void InitCtrls();
     void SetWndOriginal();
     void ResizeCtrls();
@@ -73,13 +69,28 @@ private:
 
     CRect m_rcInitial;
     CRect m_rcWindow;
+    // How the group of the preview lies in the window at first; the layout keeps it so, and nothing reads it.
+    int m_nPreviewLeft = 0;
+    int m_nPreviewBottomGap = 0;
     bool m_bImported = false;  ///< the file gave a table
     bool m_bReady = false;
     int m_nShowPreview = 1;
+
+public:
+    /// The file chosen last.
+    CStdStr<wchar_t> m_strPath;
+
+private:
     CStdStr<wchar_t> m_strSheet;
     CComboBox m_ctrlSheet;
     CVqPreviewStatic m_ctrlPreview;
     std::vector<CStdStr<wchar_t>> m_sheetNames;  ///< stays empty
+
+public:
+    /// The table read, in no drawing; null without one. Who takes it moves it out once the dialog has ended with 1.
+    std::unique_ptr<KdDbTable> m_pTable;
+
+private:
     /// Of each choice one, all kept until the dialog goes; the last one is in use while the kind is 1.
     std::vector<std::unique_ptr<CVqTableIOHandle, Releaser>> m_readers;
     int m_nKind = 0;

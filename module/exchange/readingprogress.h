@@ -9,8 +9,8 @@
 
 class QProgressBar;
 
-/// While it lives, it is told of each row that a reader puts into its table. One at a time; a second one waits in the
-/// first one's stead.
+/// While it lives, it is told of each row that a reader puts into its table. Of several the youngest is told, and the
+/// one before it again when that has gone.
 class ReadingWatch {
 public:
     using Told = std::function<void(int done, int all)>;
