@@ -55,11 +55,11 @@ protected:
     using Act = std::function<void(CExlImportDlg& dialog)>;
 
     /// Acts in the open dialog, which is cancelled when that leaves it open.
-    int import(const Act& act) {
+    int inDialog(const Act& act) {
         CExlImportDlg dialog;
-        return import(dialog, act);
+        return inDialog(dialog, act);
     }
-    static int import(CExlImportDlg& dialog, const Act& act) {
+    static int inDialog(CExlImportDlg& dialog, const Act& act) {
         return runModal(dialog, [&] {
             act(dialog);
             if (dialog.isVisible()) press(dialog, "IDCANCEL");

@@ -1,10 +1,13 @@
 // OK in the insert dialog: the question before a large table, and the table that the figures make.
 
+#include <QMessageBox>
+
 #include "host/rx/faults.h"
 #include "kd/db/table.h"
 #include "module/core/drawingwalk.h"
 #include "module/core/resources.h"
 #include "module/create/tableentry.h"
+#include "tests/support/boxanswers.h"
 #include "tests/ui/insert_fixture.h"
 
 namespace kdtest {
@@ -54,6 +57,22 @@ TEST_F(InsertDialogOk, Of_2000_cells_it_is_asked_and_Cancel_goes_back_to_the_dia
     EXPECT_EQ(stored(L"Rows"), 50);
 }
 
+TEST_F(InsertDialogOk, The_question_is_an_information_with_OK_and_Cancel) {
+    open([&] {
+        put(kColumnsEdit, L"40");
+        leaveTo(kRowsEdit);
+        put(kRowsEdit, L"50");
+        leaveTo("IDOK");
+        const BoxAnswers boxes({BoxAnswer::Escape});
+        press("IDOK");
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.seen()[0].icon, QMessageBox::Information);
+        EXPECT_EQ(boxes.seen()[0].buttons, QMessageBox::Ok | QMessageBox::Cancel);
+        EXPECT_EQ(boxes.seen()[0].parent, dialog.get());
+        EXPECT_TRUE(dialog->isVisible()) << "Escape is no OK";
+    });
+}
+
 TEST_F(InsertDialogOk, The_product_of_large_numbers_is_asked_about_too) {
     EXPECT_EQ(run({setText(wide(kColumnsEdit), L"65536"), setText(wide(kRowsEdit), L"65536"), click(L"IDOK"),
                    question(L"CANCEL"), click(L"IDCANCEL")}),
@@ -82,6 +101,15 @@ TEST_F(InsertDialogOk, The_road_of_the_command_places_a_table_of_the_figures) {
         EXPECT_STREQ(table.cellStyle(3, 0), L"_HEADER");
         EXPECT_EQ(table.position(), KdGePoint3d(10.0, 20.0, 0.0));
     });
+}
+
+TEST_F(InsertDialogOk, A_current_style_renamed_by_F2_is_sought_by_its_old_name_and_the_table_falls_to_Standard) {
+    addStyle(L"Doors");
+    makeCurrent(L"Doors");
+    insert(L"10,20\n", {click(wide(kStyleManager)), expectTop(L"IDD_TABLESTYLE_DIALOG"), key(L"F2"), label(L"Walls"),
+                        click(L"IDOK"), click(L"IDOK")});
+    EXPECT_EQ(currentStyle(), L"Walls");
+    look([&](const KdDbTable& table) { EXPECT_EQ(table.tableStyle(), style(L"Standard")); });
 }
 
 TEST_F(InsertDialogOk, Of_feet_and_inches_the_number_in_front_is_the_width_and_all_is_shown_again) {

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QLabel>
 
+#include "host/ed/display.h"
 #include "host/rx/faults.h"
 #include "host/ui/help.h"
 #include "mfc/resource.h"
@@ -130,7 +131,7 @@ TEST_F(InsertDialogOpening, The_dialog_grows_and_never_gets_smaller_than_it_open
     });
 }
 
-TEST_F(InsertDialogOpening, Help_and_F1_show_the_page_of_the_dialog) {
+TEST_F(InsertDialogOpening, Help_F1_and_the_request_of_a_window_show_the_page_of_the_dialog) {
     const auto page = [] {
         QString text;
         for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -139,15 +140,47 @@ TEST_F(InsertDialogOpening, Help_and_F1_show_the_page_of_the_dialog) {
         }
         return text;
     };
+    const std::function<void()> ways[] = {[&] { press("IDHELP"); }, [] { pressKey(Qt::Key_F1); },
+                                          [&] { EXPECT_EQ(dialog->OnHelpInfo(), 1); }};
     open([&] {
-        const QString before = page();
-        press("IDHELP");
-        EXPECT_NE(page(), before);
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window != dialog.get() && window->isVisible()) window->close();
+        for (const auto& ask : ways) {
+            const QString before = page();
+            ask();
+            EXPECT_NE(page(), before);
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window != dialog.get() && window->isVisible()) window->close();
+            }
+            QApplication::setActiveWindow(dialog.get());
+            EXPECT_TRUE(QTest::qWaitFor([&] { return page() == before; }));
         }
-        QApplication::setActiveWindow(dialog.get());
     });
+}
+
+/// Counts how often the host is told to draw everything afresh.
+class RedrawCount : public kdhost::Display {
+public:
+    RedrawCount() {
+        kdhost::updateDisplay();
+        kdhost::setDisplay(this);
+    }
+    ~RedrawCount() override { kdhost::setDisplay(nullptr); }
+    RedrawCount(const RedrawCount&) = delete;
+    RedrawCount& operator=(const RedrawCount&) = delete;
+
+    int ofAll() const { return m_ofAll; }
+
+private:
+    void redraw(const std::vector<KdDbObjectId>& ids) override { m_ofAll += ids.empty(); }
+
+    int m_ofAll = 0;
+};
+
+TEST_F(InsertDialogOpening, Cancel_is_told_to_the_host_and_OK_is_not) {
+    for (const auto& [button, told] : {std::pair{"IDCANCEL", 1}, {"IDOK", 0}}) {
+        const RedrawCount redraws;
+        open([&, name = button] { press(name); });
+        EXPECT_EQ(redraws.ofAll(), told) << button;
+    }
 }
 
 TEST_F(InsertDialogOpening, Some_operations_are_there_in_form_only) {

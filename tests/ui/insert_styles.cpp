@@ -77,6 +77,23 @@ TEST_F(InsertDialogStyles, The_dialog_of_styles_hands_its_current_style_over) {
     EXPECT_EQ(currentStyle(), L"Beta");
 }
 
+TEST_F(InsertDialogStyles, A_current_style_renamed_there_by_F2_shows_its_old_name_until_the_list_drops) {
+    addStyle(L"Beta", {L"Notes"});
+    makeCurrent(L"Beta");
+    run({click(wide(kStyleManager)), expectTop(L"IDD_TABLESTYLE_DIALOG"), key(L"F2"), label(L"Walls"), click(L"IDOK"),
+         [&] { EXPECT_EQ(shown(kStyleBox), L"Beta"); },
+         [&] {
+             EXPECT_EQ(rowsOf(kStyleBox), (Names{L"Beta", L"Standard"}));
+         },
+         [&] { EXPECT_EQ(kdhost::automation::drop(wide(kStyleBox)), L""); },
+         [&] {
+             EXPECT_EQ(rowsOf(kStyleBox), (Names{L"Standard", L"Walls"}));
+             EXPECT_EQ(shown(kStyleBox), L"Walls");
+             expectCellStyles({L"Title", L"Header", L"Data", L"Notes"});
+         },
+         key(L"ESC"), click(L"IDCANCEL")});
+}
+
 TEST_F(InsertDialogStyles, A_style_that_came_meanwhile_is_added_when_it_is_chosen_in_the_dialog_of_styles) {
     run({[&] { addStyle(L"Later"); }, click(wide(kStyleManager)), choose(L"IDC_TABLESTYLE_STYLE_LIST", L"Later"),
          click(L"IDC_TABLESTYLE_CURSTYLE_BUTTON"), click(L"IDOK"),
