@@ -12,6 +12,7 @@ refuse() { echo "$csv $1" >&2; exit 1; }
 [[ -s $csv ]] || refuse "is empty."
 [[ ${csv,,} == *.csv ]] || refuse "is no CSV file."
 iconv -f UTF-8 -t UTF-8 "$csv" >/dev/null 2>&1 || refuse "isn't text in UTF-8."
+grep -qv '^,' "$csv" || refuse "has no rows: each of its lines begins with a comma."
 
 scripts/build release kdhost TvxTable TvxTableRes
 kdhost=build/release/bin/kdhost
@@ -70,7 +71,7 @@ print(read["rows"], read["columns"], made["cells"][4][1]["text"])
 PY
 )
 cat <<TOLD
-Made a table in the dialog of TABLE and filled it (its sum is $sum); read $csv into another of $rows rows and $columns columns.
+Made a table in the dialog of TABLE and filled it (its sum is $sum); read $csv into another (rows: $rows, columns: $columns).
   out/$name.png    a picture of the drawing
   out/$name.dxf    the drawing
   out/$name.csv    the table of the file as TABLEEXPORT wrote it; out/$name-typed.csv the other one
