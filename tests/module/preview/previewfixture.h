@@ -2,9 +2,11 @@
 // types of its own drawing.
 #pragma once
 
-#include <functional>
+#include <memory>
 #include <optional>
 
+#include "host/db/keptobject.h"
+#include "host/db/objectstate.h"
 #include "module/preview/tablecellfromtablestyle.h"
 #include "tests/module/core/editfixture.h"
 #include "tests/module/preview/celllook.h"
@@ -69,19 +71,22 @@ private:
     std::optional<ResourceScope> m_texts;
 };
 
-/// The end of a sample: its drawing goes while the reference into it is still there, and not after it. `construct`
-/// gives a pointer to what holds a new sample.
+/// The end of a sample: its drawing goes while the reference into it is still there. `construct` gives a pointer to
+/// what holds a new sample.
 template <class Construct>
 void expectDrawingGoesBeforeItsReference(Construct construct) {
-    auto made = construct();
     struct Leaving : KdDbObjectReactor {
-        void goodbye(const KdDbObject*) override { referenceStood = sampleStands() != nullptr; }
-        std::function<const KdDbBlockReference*()> sampleStands;
+        void goodbye(const KdDbObject*) override { referenceStood = !heldByReference.expired(); }
+        std::weak_ptr<const kdhost::ForeignTags> heldByReference;
         std::optional<bool> referenceStood;
     } leaving;
+    auto made = construct();
     ASSERT_TRUE(made->sample.CreateTableCell());
-    leaving.sampleStands = [&sample = made->sample] { return sample.GetTableCell(); };
-    kdhost::peekObject(made->sample.GetTableCell()->blockTableRecord())->addReactor(&leaving);
+    KdDbBlockReference& reference = *made->sample.GetTableCell();
+    auto held = std::make_shared<const kdhost::ForeignTags>();
+    leaving.heldByReference = held;
+    KdDbObjectAccess::stateForMaker(reference).foreign = std::move(held);
+    kdhost::peekObject(reference.blockTableRecord())->addReactor(&leaving);
     made.reset();
     EXPECT_EQ(leaving.referenceStood, true);
 }
