@@ -19,11 +19,6 @@ constexpr const char* kDoubleLineButton = "IDC_CELLSTYLEBORDER_DOUBLELINE_BUTTON
 
 constexpr unsigned kInfoTextNumber = 2124;
 
-// Kinds of samples in the boxes.
-constexpr int kLinetypeSamples = 1;
-constexpr int kWeightSamples = 2;
-constexpr int kColorSamples = 3;
-
 /// The edges of each selector. Bottom, left, top and right take the inside line of their direction along.
 constexpr std::array kSelectors = {
     kAllEdges,

@@ -66,7 +66,7 @@ private:
     CButton m_doubleLineButton;
     CStatic m_infoText;
     CEdit m_spacingEdit;
-    CRect m_windowRect;
+    CRect m_windowRect;  ///< at the opening; nothing reads it
 
     /// Follows clicks on the button alone: a refresh that checks or unchecks the button leaves it as it is.
     int m_nDoubleLine = 0;

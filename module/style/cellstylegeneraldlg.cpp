@@ -20,7 +20,6 @@ constexpr const char* kVerticalEdit = "IDC_CELLSTYLEGENERAL_VERTICAL_EDIT";
 constexpr const char* kMergeButton = "IDC_CELLSTYLEGENERAL_MERGECELL_BUTTON";
 constexpr const char* kFormatButton = "IDC_CELLSTYLEGENERAL_FORMAT_BUTTON";
 
-constexpr int kColorSamples = 3;
 /// The rows of the fill that stand for no colour of their own.
 enum FillRow : int { kNoFillRow, kByLayerRow, kByBlockRow };
 

@@ -48,6 +48,6 @@ void CVqTableCellStylePage::initPageWindow() {
     ModifyStyleEx(WS_EX_CONTROLPARENT, 0);
 }
 
-void CVqTableCellStylePage::setBoxStyle(const char* control, int style) const {
-    if (auto* box = qobject_cast<KdUiComboBox*>(getWidgetsFromOrignal(control, 0))) box->setComboBoxStyle(style);
+void CVqTableCellStylePage::setBoxStyle(const char* control, BoxSamples samples) const {
+    if (auto* box = qobject_cast<KdUiComboBox*>(getWidgetsFromOrignal(control, 0))) box->setComboBoxStyle(samples);
 }

@@ -3,6 +3,7 @@
 #include "module/style/cellstyletextdlg.h"
 
 #include <memory>
+#include <optional>
 
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
@@ -21,7 +22,6 @@ constexpr const char* kColorBox = "IDC_CELLSTYLETEXT_TEXTCOLOR_COMBOBOX";
 constexpr const char* kHeightEdit = "IDC_CELLSTYLETEXT_TEXTHEIGHT_EDIT";
 constexpr const char* kAngleEdit = "IDC_CELLSTYLETEXT_TEXTANGLE_EDIT";
 
-constexpr int kColorSamples = 3;
 constexpr int kWithDegreeSign = 2;
 
 /// A height of 0 is refused, unlike a margin of 0.
@@ -37,11 +37,12 @@ CStdStr<wchar_t> nameOfRecord(KdDbObjectId id) {
     return name;
 }
 
-/// The text style of that very name; null when the drawing has none.
-KdDbObjectId textStyleNamed(const KdDbDatabase& database, const wchar_t* name) {
-    KdDbObjectId id;
+/// The text style of that name, the null id when the drawing has none. Nothing when the text styles can't be read.
+std::optional<KdDbObjectId> textStyleNamed(const KdDbDatabase& database, const wchar_t* name) {
     const OpenObject<KdDbTextStyleTable> table(database.textStyleTableId(), KdDb::kForRead);
-    if (table) table->getAt(name, id, false);
+    if (!table) return std::nullopt;
+    KdDbObjectId id;
+    table->getAt(name, id, false);
     return id;
 }
 
@@ -93,7 +94,9 @@ int CVqTableCellStyleTextDlg::FillTextStyleNameArray() {
     const std::unique_ptr<KdDbSymbolTableIterator> records(made);
     for (records->start(); !records->done(); records->step()) {
         KdDbObjectId id;
-        if (records->getRecordId(id) == Kdad::eOk) m_textStyleNames.Add(nameOfRecord(id));
+        records->getRecordId(id);
+        const CStdStr<wchar_t> name = nameOfRecord(id);
+        if (!name.IsEmpty()) m_textStyleNames.Add(name);
     }
     return 1;
 }
@@ -149,9 +152,11 @@ void CVqTableCellStyleTextDlg::OnDropDownColorComboBox() {
 void CVqTableCellStyleTextDlg::OnSelTextstyleComboBox() {
     KdDbTableStyle* style = styleForWrite();
     if (style == nullptr || style->database() == nullptr) return;
-    // Without the blanks around it the name may be found nowhere; the null id is set then all the same.
     const CStdStr<wchar_t> name = selectedText(m_textStyleBox).Trim();
-    style->setTextStyle(textStyleNamed(*style->database(), name), cellStyle());
+    const std::optional<KdDbObjectId> textStyle = textStyleNamed(*style->database(), name);
+    if (!textStyle) return;
+    // Without the blanks around it the name may be found nowhere; the null id is set then all the same.
+    style->setTextStyle(*textStyle, cellStyle());
     UpdatePreview(0);
 }
 

@@ -23,7 +23,7 @@ private:
     void OnDropDownColorComboBox();
     void OnTextStyleButton();
 
-    /// All names of the drawing's text styles, in their order. 0 without a drawing.
+    /// All names of the drawing's text styles that can be read, in their order. 0 without a drawing.
     int FillTextStyleNameArray();
     void FillTextStyleComboBox();
     void FillColorComboBox() {}  // the box fills itself

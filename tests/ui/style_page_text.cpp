@@ -4,6 +4,7 @@
 
 #include "host/ui/dialogs/textstyles.h"
 #include "kd/db/symboltable.h"
+#include "module/valuetext/tableutils.h"
 #include "tests/ui/styleedit_fixture.h"
 
 namespace kdtest {
@@ -104,6 +105,9 @@ TEST_F(StylePageText, Any_angle_is_stored_as_it_stands_and_its_text_stays_as_typ
             enter(dialog, kAngle, typed);
             EXPECT_EQ(text(dialog, kAngle), typed);
             EXPECT_NEAR(std::cos(style().rotation(L"_DATA") - degrees * pi / 180.0), 1.0, 1e-12) << typed;
+            double parsed = 0.0;
+            EXPECT_EQ(CVqTableUtils::StringToAngleConvert(&host.database(), widen(typed), parsed), 1) << typed;
+            EXPECT_EQ(style().rotation(L"_DATA"), parsed) << typed;
         }
     });
 }
@@ -129,6 +133,36 @@ TEST_F(StylePageText, A_drawing_without_a_text_style_to_be_read_leaves_the_rest_
         EXPECT_TRUE(rows(dialog, kStyleBox).empty());
         EXPECT_EQ(text(dialog, kHeight), "");
         EXPECT_EQ(text(dialog, kAngle), "");
+    });
+}
+
+TEST_F(StylePageText, A_text_style_that_cannot_be_read_has_no_row) {
+    makeTextStyles({L"Notes"});
+    const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Standard"), KdDb::kForWrite);
+    editText([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(rows(dialog, kStyleBox), std::vector<std::string>{"Notes"});
+        EXPECT_EQ(shown(dialog, kStyleBox), "Notes") << "the first one, for the cell style's own that can't be read";
+        EXPECT_EQ(text(dialog, kHeight), "4.5");
+    });
+}
+
+TEST_F(StylePageText, Without_any_text_style_the_refresh_tells_that_it_failed) {
+    const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Standard"), KdDb::kForWrite);
+    editText([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_TRUE(rows(dialog, kStyleBox).empty());
+        auto& page = dynamic_cast<CVqTableCellStyleTextDlg&>(*box(dialog, kStyleBox).parentWidget());
+        EXPECT_EQ(page.UpdateFormDatabaseData(), 0);
+        EXPECT_EQ(text(dialog, kHeight), "");
+    });
+}
+
+TEST_F(StylePageText, A_row_is_not_written_while_the_text_styles_cannot_be_looked_up) {
+    makeTextStyles({L"Notes"});
+    editText([&](CVqTableStyleEditDlg&) {
+        const KdDbObjectId before = textStyle();
+        const OpenObject<KdDbTextStyleTable> table(host.database().textStyleTableId(), KdDb::kForWrite);
+        choose(kStyleBox, "Notes");
+        EXPECT_EQ(textStyle(), before);
     });
 }
 
@@ -194,6 +228,19 @@ TEST_F(StylePageText, Text_styles_made_in_their_dialog_stand_in_the_box) {
         ok(dialog);
     });
     EXPECT_EQ(textStyle(), textStyles.find(L"Fresh"));
+}
+
+TEST_F(StylePageText, A_current_text_style_that_the_box_does_not_list_is_not_taken) {
+    makeTextStyles({L"Current", L"Own"});
+    EXPECT_FALSE(textStyles.setCurrent(L"Current"));
+    change([&](KdDbTableStyle& open) { open.setTextStyle(textStyles.find(L"Own"), L"_DATA"); });
+    editText([&](CVqTableStyleEditDlg& dialog) {
+        const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Current"), KdDb::kForWrite);
+        next([](QWidget& hosts) { cancel(hosts); });
+        press(dialog, kStyleButton);
+        backIn(dialog);
+        EXPECT_EQ(textStyle(), textStyles.find(L"Own"));
+    });
 }
 
 TEST_F(StylePageText, Without_its_own_text_style_the_cell_style_gets_no_dialog) {

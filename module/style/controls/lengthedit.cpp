@@ -28,13 +28,13 @@ bool readLength(KdDbDatabase* database, const CEdit& edit, double& value) {
     return CVqTableUtils::StringToDoubleConvert(database, text, value) != 0;
 }
 
-bool isFocusIn(const KdUiBaseDialog& dialog) {
+bool IsFocusOnCurWnd(const KdUiBaseDialog& dialog) {
     const QWidget* focused = QApplication::focusWidget();
     return focused != nullptr && focused->parentWidget() == &dialog;
 }
 
 void takeFocusBack(const KdUiBaseDialog& dialog, CEdit& edit) {
-    if (!isFocusIn(dialog) || QApplication::focusWidget()->objectName() == kCancelButton) return;
+    if (!IsFocusOnCurWnd(dialog) || QApplication::focusWidget()->objectName() == kCancelButton) return;
     edit.SetSel(0, -1);
     edit.SetFocus();
 }

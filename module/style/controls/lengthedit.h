@@ -14,7 +14,7 @@ void showLength(KdDbDatabase* database, CEdit& edit, double value);
 bool readLength(KdDbDatabase* database, const CEdit& edit, double& value);
 
 /// Whether the focus is in one of the dialog's own controls.
-bool isFocusIn(const KdUiBaseDialog& dialog);
+bool IsFocusOnCurWnd(const KdUiBaseDialog& dialog);
 /// Brings the focus back to an edit whose text was refused, all of it selected, unless the focus has left the dialog
 /// or stands on "IDCANCEL".
 void takeFocusBack(const KdUiBaseDialog& dialog, CEdit& edit);
