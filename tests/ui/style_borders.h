@@ -26,17 +26,19 @@ inline constexpr std::array kEdges = {KdDb::kHorzTop,  KdDb::kHorzInside, KdDb::
 
 struct BorderButtonEdges {
     const char* name;
-    int edges;  ///< that it shows
+    int edges;           ///< that it shows
+    const char* bitmap;  ///< its picture
+    unsigned toolTip;    ///< number of its text
 };
 inline constexpr std::array kButtons = {
-    BorderButtonEdges{kAll, 1 | 2 | 4 | 8 | 16 | 32},
-    BorderButtonEdges{kOuter, 1 | 4 | 8 | 32},
-    BorderButtonEdges{kInner, 2 | 16},
-    BorderButtonEdges{kBottom, 2 | 4},
-    BorderButtonEdges{kLeft, 8 | 16},
-    BorderButtonEdges{kTop, 1 | 2},
-    BorderButtonEdges{kRight, 16 | 32},
-    BorderButtonEdges{kNone, 0},
+    BorderButtonEdges{kAll, 1 | 2 | 4 | 8 | 16 | 32, "IDB_CELLSTYLE_ALLBORDER_BMP", 2088},
+    BorderButtonEdges{kOuter, 1 | 4 | 8 | 32, "IDB_CELLSTYLE_OUTERBORDER_BMP", 2089},
+    BorderButtonEdges{kInner, 2 | 16, "IDB_CELLSTYLE_INNERBORDER_BMP", 2090},
+    BorderButtonEdges{kBottom, 2 | 4, "IDB_CELLSTYLE_BOTTOMBORDER_BMP", 2092},
+    BorderButtonEdges{kLeft, 8 | 16, "IDB_CELLSTYLE_LEFTBORDER_BMP", 2126},
+    BorderButtonEdges{kTop, 1 | 2, "IDB_CELLSTYLE_TOPBORDER_BMP", 2130},
+    BorderButtonEdges{kRight, 16 | 32, "IDB_CELLSTYLE_RIGHTBORDER_BMP", 2131},
+    BorderButtonEdges{kNone, 0, "IDB_CELLSTYLE_NOBORDER_BMP", 2091},
 };
 
 class StylePageBorder : public StyleEditing {

@@ -1,10 +1,10 @@
 // The border page: what its boxes show of six edges, what is picked and kept, and what the eight buttons write.
 
 #include <QCheckBox>
-#include <random>
 
 #include "host/ui/linetypes.h"
 #include "kd/db/database.h"
+#include "kd/ui/widgets.h"
 #include "tests/ui/style_borders.h"
 
 namespace kdtest {
@@ -167,6 +167,21 @@ TEST_F(StylePageBorder, A_spacing_once_typed_goes_to_every_edge_from_then_on) {
     });
 }
 
+TEST_F(StylePageBorder, Leaving_the_edit_takes_the_spacing_that_it_shows) {
+    change([](KdDbTableStyle& open) { open.setGridDoubleLineSpacing(0.5, KdDb::kHorzTop, L"_DATA"); });
+    editBorders([&](CVqTableStyleEditDlg& dialog) {
+        in<QCheckBox>(dialog, kDouble).click();
+        EXPECT_EQ(text(dialog, kSpacing), "0.5") << "the edges don't agree: that of the top one";
+        in<QLineEdit>(dialog, kSpacing).setFocus();
+        pressKey(Qt::Key_Tab);
+        EXPECT_EQ(focusName(), kAll);
+        press(dialog, kAll);
+        for (const KdDb::GridLineType edge : kEdges) {
+            EXPECT_EQ(style().gridDoubleLineSpacing(edge, L"_DATA"), 0.5) << edge;
+        }
+    });
+}
+
 TEST_F(StylePageBorder, A_spacing_that_is_none_is_ignored_without_a_sign) {
     editBorders([&](CVqTableStyleEditDlg& dialog) {
         QTest::mouseClick(&in<QCheckBox>(dialog, kDouble), Qt::LeftButton, Qt::NoModifier, QPoint(5, 8));
@@ -218,6 +233,19 @@ TEST_F(StylePageBorder, Only_the_first_refresh_of_a_fully_visible_cell_style_see
         EXPECT_EQ(text(dialog, kSpacing), "0.25") << "of the top edge, visible or not";
         choose(kCellStyleBox, "Data");
         EXPECT_EQ(text(dialog, kSpacing), "0.5");
+    });
+}
+
+TEST_F(StylePageBorder, The_next_cell_style_shows_its_top_edges_spacing_though_its_edges_agree) {
+    change([](KdDbTableStyle& open) {
+        for (const KdDb::GridLineType edge : kEdges) {
+            open.setGridDoubleLineSpacing(0.5, edge, L"_DATA");
+            open.setGridDoubleLineSpacing(0.75, edge, L"_HEADER");
+        }
+    });
+    editBorders([&](CVqTableStyleEditDlg& dialog) {
+        choose(kCellStyleBox, "Header");
+        EXPECT_EQ(text(dialog, kSpacing), "0.75") << "its own, not the first that was ever gathered";
     });
 }
 
@@ -282,15 +310,29 @@ TEST_F(StylePageBorder, A_cancelled_choice_of_a_line_type_keeps_the_row_before) 
     });
 }
 
+/// The text of a resource module, as a widget shows it.
+QString textOf(unsigned number) {
+    return QString::fromStdWString(loadText(number));
+}
+
 TEST_F(StylePageBorder, Buttons_have_pictures_and_tool_tips_and_a_line_tells_what_they_do) {
+    const auto picture = [](const QPushButton& button) { return button.icon().pixmap(16, 16).toImage(); };
     editBorders([&](CVqTableStyleEditDlg& dialog) {
         for (const BorderButtonEdges& each : kButtons) {
+            KdUiPushButton expected;
+            CVqBitmapButton wrapper;
+            wrapper.Attach(&expected);
+            wrapper.setBitmapId(QString::fromLatin1(each.bitmap), 0x848200);
             const auto& button = in<QPushButton>(dialog, each.name);
             EXPECT_FALSE(button.icon().isNull()) << each.name;
+            EXPECT_EQ(picture(button), picture(expected)) << each.name;
+            EXPECT_EQ(button.toolTip(), textOf(each.toolTip)) << each.name;
             EXPECT_EQ(button.toolTip(), button.accessibleName()) << each.name;
             EXPECT_FALSE(button.toolTip().isEmpty()) << each.name;
         }
-        EXPECT_FALSE(in<QLabel>(dialog, "IDC_CELLSTYLEBORDER_BORDERINFO_STATIC").text().isEmpty());
+        const QString info = in<QLabel>(dialog, "IDC_CELLSTYLEBORDER_BORDERINFO_STATIC").text();
+        EXPECT_EQ(info, textOf(2124));
+        EXPECT_FALSE(info.isEmpty());
     });
 }
 

@@ -2,7 +2,9 @@
 // paper.
 
 #include <QCheckBox>
+#include <array>
 #include <map>
+#include <optional>
 #include <random>
 
 #include "tests/ui/style_borders.h"
@@ -22,6 +24,12 @@ struct Edge {
 };
 using Edges = std::map<int, Edge>;
 
+/// What the page keeps from one button to the next, beside what its boxes show.
+struct Pick {
+    bool isDouble = false;
+    std::optional<double> spacing;  ///< once one was typed
+};
+
 class StylePageBorderModel : public StylePageBorder {
 protected:
     Edges edgesOf(const wchar_t* name) {
@@ -36,73 +44,75 @@ protected:
         }
         return edges;
     }
+
+    int upTo(unsigned count) { return static_cast<int>(random() % count); }
+
+    // What a user does, by chance, and what it means on paper.
+
+    void pickLooks(QWidget& dialog) {
+        box(dialog, kWeightBox).setCurrentIndex(upTo(12));
+        if (upTo(2) == 0) box(dialog, kColorBox).setCurrentIndex(upTo(9));
+        if (upTo(2) == 0) box(dialog, kTypeBox).setCurrentIndex(upTo(3));
+    }
+    void pickDouble(QWidget& dialog) {
+        auto& button = in<QCheckBox>(dialog, kDouble);
+        button.click();
+        pick.isDouble = button.isChecked();
+    }
+    void typeSpacing(QWidget& dialog) {
+        if (!in<QLineEdit>(dialog, kSpacing).isEnabled()) return;
+        const double typed = (upTo(20) - 3) / 10.0;
+        enter(dialog, kSpacing, QByteArray::number(typed).constData());
+        if (typed >= 0.0) pick.spacing = typed;
+    }
+    void changeCellStyle() {
+        current = 1 - current;
+        choose(kCellStyleBox, static_cast<int>(current));
+    }
+    void pressButton(QWidget& dialog) {
+        const BorderButtonEdges& button = kButtons[random() % kButtons.size()];
+        if (button.edges == 0) {
+            hide(model[current]);
+        } else {
+            draw(dialog, model[current], button.edges);
+        }
+        press(dialog, button.name);
+    }
+
+    void hide(Edges& edges) {
+        for (auto& [edge, values] : edges) {
+            values.visible = false;
+            values.linetype = host.database().byBlockLinetype();
+        }
+    }
+    void draw(QWidget& dialog, Edges& edges, int drawn) {
+        for (auto& [edge, values] : edges) {
+            if ((drawn & edge) == 0) continue;
+            values.visible = true;
+            values.isDouble = pick.isDouble;
+            values.weight = static_cast<KdDb::LineWeight>(box(dialog, kWeightBox).currentData().toInt());
+            values.color = box(dialog, kColorBox).currentData(kColorItemRole).value<ColorItemData>().color;
+            values.linetype = KdDbObjectId(box(dialog, kTypeBox).currentData().toULongLong());
+            values.spacing = pick.spacing.value_or(values.spacing);
+        }
+    }
+
+    std::mt19937 random{23};
+    Pick pick;
+    std::array<Edges, 2> model;  ///< of the two cell styles
+    std::size_t current = 0;     ///< the one on the page
 };
 
 TEST_F(StylePageBorderModel, Agrees_with_the_edges_after_any_row_of_picks_and_presses) {
-    struct Pick {
-        bool isDouble = false;
-        bool spacingTyped = false;
-        double spacing = 0.0;
-    };
-    std::mt19937 random(23);
-    const auto upTo = [&](unsigned count) { return static_cast<int>(random() % count); };
+    constexpr std::array kNames = {L"_DATA", L"_HEADER"};
     editBorders([&](CVqTableStyleEditDlg& dialog) {
-        const wchar_t* const names[] = {L"_DATA", L"_HEADER"};
-        std::map<int, Edges> model = {{0, edgesOf(L"_DATA")}, {1, edgesOf(L"_HEADER")}};
-        Pick pick;
-        int current = 0;
+        for (std::size_t i = 0; i < kNames.size(); ++i) model[i] = edgesOf(kNames[i]);
+        const std::array<std::function<void()>, 6> steps = {[&] { pickLooks(dialog); },   [&] { pickDouble(dialog); },
+                                                            [&] { typeSpacing(dialog); }, [&] { changeCellStyle(); },
+                                                            [&] { pressButton(dialog); }, [&] { pressButton(dialog); }};
         for (int step = 0; step < 250; ++step) {
-            switch (upTo(7)) {
-                case 0:
-                    box(dialog, kWeightBox).setCurrentIndex(upTo(12));
-                    break;
-                case 1:
-                    box(dialog, kColorBox).setCurrentIndex(upTo(9));
-                    break;
-                case 2:
-                    box(dialog, kTypeBox).setCurrentIndex(upTo(3));
-                    break;
-                case 3: {
-                    auto& button = in<QCheckBox>(dialog, kDouble);
-                    button.click();
-                    pick.isDouble = button.isChecked();
-                    break;
-                }
-                case 4: {
-                    auto& edit = in<QLineEdit>(dialog, kSpacing);
-                    if (!edit.isEnabled()) break;
-                    const int tenths = upTo(20) - 3;
-                    enter(dialog, kSpacing, QByteArray::number(tenths / 10.0).constData());
-                    if (tenths < 0) break;
-                    pick.spacingTyped = true;
-                    pick.spacing = tenths / 10.0;
-                    break;
-                }
-                case 5: {
-                    current = 1 - current;
-                    choose(kCellStyleBox, current);
-                    break;
-                }
-                default: {
-                    const auto& button = kButtons[random() % kButtons.size()];
-                    const bool none = button.edges == 0;
-                    CKdUiLineWeightComboBox weights;
-                    for (auto& [edge, values] : model[current]) {
-                        if (!none && (button.edges & edge) == 0) continue;
-                        values.visible = !none;
-                        values.linetype = none ? host.database().byBlockLinetype()
-                                               : KdDbObjectId(box(dialog, kTypeBox).currentData().toULongLong());
-                        if (none) continue;
-                        values.isDouble = pick.isDouble;
-                        values.weight = static_cast<KdDb::LineWeight>(box(dialog, kWeightBox).currentData().toInt());
-                        values.color = box(dialog, kColorBox).currentData(kColorItemRole).value<ColorItemData>().color;
-                        if (pick.spacingTyped) values.spacing = pick.spacing;
-                    }
-                    press(dialog, button.name);
-                    break;
-                }
-            }
-            for (int i = 0; i < 2; ++i) ASSERT_TRUE(edgesOf(names[i]) == model[i]) << step;
+            steps[random() % steps.size()]();
+            for (std::size_t i = 0; i < kNames.size(); ++i) ASSERT_TRUE(edgesOf(kNames[i]) == model[i]) << step;
         }
     });
 }

@@ -84,6 +84,32 @@ TEST_F(StylePageGeneral, A_cancelled_colour_dialog_leaves_fill_and_row) {
     });
 }
 
+TEST_F(StylePageGeneral, A_cancelled_colour_dialog_leaves_a_fill_that_no_row_shows) {
+    change([](KdDbTableStyle& open) { open.setBackgroundColor(KdCmColor::fromRgb(1, 2, 3), L"_DATA"); });
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        next([](QWidget&) { EXPECT_EQ(kdhost::automation::color(L"CANCEL"), L""); });
+        choose(kFillBox, box(dialog, kFillBox).count() - 1);
+        EXPECT_EQ(fill(), KdCmColor::fromRgb(1, 2, 3));
+        EXPECT_EQ(box(dialog, kFillBox).currentIndex(), -1);
+        cancel(dialog);
+    });
+}
+
+TEST_F(StylePageGeneral, A_style_that_cannot_be_had_is_noticed_only_when_the_colour_was_chosen) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        const KdCmColor before = fill();
+        next([](QWidget&) {
+            EXPECT_EQ(kdhost::automation::color(L"10,20,30"), L"");
+            kdhost::faults().failOpenNumber = 1;
+        });
+        choose(kFillBox, box(dialog, kFillBox).count() - 1);
+        kdhost::faults() = {};
+        EXPECT_EQ(shown(dialog, kFillBox), "10,20,30");
+        EXPECT_EQ(fill(), before);
+        cancel(dialog);
+    });
+}
+
 TEST_F(StylePageGeneral, Shows_and_writes_the_nine_alignments) {
     edit([&](CVqTableStyleEditDlg& dialog) {
         EXPECT_EQ(rows(dialog, kAlignmentBox),
@@ -194,6 +220,37 @@ TEST_F(StylePageGeneral, The_format_is_named_and_chosen_in_the_hosts_dialog) {
     KdValue::UnitType unit = KdValue::kUnitless;
     style().getDataType(type, unit, L"_DATA");
     EXPECT_EQ(unit, KdValue::kUnitless);
+}
+
+struct FormatSample {
+    KdValue::DataType type;
+    KdValue::UnitType unit;
+    const char* shown;
+};
+
+TEST_F(StylePageGeneral, The_hosts_dialog_shows_the_format_by_a_sample_of_its_type) {
+    for (const FormatSample& each : {FormatSample{KdValue::kLong, KdValue::kUnitless, "20040901"},
+                                     FormatSample{KdValue::kDouble, KdValue::kUnitless, "845.34786"},
+                                     FormatSample{KdValue::kDouble, KdValue::kAngle, "2.103"},
+                                     FormatSample{KdValue::kDouble, KdValue::kCurrency, "1234.1"},
+                                     FormatSample{KdValue::kDouble, KdValue::kPercentage, "12.34"},
+                                     FormatSample{KdValue::kString, KdValue::kUnitless, "样例文字"},
+                                     FormatSample{KdValue::kGeneral, KdValue::kUnitless, "样例文字"},
+                                     FormatSample{KdValue::kPoint, KdValue::kUnitless, "2.58, 5.37, 0"}}) {
+        change([&](KdDbTableStyle& open) {
+            open.setDataType(each.type, each.unit, L"_DATA");
+            open.setFormat(L"", L"_DATA");
+        });
+        edit([&](CVqTableStyleEditDlg& dialog) {
+            next([&](QWidget& formats) {
+                EXPECT_EQ(in<QLabel>(formats, "IDC_DATAFORMAT_PREVIEW_STATIC").text().toStdString(), each.shown);
+                cancel(formats);
+            });
+            press(dialog, kFormatButton);
+            backIn(dialog);
+            cancel(dialog);
+        });
+    }
 }
 
 struct FormatName {
