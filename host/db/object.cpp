@@ -38,7 +38,12 @@ void KdDbObjectState::takePlaceOf(const KdDbObjectState& previous) {
 void KdDbObjectState::wasPutBack(KdDbObject&) const {}
 
 void KdDbObjectAccess::giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state) {
-    object.m_state = std::move(state);
+    exchangeState(object, state);
+}
+
+void KdDbObjectAccess::exchangeState(KdDbObject& object, std::unique_ptr<KdDbObjectState>& state) {
+    object.m_state.swap(state);
+    ++kdhost::stateEpoch;
 }
 
 KdDbObject::KdDbObject(std::unique_ptr<KdDbObjectState> state)
@@ -132,6 +137,6 @@ Kdad::ErrorStatus KdDbObject::copyFrom(const KdRxObject* source) {
     if (KdDbObjectAccess::stateForWrite(*this) == nullptr) return Kdad::eNotOpenForWrite;
     std::unique_ptr<KdDbObjectState> copy = static_cast<const KdDbObject*>(source)->m_state->clone();
     copy->takePlaceOf(*m_state);
-    m_state = std::move(copy);
+    KdDbObjectAccess::giveState(*this, std::move(copy));
     return Kdad::eOk;
 }

@@ -5,6 +5,7 @@
 // write of a command is kept. Ownership and erasure are part of the state, so that undo puts them back too.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,6 +23,10 @@ enum class IdRole { owned, pointer };
 using IdMapper = std::function<KdDbObjectId(KdDbObjectId id, IdRole role)>;
 
 struct ForeignTags;
+
+/// Moves on whenever what one object remembers of another's state may be stale: an object left memory, an
+/// object got another state whole, the cell styles of a table style changed.
+extern std::uint64_t stateEpoch;
 
 }  // namespace kdhost
 
@@ -98,9 +103,7 @@ struct KdDbObjectAccess {
     static void giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state);
 
     /// Gives the object the state and hands out the one that it had.
-    static void exchangeState(KdDbObject& object, std::unique_ptr<KdDbObjectState>& state) {
-        object.m_state.swap(state);
-    }
+    static void exchangeState(KdDbObject& object, std::unique_ptr<KdDbObjectState>& state);
 
     static KdDbOpenRecord& openRecord(const KdDbObject& object) { return *object.m_open; }
 };

@@ -52,7 +52,7 @@ void tellChange(const KdDbObject& object, bool changed, bool erasureChanged) {
 
 }  // namespace
 
-std::uint64_t forgottenObjects = 0;
+std::uint64_t stateEpoch = 0;
 
 KdDbObject* findObject(KdDbObjectId id) {
     const auto found = theRegister().objects.find(id);
@@ -69,7 +69,7 @@ void rememberObject(KdDbObject& object) {
 }
 
 void forgetObject(const KdDbObject& object) {
-    ++forgottenObjects;
+    ++stateEpoch;
     theRegister().objects.erase(object.objectId());
     theRegister().open.erase(object.objectId());
 }

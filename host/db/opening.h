@@ -40,8 +40,6 @@ void endOpen(KdDbObject& object);
 
 /// The object leaves memory: it is known by its id no longer.
 void forgetObject(const KdDbObject& object);
-/// How often an object has left memory: a pointer to an object stays good while the count stands.
-extern std::uint64_t forgottenObjects;
 /// The object has got its id.
 void rememberObject(KdDbObject& object);
 

@@ -12,12 +12,12 @@ CellStylePool::CellStylePool() {
 }
 
 const TableStyleState& CellStylePool::style() const {
-    if (m_foundAt != forgottenObjects) {
+    if (m_foundAt != stateEpoch) {
         // A table goes on looking like its style when the style was erased.
         const KdDbObject* object = m_tableStyle.isNull() ? nullptr : peekObject(m_tableStyle, true);
         if (object == nullptr || !object->isKindOf(KdDbTableStyle::desc())) return standardTableStyle();
         m_styleObject = object;
-        m_foundAt = forgottenObjects;
+        m_foundAt = stateEpoch;
     }
     return stateOf(*m_styleObject);
 }
@@ -36,6 +36,7 @@ void CellStylePool::bind(Entry& entry, const TableStyleState& style) {
 }
 
 void CellStylePool::bindAll(const TableStyleState& current) const {
+    m_boundAt = m_foundAt;
     if (current.revision == m_revision && m_boundTo == m_tableStyle) return;
     m_records.clear();
     for (Entry& entry : m_entries) {
@@ -50,7 +51,7 @@ void CellStylePool::bindAll(const TableStyleState& current) const {
 void CellStylePool::setTableStyle(KdDbObjectId style) {
     refresh();
     m_tableStyle = style;
-    m_foundAt = kNeverFound;
+    m_foundAt = m_boundAt = kNever;
     refresh();
 }
 
@@ -58,7 +59,7 @@ void CellStylePool::mapTableStyle(const IdMapper& map) {
     refresh();
     // Names bind anew when they are next asked for: the new style may still be on its way.
     m_tableStyle = map(m_tableStyle, IdRole::pointer);
-    m_foundAt = kNeverFound;
+    m_foundAt = m_boundAt = kNever;
 }
 
 std::uint16_t CellStylePool::place(std::wstring_view name) {

@@ -37,7 +37,7 @@ public:
         return *m_records[place];
     }
     /// Whether another look at the table style would find nothing new.
-    bool isFresh() const { return m_foundAt == forgottenObjects && stateOf(*m_styleObject).revision == m_revision; }
+    bool isFresh() const { return m_boundAt == stateEpoch; }
     void refresh() const {
         if (!isFresh()) [[unlikely]]
             bindAll(style());
@@ -64,8 +64,8 @@ private:
     };
 
     // Getters of cell properties come by here for every cell of large tables: as long as the style is in
-    // memory and hasn't changed, all that it costs is two comparisons.
-    static constexpr std::uint64_t kNeverFound = ~std::uint64_t{0};
+    // memory and no style has changed, all that it costs is one comparison.
+    static constexpr std::uint64_t kNever = ~std::uint64_t{0};
 
     static const TableStyleState& stateOf(const KdDbObject& styleObject) {
         return static_cast<const TableStyleState&>(KdDbObjectAccess::state(styleObject));
@@ -80,7 +80,8 @@ private:
     mutable std::vector<Entry> m_entries;
     mutable std::vector<const CellStyleRecord*> m_records;  ///< of the entries
     mutable const KdDbObject* m_styleObject = nullptr;      ///< of the table style, good at `m_foundAt`
-    mutable std::uint64_t m_foundAt = kNeverFound;          ///< also while the style isn't in memory
+    mutable std::uint64_t m_foundAt = kNever;               ///< also while the style isn't in memory
+    mutable std::uint64_t m_boundAt = kNever;               ///< when the entries were last seen to be of that style
     mutable std::uint64_t m_revision = 0;                   ///< that the entries are bound to, of the style `m_boundTo`
     mutable KdDbObjectId m_boundTo;
 };

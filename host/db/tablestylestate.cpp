@@ -81,6 +81,7 @@ void TableStyleState::replace(int index, CellStyleRecord record) {
 
 void TableStyleState::changed() {
     revision = newRevision();
+    ++stateEpoch;
 }
 
 const TableStyleState& standardTableStyle() {

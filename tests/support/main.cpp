@@ -1,4 +1,4 @@
-// Runs a program of tests inside one Qt application without a display, with the leak guard on.
+// Runs a program of tests inside one Qt application without a display, with the leak guard and the watchdog on.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 
 #include "host/win32/modules.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/watchdog.h"
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
@@ -23,5 +24,6 @@ int main(int argc, char** argv) {
     qputenv("TMPDIR", QFile::encodeName(temporary.path()));
     kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
     kdtest::installLeakGuard();
+    kdtest::installWatchdog();
     return RUN_ALL_TESTS();
 }

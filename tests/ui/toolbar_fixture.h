@@ -34,11 +34,10 @@ protected:
         m_dialogs.expectAllCame();
         kdhost::faults() = {};
         setMode(0);
-        showTableToolBar(KdDbObjectId::kNull, false);
-        EXPECT_EQ(window(), nullptr);
         kdhost::forgetRecentColors();
         kdhost::setLanguage(kdhost::Language::English);
         TableEdits::TearDown();
+        EXPECT_EQ(window(), nullptr);
     }
 
     static void setMode(int mode) {

@@ -20,6 +20,7 @@
 #include "tests/support/application.h"
 #include "tests/support/boxanswers.h"
 #include "tests/support/tablebuilder.h"
+#include "tvx/exports.h"
 
 namespace kdtest {
 
@@ -29,7 +30,11 @@ protected:
         hLibModule = LoadResourceDll(L"TvxTableRes.dll");
         ASSERT_NE(hLibModule, nullptr);
     }
-    void TearDown() override { FreeLibrary(std::exchange(hLibModule, nullptr)); }
+    void TearDown() override {
+        // Editing shows the toolbar, which is the module's and outlives the drawing.
+        showTableToolBar(KdDbObjectId::kNull, false);
+        FreeLibrary(std::exchange(hLibModule, nullptr));
+    }
 
     KdDbObjectId append(KdDbEntity* entity) {
         KdDbObjectId id;
