@@ -95,10 +95,8 @@ struct KdadGiDrawablePreviewer::Private {
     QImage picture;      ///< null while it is out of date
     bool isNew = false;  ///< the picture was not given yet
 
-    void resize(unsigned width, unsigned height) {
-        constexpr unsigned kLargest = std::numeric_limits<int>::max();
-        const QSize wanted(static_cast<int>(std::clamp(width, 1U, kLargest)),
-                           static_cast<int>(std::clamp(height, 1U, kLargest)));
+    void resize(int width, int height) {
+        const QSize wanted(std::max(width, 1), std::max(height, 1));
         if (wanted == size) return;
         size = wanted;
         picture = QImage();
@@ -132,7 +130,7 @@ KdadGiDrawablePreviewer::KdadGiDrawablePreviewer(HWND window, KdDbDatabase*, con
                                                  const KdGePoint2d& lowerLeft, const KdGePoint2d& upperRight)
     : m_private(new Private{{}, lowerLeft, upperRight, QSize(1, 1), {}, false}) {
     for (const KdGiDrawable* drawable : drawables) m_private->drawn.push_back({drawable, {}, true});
-    if (window != nullptr) onSize(window->width(), window->height());
+    if (window != nullptr) m_private->resize(window->width(), window->height());
 }
 
 KdadGiDrawablePreviewer::~KdadGiDrawablePreviewer() = default;
@@ -147,12 +145,13 @@ void KdadGiDrawablePreviewer::invalidate(bool regenerate) {
 }
 
 void KdadGiDrawablePreviewer::onSize(int width, int height) {
-    m_private->resize(static_cast<unsigned>(std::max(width, 1)), static_cast<unsigned>(std::max(height, 1)));
+    m_private->resize(width, height);
 }
 
 bool KdadGiDrawablePreviewer::getRenderBuffer(char* buffer, unsigned width, unsigned height) {
     if (buffer == nullptr || width == 0 || height == 0) return false;
-    m_private->resize(width, height);
+    constexpr unsigned kLargest = std::numeric_limits<int>::max();  // beyond memory, as what is larger still
+    m_private->resize(static_cast<int>(std::min(width, kLargest)), static_cast<int>(std::min(height, kLargest)));
     update();
     const QImage& picture = m_private->picture;
     if (picture.isNull() || !std::exchange(m_private->isNew, false)) return false;

@@ -92,7 +92,7 @@ constexpr std::array kMoves = {
     Move{kVert, {b1, b2}, -1, kVert, Along::Down, When::Always},
 };
 
-bool applies(When when, const SampleEdge& place) {
+bool applies(When when, const EdgePlace& place) {
     switch (when) {
         case When::FurtherRow:
             return place.row != 0;
@@ -109,7 +109,7 @@ bool applies(When when, const SampleEdge& place) {
 
 }  // namespace
 
-void correctDoubleLine(DoubleLine& line, const SampleEdge& place, const SampleEdges& edges, const KdGeVector3d& right,
+void correctDoubleLine(DoubleLine& line, const EdgePlace& place, const SampleEdges& edges, const KdGeVector3d& right,
                        const KdGeVector3d& down) {
     for (const Move& move : kMoves) {
         if (move.edge != place.edge || !applies(move.when, place)) continue;

@@ -12,8 +12,8 @@ struct DoubleLine {
     KdGePoint3d b2;
 };
 
-/// An edge in the cell of a sample.
-struct SampleEdge {
+/// Which edge of which of the sample's cells a line is.
+struct EdgePlace {
     KdDb::GridLineType edge;
     int row;
     int column;
@@ -21,5 +21,5 @@ struct SampleEdge {
 
 /// Moves the two lines apart and cuts or lengthens them to their neighbours. `right` and `down` are the directions
 /// of the sample's columns and rows.
-void correctDoubleLine(DoubleLine& line, const SampleEdge& place, const SampleEdges& edges, const KdGeVector3d& right,
+void correctDoubleLine(DoubleLine& line, const EdgePlace& place, const SampleEdges& edges, const KdGeVector3d& right,
                        const KdGeVector3d& down);

@@ -39,7 +39,7 @@ using SampleBlock = std::unique_ptr<KdDbBlockTableRecord, CloseBlock>;
 /// A new anonymous block in the drawing. Null when it can't be added.
 SampleBlock addSampleBlock(KdDbDatabase& database);
 
-/// Puts the entity at the end of the block, and closes it.
+/// Puts the entity at the end of the block, and closes it. One that the block refuses is gone.
 void appendToSample(KdDbBlockTableRecord& block, std::unique_ptr<KdDbEntity> entity);
 
 /// Puts the text of a cell into the block. Nothing happens to a cell without one.

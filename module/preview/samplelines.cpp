@@ -18,7 +18,7 @@ SampleLines::SampleLines(const SampleEdges& edges, const SampleGrid& grid) : m_e
 
 SampleLines::~SampleLines() = default;
 
-void SampleLines::add(const SampleEdge& place, KdDb::GridLineType looks, bool isDouble, const KdGePoint3d& start) {
+void SampleLines::add(const EdgePlace& place, KdDb::GridLineType looks, bool isDouble, const KdGePoint3d& start) {
     const KdGePoint3d end = start + (isHorizontal(place.edge) ? m_grid.columnStep() : m_grid.rowStep());
     if (!isDouble) {
         addLine(start, end, looks);
@@ -30,7 +30,7 @@ void SampleLines::add(const SampleEdge& place, KdDb::GridLineType looks, bool is
     addLine(line.a2, line.b2, looks);
 }
 
-void SampleLines::add(const SampleEdge& place, const KdGePoint3d& start) {
+void SampleLines::add(const EdgePlace& place, const KdGePoint3d& start) {
     add(place, place.edge, m_edges.isDouble(place.edge), start);
 }
 

@@ -20,9 +20,9 @@ public:
     const SampleEdges& edges() const { return m_edges; }
 
     /// One line from `start` on, as long as a cell, or a double line. It looks as the edge `looks` does.
-    void add(const SampleEdge& place, KdDb::GridLineType looks, bool isDouble, const KdGePoint3d& start);
+    void add(const EdgePlace& place, KdDb::GridLineType looks, bool isDouble, const KdGePoint3d& start);
     /// The same for an edge that has its own style and looks.
-    void add(const SampleEdge& place, const KdGePoint3d& start);
+    void add(const EdgePlace& place, const KdGePoint3d& start);
 
     /// Puts all lines into the block.
     void appendTo(KdDbBlockTableRecord& block);

@@ -54,7 +54,7 @@ private:
 
 /// One line of a shape, and how many columns to the right and rows down it starts.
 struct ShapeLine {
-    SampleEdge place;
+    EdgePlace place;
     int right;
     int down;
 };

@@ -237,7 +237,7 @@ void CVqTableCellFromTableStyle::addTopLine(const KdGePoint3d& origin, int row, 
 /// well, and takes the looks of the right edge; its place is that of a left edge all the same.
 void CVqTableCellFromTableStyle::addLeftLine(const KdGePoint3d& origin, int row, int column, SampleLines& lines) const {
     const SampleEdges& edges = lines.edges();
-    const SampleEdge place{KdDb::kVertLeft, row, column};
+    const EdgePlace place{KdDb::kVertLeft, row, column};
     const bool asRightEdge = column != 0 && !edges.isDouble(KdDb::kVertLeft) && edges.isVisible(KdDb::kVertRight) &&
                              edges.isDouble(KdDb::kVertRight);
     if (asRightEdge) {
