@@ -6,9 +6,12 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "host/file/drawingfile.h"
+#include "host/file/largepages.h"
 #include "host/rx/encoding.h"
 #include "kd/db/database.h"
 
@@ -17,6 +20,11 @@ namespace {
 using kdhost::toUtf8;
 
 constexpr int kOnlyVersion = 33;
+
+struct FileBytes {
+    std::unique_ptr<char[]> at;
+    std::size_t size = 0;
+};
 
 /// An open file, closed at the end.
 class OpenFile {
@@ -44,20 +52,21 @@ public:
         return true;
     }
 
-    bool readAll(std::string& bytes) {
+    /// Nothing for what is no plain file, and on failure.
+    std::optional<FileBytes> readAll() {
         struct stat about {};
-        if (::fstat(m_descriptor, &about) != 0 || !S_ISREG(about.st_mode)) return false;
-        bytes.resize(static_cast<std::size_t>(about.st_size));
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t got = ::read(m_descriptor, bytes.data() + done, bytes.size() - done);
+        if (::fstat(m_descriptor, &about) != 0 || !S_ISREG(about.st_mode)) return std::nullopt;
+        const auto wanted = static_cast<std::size_t>(about.st_size);
+        FileBytes bytes{std::make_unique_for_overwrite<char[]>(wanted), 0};
+        kdhost::file::askForLargePages(bytes.at.get(), wanted);
+        while (bytes.size < wanted) {
+            const ssize_t got = ::read(m_descriptor, bytes.at.get() + bytes.size, wanted - bytes.size);
             if (got < 0 && errno == EINTR) continue;
-            if (got < 0) return false;
+            if (got < 0) return std::nullopt;
             if (got == 0) break;
-            done += static_cast<std::size_t>(got);
+            bytes.size += static_cast<std::size_t>(got);
         }
-        bytes.resize(done);
-        return true;
+        return bytes;
     }
 
 private:
@@ -125,7 +134,7 @@ Kdad::ErrorStatus KdDbDatabase::readDwgFile(const wchar_t* fileName, int, bool, 
     if (fileName == nullptr || *fileName == L'\0') return Kdad::eInvalidInput;
     OpenFile file(::open(toUtf8(fileName).c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen()) return errno == ENOENT || errno == ENOTDIR ? Kdad::eFileNotFound : Kdad::eFileAccessError;
-    std::string bytes;
-    if (!file.readAll(bytes)) return Kdad::eFileAccessError;
-    return kdhost::file::readDrawing(*this, bytes);
+    const std::optional<FileBytes> bytes = file.readAll();
+    if (!bytes) return Kdad::eFileAccessError;
+    return kdhost::file::readDrawing(*this, {bytes->at.get(), bytes->size});
 }

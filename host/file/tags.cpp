@@ -3,9 +3,11 @@
 #include "host/file/tags.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cstring>
 
+#include "host/file/largepages.h"
 #include "host/file/tagwriter.h"
 #include "host/rx/encoding.h"
 
@@ -78,16 +80,33 @@ private:
     const char* m_end;
 };
 
-/// Without zeros; nearly all bytes are plain letters, which are looked at eight at a time.
-bool isValidText(std::string_view bytes) {
-    constexpr std::uint64_t kHigh = 0x8080808080808080;
-    constexpr std::uint64_t kOnes = 0x0101010101010101;
+/// Plain letters, eight at a time.
+struct EightBytes {
+    static constexpr std::uint64_t kOnes = 0x0101010101010101;
+    static constexpr std::uint64_t kHigh = 0x80 * kOnes;
+
+    explicit EightBytes(const char* at) { std::memcpy(&letters, at, sizeof letters); }
+    bool isPlain() const { return (letters & kHigh) == 0 && markedZeros(letters) == 0; }
+    /// Of plain letters.
+    std::size_t lineFeeds() const {
+        return static_cast<std::size_t>(std::popcount(markedZeros(letters ^ '\n' * kOnes)));
+    }
+
+    std::uint64_t letters;
+
+private:
+    /// The high bit of each byte that is zero, where none has its own high bit set.
+    static std::uint64_t markedZeros(std::uint64_t bytes) { return ~(bytes + 0x7F * kOnes) & kHigh; }
+};
+
+/// The line feeds of a text in UTF-8 without zeros; none for other bytes. Nearly all of them are plain letters.
+std::optional<std::size_t> lineFeedsIn(std::string_view bytes) {
+    std::size_t lineFeeds = 0;
     while (!bytes.empty()) {
-        std::uint64_t eight = 0;
-        if (bytes.size() >= sizeof eight) {
-            std::memcpy(&eight, bytes.data(), sizeof eight);
-            const std::uint64_t zeros = (eight - kOnes) & ~eight & kHigh;
-            if ((eight & kHigh) == 0 && zeros == 0) {
+        if (bytes.size() >= sizeof(EightBytes)) {
+            const EightBytes eight(bytes.data());
+            if (eight.isPlain()) {
+                lineFeeds += eight.lineFeeds();
                 bytes.remove_prefix(sizeof eight);
                 continue;
             }
@@ -95,10 +114,11 @@ bool isValidText(std::string_view bytes) {
         const std::string_view before = bytes;
         const wchar_t letter = takeUtf8(bytes);
         constexpr wchar_t kReplacement = 0xFFFD;
-        if (letter == 0) return false;
-        if (letter == kReplacement && before.size() - bytes.size() != 3) return false;
+        if (letter == 0) return std::nullopt;
+        if (letter == kReplacement && before.size() - bytes.size() != 3) return std::nullopt;
+        lineFeeds += letter == L'\n' ? 1 : 0;
     }
-    return true;
+    return lineFeeds;
 }
 
 }  // namespace
@@ -115,10 +135,12 @@ bool looksLikeTags(std::string_view bytes) {
 }
 
 bool readTags(std::string_view bytes, std::vector<Tag>& tags) {
-    if (bytes.size() >= UINT32_MAX || !isValidText(bytes)) return false;
+    const std::optional<std::size_t> lineFeeds = bytes.size() < UINT32_MAX ? lineFeedsIn(bytes) : std::nullopt;
+    if (!lineFeeds) return false;
     tags.clear();
-    constexpr std::size_t kUsualTagLength = 10;
-    tags.reserve(bytes.size() / kUsualTagLength);
+    // Each takes two lines, of which the very last may lack its end.
+    tags.reserve(*lineFeeds / 2 + 1);
+    askForLargePages(tags.data(), tags.capacity() * sizeof(Tag));
     if (!appendTags(bytes, tags)) return false;
     // The end is at the end and nowhere before.
     const auto isEnd = [](const Tag& tag) { return tag.code == 0 && tag.value() == "EOF"; };
