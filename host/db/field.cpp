@@ -14,6 +14,7 @@
 #include "host/db/fieldstate.h"
 #include "host/db/opening.h"
 #include "host/db/openrecord.h"
+#include "host/db/travellingcells.h"
 #include "kd/ed/resbuf.h"
 
 KDRX_DEFINE_MEMBERS(KdDbField, KdDbObject)
@@ -104,6 +105,11 @@ void KdDbFieldState::mapIds(const kdhost::IdMapper& map) {
         if (child.inMemory() == nullptr) child.setId(map(child.id(), kdhost::IdRole::owned));
     }
     if (kdhost::isFormulaCode(code)) code = kdhost::withMappedTables(code, map);
+    if (asWritten != nullptr) {
+        kdhost::WrittenFormula mapped = *asWritten;
+        mapped.code = kdhost::withMappedTables(mapped.code, map);
+        asWritten = std::make_shared<const kdhost::WrittenFormula>(std::move(mapped));
+    }
 }
 
 void KdDbFieldState::enterDatabase(KdDbObject& self) {
@@ -132,7 +138,9 @@ std::wstring kdhost::evaluatedText(const KdDbField& field) {
 }
 
 void kdhost::rewriteFieldCode(KdDbField& field, const std::wstring& code) {
-    static_cast<State&>(KdDbObjectAccess::stateForHost(field)).code = code;
+    auto& state = static_cast<State&>(KdDbObjectAccess::stateForHost(field));
+    state.code = code;
+    if (!areCellsTravelling()) state.asWritten = nullptr;
     KdDbOpenRecord& record = KdDbObjectAccess::openRecord(field);
     if (record.isOpen()) record.changed = true;
 }
@@ -156,6 +164,7 @@ Kdad::ErrorStatus KdDbField::setFieldCode(const wchar_t* code, FieldCodeFlag, Kd
         if (child != nullptr && child != this) taken.push_back(kdhost::takeField(*this, *child));
     }
     state->code = code;
+    state->asWritten = nullptr;
     state->evaluated.reset();
     state->childrenSet = taken.size();
     std::swap(state->children, taken);

@@ -13,6 +13,8 @@
 
 namespace kdhost {
 
+struct WrittenFormula;
+
 /// What a field shows that has never been evaluated, or can't be.
 inline constexpr const wchar_t* kNoEvaluation = L"####";
 
@@ -94,8 +96,9 @@ struct KdDbFieldState : KdDbObjectState {
 
     std::wstring code;
     std::vector<KdDbFieldChild> children;
-    std::size_t childrenSet = 0;            ///< by whoever clones children one by one
-    std::optional<std::wstring> evaluated;  ///< the text last shown, of a field that isn't evaluated
+    std::size_t childrenSet = 0;                              ///< by whoever clones children one by one
+    std::optional<std::wstring> evaluated;                    ///< the text last shown, of a field that isn't evaluated
+    std::shared_ptr<const kdhost::WrittenFormula> asWritten;  ///< of a formula that was cut off from what it reads
     KdDbField::EvalOption evaluationOption = KdDbField::kAutomatic;
 };
 

@@ -33,6 +33,14 @@ struct FormatOverrides {
     CellFormat format;
 };
 
+/// What one attribute of a cell's block says there.
+struct BlockAttribute {
+    KdDbObjectId definition;  ///< in the block
+    std::wstring text;
+
+    friend bool operator==(const BlockAttribute&, const BlockAttribute&) = default;
+};
+
 /// Content that is not text.
 struct CellObjects {
     KdDbObjectId field;
@@ -40,6 +48,7 @@ struct CellObjects {
     double blockScale = 1.0;
     double blockRotation = 0.0;  ///< radians
     bool autoFit = false;
+    std::vector<BlockAttribute> attributes;  ///< of the block; only files give them
 
     friend bool operator==(const CellObjects&, const CellObjects&) = default;
 };

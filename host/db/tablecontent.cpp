@@ -109,6 +109,7 @@ void KdDbTable::setBlockTableRecordId(int row, int column, int content, const Kd
         Cell& cell = state.rows.writeCell(r, c);
         CellObjects objects = objectsOf(cell);
         objects.field.setNull();
+        if (block != objects.block) objects.attributes.clear();
         objects.block = block;
         objects.autoFit = autoFit;
         cell.text.clear();

@@ -5,6 +5,9 @@
 // is locked that part stays.
 
 #include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
 
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
@@ -12,6 +15,7 @@
 #include "host/db/fieldstate.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
+#include "host/db/travellingcells.h"
 #include "kd/db/field.h"
 
 using namespace kdhost;
@@ -26,33 +30,43 @@ int widthOf(const KdCellRange& range) {
     return range.m_rightColumn - range.m_leftColumn + 1;
 }
 
-/// Formulas move with their cell, as spreadsheets do it: what they read lies where it lay, seen from the cell.
-void moveFormulas(KdDbField& field, int rows, int columns) {
+/// A cell's place in its table.
+struct CellPlace {
+    int row;
+    int column;
+};
+
+/// Formulas move with their cell, as spreadsheets do it: what they read lies where it lay, seen from the cell. One that
+/// has come without what it reads moves from where it was written.
+void moveFormulas(KdDbField& field, CellPlace from, CellPlace to) {
     auto& state = static_cast<KdDbFieldState&>(KdDbObjectAccess::stateForMaker(field));
     if (isFormulaCode(state.code)) {
-        tellFieldEvaluation([&](FieldEvaluation& each) { state.code = each.movedCode(state.code, rows, columns); });
+        const auto written = std::exchange(state.asWritten, nullptr);
+        const CellPlace origin = written == nullptr ? from : CellPlace{written->row, written->column};
+        const std::wstring code = written == nullptr ? state.code : written->code;
+        tellFieldEvaluation([&](FieldEvaluation& each) {
+            state.code = each.movedCode(code, to.row - origin.row, to.column - origin.column);
+        });
     }
     for (KdDbFieldChild& child : state.children) {
-        if (child.inMemory() != nullptr) moveFormulas(*child.inMemory(), rows, columns);
+        if (child.inMemory() != nullptr) moveFormulas(*child.inMemory(), from, to);
     }
 }
 
-/// A copy of the field in the target's database, for a cell that many rows and columns away; the field itself
-/// where there is no database to copy it to.
-KdDbObjectId fieldFor(const KdDbTable& target, KdDbObjectId field, int rows, int columns) {
+/// A copy of the field in the target's database, for another cell; the field itself where there is no database to copy
+/// it to.
+KdDbObjectId fieldFor(const KdDbTable& target, KdDbObjectId field, CellPlace from, CellPlace to) {
     const auto* source = peek<KdDbField>(field);
     if (source == nullptr || target.database() == nullptr) return field;
     std::unique_ptr<KdDbField> copy = copyOfField(*source);
-    moveFormulas(*copy, rows, columns);
+    moveFormulas(*copy, from, to);
     return KdDbDatabaseAccess::insert(*target.database(), std::move(copy), target.objectId());
 }
 
-/// The source cells with their style names, taken before the target changes: it may be the same table.
+/// The source cells, taken before the target changes: it may be the same table.
 struct CopiedCell {
     Cell cell;
-    std::wstring style;
-    int row;
-    int column;
+    CellPlace place;
 };
 
 class CellCopy {
@@ -60,10 +74,13 @@ public:
     CellCopy(const KdDbTable& source, KdDbTable& target, const KdCellRange& from)
         : m_table(target), m_rows(heightOf(from)), m_columns(widthOf(from)) {
         const TableState& state = tableState(source);
+        m_cells.reserve(static_cast<std::size_t>(m_rows) * static_cast<std::size_t>(m_columns));
         for (int row = from.m_topRow; row <= from.m_bottomRow; ++row) {
             for (int column = from.m_leftColumn; column <= from.m_rightColumn; ++column) {
                 const Cell& cell = state.cell(row, column);
-                m_cells.push_back({cell, state.styles.name(cell.style), row, column});
+                m_cells.push_back({cell, {row, column}});
+                if (m_styles.contains(cell.style)) continue;
+                m_styles.emplace(cell.style, StyleName{state.styles.name(cell.style), std::nullopt});
             }
         }
         for (KdCellRange merge : state.mergesIn(from)) {
@@ -106,7 +123,7 @@ private:
         const bool content = contentEditable(state, row, column) && !state.cell(row, column).merge.covered();
         const bool format = formatEditable(state, row, column);
         if (!content && !format) return;
-        const std::uint16_t style = format ? state.styles.place(from.style) : std::uint16_t{0};
+        const std::uint16_t style = format ? placeOf(from.cell.style, state.styles) : std::uint16_t{0};
         Cell& cell = state.rows.writeCell(row, column);
         if (format) {
             cell.style = style;
@@ -117,15 +134,29 @@ private:
         cell.objects = from.cell.objects;
         cell.type = from.cell.type;
         if (!cell.field().isNull()) {
-            cell.objects.write().field = fieldFor(m_table, cell.field(), row - from.row, column - from.column);
+            cell.objects.write().field = fieldFor(m_table, cell.field(), from.place, {row, column});
         }
         if (!cell.empty()) noteGrowth(state, row, column);
     }
+
+    /// Where the target has the cell style that the source has at a place.
+    std::uint16_t placeOf(std::uint16_t style, CellStylePool& pool) {
+        StyleName& known = m_styles.at(style);
+        if (!known.place) known.place = pool.place(known.name);
+        return *known.place;
+    }
+
+    /// One of the source's cell styles, and its place in the target once that is known.
+    struct StyleName {
+        std::wstring name;
+        std::optional<std::uint16_t> place;
+    };
 
     const KdDbTable& m_table;
     int m_rows;
     int m_columns;
     std::vector<CopiedCell> m_cells;
+    std::unordered_map<std::uint16_t, StyleName> m_styles;
     std::vector<KdCellRange> m_merges;  ///< relative to the source range
 };
 
@@ -169,7 +200,8 @@ void copyFields(KdDbTable& table, TableState& state) {
         for (int column = 0; column < state.columnCount(); ++column) {
             const KdDbObjectId field = state.cell(row, column).field();
             if (field.isNull()) continue;
-            state.rows.writeCell(row, column).objects.write().field = fieldFor(table, field, 0, 0);
+            state.rows.writeCell(row, column).objects.write().field =
+                fieldFor(table, field, {row, column}, {row, column});
         }
     }
     tellFieldEvaluation([&](FieldEvaluation& each) { each.fieldPlaced(table); });

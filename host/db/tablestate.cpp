@@ -68,6 +68,7 @@ void TableState::mapIds(const IdMapper& map) {
                 CellObjects objects = *cell.objects;
                 objects.field = map(objects.field, IdRole::owned);
                 objects.block = map(objects.block, IdRole::pointer);
+                for (BlockAttribute& each : objects.attributes) each.definition = map(each.definition, IdRole::pointer);
                 if (objects != *cell.objects) rows.writeCell(row, column).objects = CopyOnWrite<CellObjects>(objects);
             }
             if (!cell.overrides) continue;

@@ -5,6 +5,7 @@
 #include "host/db/fieldevaluation.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
+#include "host/db/travellingcells.h"
 
 using namespace kdhost;
 
@@ -20,6 +21,7 @@ template <class Work>
 void restructure(KdDbTable& table, const StructureChange& change, Work work) {
     TableState* state = editTable(table);
     if (state == nullptr) return;
+    if (change.count < 0 && areCellsTravelling()) rememberFormulas(table);
     changeStructure(table, change, [&] { work(*state); });
     if (change.count < 0) clampSelection(table);
     state->assertValid();

@@ -7,6 +7,7 @@
 #include <cwchar>
 #include <map>
 
+#include "host/db/travellingcells.h"
 #include "host/rx/faults.h"
 #include "host/rx/numbertext.h"
 #include "kd/ed/variables.h"
@@ -88,6 +89,7 @@ bool writeVariable(const VariableRecord& variable, const VariableValue& value) {
 
 void resetVariables() {
     sessionValues().clear();
+    setCellsTravelling(false);
 }
 
 std::wstring variableText(const VariableValue& value) {

@@ -5,6 +5,7 @@
 
 #include "host/db/access.h"
 #include "host/db/symbols.h"
+#include "host/db/travellingcells.h"
 #include "host/ed/commands.h"
 #include "host/ed/editor.h"
 #include "host/ed/variables.h"
@@ -98,6 +99,15 @@ Value commandNames() {
     return runningCommandNames();
 }
 
+Value cellsTravelling() {
+    return std::int32_t(areCellsTravelling() ? 1 : 0);
+}
+
+bool letCellsTravel(const VariableValue& value) {
+    setCellsTravelling(std::get<std::int32_t>(value) != 0);
+    return true;
+}
+
 constexpr double kUnbounded = std::numeric_limits<double>::max();
 constexpr double kLowest = std::numeric_limits<std::int16_t>::min();
 constexpr double kHighest = std::numeric_limits<std::int16_t>::max();
@@ -136,7 +146,7 @@ const std::vector<VariableRecord>& variableRecords() {
         {L"TILEMODE", RTSHORT, Drawing, kOpen, 0, 1, 1, tileMode, setTileMode},
         {L"UNITMODE", RTSHORT, Drawing, kOpen, 0, 1, 0, header<&Db::unitmode>, setHeader<int, &Db::setUnitmode>},
         // 1 while cells are cut, copied or pasted
-        {L"_VQ_COPYTABLECELLS", RTSHORT, Session, kOpen, 0, 1, 0, nullptr, nullptr},
+        {L"_VQ_COPYTABLECELLS", RTSHORT, State, kOpen, 0, 1, 0, cellsTravelling, letCellsTravel},
     };
     return records;
 }

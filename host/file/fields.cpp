@@ -27,34 +27,6 @@ std::wstring evaluatorOf(const std::wstring& code) {
     return code.substr(1, code.find_first_of(L" (", 1) - 1);
 }
 
-/// The code as the file has it; the objects that it names are added to the list.
-std::wstring codeWithMarks(const std::wstring& code, std::vector<KdDbObjectId>& objects) {
-    if (!isFormulaCode(code)) return code;
-    return withTableTexts(code, [&](KdDbObjectId id) {
-        const auto known = std::find(objects.begin(), objects.end(), id);
-        const auto place = known - objects.begin();
-        if (known == objects.end()) objects.push_back(id);
-        return std::wstring(kObjectMark) + std::to_wstring(place) + std::wstring(kMarkEnd);
-    });
-}
-
-std::wstring codeWithoutMarks(const std::wstring& code, const std::vector<KdDbObjectId>& objects) {
-    std::wstring result;
-    std::size_t done = 0;
-    for (std::size_t at = code.find(kObjectMark); at != std::wstring::npos; at = code.find(kObjectMark, at + 1)) {
-        const std::size_t digits = at + kObjectMark.size();
-        const std::size_t end = code.find(kMarkEnd, digits);
-        std::size_t place = 0;
-        std::size_t digit = digits;
-        for (; digit < end && digit < code.size() && digit < digits + 9 && std::iswdigit(wint_t(code[digit])); ++digit)
-            place = place * 10 + static_cast<std::size_t>(code[digit] - L'0');
-        if (end == std::wstring::npos || digit != end || digit == digits || place >= objects.size()) continue;
-        result.append(code, done, at - done).append(std::to_wstring(objects[place].asInteger()));
-        done = end + kMarkEnd.size();
-    }
-    return result.append(code, done);
-}
-
 /// The first piece under one code, the rest under another.
 void writePieces(TagWriter& out, int firstCode, int restCode, std::wstring_view text) {
     out.text(firstCode, text.substr(0, kLongestPiece));
@@ -131,6 +103,33 @@ private:
 };
 
 }  // namespace
+
+std::wstring codeWithMarks(const std::wstring& code, std::vector<KdDbObjectId>& objects) {
+    if (!isFormulaCode(code)) return code;
+    return withTableTexts(code, [&](KdDbObjectId id) {
+        const auto known = std::find(objects.begin(), objects.end(), id);
+        const auto place = known - objects.begin();
+        if (known == objects.end()) objects.push_back(id);
+        return std::wstring(kObjectMark) + std::to_wstring(place) + std::wstring(kMarkEnd);
+    });
+}
+
+std::wstring codeWithoutMarks(const std::wstring& code, const std::vector<KdDbObjectId>& objects) {
+    std::wstring result;
+    std::size_t done = 0;
+    for (std::size_t at = code.find(kObjectMark); at != std::wstring::npos; at = code.find(kObjectMark, at + 1)) {
+        const std::size_t digits = at + kObjectMark.size();
+        const std::size_t end = code.find(kMarkEnd, digits);
+        std::size_t place = 0;
+        std::size_t digit = digits;
+        for (; digit < end && digit < code.size() && digit < digits + 9 && std::iswdigit(wint_t(code[digit])); ++digit)
+            place = place * 10 + static_cast<std::size_t>(code[digit] - L'0');
+        if (end == std::wstring::npos || digit != end || digit == digits || place >= objects.size()) continue;
+        result.append(code, done, at - done).append(std::to_wstring(objects[place].asInteger()));
+        done = end + kMarkEnd.size();
+    }
+    return result.append(code, done);
+}
 
 void writeField(SaveContext& context, const KdDbObject& field) {
     const auto& state = stateOf<KdDbFieldState>(field);

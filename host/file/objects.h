@@ -11,6 +11,11 @@ void writeObjects(SaveContext& context);
 void placeObjects(LoadContext& context, const FileSection& section);
 void readObjects(LoadContext& context, const FileSection& section);
 
+/// A formula's code as files have it: a mark in the place of each table that it names; the tables are added to
+/// `objects`. Other codes stay.
+std::wstring codeWithMarks(const std::wstring& code, std::vector<KdDbObjectId>& objects);
+std::wstring codeWithoutMarks(const std::wstring& code, const std::vector<KdDbObjectId>& objects);
+
 // One kind each.
 void writeTableStyle(SaveContext& context, const KdDbObject& style);
 void readTableStyle(LoadContext& context, KdDbObject& style, const FileObject& object);

@@ -5,9 +5,13 @@
 #include <map>
 
 #include "host/db/access.h"
+#include "host/db/fieldevaluation.h"
+#include "host/db/opening.h"
+#include "host/db/travellingcells.h"
 #include "host/file/cellcodes.h"
 #include "host/file/extrasrecord.h"
 #include "host/file/fingerprint.h"
+#include "host/file/objects.h"
 
 namespace kdhost::file {
 namespace {
@@ -35,7 +39,7 @@ bool isPlainContent(const Cell& cell) {
     if (!cell.objects) return cell.type == KdDb::kTextCell;
     const CellObjects& objects = *cell.objects;
     if (cell.type == KdDb::kBlockCell) return cell.text.empty() && objects.field.isNull();
-    const bool onlyField = objects == CellObjects{objects.field, {}, 1.0, 0.0, false};
+    const bool onlyField = objects == CellObjects{objects.field, {}, 1.0, 0.0, false, {}};
     return cell.type == KdDb::kTextCell && onlyField && (objects.field.isNull() || cell.text.empty());
 }
 
@@ -51,6 +55,54 @@ bool isStandardFormat(const Cell& cell) {
         if (!isIndexed(cell.ownValue(prop::lineColor.at(each.edge)))) return false;
     }
     return true;
+}
+
+std::vector<const KdDbField*> formulasAsWritten(const TableState& table) {
+    std::vector<const KdDbField*> formulas;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (const Cell& cell : table.rows[row].cells) {
+            forEachFieldIn(cell.field(), [&](const KdDbField& field) {
+                if (stateOf<KdDbFieldState>(field).asWritten != nullptr) formulas.push_back(&field);
+            });
+        }
+    }
+    return formulas;
+}
+
+/// What formulas remember of their codes; nothing is written where none does.
+void writeFormulas(SaveContext& context, const TableState& table) {
+    const std::vector<const KdDbField*> formulas = formulasAsWritten(table);
+    if (formulas.empty()) return;
+    context.out.raw(300, "WRITTEN");
+    context.out.integer(90, static_cast<std::int64_t>(formulas.size()));
+    for (const KdDbField* field : formulas) {
+        const WrittenFormula& written = *stateOf<KdDbFieldState>(*field).asWritten;
+        std::vector<KdDbObjectId> objects;
+        const std::wstring code = codeWithMarks(written.code, objects);
+        context.out.handle(330, field->handle());
+        context.out.integer(90, written.row);
+        context.out.integer(90, written.column);
+        context.out.longText(2, 1, code);
+        context.out.integer(90, static_cast<std::int64_t>(objects.size()));
+        for (const KdDbObjectId object : objects) context.out.handle(330, context.handleOf(object));
+    }
+}
+
+void readFormulas(LoadContext& context, ExtrasReader& reader) {
+    for (int left = reader.count(90); left > 0; --left) {
+        const KdDbObjectId id = reader.pointer(330, context);
+        WrittenFormula written;
+        written.row = reader.index(90, INT32_MAX);
+        written.column = reader.index(90, INT32_MAX);
+        const std::wstring code = reader.longText(2, 1);
+        std::vector<KdDbObjectId> objects(static_cast<std::size_t>(reader.count(90)));
+        for (KdDbObjectId& each : objects) each = reader.pointer(330, context);
+        written.code = codeWithoutMarks(code, objects);
+        KdDbObject* field = id.isNull() ? nullptr : findObject(id);
+        if (field == nullptr || !field->isKindOf(KdDbField::desc())) continue;
+        auto& state = static_cast<KdDbFieldState&>(KdDbObjectAccess::stateForMaker(*field));
+        if (isFormulaCode(state.code)) state.asWritten = std::make_shared<const WrittenFormula>(std::move(written));
+    }
 }
 
 int wordsOf(const TableState& table, int row, const Cell& cell) {
@@ -73,6 +125,7 @@ void readContent(LoadContext& context, ExtrasReader& reader, Cell& cell) {
     cell.text = reader.longText(2, 1);
     CellObjects objects;
     objects.field = cell.field();
+    if (cell.objects) objects.attributes = cell.objects->attributes;
     objects.block = reader.pointer(330, context);
     objects.blockScale = reader.real(40);
     objects.blockRotation = reader.real(40);
@@ -169,7 +222,7 @@ bool needsExtras(const TableState& table) {
             if (wordsOf(table, row, cell) != 0) return true;
         }
     }
-    return false;
+    return !formulasAsWritten(table).empty();
 }
 
 void writeTableExtras(SaveContext& context, const TableState& table, const TablePrints& prints) {
@@ -221,6 +274,7 @@ void writeTableExtras(SaveContext& context, const TableState& table, const Table
             if ((words & kContent) != 0) writeContent(context, cell);
         }
     }
+    writeFormulas(context, table);
 }
 
 void readTableExtras(LoadContext& context, TagSpan tags, const TablePrints& prints, LoadedTable& table) {
@@ -245,6 +299,8 @@ void readTableExtras(LoadContext& context, TagSpan tags, const TablePrints& prin
         }
         require(row == table.rows.size(), "the styles of rows are not those of the table");
     }
+    ExtrasReader written(tags);
+    if (written.toSection("WRITTEN")) readFormulas(context, written);
     ExtrasReader reader(tags);
     Formats formats;
     if (reader.toSection("FORMATS")) formats = readFormats(context, reader);

@@ -1,5 +1,6 @@
 // Cells from the clipboard: where they go, what refuses them, and how they get there whole.
 
+#include "kd/db/field.h"
 #include "tests/module/exchange/clipfixture.h"
 
 namespace {
@@ -93,6 +94,93 @@ TEST_F(CellPastes, take_formulas_along_that_read_the_cells_pasted) {
     OpenObject<KdDbTable>(id, KdDb::kForWrite)->setTextString(2, 1, L"10");
     EXPECT_STREQ(look(id).textString(2, 3), L"30");
     EXPECT_STREQ(look(id).textString(0, 2), L"6");
+}
+
+/// Formulas whose cells stay behind, as in spreadsheets.
+class FormulaPastes : public CellPastes {
+protected:
+    /// Numbers in A1 to B4, and in C1 a formula over them.
+    KdDbObjectId sheet(const char* formula) {
+        const KdDbObjectId id = add(table(4, 4).fill());
+        OpenObject<KdDbTable> open(id, KdDb::kForWrite);
+        for (int row = 0; row < 4; ++row) {
+            for (int column = 0; column < 4; ++column) {
+                open->setTextString(row, column, std::to_wstring(10 * row + column + 1).c_str());
+            }
+        }
+        open.close();
+        putPlain(formula);
+        EXPECT_EQ(paste(id, "C1"), 1);
+        return id;
+    }
+    static std::wstring code(KdDbObjectId id, int row, int column) {
+        const OpenObject<KdDbField> field(look(id).fieldId(row, column), KdDb::kForRead);
+        return field ? field->getFieldCode(KdDbField::kAddChildren).str() : L"(none)";
+    }
+};
+
+TEST_F(FormulaPastes, copied_alone_read_what_lies_around_the_new_cell) {
+    const KdDbObjectId id = sheet("=A1*B1");
+    ASSERT_STREQ(look(id).textString(0, 2), L"2");
+    ASSERT_EQ(copy(id, "C1"), 1);
+    EXPECT_EQ(code(id, 0, 2), L"\\AcExpr (A1*B1)") << "the source keeps its own";
+    EXPECT_EQ(paste(id, "C2:C4"), 1);
+    EXPECT_EQ(code(id, 1, 2), L"\\AcExpr (A2*B2)");
+    EXPECT_EQ(code(id, 3, 2), L"\\AcExpr (A4*B4)");
+    EXPECT_STREQ(look(id).textString(1, 2), L"132");
+    OpenObject<KdDbTable>(id, KdDb::kForWrite)->setTextString(1, 0, L"2");
+    EXPECT_STREQ(look(id).textString(1, 2), L"24");
+    EXPECT_EQ(underWay(), 0);
+}
+
+TEST_F(FormulaPastes, keep_what_dollar_signs_fix_and_whole_ranges) {
+    const KdDbObjectId id = sheet("=Sum(A1:B2)+$A$1+A$1");
+    ASSERT_EQ(copy(id, "C1"), 1);
+    EXPECT_EQ(paste(id, "D2"), 1);
+    EXPECT_EQ(code(id, 1, 3), L"\\AcExpr (Sum(B2:C3)+$A$1+B$1)");
+}
+
+TEST_F(FormulaPastes, that_would_read_outside_the_table_are_broken) {
+    const KdDbObjectId id = sheet("=A1*B1");
+    ASSERT_EQ(copy(id, "C1"), 1);
+    EXPECT_EQ(paste(id, "B2"), 1);
+    EXPECT_EQ(code(id, 1, 1), L"\\AcExpr (#REF!*A2)");
+    EXPECT_STREQ(look(id).textString(1, 1), L"####");
+    ASSERT_EQ(copy(id, "B2"), 1);
+    EXPECT_EQ(paste(id, "D2"), 1) << "what was broken stays so";
+    EXPECT_EQ(code(id, 1, 3), L"\\AcExpr (#REF!*C2)");
+}
+
+TEST_F(FormulaPastes, copied_with_some_of_their_cells_read_as_from_the_place_they_came_from) {
+    const KdDbObjectId id = sheet("=A1*B1");
+    ASSERT_EQ(copy(id, "B1:C1"), 1);
+    EXPECT_EQ(paste(id, "C3"), 1);
+    EXPECT_EQ(code(id, 2, 3), L"\\AcExpr (B3*C3)");
+    EXPECT_STREQ(look(id).textString(2, 3), L"44");
+}
+
+TEST_F(FormulaPastes, arrive_in_other_drawings_and_once_more_from_there) {
+    const KdDbObjectId id = sheet("=A1*B1");
+    ASSERT_EQ(copy(id, "C1"), 1);
+    host.run(L"NEW\n");
+    const KdDbObjectId other = add(table(3, 3).text("A2", L"5").text("B2", L"6"));
+    EXPECT_EQ(paste(other, "C2"), 1);
+    EXPECT_EQ(code(other, 1, 2), L"\\AcExpr (A2*B2)");
+    EXPECT_STREQ(look(other).textString(1, 2), L"30");
+    ASSERT_EQ(copy(other, "C2"), 1);
+    EXPECT_EQ(paste(other, "C3"), 1);
+    EXPECT_EQ(code(other, 2, 2), L"\\AcExpr (A3*B3)");
+}
+
+TEST_F(FormulaPastes, of_tables_whose_rows_went_by_an_edit_are_as_that_left_them) {
+    const KdDbObjectId id = sheet("=A1*B1");
+    ASSERT_EQ(copy(id, "C1"), 1);
+    EXPECT_EQ(paste(id, "C4"), 1);
+    OpenObject<KdDbTable>(id, KdDb::kForWrite)->deleteColumns(0, 1);
+    EXPECT_EQ(code(id, 3, 1), L"\\AcExpr (#REF!*A4)");
+    ASSERT_EQ(copy(id, "B4"), 1);
+    EXPECT_EQ(paste(id, "C4"), 1);
+    EXPECT_EQ(code(id, 3, 2), L"\\AcExpr (#REF!*B4)");
 }
 
 TEST_F(CellPastes, are_one_step_of_undo) {
@@ -202,6 +290,27 @@ TEST_F(CellPastes, that_the_host_refuses_fail_without_a_word) {
     EXPECT_EQ(paste(id, "B2"), 0) << "the merge in the last row isn't looked at, and would be torn";
     EXPECT_EQ(describe(look(id)), before);
     EXPECT_EQ(steps().size(), stepsBefore);
+}
+
+// Three refusals have a message; a locked layer is none of them, as with every edit of a table.
+TEST_F(CellPastes, onto_a_locked_layer_are_refused_without_a_word) {
+    const KdDbObjectId id = add(table(3, 3).fill());
+    ASSERT_EQ(copy(id, "A1"), 1);
+    const std::string before = describe(look(id));
+    const std::size_t stepsBefore = steps().size();
+    const auto lock = [&](bool locked) {
+        OpenObject<KdDbLayerTableRecord>(look(id).layerId(), KdDb::kForWrite)->setIsLocked(locked);
+    };
+    lock(true);
+    const BoxAnswers boxes;
+    EXPECT_EQ(paste(id, "B2"), 0);
+    putPlain("text");
+    EXPECT_EQ(paste(id, "B2"), 0);
+    EXPECT_EQ(describe(look(id)), before);
+    EXPECT_EQ(steps().size(), stepsBefore);
+    EXPECT_EQ(underWay(), 0);
+    lock(false);
+    EXPECT_EQ(paste(id, "B2"), 1);
 }
 
 TEST_F(CellPastes, need_a_selection_and_a_table_open_for_write) {
