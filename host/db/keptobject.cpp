@@ -17,6 +17,7 @@ void KeptTags::mapIds(const IdMapper& map) {
 }
 
 void ForeignTags::mapIds(const IdMapper& map) {
+    groups.mapIds(map);
     common.mapIds(map);
     own.mapIds(map);
 }

@@ -38,6 +38,7 @@ struct KeptTags {
 
 /// What a file says of a known object beyond what the object's class holds.
 struct ForeignTags {
+    KeptTags groups;  ///< of references, before all classes: who wants to be told of it
     KeptTags common;  ///< of what all entities have
     KeptTags own;     ///< of its own class, and what programs have hung on it
 

@@ -34,6 +34,20 @@ constexpr RowCode kRowCodes[] = {{64, 0x20}, {283, 0x100}, {63, 0x800}, {170, 0x
 /// Title, header, data; the places of their cell styles.
 constexpr int kRowKinds = 3;
 
+/// Overrides of the edges of title, header and data: which mask tells them, and the codes that their values have.
+struct EdgeMask {
+    int maskCode;
+    int firstCode;
+    int lastCode;
+};
+/// An edge of a cell, and what it is among other rows or columns of its kind; places in kEdges.
+struct EdgeSource {
+    int edge;
+    int inside;
+};
+constexpr EdgeSource kEdgeSources[] = {{0, 1}, {2, 1}, {3, 4}, {5, 4}};
+constexpr EdgeMask kEdgeMasks[] = {{94, 63, 69}, {95, 274, 279}, {96, 284, 289}};
+
 class Reader {
 public:
     Reader(LoadContext& context, KdDbTable& table, const FileObject& object)
@@ -101,6 +115,11 @@ private:
                 case 93:
                     m_overrides = asked(integerOf(*m_at));
                     break;
+                case 94:
+                case 95:
+                case 96:
+                    m_edgeMasks[m_at->code - 94] = asked(integerOf(*m_at));
+                    break;
                 case 141:
                     m_heights.push_back(size(*m_at));
                     break;
@@ -165,6 +184,7 @@ private:
         if (read.formats != nullptr) cell.overrides = overrides(read.formats);
         if (m_at != m_tags.last && m_at->code == kValueBegin) value(cell, read.text);
         if (read.objects.field.isNull()) cell.text = std::move(read.text);
+        std::erase_if(read.objects.attributes, [](const BlockAttribute& each) { return each.definition.isNull(); });
         if (read.objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(read.objects);
         m_spans.push_back(read.span);
     }
@@ -200,6 +220,12 @@ private:
                 break;
             case 144:
                 read.objects.blockScale = asked(realOf(*tag));
+                break;
+            case 331:
+                read.objects.attributes.push_back({m_context.idOf(asked(handleOf(*tag))), {}});
+                break;
+            case 300:
+                if (!read.objects.attributes.empty()) read.objects.attributes.back().text = textOf(tag->value());
                 break;
             case 1:
             case 2:
@@ -276,8 +302,61 @@ private:
             if (tag.code != each.code) continue;
             int& place = m_rowPlaces[&each - kRowCodes];
             while (place < kRowKinds && (m_overrides & (each.firstBit << place)) == 0) ++place;
-            if (place < kRowKinds) m_rowOverrides[place++].take(m_context, tag, ~std::int64_t{0});
+            if (place == kRowKinds) continue;
+            return m_rowOverrides[place++].take(m_context, tag, ~std::int64_t{0});
         }
+        for (const EdgeMask& each : kEdgeMasks) takeForEdges(tag, each);
+    }
+
+    /// The values of one kind stand in the order of their bits, six for each kind of row.
+    void takeForEdges(const Tag& tag, const EdgeMask& kind) {
+        if (tag.code < kind.firstCode || tag.code > kind.lastCode) return;
+        int& place = m_edgePlaces[&kind - kEdgeMasks];
+        const std::int64_t mask = m_edgeMasks[&kind - kEdgeMasks];
+        while (place < kRowKinds * kEdgeCount && (mask >> place & 1) == 0) ++place;
+        if (place == kRowKinds * kEdgeCount) return;
+        FormatOverrides& row = m_edgeOverrides[place / kEdgeCount];
+        const int edge = place++ % kEdgeCount;
+        const auto set = [&](const auto& which, const auto& value) {
+            row.own |= which.bit;
+            which.in(row.format) = value;
+        };
+        if (kind.maskCode == 94) set(kdhost::property::lineColor.at(edge), indexedColor(tag));
+        if (kind.maskCode == 95) set(kdhost::property::weight.at(edge), lineWeight(tag));
+        if (kind.maskCode == 96) set(kdhost::property::visibility.at(edge), file::visibility(tag));
+    }
+
+    /// The edges that a cell has of those of its kind of row: outer ones where rows of that kind begin and end.
+    void overrideEdges(std::size_t row) {
+        const std::vector<TableRow>& rows = m_loaded.rows;
+        const std::uint16_t kind = rows[row].style;
+        if (m_edgeOverrides[kind].own == 0) return;
+        const bool isFirst = row == 0 || rows[row - 1].style != kind;
+        const bool isLast = row + 1 == rows.size() || rows[row + 1].style != kind;
+        std::vector<Cell>& cells = m_loaded.rows[row].cells;
+        for (std::size_t column = 0; column < cells.size(); ++column) {
+            const bool isOuter[] = {isFirst, isLast, column == 0, column + 1 == cells.size()};
+            FormatOverrides own;
+            for (const EdgeSource& each : kEdgeSources) {
+                takeEdge(own, each.edge, isOuter[&each - kEdgeSources] ? each.edge : each.inside, kind);
+            }
+            if (own.own != 0) addOverrides(cells[column], own);
+        }
+    }
+
+    void takeEdge(FormatOverrides& own, int edge, int from, std::uint16_t kind) const {
+        namespace prop = kdhost::property;
+        const FormatOverrides& all = m_edgeOverrides[kind];
+        const auto take = [&](const auto& family) {
+            const auto source = family.at(from);
+            const auto target = family.at(edge);
+            if ((all.own & source.bit) == 0) return;
+            own.own |= target.bit;
+            target.in(own.format) = source.in(all.format);
+        };
+        take(prop::lineColor);
+        take(prop::weight);
+        take(prop::visibility);
     }
 
     void setMargin(const FormatProperty<double>& which, double margin) {
@@ -338,6 +417,7 @@ private:
             overrideRow(m_loaded.rows[row]);
             for (Cell& cell : m_loaded.rows[row].cells) cell.style = style;
         }
+        for (std::size_t row = 0; row < m_loaded.rows.size(); ++row) overrideEdges(row);
         const TagSpan record = extrasOf(m_context, m_object);
         if (!record.empty()) readTableExtras(m_context, record, fingerprintsOf(m_tags), m_loaded);
     }
@@ -380,6 +460,9 @@ private:
     ReadOverrides m_rowOverrides[kRowKinds];
     CopyOnWrite<FormatOverrides> m_rowShared[kRowKinds];
     int m_rowPlaces[std::size(kRowCodes)] = {};
+    std::int64_t m_edgeMasks[std::size(kEdgeMasks)] = {};
+    int m_edgePlaces[std::size(kEdgeMasks)] = {};
+    FormatOverrides m_edgeOverrides[kRowKinds];
 };
 
 }  // namespace

@@ -121,12 +121,23 @@ private:
         if (isBlock) {
             m_out.handle(340, m_context.handleOf(cell.block()));
             m_out.real(144, cell.objects ? cell.objects->blockScale : 1.0);
-            m_out.integer(179, 0);
+            attributes(cell);
         }
         if (field != 0) m_out.handle(344, field);
         if (mask != 0) overrides(cell, mask);
         m_out.integer(92, 0);
         value(isBlock ? L"" : shownText(m_table, cell), cell);
+    }
+
+    void attributes(const Cell& cell) {
+        std::vector<BlockAttribute> written;
+        if (cell.objects) written = cell.objects->attributes;
+        std::erase_if(written, [&](const BlockAttribute& each) { return m_context.handleOf(each.definition) == 0; });
+        m_out.integer(179, static_cast<std::int64_t>(written.size()));
+        for (const BlockAttribute& each : written) {
+            m_out.handle(331, m_context.handleOf(each.definition));
+            m_out.text(300, each.text);
+        }
     }
 
     template <class T>

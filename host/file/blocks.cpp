@@ -190,6 +190,8 @@ void readEntities(LoadContext& context, const FileSection& blocks, const FileSec
         auto& state = static_cast<KdDbBlockTableRecordState&>(KdDbObjectAccess::stateForMaker(block));
         const auto& record = static_cast<const KdDbBlockTableRecord&>(block);
         RecordReader reader(context, block, object);
+        // They would stand at the record then.
+        reader.forgetGroups();
         reader.subclass("AcDbEntity");
         reader.forget();
         describeBegin(reader, state, record.isAnonymous() && !record.isLayout());

@@ -138,6 +138,8 @@ void writeIdentity(SaveContext& context, std::string_view name, const KdDbObject
         context.out.handle(360, extension);
         context.out.raw(102, "}");
     }
+    const auto& foreign = KdDbObjectAccess::state(object).foreign;
+    if (foreign != nullptr) context.keptTags(foreign->groups, object);
     context.out.handle(330, context.handleOf(object.ownerId()));
 }
 

@@ -127,9 +127,24 @@ KeptTags LoadContext::keep(TagSpan tags, const FileObject* identity) {
     return kept;
 }
 
+KeptTags LoadContext::keepGroups(const FileObject& object) {
+    KeptTags kept;
+    for (TagIterator tag = object.tags.first; tag != object.body; ++tag) {
+        if (tag->code != 102) continue;
+        const TagIterator end = behindGroup(tag, object.tags.last) - 1;
+        const bool isExtension = tag->value() == "{ACAD_XDICTIONARY";
+        for (; tag != end; ++tag) {
+            if (!isExtension) keep(tag, kept);
+        }
+        if (!isExtension) keep(end, kept);
+    }
+    return kept;
+}
+
 void LoadContext::setForeign(KdDbObject& object, ForeignTags tags) {
-    if (tags.common.empty() && tags.own.empty()) return;
+    if (tags.groups.empty() && tags.common.empty() && tags.own.empty()) return;
     auto& foreign = KdDbObjectAccess::stateForMaker(object).foreign;
+    if (foreign != nullptr && tags.groups.empty()) tags.groups = foreign->groups;
     if (foreign != nullptr && tags.common.empty()) tags.common = foreign->common;
     if (foreign != nullptr && tags.own.empty()) tags.own = foreign->own;
     foreign = std::make_shared<const ForeignTags>(std::move(tags));

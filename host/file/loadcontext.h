@@ -51,6 +51,8 @@ struct LoadContext {
     /// the group of an extension dictionary is then left out, where the object itself has one.
     KeptTags keep(TagSpan tags, const FileObject* identity = nullptr);
     void keep(TagIterator tag, KeptTags& kept);
+    /// The groups of references before the object's first subclass, but for that of its extension dictionary.
+    KeptTags keepGroups(const FileObject& object);
     /// What the file says of a known object beyond its class.
     void setForeign(KdDbObject& object, ForeignTags tags);
 

@@ -81,7 +81,9 @@ private:
 class RecordReader {
 public:
     RecordReader(LoadContext& context, KdDbObject& object, const FileObject& source)
-        : m_context(context), m_object(object), m_subclasses(subclassesOf(source)) {}
+        : m_context(context), m_object(object), m_subclasses(subclassesOf(source)) {
+        m_foreign.groups = context.keepGroups(source);
+    }
     static constexpr bool kReads = true;
 
     /// The attributes asked for from now on stand in this subclass, which must be the next one.
@@ -89,6 +91,8 @@ public:
     void endCommon() { leave(m_foreign.common); }
     /// Lets go of what nobody asked for in the subclass.
     void forget() { m_tags = {}; }
+    /// Lets go of the groups of references before the first subclass.
+    void forgetGroups() { m_foreign.groups = {}; }
     void end();
 
     void value(int code, double& number) { number = asked(realOf(needed(code))); }
