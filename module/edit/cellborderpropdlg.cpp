@@ -3,7 +3,6 @@
 #include "module/edit/cellborderpropdlg.h"
 
 #include "kd/db/table.h"
-#include "kd/ui/widgets.h"
 #include "module/core/cellwalk.h"
 #include "module/core/openobject.h"
 #include "module/preview/tablecellfromtable.h"
@@ -18,11 +17,6 @@ constexpr const char* kColorBox = "IDC_CELLBORDERPROP_COLOR_COMBOBOX";
 constexpr const char* kDoubleLineButton = "IDC_CELLBORDERPROP_DOUBLELINE_BUTTON";
 constexpr const char* kSpacingEdit = "IDC_CELLBORDERPROP_SPACING_EDIT";
 constexpr const char* kPreview = "IDC_CELLBORDERPROP_PREVIEW_STATIC";
-
-// Kinds of samples in the boxes.
-constexpr int kLinetypeSamples = 1;
-constexpr int kWeightSamples = 2;
-constexpr int kColorSamples = 3;
 
 enum SelectionStatus : int { kNoTable, kOneCell, kNoMerges, kOneUnmergedCell, kOtherCells };
 
@@ -68,10 +62,6 @@ void forEachLine(const KdDbTable& table, const KdCellRange& cells, int edges, Vi
         forEachEdge(edges, [&](KdDb::GridLineType edge) { visit(row, column, edge); });
         return false;
     });
-}
-
-void setBoxStyle(const CComboBox& box, int style) {
-    if (auto* widget = box.widgetAs<KdUiComboBox>()) widget->setComboBoxStyle(style);
 }
 
 }  // namespace
@@ -133,9 +123,7 @@ void CVqTableCellBorderPropDlg::DoDataExchange(CDataExchange* exchange) {
 int CVqTableCellBorderPropDlg::OnInitDialog() {
     KdUiBaseDialog::OnInitDialog();
     m_boxes.type.setDatabase(database());
-    setBoxStyle(m_boxes.color, kColorSamples);
-    setBoxStyle(m_boxes.type, kLinetypeSamples);
-    setBoxStyle(m_boxes.weight, kWeightSamples);
+    m_boxes.showSamples();
     setWindowIcon();
     LoadButtonBitmap();
     UpdateFormDatabaseData();

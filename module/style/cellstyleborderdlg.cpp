@@ -96,9 +96,7 @@ void CVqTableCellStyleBorderDlg::SetButtonToolTip() {
 }
 
 void CVqTableCellStyleBorderDlg::InitUI() {
-    setBoxStyle(kColorBox, kColorSamples);
-    setBoxStyle(kTypeBox, kLinetypeSamples);
-    setBoxStyle(kWeightBox, kWeightSamples);
+    m_boxes.showSamples();
 }
 
 bool CVqTableCellStyleBorderDlg::PreTranslateMessage(MSG* message) {

@@ -88,7 +88,7 @@ void CVqTableCellStyleGeneralDlg::FillTypeComboBox() {
 }
 
 void CVqTableCellStyleGeneralDlg::InitUI() {
-    setBoxStyle(kFillColorBox, kColorSamples);
+    showSamples(m_fillColorBox, kColorSamples);
 }
 
 int CVqTableCellStyleGeneralDlg::UpdateFormDatabaseData() {

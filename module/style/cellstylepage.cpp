@@ -2,10 +2,7 @@
 
 #include "module/style/cellstylepage.h"
 
-#include <QComboBox>
-
 #include "kd/db/tablestyle.h"
-#include "kd/ui/widgets.h"
 #include "module/core/transactions.h"
 #include "module/style/tablestyleeditdlg.h"
 
@@ -46,8 +43,4 @@ int CVqTableCellStylePage::UpdatePreview(int rebuild) const {
 
 void CVqTableCellStylePage::initPageWindow() {
     ModifyStyleEx(WS_EX_CONTROLPARENT, 0);
-}
-
-void CVqTableCellStylePage::setBoxStyle(const char* control, BoxSamples samples) const {
-    if (auto* box = qobject_cast<KdUiComboBox*>(getWidgetsFromOrignal(control, 0))) box->setComboBoxStyle(samples);
 }

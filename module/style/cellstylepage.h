@@ -67,9 +67,6 @@ protected:
 
     /// The last touch of every page's opening.
     void initPageWindow();
-    /// Gives a box of the page the samples of its kind; see KdUiComboBox::setComboBoxStyle.
-    enum BoxSamples : int { kLinetypeSamples = 1, kWeightSamples = 2, kColorSamples = 3 };
-    void setBoxStyle(const char* control, BoxSamples samples) const;
 
 private:
     KdDbObjectId m_idStyle;

@@ -108,7 +108,7 @@ void CVqTableCellStyleTextDlg::FillTextStyleComboBox() {
 }
 
 void CVqTableCellStyleTextDlg::InitUI() {
-    setBoxStyle(kColorBox, kColorSamples);
+    showSamples(m_colorBox, kColorSamples);
 }
 
 int CVqTableCellStyleTextDlg::UpdateFormDatabaseData() {

@@ -62,6 +62,12 @@ bool EdgeLooks::IsSpacingUnification() const {
     return holdsAllEdges(spacings) && std::adjacent_find(spacings.begin(), spacings.end(), differ) == spacings.end();
 }
 
+void LineBoxes::showSamples() const {
+    ::showSamples(weight, kWeightSamples);
+    ::showSamples(type, kLinetypeSamples);
+    ::showSamples(color, kColorSamples);
+}
+
 void LineBoxes::show(const EdgeLooks& looks) {
     weight.SetCurSel(
         rowOrMixed(looks.IsLineWeightUnification() ? weight.FindItemByLineWeight(looks.lineWeights[0]) : -1));

@@ -52,6 +52,8 @@ struct LineBoxes {
     CKdUiLineTypeComboBox type;
     CKdUiTrueColorComboBox color;
 
+    /// Each box paints the samples of its kind.
+    void showSamples() const;
     /// What the edges agree in; where they don't, or no row has it, by block.
     void show(const EdgeLooks& looks);
     /// The line type of the row chosen, after the user has chosen another one where the row stands for that. Null when

@@ -6,6 +6,7 @@
 
 #include "kd/ui/comboboxes.h"
 #include "kd/ui/hostdialogs.h"
+#include "kd/ui/widgets.h"
 #include "module/core/resources.h"
 #include "module/style/controls/sortorder.h"
 
@@ -39,6 +40,10 @@ void finishColorChoice(CKdUiMRUComboBox& box) {
     box.clearDropFlags(kDropFlags);
     box.OnSelEndOk();
     box.OnCloseUp();
+}
+
+void showSamples(const CComboBox& box, BoxSamples samples) {
+    if (auto* widget = box.widgetAs<KdUiComboBox>()) widget->setComboBoxStyle(samples);
 }
 
 void addAlignments(CComboBox& box) {

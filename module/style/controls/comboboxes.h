@@ -14,6 +14,10 @@ CStdStr<wchar_t> selectedText(const CComboBox& box);
 /// the entry for other colours after the host has asked for one.
 void finishColorChoice(CKdUiMRUComboBox& box);
 
+/// The samples that a box paints before the texts of its rows; see KdUiComboBox::setComboBoxStyle.
+enum BoxSamples : int { kLinetypeSamples = 1, kWeightSamples = 2, kColorSamples = 3 };
+void showSamples(const CComboBox& box, BoxSamples samples);
+
 /// Adds a row for each alignment of cells, in the order of KdDb::CellAlignment.
 void addAlignments(CComboBox& box);
 
