@@ -10,6 +10,11 @@ KdDbTransactionManager* currentTransactions() {
     return document == nullptr ? nullptr : document->transactionManager();
 }
 
+KdDbTransaction* startTransaction() {
+    KdDbTransactionManager* transactions = currentTransactions();
+    return transactions == nullptr ? nullptr : transactions->startTransaction();
+}
+
 KdDbTransaction* topTransaction() {
     const KdDbTransactionManager* transactions = currentTransactions();
     return transactions == nullptr ? nullptr : transactions->topTransaction();

@@ -6,6 +6,9 @@
 /// Null without a document.
 KdDbTransactionManager* currentTransactions();
 
+/// Starts one within those that are open; null, with none started, without a document and when the host refuses.
+KdDbTransaction* startTransaction();
+
 /// The innermost open transaction; null when none is open.
 KdDbTransaction* topTransaction();
 

@@ -17,9 +17,7 @@ constexpr EditMark kManageCellStyles{.name = L"ManCellStyle", .titleText = 2132,
 }  // namespace
 
 void manageCellStylesOf(KdDbObjectId id) {
-    KdDbTransactionManager* transactions = currentTransactions();
-    KdDbTransaction* transaction = transactions == nullptr ? nullptr : transactions->startTransaction();
-    const auto* style = getObject<KdDbTableStyle>(transaction, id, KdDb::kForWrite);
+    const auto* style = getObject<KdDbTableStyle>(startTransaction(), id, KdDb::kForWrite);
     // The transaction stays open then, for whoever ends the next one.
     if (style == nullptr) return;
 
@@ -28,9 +26,9 @@ void manageCellStylesOf(KdDbObjectId id) {
     dialog.SetTableStyleId(id);
     dialog.SetTableStyleName(nameOfTableStyle(*style));
     if (dialog.DoModal() == IDOK) {
-        transactions->endTransaction();
+        currentTransactions()->endTransaction();
     } else {
-        transactions->abortTransaction();
+        currentTransactions()->abortTransaction();
     }
 }
 

@@ -49,8 +49,10 @@ int CVqTableStyleEditDlg::LaunchCreateCellStyleDlg() {
     CStdStr<wchar_t> from;
     dialog.GetCellStyleName(name);
     AddCellStyleName(name);
-    // The box shows the new name before there is a cell style of it.
+    // The box shows the new name before there is a cell style of it. Refilled, it has no choice yet, so that the new
+    // name is one in whichever row it stands, and the pages follow it.
     FillCellStyleComboBox();
+    showRow(m_cellStyleBox, -1);
     m_cellStyleBox.SetCurSel(m_cellStyleBox.FindStringExact(-1, name));
     dialog.GetFromCellStyleName(from);
     CreateCellStyle(name, from);
@@ -68,8 +70,7 @@ void CVqTableStyleEditDlg::CreateCellStyle(const CStdStr<wchar_t>& name, const C
 int CVqTableStyleEditDlg::LaunchManageCellStyleDlg() {
     CVqTableManagerCellStyleDlg dialog(this);
     for (const CStdStr<wchar_t>& name : m_cellStyleNames) dialog.AddCellStyleName(name);
-    KdDbTransactionManager* transactions = currentTransactions();
-    KdDbTransaction* inner = transactions == nullptr ? nullptr : transactions->startTransaction();
+    KdDbTransaction* inner = startTransaction();
     if (inner == nullptr) return 0;
     // Without the style the inner transaction stays open, for the caller of this dialog to end with the outer one.
     if (getObject<KdDbTableStyle>(inner, m_idStyle, KdDb::kForRead) == nullptr) return 0;
@@ -77,11 +78,11 @@ int CVqTableStyleEditDlg::LaunchManageCellStyleDlg() {
     dialog.SetTableStyleId(m_idStyle);
     dialog.SetTableStyleName(m_strStyleName);
     if (dialog.DoModal() != 1) {
-        transactions->abortTransaction();
+        currentTransactions()->abortTransaction();
         return 0;
     }
     // Into the outer transaction, whose abort still takes it back.
-    transactions->endTransaction();
+    currentTransactions()->endTransaction();
     LoadCellStyleFromDatabase();
     FillCellStyleComboBox();
     return 1;

@@ -142,6 +142,19 @@ TEST_F(StyleEditCellStyles, The_box_is_refilled_before_the_cell_style_exists_so_
     EXPECT_EQ(cellStyles().size(), 3U);
 }
 
+TEST_F(StyleEditCellStyles, From_its_row_a_new_cell_style_that_comes_first_is_shown_by_the_pages_too) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        nameNext("Amounts");
+        choose(kCellStyleBox, "Create cell style");
+        backIn(dialog);
+        EXPECT_EQ(shown(dialog), "Amounts") << "in row 0, where Data was";
+        enter(dialog, kHorizontalEdit, "6");
+        EXPECT_EQ(style().margin(KdDb::kCellMarginLeft, L"Amounts"), 6.0);
+        EXPECT_EQ(style().margin(KdDb::kCellMarginLeft, L"_DATA"), 1.0);
+        cancel(dialog);
+    });
+}
+
 TEST_F(StyleEditCellStyles, A_new_cell_style_that_comes_last_is_shown_by_the_button_though_its_row_reopens_the_list) {
     edit([&](CVqTableStyleEditDlg& dialog) {
         nameNext("Zinc");
