@@ -1,0 +1,2 @@
+def check(run):
+    assert run.dump == run.play(["TABLEIMPORT", "schedule.csv", "0,200"])
