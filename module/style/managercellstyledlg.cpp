@@ -85,6 +85,10 @@ void CVqTableManagerCellStyleDlg::SetTableStyleName(const CStdStr<wchar_t>& name
     m_strTableStyle = name;
 }
 
+bool CVqTableManagerCellStyleDlg::PreTranslateMessage(MSG* message) {
+    return KdUiBaseDialog::PreTranslateMessage(message);
+}
+
 int CVqTableManagerCellStyleDlg::OnInitDialog() {
     KdUiBaseDialog::OnInitDialog();
     setWindowIcon();

@@ -30,6 +30,10 @@ public:
     void SetTableStyleId(const KdDbObjectId& style);
     void SetTableStyleName(const CStdStr<wchar_t>& name);
 
+    /// Forwards to the base alone.
+    bool PreTranslateMessage(MSG* message) override;
+    /// The preview goes before what it shows.
+    void OnDestroy() override;
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
     void bindSingals() override;
@@ -74,16 +78,16 @@ private:
 
     KdDbTableStyle* style(KdDb::OpenMode mode) const;
     CStdStr<wchar_t> rowText(int row) const;
-    void object(unsigned textNumber);
+    void refuse(unsigned textNumber);
 
+    CListCtrl m_ctrlList;
+    CVqPreviewStatic m_ctrlPreview;
     CStringArray m_names;           ///< display names of all cell styles
     CStdStr<wchar_t> m_strOldName;  ///< of the row whose label is edited
     CStdStr<wchar_t> m_strRenamed;  ///< what was typed there
     CStdStr<wchar_t> m_strTableStyle;
     KdDbObjectId m_idStyle;
     KdDbTransaction* m_pTransaction = nullptr;  ///< the one that was innermost when the dialog opened
-    CListCtrl m_ctrlList;
-    std::unique_ptr<CVqTableCellFromTableStyle> m_pPreviewCell;  // outlives the control that shows it
-    CVqPreviewStatic m_ctrlPreview;
+    std::unique_ptr<CVqTableCellFromTableStyle> m_pPreviewCell;
     CRect m_windowRect;
 };

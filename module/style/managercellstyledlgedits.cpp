@@ -65,12 +65,12 @@ void CVqTableManagerCellStyleDlg::OnLvnEndlabeleditCellstyleList(NMHDR* header, 
     m_strOldName = rowText(notice.iItem);
     if (m_strRenamed.empty()) return;
     if (!CVqTableCommon::CheckStyleNameValid(m_strRenamed)) {
-        object(kInvalidText);
+        refuse(kInvalidText);
         return;
     }
     // The style's own name exists as well, so that its case alone can't be changed.
     if (IsExistCellStyle(m_strRenamed)) {
-        object(kExistsText);
+        refuse(kExistsText);
         return;
     }
     RenameCellStyle(m_strOldName, m_strRenamed);
@@ -79,7 +79,7 @@ void CVqTableManagerCellStyleDlg::OnLvnEndlabeleditCellstyleList(NMHDR* header, 
     *result = 1;
 }
 
-void CVqTableManagerCellStyleDlg::object(unsigned textNumber) {
+void CVqTableManagerCellStyleDlg::refuse(unsigned textNumber) {
     MessageBoxW(loadText(textNumber), GetOemProductName(), MB_OK | MB_ICONWARNING);
     // The message has taken the label's edit away, and the focus with it.
     m_ctrlList.SetFocus();

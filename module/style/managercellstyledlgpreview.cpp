@@ -4,9 +4,9 @@
 #include "kd/db/tablestyle.h"
 #include "module/core/tablecommon.h"
 #include "module/core/transactions.h"
-#include "module/preview/tablecellfromtablestyle.h"
 #include "module/style/lineweightsshown.h"
 #include "module/style/managercellstyledlg.h"
+#include "module/style/styletablepreview.h"
 
 int CVqTableManagerCellStyleDlg::ShowPreviewPicture(const CStdStr<wchar_t>& name) {
     if (getObject<KdDbTableStyle>(topTransaction(), m_idStyle, KdDb::kForRead) == nullptr) return 0;
@@ -29,13 +29,14 @@ void CVqTableManagerCellStyleDlg::initializeCellPreviewer(const CStdStr<wchar_t>
 }
 
 int CVqTableManagerCellStyleDlg::CreatePreviewCell(const CStdStr<wchar_t>& name) {
-    KdDbTableStyle* open = style(KdDb::kForRead);
-    if (open == nullptr) return 0;
     CStdStr<wchar_t> internalName = name;
     CVqTableCommon::DefaultCellStyleConvert(internalName);
-    auto sample = std::make_unique<CVqTableCellFromTableStyle>(open, KdString(internalName), false);
-    sample->CreateTableCell();
-    if (sample->GetTableCell() == nullptr) return 0;
-    m_pPreviewCell = std::move(sample);
-    return 1;
+    m_pPreviewCell = makeCellStylePreview(style(KdDb::kForRead), internalName);
+    return m_pPreviewCell != nullptr ? 1 : 0;
+}
+
+void CVqTableManagerCellStyleDlg::OnDestroy() {
+    m_ctrlPreview.uninitPreviewer();
+    m_pPreviewCell.reset();
+    KdUiBaseDialog::OnDestroy();
 }

@@ -76,7 +76,7 @@ void CVqStyleNamingDlg::OnHelp() {
 void CVqStyleNamingDlg::OnOk() {
     const CStdStr<wchar_t> name = GetNewStyleName();
     if (const unsigned objection = objectionTo(name); objection != 0) {
-        object(objection);
+        refuse(objection);
         return;
     }
     SetNewStyleName(false);
@@ -91,7 +91,7 @@ unsigned CVqStyleNamingDlg::objectionTo(const CStdStr<wchar_t>& name) const {
     return 0;
 }
 
-void CVqStyleNamingDlg::object(unsigned textNumber) {
+void CVqStyleNamingDlg::refuse(unsigned textNumber) {
     MessageBoxW(loadText(textNumber), GetOemProductName(), MB_OK | MB_ICONWARNING);
     m_nameEdit.SetSel(0, -1);
     m_nameEdit.SetFocus();

@@ -50,7 +50,7 @@ private:
     void FillStartWithComboBox();
     /// Number of the message about what is wrong with a name; 0 when nothing is.
     unsigned objectionTo(const CStdStr<wchar_t>& name) const;
-    void object(unsigned textNumber);
+    void refuse(unsigned textNumber);
     /// The first free name for a copy of the start style.
     CStdStr<wchar_t> BuildNewStyleName(const CStdStr<wchar_t>& start) const;
     /// Whether a row of the start box is that name, regardless of case. Only what the caller listed is known.

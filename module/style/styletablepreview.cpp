@@ -1,4 +1,4 @@
-// How sample tables are laid out.
+// How samples of styles are made, and sample tables laid out.
 
 #include "module/style/styletablepreview.h"
 
@@ -119,4 +119,13 @@ std::unique_ptr<KdDbTable> makeTablePreview(KdDbDatabase* database, KdDbObjectId
     if (ssicmp(styles.front().cellStyle, L"_TITLE") != 0) writeFirstRowAsTheLast(*table);
     table->recomputeTableBlock(true);
     return table;
+}
+
+std::unique_ptr<CVqTableCellFromTableStyle> makeCellStylePreview(KdDbTableStyle* style,
+                                                                 const CStdStr<wchar_t>& cellStyle) {
+    if (style == nullptr) return nullptr;
+    auto sample = std::make_unique<CVqTableCellFromTableStyle>(style, KdString(cellStyle), false);
+    sample->CreateTableCell();
+    if (sample->GetTableCell() == nullptr) return nullptr;
+    return sample;
 }

@@ -11,7 +11,6 @@
 #include "kd/ui/hostdialogs.h"
 #include "module/core/drawingwalk.h"
 #include "module/core/openobject.h"
-#include "module/core/resources.h"
 #include "module/core/tablestyles.h"
 #include "module/style/controls/wiring.h"
 
@@ -20,9 +19,6 @@ namespace {
 constexpr const char* kList = "IDC_TABLESTYLE_STYLE_LIST";
 constexpr const char* kFilter = "IDC_TABLESTYLE_LIST_COMBOBOX";
 constexpr const char* kPreview = "IDC_TABLESTYLE_PREVIEWPIC_STATIC";
-
-constexpr unsigned kAllStylesText = 2013;
-constexpr unsigned kStylesInUseText = 2014;
 
 }  // namespace
 
@@ -84,16 +80,11 @@ int CVqTableStyleDlg::OnInitDialog() {
     SetCurrentTableStyleTip();
     fillFilterCombo();
     LoadTableStyleFromDatabase();
-    initializeTablePreviewer(m_strCurrentStyle);
+    m_idPreviewStyle = getCurrentTableStyleId();
+    initializeTablePreviewer();
     FillTableStyleNameList(m_nListFilter);
     ListSort();
     return 1;
-}
-
-void CVqTableStyleDlg::fillFilterCombo() {
-    m_ctrlFilterCombo.AddString(loadText(kAllStylesText));
-    m_ctrlFilterCombo.AddString(loadText(kStylesInUseText));
-    m_ctrlFilterCombo.SetCurSel(m_nListFilter ? 1 : 0);
 }
 
 /// The tables are gathered once: nothing can add one while the dialog is open.
@@ -103,7 +94,9 @@ int CVqTableStyleDlg::LoadTableStyleFromDatabase() {
     m_idDictionary = styles->objectId();
     styles->close();
     const bool read = visitEntities(m_pDatabase, [this](const KdDbEntity& entity) {
-        if (entity.isKindOf(KdDbTable::desc())) m_tableIds.append(entity.objectId());
+        if (!entity.isKindOf(KdDbTable::desc())) return;
+        m_bHasTables = true;
+        m_tableIds.append(entity.objectId());
     });
     return read ? 1 : 0;
 }
@@ -125,6 +118,10 @@ void CVqTableStyleDlg::OnClose() {
         if (table && isOnUnlockedLayer(*table)) table->recordGraphicsModified(true);
     }
     OnOK();
+}
+
+bool CVqTableStyleDlg::PreTranslateMessage(MSG* message) {
+    return KdUiBaseDialog::PreTranslateMessage(message);
 }
 
 void CVqTableStyleDlg::OnCancel() {

@@ -39,6 +39,17 @@ public:
     /// Always 1: what is previewed follows the selection alone.
     static int SetStylePreviewName(const CStdStr<wchar_t>&) { return 1; }
 
+    // There in form only: the filter is never remembered, and the dialog has a fixed size. Each tells that it is done.
+    static int ReadRegedit() { return 1; }
+    static int WriteRegedit() { return 1; }
+    static int InitDlgSize() { return 1; }
+    static int OnSize() { return 1; }
+    static int OnSizing() { return 1; }
+
+    /// Forwards to the base alone.
+    bool PreTranslateMessage(MSG* message) override;
+    /// The preview goes before what it shows.
+    void OnDestroy() override;
     void OnCancel() override;
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
@@ -97,17 +108,20 @@ private:
 
     // The preview.
     int ShowPreviewPicture(const CStdStr<wchar_t>& name);
-    int initializeTablePreviewer(const CStdStr<wchar_t>& name);
+    /// With the style of m_idPreviewStyle, unless there is a previewer already.
+    void initializeTablePreviewer();
 
     CListCtrl m_ctrlList;
     CKdUiStringComboBox m_ctrlFilterCombo;
+    CVqPreviewStatic m_ctrlPreview;
     /// By the last click: false when it met empty space. Nothing is deleted meanwhile.
     bool m_bItemHit = true;
     bool m_nListFilter = false;  ///< the dialog opens on all styles, whatever it was left on
+    bool m_bHasTables = false;   ///< there is a table in the drawing
     CStdStr<wchar_t> m_strCurrentStyle;
+    KdDbObjectId m_idPreviewStyle;  ///< the style that the preview was last asked for; null when there is none
     KdDbObjectId m_idDictionary;
     KdDbDatabase* m_pDatabase = nullptr;
     KdArray<KdDbObjectId> m_tableIds{0, 8};      ///< every table of the drawing, gathered once
-    std::unique_ptr<KdDbTable> m_pPreviewTable;  // in no database; outlives the control that shows it
-    CVqPreviewStatic m_ctrlPreview;
+    std::unique_ptr<KdDbTable> m_pPreviewTable;  ///< in no database
 };

@@ -6,13 +6,13 @@
 #include "kd/db/tablestyle.h"
 #include "kd/ed/variables.h"
 #include "module/core/openobject.h"
-#include "module/core/resources.h"
 #include "module/core/tablestyles.h"
 #include "module/core/transactions.h"
 #include "module/style/controls/stylelist.h"
 #include "module/style/createtablestyledlg.h"
 #include "module/style/tablestyledlg.h"
 #include "module/style/tablestyleeditdlg.h"
+#include "module/style/textnaming.h"
 
 namespace {
 
@@ -105,18 +105,17 @@ KdDbObjectId post(std::unique_ptr<KdDbTableStyle> style, KdDbDatabase* database,
 bool CVqTableStyleDlg::editNewStyle(const CStdStr<wchar_t>& name, const CStdStr<wchar_t>& start, int rowCount) {
     std::unique_ptr<KdDbTableStyle> style = copyOf(FindTableStyleFromDictionary(start));
     if (style == nullptr) return false;
-    KdDbTransactionManager* transactions = currentTransactions();
-    KdDbTransaction* transaction = transactions == nullptr ? nullptr : transactions->startTransaction();
+    KdDbTransaction* transaction = startTransaction();
     if (transaction == nullptr) return false;
 
     const KdDbObjectId id = post(std::move(style), m_pDatabase, name);
     if (getObject<KdDbTableStyle>(transaction, id, KdDb::kForRead) == nullptr || !editStyle(name, id, kForNewStyle)) {
-        transactions->abortTransaction();
+        currentTransactions()->abortTransaction();
         return false;
     }
     m_ctrlList.InsertItem(rowCount - 1, name);
     ListSort();
-    transactions->endTransaction();
+    currentTransactions()->endTransaction();
     return true;
 }
 
@@ -133,17 +132,16 @@ void CVqTableStyleDlg::OnModifyStyleButton() {
     const CStdStr<wchar_t> name = markedName();
     const KdDbObjectId id = FindTableStyleFromDictionary(name);
     if (id.isNull()) return;
-    KdDbTransactionManager* transactions = currentTransactions();
-    KdDbTransaction* transaction = transactions == nullptr ? nullptr : transactions->startTransaction();
+    KdDbTransaction* transaction = startTransaction();
     if (transaction == nullptr) return;
     // A style that can't be got leaves the transaction open: standing behaviour.
     if (getObject<KdDbTableStyle>(transaction, id, KdDb::kForRead) == nullptr) return;
 
     if (editStyle(name, id, kForChangedStyle)) {
         ShowPreviewPicture(name);
-        transactions->endTransaction();
+        currentTransactions()->endTransaction();
     } else {
-        transactions->abortTransaction();
+        currentTransactions()->abortTransaction();
     }
 }
 
@@ -169,9 +167,8 @@ int CVqTableStyleDlg::DeleteTableStyle() {
     const int row = m_ctrlList.GetSelectionMark();
     if (row < 0 || !m_bItemHit) return 0;
     const CStdStr<wchar_t> name = markedName();
-    CStdStr<wchar_t> question;
-    question.Format(loadText(kDeleteText), name.c_str());
-    if (MessageBoxW(question, GetOemProductName(), MB_OKCANCEL | MB_ICONINFORMATION) != IDOK) return 1;
+    if (MessageBoxW(textNaming(kDeleteText, name), GetOemProductName(), MB_OKCANCEL | MB_ICONINFORMATION) != IDOK)
+        return 1;
 
     if (!m_ctrlList.DeleteItem(row)) return 1;
     const int selected = row == m_ctrlList.GetItemCount() ? row - 1 : row;

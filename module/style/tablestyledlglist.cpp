@@ -22,8 +22,7 @@ namespace {
 /// The one reserved name; it is the same in every language.
 constexpr const wchar_t* kStandard = L"Standard";
 constexpr unsigned kAllStylesText = 2013;
-constexpr unsigned kCurrentText = 2046;
-constexpr unsigned kPreviewText = 2047;
+constexpr unsigned kStylesInUseText = 2014;
 constexpr int kNameColumnWidth = 176;
 
 bool isStandardStyleName(const CStdStr<wchar_t>& name) {
@@ -42,15 +41,15 @@ bool isAmong(const std::vector<CStdStr<wchar_t>>& names, const CStdStr<wchar_t>&
                        [&](const CStdStr<wchar_t>& each) { return ssicmp(each, name) == 0; });
 }
 
-CStdStr<wchar_t> formatted(unsigned textNumber, const CStdStr<wchar_t>& name) {
-    CStdStr<wchar_t> text;
-    text.Format(loadText(textNumber), name.c_str());
-    return text;
-}
-
 }  // namespace
 
 // What the list holds.
+
+void CVqTableStyleDlg::fillFilterCombo() {
+    m_ctrlFilterCombo.AddString(loadText(kAllStylesText));
+    m_ctrlFilterCombo.AddString(loadText(kStylesInUseText));
+    m_ctrlFilterCombo.SetCurSel(m_nListFilter ? 1 : 0);
+}
 
 void CVqTableStyleDlg::FillTableStyleNameList(bool inUseAlone) {
     m_ctrlList.InsertColumn(0, L"", 0, kNameColumnWidth);
@@ -104,7 +103,7 @@ CStdStr<wchar_t> CVqTableStyleDlg::markedName() const {
 
 /// The standard style and the current one count as used without a table, too.
 bool CVqTableStyleDlg::IsUseTableStyle(const CStdStr<wchar_t>& name) const {
-    return isAlwaysUsed(name) || isAmong(namesUsedByTables(), name);
+    return isAlwaysUsed(name) || (m_bHasTables && isAmong(namesUsedByTables(), name));
 }
 
 bool CVqTableStyleDlg::isAlwaysUsed(const CStdStr<wchar_t>& name) const {
@@ -132,16 +131,6 @@ int CVqTableStyleDlg::SetButtonState(const CStdStr<wchar_t>& name) {
     CWnd* erase = GetDlgItem("IDC_TABLESTYLE_DELSTYLE_BUTTON");
     if (erase == nullptr) return 0;
     erase->EnableWindow(!IsUseTableStyle(name));
-    return 1;
-}
-
-int CVqTableStyleDlg::SetCurrentTableStyleTip() {
-    CWnd* current = GetDlgItem("IDC_TABLESTYLE_CURRENT_STATIC");
-    if (current == nullptr) return 0;
-    current->SetWindowTextW(formatted(kCurrentText, m_strCurrentStyle));
-    if (CWnd* preview = GetDlgItem("IDC_TABLESTYLE_PREVIEW_STATIC")) {
-        preview->SetWindowTextW(formatted(kPreviewText, m_strCurrentStyle));
-    }
     return 1;
 }
 

@@ -8,10 +8,10 @@
 #include "kd/db/tablestyle.h"
 #include "kd/ui/hostdialogs.h"
 #include "module/core/cellstylewalk.h"
-#include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/core/transactions.h"
 #include "module/style/controls/wiring.h"
+#include "module/style/textnaming.h"
 
 namespace {
 
@@ -125,6 +125,11 @@ bool CVqTableStyleEditDlg::PreTranslateMessage(MSG* message) {
 
 void CVqTableStyleEditDlg::OnHelp() {
     kdedHelp(nullptr, L"Tablestyle", 0);
+}
+
+int CVqTableStyleEditDlg::OnHelpInfo() {
+    OnHelp();
+    return 1;
 }
 
 void CVqTableStyleEditDlg::OnOk() {
@@ -262,9 +267,7 @@ void CVqTableStyleEditDlg::SetTableStartState(int state) {
 }
 
 void CVqTableStyleEditDlg::setTitle() {
-    CStdStr<wchar_t> title;
-    title.Format(loadText(m_bModify != 0 ? kChangedTitleText : kNewTitleText), m_strStyleName.c_str());
-    SetWindowTextW(title);
+    SetWindowTextW(textNaming(m_bModify != 0 ? kChangedTitleText : kNewTitleText, m_strStyleName));
 }
 
 void CVqTableStyleEditDlg::hideStartTable() {

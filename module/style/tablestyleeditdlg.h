@@ -49,12 +49,16 @@ public:
     /// The style's drawing, which the pages read and write numbers for; null before the style was found.
     KdDbDatabase* database() const { return m_pDatabase; }
 
+    /// Shows the tool tips on its way to the base.
     bool PreTranslateMessage(MSG* message) override;
+    /// The previews go before what they show.
     void OnDestroy() override;
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
     void bindSingals() override;
     void OnHelp() override;
+    /// The same page as OnHelp. Always 1.
+    int OnHelpInfo();
 
     // These survive from one opening to the next.
 
@@ -111,8 +115,8 @@ private:
 
     void initializeTablePreviewer();
     void initializeCellPreviewer(const CStdStr<wchar_t>& name);
-    int CreatePreviewTable(const KdDbObjectId& id);
-    int CreatePreviewCell(const KdDbObjectId& id, const CStdStr<wchar_t>& name);
+    int CreatePreviewTable();
+    int CreatePreviewCell(const CStdStr<wchar_t>& name);
 
     CVqTabSheet m_tabs;
     CVqTableCellStyleGeneralDlg m_generalPage;
@@ -122,6 +126,8 @@ private:
     CVqSpecialComboBox m_cellStyleBox;
     std::array<CVqBitmapButton, ToolButtons> m_buttons;
     CToolTipCtrl m_toolTips;
+    CVqPreviewStatic m_tablePreview;
+    CVqPreviewStatic m_cellPreview;
 
     CStdStr<wchar_t> m_strStyleName;
     int m_bModify = 0;
@@ -129,11 +135,7 @@ private:
     KdDbObjectId m_idStyle;
     KdDbDatabase* m_pDatabase = nullptr;
     KdDbTransaction* m_pTransaction = nullptr;  ///< the top one at the opening
-    CStdStr<wchar_t> m_strPreviewCellStyle;     ///< internal name
-
-    // The previewers are given up before what they show.
     std::unique_ptr<KdDbTable> m_pPreviewTable;
     std::unique_ptr<CVqTableCellFromTableStyle> m_pPreviewCell;
-    CVqPreviewStatic m_tablePreview;
-    CVqPreviewStatic m_cellPreview;
+    CStdStr<wchar_t> m_strPreviewCellStyle;  ///< internal name
 };

@@ -23,7 +23,7 @@ int CVqTableStyleEditDlg::ShowTableStylePreview(int rebuild) {
         m_pPreviewTable.reset();
         initializeTablePreviewer();
     } else if (m_pPreviewTable == nullptr) {
-        CreatePreviewTable(m_idStyle);
+        CreatePreviewTable();
     }
     if (m_pPreviewTable == nullptr) return 1;
     m_pPreviewTable->setTableStyle(m_idStyle);
@@ -33,13 +33,13 @@ int CVqTableStyleEditDlg::ShowTableStylePreview(int rebuild) {
     return 1;
 }
 
-int CVqTableStyleEditDlg::CreatePreviewTable(const KdDbObjectId& id) {
-    m_pPreviewTable = makeStyleTablePreview(m_pDatabase, id);
+int CVqTableStyleEditDlg::CreatePreviewTable() {
+    m_pPreviewTable = makeStyleTablePreview(m_pDatabase, m_idStyle);
     return m_pPreviewTable != nullptr ? 1 : 0;
 }
 
 void CVqTableStyleEditDlg::initializeTablePreviewer() {
-    if (!m_tablePreview.isNeedInitialize() || CreatePreviewTable(m_idStyle) == 0) return;
+    if (!m_tablePreview.isNeedInitialize() || CreatePreviewTable() == 0) return;
     m_tablePreview.initialPreviewer(m_tablePreview.GetSafeHwnd(), m_pDatabase, {m_pPreviewTable.get()});
 }
 
@@ -56,17 +56,13 @@ int CVqTableStyleEditDlg::ShowCellStylePreview(const CStdStr<wchar_t>& name) {
 }
 
 void CVqTableStyleEditDlg::initializeCellPreviewer(const CStdStr<wchar_t>& name) {
-    if (!m_cellPreview.isNeedInitialize() || CreatePreviewCell(m_idStyle, name) == 0) return;
+    if (!m_cellPreview.isNeedInitialize() || CreatePreviewCell(name) == 0) return;
     m_cellPreview.initialPreviewer(m_cellPreview.GetSafeHwnd(), m_pPreviewCell->GetDatabase(),
                                    {m_pPreviewCell->GetTableCell()});
 }
 
-int CVqTableStyleEditDlg::CreatePreviewCell(const KdDbObjectId&, const CStdStr<wchar_t>& name) {
-    KdDbTableStyle* shown = style(KdDb::kForRead);
-    if (shown == nullptr) return 0;
-    m_pPreviewCell = std::make_unique<CVqTableCellFromTableStyle>(shown, KdString(name), false);
-    m_pPreviewCell->CreateTableCell();
-    if (m_pPreviewCell->GetTableCell() == nullptr) m_pPreviewCell.reset();
+int CVqTableStyleEditDlg::CreatePreviewCell(const CStdStr<wchar_t>& name) {
+    m_pPreviewCell = makeCellStylePreview(style(KdDb::kForRead), name);
     return m_pPreviewCell != nullptr ? 1 : 0;
 }
 

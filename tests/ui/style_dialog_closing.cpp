@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "host/ed/display.h"
 #include "host/rx/faults.h"
 #include "host/ui/help.h"
 #include "kd/ad/mainapp.h"
@@ -87,6 +88,21 @@ TEST_F(TableStyleDialogClosing, Esc_and_the_frame_are_Cancel) {
     EXPECT_EQ(watch.count, 0);
 }
 
+TEST_F(TableStyleDialogClosing, Cancel_tells_the_main_service_which_paints_the_views_afresh_and_OK_does_not) {
+    struct Screen : kdhost::Display {
+        Screen() { kdhost::setDisplay(this); }
+        ~Screen() override { kdhost::setDisplay(nullptr); }
+        void redraw(const std::vector<KdDbObjectId>& ids) override { wholes += ids.empty() ? 1 : 0; }
+        int wholes = 0;
+    };
+    kdhost::updateDisplay();
+    Screen screen;
+    run({click(L"IDOK")});
+    EXPECT_EQ(screen.wholes, 0);
+    run({click(L"IDCANCEL")});
+    EXPECT_EQ(screen.wholes, 1);
+}
+
 TEST_F(TableStyleDialogClosing, Cancel_works_without_the_main_application_service) {
     kdhost::faults().noMainAppService = true;
     EXPECT_EQ(run({click(L"IDCANCEL")}), 2);
@@ -164,9 +180,10 @@ TEST_F(TableStyleDialogClosing, Line_weights_show_in_the_first_picture_too) {
     EXPECT_EQ(first, again);
 }
 
-TEST_F(TableStyleDialogClosing, A_style_that_is_not_found_leaves_the_variable_and_the_picture_alone) {
+TEST_F(TableStyleDialogClosing, A_style_that_is_not_found_leaves_the_variable_alone_and_shows_its_name_for_a_picture) {
     addStyle(L"Beta");
     run({[&] { eraseStyle(L"Beta"); }, choose(kList, L"Beta"),
+         expect(L"IDC_TABLESTYLE_PREVIEWPIC_STATIC", L"text", L"Beta"),
          expect(L"IDC_TABLESTYLE_PREVIEW_STATIC", L"text", L"Preview: Beta"),
          [&] { EXPECT_EQ(lineWeightDisplay(), 0); }, click(L"IDOK")});
 }

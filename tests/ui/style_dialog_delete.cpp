@@ -1,5 +1,7 @@
 // The deletion of table styles: at once, past the dialog's Cancel, by button, menu and key.
 
+#include <QLineEdit>
+
 #include "host/db/undo.h"
 #include "host/rx/faults.h"
 #include "tests/ui/style_dialog_fixture.h"
@@ -108,6 +110,26 @@ TEST_F(TableStyleDialogDelete, A_style_erased_by_another_road_loses_its_row) {
     run({choose(kList, L"Beta"), [&] { eraseStyle(L"Beta"); }, click(kDelete), answer(kQuestion, L"OK"),
          expectRows(withoutBeta, L"Standard"), click(L"IDOK")});
     EXPECT_EQ(styleNames(), withoutBeta);
+}
+
+TEST_F(TableStyleDialogDelete, A_dictionary_that_cannot_be_told_keeps_no_style_that_is_erased) {
+    std::unique_ptr<OpenObject<KdDbObject>> reader;
+    run({choose(kList, L"Beta"), click(kDelete),
+         [&] {
+             // Readers let the style be found, and keep the dictionary from being written.
+             reader = std::make_unique<OpenObject<KdDbObject>>(drawing().tableStyleDictionaryId(), KdDb::kForRead);
+             answer(kQuestion, L"OK")();
+         },
+         expectRows(withoutBeta, L"Standard"), click(L"IDOK")});
+    reader.reset();
+    EXPECT_EQ(styleNames(), withoutBeta);
+}
+
+TEST_F(TableStyleDialogDelete, The_key_needs_a_selected_row) {
+    run({choose(kList, L"Beta"), [&] { list().clearSelection(); }, key(L"DELETE"), key(L"F2"),
+         expectTop(L"IDD_TABLESTYLE_DIALOG"), [&] { EXPECT_EQ(list().findChild<QLineEdit*>(), nullptr); },
+         click(L"IDOK")});
+    EXPECT_EQ(styleNames(), all);
 }
 
 TEST_F(TableStyleDialogDelete, Is_undone_with_the_command) {

@@ -91,6 +91,7 @@ TEST_F(TableStyleDialogOpening, A_preview_that_cannot_be_made_at_first_is_never_
         listIn(dialog, kList).setCurrentRow(1);
         EXPECT_EQ(textOf(dialog, kPreview), L"Preview: Standard");
         EXPECT_TRUE(pictureIn(dialog, kPicture).isNull());
+        EXPECT_EQ(textOf(dialog, kPicture), L"Standard") << "its window text is the name";
     });
 }
 
@@ -128,6 +129,16 @@ TEST_F(TableStyleDialogOpening, Without_a_database_nothing_is_listed_and_nothing
     EXPECT_EQ(styleNames(), Names{L"Standard"});
 }
 
+TEST_F(TableStyleDialogOpening, Without_a_row_there_is_nothing_to_delete_to_rename_or_to_change) {
+    kdhost::faults().noTableStyleDictionary = true;
+    CVqTableStyleDlg dialog;
+    dialog.SetDatabase(&drawing());
+    play([&] { return dialog.DoModal(); },
+         {click(L"IDC_TABLESTYLE_DELSTYLE_BUTTON"), click(L"IDC_TABLESTYLE_STYLE_LIST", L"empty"), key(L"DELETE"),
+          key(L"F2"), click(L"IDC_TABLESTYLE_MODSTYLE_BUTTON"), expectTop(L"IDD_TABLESTYLE_DIALOG"), click(L"IDOK")});
+    EXPECT_EQ(styleNames(), Names{L"Standard"});
+}
+
 TEST_F(TableStyleDialogOpening, A_missing_tree_gives_no_dialog) {
     resources().unload();
     {
@@ -153,6 +164,35 @@ TEST_F(TableStyleDialogOpening, Missing_controls_end_the_step_that_needs_them_al
                                                           },
                                                           click(L"IDOK")}),
                   1);
+    }
+}
+
+TEST_F(TableStyleDialogOpening, Without_the_caption_of_the_current_style_a_rename_leaves_that_of_the_preview_too) {
+    addStyle(L"Alpha");
+    for (const bool missing : {false, true}) {
+        CVqTableStyleDlg dialog;
+        dialog.SetDatabase(&drawing());
+        if (missing) delete dialog.getWidgetsFromOrignal(kCurrent);
+        std::wstring caption;
+        play([&] { return dialog.DoModal(); },
+             {choose(L"IDC_TABLESTYLE_STYLE_LIST", L"#0"), key(L"F2"), label(missing ? L"Alpha" : L"Beta"),
+              [&] { caption = textOf(dialog, kPreview); }, click(L"IDOK")});
+        EXPECT_EQ(caption, missing ? L"Preview: Beta" : L"Preview: Standard");
+    }
+}
+
+TEST_F(TableStyleDialogOpening, Has_a_fixed_size) {
+    opened([&](CVqTableStyleDlg& dialog) {
+        EXPECT_EQ(dialog.minimumSize(), dialog.size());
+        EXPECT_EQ(dialog.maximumSize(), dialog.size());
+    });
+}
+
+TEST_F(TableStyleDialogOpening, What_is_there_in_form_only_tells_that_it_is_done) {
+    using Dialog = CVqTableStyleDlg;
+    for (const auto operation :
+         {Dialog::ReadRegedit, Dialog::WriteRegedit, Dialog::InitDlgSize, Dialog::OnSize, Dialog::OnSizing}) {
+        EXPECT_EQ(operation(), 1);
     }
 }
 

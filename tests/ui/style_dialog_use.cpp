@@ -117,5 +117,25 @@ TEST_F(TableStyleDialogUse, The_menu_comes_up_on_rows_alone_and_the_list_keeps_t
          key(L"MENU"), expectTop(L"IDR_MANAGETABLE_MENU"), key(L"ESC"), expectFocus(kList), click(L"IDOK")});
 }
 
+TEST_F(TableStyleDialogUse, No_menu_comes_up_when_its_tree_is_missing_or_holds_too_few_items) {
+    using Files = std::vector<std::pair<QString, QByteArray>>;
+    const QByteArray fewItems =
+        "<ui version=\"4.0\"><widget class=\"QMenu\" name=\"IDR_MANAGETABLE_MENU\"><action "
+        "name=\"IDR_MANAGETABLE_CURRENT\"/><action name=\"IDR_MANAGETABLE_DELETE\"/><addaction "
+        "name=\"IDR_MANAGETABLE_CURRENT\"/><addaction name=\"IDR_MANAGETABLE_DELETE\"/></widget></ui>";
+    std::optional<TestResources> odd;
+    run({choose(kList, L"Alpha"), [&] { resources().unload(); }, context(kList, L"#0"),
+         expectTop(L"IDD_TABLESTYLE_DIALOG"),
+         [&] {
+             odd.emplace(Files{{QStringLiteral("IDR_MANAGETABLE_MENU.ui"), fewItems}});
+         },
+         context(kList, L"#0"), expectTop(L"IDD_TABLESTYLE_DIALOG"),
+         [&] {
+             odd.reset();
+             resources().load();
+         },
+         context(kList, L"#0"), expectTop(L"IDR_MANAGETABLE_MENU"), menu(L"CANCEL"), click(L"IDOK")});
+}
+
 }  // namespace
 }  // namespace kdtest

@@ -84,13 +84,47 @@ TEST_F(StyleEditOpening, Always_opens_on_the_first_page) {
     EXPECT_EQ(CVqTableStyleEditDlg::m_nPageIndex, GeneralPage) << "Cancel doesn't remember";
 }
 
-TEST_F(StyleEditOpening, The_cell_style_of_the_last_opening_is_shown_again_by_its_row_in_another_style_too) {
+TEST_F(StyleEditOpening, The_cell_style_of_the_last_opening_is_shown_again_by_its_row_and_not_by_its_name) {
     editAndOk([&](CVqTableStyleEditDlg&) { choose(kCellStyleBox, 1); });
     EXPECT_EQ(CVqTableStyleEditDlg::m_nComboBoxIndex, 1);
     addCellStyle(L"Amounts");  // which is row 0 from now on
     edit([&](CVqTableStyleEditDlg& dialog) {
         EXPECT_EQ(shown(dialog), "Data");
         showPage(dialog, TextPage);
+        cancel(dialog);
+    });
+}
+
+TEST_F(StyleEditOpening, The_row_of_the_last_opening_is_kept_for_another_table_style) {
+    editAndOk([&](CVqTableStyleEditDlg&) { choose(kCellStyleBox, "Header"); });
+    KdDbObjectId other;
+    auto* made = new KdDbTableStyle;
+    ASSERT_EQ(made->postTableStyleToDb(&host.database(), L"Other", other), Kdad::eOk);
+    made->createCellStyle(L"Amounts", L"_DATA");
+    made->close();
+    host.database().setTablestyle(other);
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(shown(dialog), "Data") << "row 1 of this one";
+        cancel(dialog);
+    });
+    EXPECT_EQ(CVqTableStyleEditDlg::m_nComboBoxIndex, 1);
+}
+
+TEST_F(StyleEditOpening, Has_a_fixed_size_and_three_pages_of_one_size) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(dialog.minimumSize(), dialog.size());
+        EXPECT_EQ(dialog.maximumSize(), dialog.size());
+        const auto& tabs = in<QTabWidget>(dialog, "IDC_TABLESTYLEEDIT_STYLE_TABLE");
+        std::vector<QString> titles;
+        for (int tab = 0; tab < tabs.count(); ++tab) titles.push_back(tabs.tabText(tab));
+        EXPECT_EQ(titles, (std::vector<QString>{QStringLiteral("&General"), QStringLiteral("&Text"),
+                                                QStringLiteral("&Borders")}));
+        const QList<KdUiBaseDialog*> pages = dialog.findChildren<KdUiBaseDialog*>();
+        ASSERT_EQ(pages.size(), 3);
+        for (const KdUiBaseDialog* page : pages) {
+            EXPECT_EQ(page->minimumSize(), pages.first()->maximumSize()) << page->objectName().toStdString();
+            EXPECT_EQ(page->maximumSize(), pages.first()->minimumSize()) << page->objectName().toStdString();
+        }
         cancel(dialog);
     });
 }
@@ -231,11 +265,19 @@ TEST_F(StyleEditOpening, Help_and_F1_show_the_page_on_table_styles) {
     };
     edit([&](CVqTableStyleEditDlg& dialog) {
         EXPECT_EQ(helpAfter(dialog, [&] { press(dialog, "IDHELP"); }), QStringLiteral("Table styles"));
+        EXPECT_EQ(helpAfter(dialog, [&] { EXPECT_EQ(dialog.OnHelpInfo(), 1); }), QStringLiteral("Table styles"));
         auto& edit = in<QLineEdit>(dialog, "IDC_CELLSTYLEGENERAL_VERTICAL_EDIT");
         EXPECT_EQ(helpAfter(dialog, [&] { QTest::keyClick(&edit, Qt::Key_F1); }), QStringLiteral("Table styles"));
         cancel(dialog);
     });
     kdhost::setHelpFolder({});
+}
+
+TEST_F(StyleEditOpening, The_focus_is_in_the_first_control) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(focusName(), kDirectionBox);
+        cancel(dialog);
+    });
 }
 
 TEST_F(StyleEditOpening, Tab_goes_from_the_direction_by_the_cell_style_and_the_page_to_the_buttons) {

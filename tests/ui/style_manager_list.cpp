@@ -145,6 +145,20 @@ TEST_F(CellStyleManagerList, Missing_controls_end_the_step_that_needs_them_alone
     }
 }
 
+TEST_F(CellStyleManagerList, Has_a_fixed_size) {
+    run({[&] {
+             EXPECT_EQ(dialog->minimumSize(), dialog->size());
+             EXPECT_EQ(dialog->maximumSize(), dialog->size());
+         },
+         click(L"IDOK")});
+}
+
+TEST_F(CellStyleManagerList, No_menu_comes_up_when_its_tree_is_missing) {
+    run({choose(L"Notes"), [&] { resources().unload(); }, context(kList, L"#3"),
+         expectTop(L"IDD_MANAGERCELLSTYLE_DIALOG"), [&] { resources().load(); }, context(kList, L"#3"),
+         expectTop(L"IDR_MANAGECELL_MENU"), menu(L"CANCEL"), click(L"IDOK")});
+}
+
 TEST_F(CellStyleManagerList, Esc_is_Cancel) {
     EXPECT_EQ(run({key(L"ESC")}), 2);
 }

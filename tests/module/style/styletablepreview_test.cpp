@@ -88,6 +88,15 @@ TEST_F(StyleTablePreview, Rows_have_a_line_of_text_with_a_third_more_and_the_las
     }
 }
 
+TEST_F(StyleTablePreview, The_sample_of_a_cell_style_has_its_cells_and_there_is_none_without_a_style) {
+    const OpenObject<KdDbTableStyle> style(styleId, KdDb::kForRead);
+    const auto sample = makeCellStylePreview(style.get(), L"_HEADER");
+    ASSERT_NE(sample, nullptr);
+    EXPECT_NE(sample->GetTableCell(), nullptr);
+    EXPECT_NE(sample->GetDatabase(), &host.database());
+    EXPECT_EQ(makeCellStylePreview(nullptr, L"_HEADER"), nullptr);
+}
+
 TEST_F(StyleTablePreview, Names_of_table_styles_are_those_of_their_dictionary) {
     const OpenObject<KdDbTableStyle> style(styleId, KdDb::kForRead);
     EXPECT_EQ(nameOfTableStyle(*style), L"Standard");
