@@ -4,6 +4,7 @@
 #include <QTextBrowser>
 
 #include "host/ui/help.h"
+#include "kd/ui/hostdialogs.h"
 #include "tests/ui/styleedit_fixture.h"
 
 namespace kdtest {
@@ -41,6 +42,17 @@ TEST_F(StyleEditOpening, Cell_styles_stand_in_the_order_of_the_box_and_the_two_o
         EXPECT_EQ(rows(dialog), (std::vector<std::string>{"7th", "Alpha", "Data", "Header", "Title", "zebra", "数值",
                                                           "Create cell style", "Manage cell styles"}));
         EXPECT_EQ(shown(dialog), "Data");
+        cancel(dialog);
+    });
+}
+
+TEST_F(StyleEditOpening, The_rows_of_the_box_of_cell_styles_have_the_modules_height) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        const QComboBox& listed = box(dialog, kCellStyleBox);
+        const int height = static_cast<int>(16.0 * kdadGetDPIScale());
+        for (int row = 0; row < listed.count(); ++row) {
+            EXPECT_EQ(listed.itemData(row, Qt::SizeHintRole).toSize().height(), height) << row;
+        }
         cancel(dialog);
     });
 }

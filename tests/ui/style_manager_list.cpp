@@ -145,6 +145,23 @@ TEST_F(CellStyleManagerList, Missing_controls_end_the_step_that_needs_them_alone
     }
 }
 
+TEST_F(CellStyleManagerList, Without_its_two_buttons_menu_and_keys_still_work) {
+    transactions().startTransaction();
+    {
+        CVqTableManagerCellStyleDlg opened;
+        opened.SetTableStyleId(style(kStyle));
+        opened.SetTableStyleName(kStyle);
+        for (const char* missing : {"IDC_MANAGERCELLSTYLE_RENAME_BUTTON", "IDC_MANAGERCELLSTYLE_DELETE_BUTTON"}) {
+            delete opened.getWidgetsFromOrignal(missing);
+        }
+        play([&] { return opened.DoModal(); },
+             {choose(L"Notes"), key(L"F2"), label(L"Doors"), context(kList, L"#4"), menu(L"IDR_MANAGECELL_DELETE"),
+              answer(kQuestion, L"OK"), click(L"IDOK")});
+    }
+    transactions().endTransaction();
+    EXPECT_EQ(cellStyleNames(kStyle), (Names{L"_TITLE", L"_HEADER", L"_DATA", L"Doors"}));
+}
+
 TEST_F(CellStyleManagerList, Has_a_fixed_size) {
     run({[&] {
              EXPECT_EQ(dialog->minimumSize(), dialog->size());
