@@ -108,8 +108,15 @@ bool keepBackupOf(const std::string& path) {
     return ::link(path.c_str(), backup.c_str()) == 0;
 }
 
+/// Devices, pipes and folders aren't there to become drawings.
+bool mayBeReplaced(const std::string& path) {
+    struct stat about {};
+    return ::stat(path.c_str(), &about) != 0 || S_ISREG(about.st_mode);
+}
+
 /// Beside the target, and complete on disk, before it takes the target's name.
 bool replaceFile(const std::string& path, std::string_view bytes, bool keepBackup) {
+    if (!mayBeReplaced(path)) return false;
     std::string temporary = path + ".XXXXXX";
     OpenFile file(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!file.isOpen()) return false;
@@ -132,7 +139,8 @@ Kdad::ErrorStatus KdDbDatabase::saveAs(const wchar_t* fileName, bool keepBackup,
 
 Kdad::ErrorStatus KdDbDatabase::readDwgFile(const wchar_t* fileName, int, bool, const wchar_t*) {
     if (fileName == nullptr || *fileName == L'\0') return Kdad::eInvalidInput;
-    OpenFile file(::open(toUtf8(fileName).c_str(), O_RDONLY | O_CLOEXEC));
+    // A pipe that nobody writes to must not be waited for.
+    OpenFile file(::open(toUtf8(fileName).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.isOpen()) return errno == ENOENT || errno == ENOTDIR ? Kdad::eFileNotFound : Kdad::eFileAccessError;
     const std::optional<FileBytes> bytes = file.readAll();
     if (!bytes) return Kdad::eFileAccessError;

@@ -3,15 +3,34 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "host/file/drawingfile.h"
 #include "host/rx/encoding.h"
 #include "kd/db/database.h"
 
 namespace kdtest {
+
+/// The drawings that are kept as examples, by their full names; some there must be.
+inline std::vector<std::string> exampleDrawings() {
+    std::vector<std::string> names;
+    const QDir folder(QStringLiteral(KD_SOURCE_DIRECTORY "/examples"));
+    for (const QString& name : folder.entryList({QStringLiteral("*.dxf")}, QDir::Files, QDir::Name)) {
+        names.push_back(folder.filePath(name).toStdString());
+    }
+    EXPECT_GE(names.size(), 3U);
+    return names;
+}
+
+inline std::string contentOf(const std::string& name) {
+    QFile file(QString::fromStdString(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string("no file");
+}
 
 class DrawingFiles : public ::testing::Test {
 protected:

@@ -5,10 +5,12 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <regex>
 
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/keptobject.h"
+#include "host/db/symbolstate.h"
 #include "kd/db/idmapping.h"
 #include "kd/db/mtext.h"
 #include "kd/db/table.h"
@@ -16,6 +18,7 @@
 #include "tests/host/file/filefixture.h"
 #include "tests/support/objects.h"
 #include "tests/support/randomdrawing.h"
+#include "tests/support/tablebuilder.h"
 
 namespace {
 
@@ -54,6 +57,18 @@ protected:
         EXPECT_NE(saved.find(text), std::string::npos) << text;
         savedAndOpened(*database);
     }
+    /// Descriptions of all tables in the model space, without ids, which are numbers of the run.
+    static std::vector<std::string> tablesIn(const KdDbDatabase& database) {
+        static const std::regex ids("#[0-9]+");
+        std::vector<std::string> tables;
+        const auto* space = kdhost::peek<KdDbBlockTableRecord>(database.modelSpaceId());
+        for (const KdDbObjectId id : stateOf<KdDbBlockTableRecordState>(*space).entities) {
+            const auto* table = kdhost::peek<KdDbTable>(id);
+            if (table != nullptr) tables.push_back(std::regex_replace(kdtest::describe(*table), ids, "#"));
+        }
+        EXPECT_FALSE(tables.empty());
+        return tables;
+    }
     /// Standard output of the script in Python; fails when it does.
     static std::string python(const QStringList& arguments) {
         QProcess process;
@@ -62,6 +77,26 @@ protected:
         EXPECT_TRUE(process.waitForFinished(120000));
         EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
         return process.readAllStandardOutput().toStdString();
+    }
+
+    /// The size of the picture that a program without tables makes of the file beside it; 0 for none.
+    qint64 sizeOfPicture(const std::string& name) const {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(QStringLiteral("HOME"), QString::fromStdString(path("")));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral("librecad"),
+                      {QStringLiteral("dxf2pdf"), QStringLiteral("-a"), QString::fromStdString(path(name + ".dxf"))});
+        EXPECT_TRUE(process.waitForFinished(120000));
+        return QFile(QString::fromStdString(path(name + ".pdf"))).size();
+    }
+    /// The same of the drawing saved under that name, with insertions of what its tables look like or without.
+    qint64 sizeOfPicture(KdDbDatabase& database, const std::string& name, bool insertsTables) const {
+        kdhost::file::saveOptions().insertsTables = insertsTables;
+        EXPECT_EQ(database.saveAs(widePath(name + ".dxf").c_str()), Kdad::eOk);
+        kdhost::file::saveOptions().insertsTables = false;
+        return sizeOfPicture(name);
     }
 
     KdDbDatabase m_database;
@@ -258,6 +293,23 @@ TEST_F(ForeignFiles, another_programs_audit_finds_nothing_in_random_drawings) {
     EXPECT_EQ(python(files), "");
 }
 
+TEST_F(ForeignFiles, another_programs_audit_finds_nothing_in_examples_and_it_keeps_what_they_hold) {
+    QStringList files{QStringLiteral("audit")};
+    for (const std::string& name : kdtest::exampleDrawings()) files += QString::fromStdString(name);
+    EXPECT_EQ(python(files), "");
+    for (const std::string& name : kdtest::exampleDrawings()) {
+        SCOPED_TRACE(name);
+        const std::string theirs = path("theirs.dxf");
+        python({QStringLiteral("copy"), QString::fromStdString(name), QString::fromStdString(theirs)});
+        KdDbDatabase read(false, true);
+        ASSERT_EQ(read.readDwgFile(kdhost::fromUtf8(theirs).c_str()), Kdad::eOk) << kdhost::file::lastRefusal();
+        const auto ours = opened(kdtest::contentOf(name));
+        ASSERT_NE(ours, nullptr);
+        EXPECT_EQ(tablesIn(read), tablesIn(*ours));
+        savedAndOpened(read);
+    }
+}
+
 TEST_F(ForeignFiles, a_drawing_edited_and_saved_by_another_program_opens_with_its_changes_and_all_that_was_kept) {
     ASSERT_EQ(m_database.saveAs(widePath("ours.dxf").c_str()), Kdad::eOk);
     python(
@@ -283,27 +335,25 @@ TEST_F(ForeignFiles, a_drawing_edited_and_saved_by_another_program_opens_with_it
 }
 
 TEST_F(ForeignFiles, a_program_without_tables_draws_the_block_that_is_inserted_for_it) {
-    const auto sizeOfPicture = [&](const std::string& name) {
-        EXPECT_EQ(m_database.saveAs(widePath(name + ".dxf").c_str()), Kdad::eOk);
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        environment.insert(QStringLiteral("HOME"), QString::fromStdString(path("")));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral("librecad"),
-                      {QStringLiteral("dxf2pdf"), QStringLiteral("-a"), QString::fromStdString(path(name + ".dxf"))});
-        EXPECT_TRUE(process.waitForFinished(120000));
-        return QFile(QString::fromStdString(path(name + ".pdf"))).size();
-    };
-    const qint64 without = sizeOfPicture("without");
-    kdhost::file::saveOptions().insertsTables = true;
-    const qint64 with = sizeOfPicture("with");
-    kdhost::file::saveOptions().insertsTables = false;
+    const qint64 without = sizeOfPicture(m_database, "without", false);
+    const qint64 with = sizeOfPicture(m_database, "with", true);
     EXPECT_GT(without, 0);
     EXPECT_GT(with, without + 1000) << "the table's texts and lines are drawn";
     KdDbDatabase again(false, true);
     ASSERT_EQ(again.readDwgFile(widePath("with.dxf").c_str()), Kdad::eOk);
     EXPECT_EQ(kdhost::file::drawingBytes(again), bytes()) << "the insertion is no part of the drawing";
+}
+
+TEST_F(ForeignFiles, a_program_without_tables_draws_every_example) {
+    int number = 0;
+    for (const std::string& example : kdtest::exampleDrawings()) {
+        SCOPED_TRACE(example);
+        const auto database = opened(kdtest::contentOf(example));
+        ASSERT_NE(database, nullptr);
+        const std::string name = "example" + std::to_string(++number);
+        const qint64 without = sizeOfPicture(*database, name + "-bare", false);
+        EXPECT_GT(sizeOfPicture(*database, name, true), without + 1000);
+    }
 }
 
 }  // namespace

@@ -62,6 +62,18 @@ TEST_F(Refusals, a_file_cut_off_anywhere_is_refused) {
     EXPECT_NE(opened(bytes.substr(0, bytes.size() - 1)), nullptr) << "the last line lacks only its end";
 }
 
+TEST_F(Refusals, an_example_cut_off_at_every_997th_byte_is_refused) {
+    for (const std::string& name : kdtest::exampleDrawings()) {
+        SCOPED_TRACE(name);
+        const std::string bytes = kdtest::contentOf(name);
+        ASSERT_NE(opened(bytes), nullptr);
+        for (std::size_t length = 0; length < bytes.size(); length += 997) {
+            SCOPED_TRACE(length);
+            expectRefused(bytes.substr(0, length));
+        }
+    }
+}
+
 TEST_F(Refusals, bytes_behind_the_end_are_refused) {
     expectRefused(sampleBytes() + "0\n");
     expectRefused(sampleBytes() + "0\nEOF\n");

@@ -52,6 +52,18 @@ protected:
     kdtest::HostApplication host;
 };
 
+TEST_F(RoundTrips, every_example_comes_back_as_it_was) {
+    for (const std::string& name : kdtest::exampleDrawings()) {
+        SCOPED_TRACE(name);
+        ASSERT_EQ(host.documents().openFile(kdhost::fromUtf8(name)), Kdad::eOk) << kdhost::file::lastRefusal();
+        EXPECT_TRUE(kdhost::file::drawingBytes(host.database()) == kdtest::contentOf(name))
+            << "saved again, the file is another one";
+        expectSame(host.database());
+        host.documents().close(host.document());
+        if (HasFatalFailure()) return;
+    }
+}
+
 TEST_F(RoundTrips, random_drawings_come_back_as_they_were) {
     for (unsigned seed = 0; seed < 1000; ++seed) {
         SCOPED_TRACE(seed);

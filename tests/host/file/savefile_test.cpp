@@ -19,15 +19,13 @@
 
 namespace {
 
+using kdtest::contentOf;
+
 class SavedFiles : public kdtest::DrawingFiles {
 protected:
     /// A drawing of that many lines.
     static void draw(KdDbDatabase& database, int lines) {
         for (int line = 0; line < lines; ++line) kdtest::appendLine(database, 1.0 + line);
-    }
-    static std::string contentOf(const std::string& name) {
-        QFile file(QString::fromStdString(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string("no file");
     }
     void write(const std::string& name, const std::string& bytes) const {
         QFile file(QString::fromStdString(path(name)));
@@ -141,6 +139,24 @@ TEST_F(SavedFiles, a_disk_that_fills_up_leaves_the_old_file_and_nothing_else) {
     EXPECT_EQ(status, 0);
     EXPECT_EQ(filesIn(), (std::vector<std::string>{"a.dxf"}));
     EXPECT_EQ(contentOf(path("a.dxf")), "old");
+}
+
+TEST_F(SavedFiles, what_is_no_plain_file_is_not_replaced) {
+    KdDbDatabase database;
+    ASSERT_EQ(::mkfifo(path("pipe.dxf").c_str(), 0600), 0);
+    ASSERT_EQ(::mkdir(path("folder.dxf").c_str(), 0700), 0);
+    ASSERT_EQ(::symlink("pipe.dxf", path("link.dxf").c_str()), 0);
+    for (const char* name : {"pipe.dxf", "folder.dxf", "link.dxf"}) {
+        EXPECT_EQ(database.saveAs(widePath(name).c_str()), Kdad::eFileAccessError) << name;
+        EXPECT_EQ(database.saveAs(widePath(name).c_str(), true), Kdad::eFileAccessError) << name;
+    }
+    struct stat about {};
+    ASSERT_EQ(::stat(path("pipe.dxf").c_str(), &about), 0);
+    EXPECT_TRUE(S_ISFIFO(about.st_mode));
+    KdDbDatabase read(false, true);
+    for (const char* name : {"pipe.dxf", "folder.dxf"}) {
+        EXPECT_EQ(read.readDwgFile(widePath(name).c_str()), Kdad::eFileAccessError) << name;
+    }
 }
 
 TEST_F(SavedFiles, a_folder_that_is_not_to_be_written_keeps_the_old_file) {
