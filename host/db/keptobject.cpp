@@ -20,6 +20,7 @@ void ForeignTags::mapIds(const IdMapper& map) {
     groups.mapIds(map);
     common.mapIds(map);
     own.mapIds(map);
+    extras.mapIds(map);
 }
 
 void KeptObject::mapIds(const IdMapper& map) {

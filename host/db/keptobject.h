@@ -41,6 +41,7 @@ struct ForeignTags {
     KeptTags groups;  ///< of references, before all classes: who wants to be told of it
     KeptTags common;  ///< of what all entities have
     KeptTags own;     ///< of its own class, and what programs have hung on it
+    KeptTags extras;  ///< sections of this program's own record that a later version of it has written
 
     void mapIds(const IdMapper& map);
 };

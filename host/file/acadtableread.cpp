@@ -15,6 +15,7 @@
 #include "host/file/commonattributes.h"
 #include "host/file/extrasrecord.h"
 #include "host/file/tableextras.h"
+#include "host/file/wholetable.h"
 #include "kd/db/field.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/tablestyle.h"
@@ -25,29 +26,6 @@ namespace {
 constexpr int kCellBegin = 171;
 constexpr int kValueBegin = 301;
 
-/// Overrides of the whole table: the bit of the title's value, which those of header and data follow.
-struct RowCode {
-    int code;
-    std::int64_t firstBit;
-};
-constexpr RowCode kRowCodes[] = {{64, 0x20}, {283, 0x100}, {63, 0x800}, {170, 0x4000}, {7, 0x20000}, {140, 0x100000}};
-/// Title, header, data; the places of their cell styles.
-constexpr int kRowKinds = 3;
-
-/// Overrides of the edges of title, header and data: which mask tells them, and the codes that their values have.
-struct EdgeMask {
-    int maskCode;
-    int firstCode;
-    int lastCode;
-};
-/// An edge of a cell, and what it is among other rows or columns of its kind; places in kEdges.
-struct EdgeSource {
-    int edge;
-    int inside;
-};
-constexpr EdgeSource kEdgeSources[] = {{0, 1}, {2, 1}, {3, 4}, {5, 4}};
-constexpr EdgeMask kEdgeMasks[] = {{94, 63, 69}, {95, 274, 279}, {96, 284, 289}};
-
 class Reader {
 public:
     Reader(LoadContext& context, KdDbTable& table, const FileObject& object)
@@ -55,7 +33,8 @@ public:
           m_table(table),
           m_object(object),
           m_state(static_cast<TableState&>(KdDbObjectAccess::stateForMaker(table))),
-          m_reader(context, table, object) {}
+          m_reader(context, table, object),
+          m_whole(context) {}
 
     void read() {
         describeCommon(m_context, m_reader, static_cast<KdDbEntityState&>(m_state));
@@ -112,14 +91,6 @@ private:
                 case 92:
                     columns = asked(integerOf(*m_at));
                     break;
-                case 93:
-                    m_overrides = asked(integerOf(*m_at));
-                    break;
-                case 94:
-                case 95:
-                case 96:
-                    m_edgeMasks[m_at->code - 94] = asked(integerOf(*m_at));
-                    break;
                 case 141:
                     m_heights.push_back(size(*m_at));
                     break;
@@ -127,7 +98,7 @@ private:
                     m_widths.push_back(size(*m_at));
                     break;
                 default:
-                    break;
+                    m_whole.takeHead(*m_at);
             }
         }
         // Each row and each column has had its tag: nothing is made that the file doesn't pay for.
@@ -282,100 +253,13 @@ private:
     // ---- what is behind the cells
 
     void tail() {
-        constexpr std::int64_t kSuppressionBit = 1;
-        constexpr std::int64_t kFlowBit = 4;
         for (; m_at != m_tags.last; ++m_at) {
             require(m_at->code != kCellBegin, "a table has more cells than it counts");
-            takeForRows(*m_at);
-            if (m_at->code == 70 && (m_overrides & kFlowBit) != 0) m_state.flow = whole(*m_at, 0, 1);
-            if ((m_overrides & kSuppressionBit) == 0) continue;
+            m_whole.takeTail(*m_at);
+            if (m_at->code == 70 && m_whole.tellsFlow()) m_state.flow = whole(*m_at, 0, 1);
+            if (!m_whole.tellsSuppression()) continue;
             if (m_at->code == 280) m_state.titleSuppressed = whole(*m_at, 0, 1) != 0;
             if (m_at->code == 281) m_state.headerSuppressed = whole(*m_at, 0, 1) != 0;
-        }
-    }
-
-    /// What the whole table says of its title, header and data; the cells of those rows take it over.
-    void takeForRows(const Tag& tag) {
-        if (tag.code == 40 && (m_overrides & 0x08) != 0) setMargin(kdhost::property::marginHorz, size(tag));
-        if (tag.code == 41 && (m_overrides & 0x10) != 0) setMargin(kdhost::property::marginVert, size(tag));
-        for (const RowCode& each : kRowCodes) {
-            if (tag.code != each.code) continue;
-            int& place = m_rowPlaces[&each - kRowCodes];
-            while (place < kRowKinds && (m_overrides & (each.firstBit << place)) == 0) ++place;
-            if (place == kRowKinds) continue;
-            return m_rowOverrides[place++].take(m_context, tag, ~std::int64_t{0});
-        }
-        for (const EdgeMask& each : kEdgeMasks) takeForEdges(tag, each);
-    }
-
-    /// The values of one kind stand in the order of their bits, six for each kind of row.
-    void takeForEdges(const Tag& tag, const EdgeMask& kind) {
-        if (tag.code < kind.firstCode || tag.code > kind.lastCode) return;
-        int& place = m_edgePlaces[&kind - kEdgeMasks];
-        const std::int64_t mask = m_edgeMasks[&kind - kEdgeMasks];
-        while (place < kRowKinds * kEdgeCount && (mask >> place & 1) == 0) ++place;
-        if (place == kRowKinds * kEdgeCount) return;
-        FormatOverrides& row = m_edgeOverrides[place / kEdgeCount];
-        const int edge = place++ % kEdgeCount;
-        const auto set = [&](const auto& which, const auto& value) {
-            row.own |= which.bit;
-            which.in(row.format) = value;
-        };
-        if (kind.maskCode == 94) set(kdhost::property::lineColor.at(edge), indexedColor(tag));
-        if (kind.maskCode == 95) set(kdhost::property::weight.at(edge), lineWeight(tag));
-        if (kind.maskCode == 96) set(kdhost::property::visibility.at(edge), file::visibility(tag));
-    }
-
-    /// The edges that a cell has of those of its kind of row: outer ones where rows of that kind begin and end.
-    void overrideEdges(std::size_t row) {
-        const std::vector<TableRow>& rows = m_loaded.rows;
-        const std::uint16_t kind = rows[row].style;
-        if (m_edgeOverrides[kind].own == 0) return;
-        const bool isFirst = row == 0 || rows[row - 1].style != kind;
-        const bool isLast = row + 1 == rows.size() || rows[row + 1].style != kind;
-        std::vector<Cell>& cells = m_loaded.rows[row].cells;
-        for (std::size_t column = 0; column < cells.size(); ++column) {
-            const bool isOuter[] = {isFirst, isLast, column == 0, column + 1 == cells.size()};
-            FormatOverrides own;
-            for (const EdgeSource& each : kEdgeSources) {
-                takeEdge(own, each.edge, isOuter[&each - kEdgeSources] ? each.edge : each.inside, kind);
-            }
-            if (own.own != 0) addOverrides(cells[column], own);
-        }
-    }
-
-    void takeEdge(FormatOverrides& own, int edge, int from, std::uint16_t kind) const {
-        namespace prop = kdhost::property;
-        const FormatOverrides& all = m_edgeOverrides[kind];
-        const auto take = [&](const auto& family) {
-            const auto source = family.at(from);
-            const auto target = family.at(edge);
-            if ((all.own & source.bit) == 0) return;
-            own.own |= target.bit;
-            target.in(own.format) = source.in(all.format);
-        };
-        take(prop::lineColor);
-        take(prop::weight);
-        take(prop::visibility);
-    }
-
-    void setMargin(const FormatProperty<double>& which, double margin) {
-        for (ReadOverrides& each : m_rowOverrides) each.set(which, margin);
-    }
-
-    /// What a cell overrides itself goes before what the whole table does.
-    void overrideRow(TableRow& row) {
-        ReadOverrides& all = m_rowOverrides[row.style];
-        all.finish();
-        if (all.overrides.own == 0) return;
-        CopyOnWrite<FormatOverrides>& shared = m_rowShared[row.style];
-        if (!shared) shared = CopyOnWrite<FormatOverrides>(all.overrides);
-        for (Cell& cell : row.cells) {
-            if (cell.overrides) {
-                addOverrides(cell, all.overrides);
-            } else {
-                cell.overrides = shared;
-            }
         }
     }
 
@@ -414,11 +298,11 @@ private:
             const std::uint16_t style =
                 usualRowStyle(static_cast<int>(row), m_state.titleSuppressed, m_state.headerSuppressed);
             m_loaded.rows[row].style = style;
-            overrideRow(m_loaded.rows[row]);
             for (Cell& cell : m_loaded.rows[row].cells) cell.style = style;
         }
-        for (std::size_t row = 0; row < m_loaded.rows.size(); ++row) overrideEdges(row);
+        m_whole.giveTo(m_loaded.rows);
         const TagSpan record = extrasOf(m_context, m_object);
+        keepOtherSections(m_context, m_table, record, {"ROWS", "STYLES", "FORMATS", "CELLS", "WRITTEN"});
         if (!record.empty()) readTableExtras(m_context, record, fingerprintsOf(m_tags), m_loaded);
     }
 
@@ -442,14 +326,14 @@ private:
     }
 
     LoadContext& m_context;
-    const KdDbTable& m_table;
+    KdDbTable& m_table;
     const FileObject& m_object;
     TableState& m_state;
     RecordReader m_reader;
     TagSpan m_tags;
     TagIterator m_at = nullptr;
 
-    std::int64_t m_overrides = 0;
+    WholeTable m_whole;
     KdDbObjectId m_style;
     std::vector<double> m_heights;
     std::vector<double> m_widths;
@@ -457,12 +341,6 @@ private:
     std::vector<Span> m_spans;
     bool m_hasFields = false;
     CopyOnWrite<FormatOverrides> m_lastOverrides;
-    ReadOverrides m_rowOverrides[kRowKinds];
-    CopyOnWrite<FormatOverrides> m_rowShared[kRowKinds];
-    int m_rowPlaces[std::size(kRowCodes)] = {};
-    std::int64_t m_edgeMasks[std::size(kEdgeMasks)] = {};
-    int m_edgePlaces[std::size(kEdgeMasks)] = {};
-    FormatOverrides m_edgeOverrides[kRowKinds];
 };
 
 }  // namespace

@@ -31,7 +31,7 @@ public:
 
     void write() {
         settleGrowth(m_table);
-        const bool hasExtras = needsExtras(m_state);
+        const bool hasExtras = needsExtras(m_state) || hasOtherSections(m_table);
         const ExtrasPlace extras = hasExtras ? placeExtras(m_context, m_table) : ExtrasPlace();
         writeIdentity(m_context, kTableName, m_table, extras.dictionary);
         RecordWriter writer(m_context, m_table);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "host/db/access.h"
 #include "host/file/checked.h"
 #include "host/file/tableextras.h"
 
@@ -112,6 +113,7 @@ void writeExtras(SaveContext& context, const ExtrasPlace& place, const KdDbObjec
     out.integer(90, kVersion);
     out.integer(290, place.ownDictionary ? 1 : 0);
     content();
+    if (hasOtherSections(object)) context.keptTags(KdDbObjectAccess::state(object).foreign->extras, object);
     out.raw(kSection, "END");
     std::swap(context.out.bytes(), context.objects);
 }
@@ -159,6 +161,23 @@ TagSpan extrasOf(const LoadContext& context, const FileObject& object) {
     if (all.size() < kHead || !all.first[0].is(100, "AcDbXrecord") || all.first[2].code != 90) return {};
     if (integerOf(all.first[2]) != kVersion) return {};
     return {all.first + kHead, all.last};
+}
+
+void keepOtherSections(LoadContext& context, KdDbObject& object, TagSpan extras,
+                       std::initializer_list<std::string_view> known) {
+    ForeignTags foreign;
+    bool isOther = false;
+    for (const Tag& tag : extras) {
+        if (tag.is(kSection, "END")) break;
+        if (tag.code == kSection) isOther = std::find(known.begin(), known.end(), tag.value()) == known.end();
+        if (isOther) context.keep(&tag, foreign.extras);
+    }
+    context.setForeign(object, std::move(foreign));
+}
+
+bool hasOtherSections(const KdDbObject& object) {
+    const auto& foreign = KdDbObjectAccess::state(object).foreign;
+    return foreign != nullptr && !foreign->extras.empty();
 }
 
 const Tag& ExtrasReader::next(int code) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
+#include <string_view>
 
 #include "host/db/cellformat.h"
 #include "host/file/loadcontext.h"
@@ -23,6 +25,11 @@ void writeExtras(SaveContext& context, const ExtrasPlace& place, const KdDbObjec
 
 /// The tags of the object's extras, behind version and head; empty when it has none, or of a later version.
 TagSpan extrasOf(const LoadContext& context, const FileObject& object);
+/// Keeps the sections of other names than these: a later version of this program knows what they mean.
+void keepOtherSections(LoadContext& context, KdDbObject& object, TagSpan extras,
+                       std::initializer_list<std::string_view> known);
+/// Whether the object has such sections.
+bool hasOtherSections(const KdDbObject& object);
 /// Finds extras among the objects, and what is in the file for their sake.
 void findExtras(LoadContext& context, const FileSection& objects);
 

@@ -142,12 +142,15 @@ KeptTags LoadContext::keepGroups(const FileObject& object) {
 }
 
 void LoadContext::setForeign(KdDbObject& object, ForeignTags tags) {
-    if (tags.groups.empty() && tags.common.empty() && tags.own.empty()) return;
+    constexpr KeptTags ForeignTags::*kParts[] = {&ForeignTags::groups, &ForeignTags::common, &ForeignTags::own,
+                                                 &ForeignTags::extras};
     auto& foreign = KdDbObjectAccess::stateForMaker(object).foreign;
-    if (foreign != nullptr && tags.groups.empty()) tags.groups = foreign->groups;
-    if (foreign != nullptr && tags.common.empty()) tags.common = foreign->common;
-    if (foreign != nullptr && tags.own.empty()) tags.own = foreign->own;
-    foreign = std::make_shared<const ForeignTags>(std::move(tags));
+    bool isNone = true;
+    for (const auto part : kParts) {
+        isNone = isNone && (tags.*part).empty();
+        if (foreign != nullptr && (tags.*part).empty()) tags.*part = (*foreign).*part;
+    }
+    if (!isNone) foreign = std::make_shared<const ForeignTags>(std::move(tags));
 }
 
 }  // namespace kdhost::file

@@ -211,6 +211,7 @@ void readTableStyle(LoadContext& context, KdDbObject& object, const FileObject& 
     reader.end();
 
     const TagSpan extras = extrasOf(context, source);
+    keepOtherSections(context, object, extras, {"STYLES", "FORMER"});
     const bool holds = !extras.empty() && readStyleExtras(context, extras, fingerprintOf(tags), style);
     for (std::size_t row = 0; row < rows.size() && !holds; ++row) {
         CellStyleRecord record = *style.find(kRowStyles[row]);

@@ -180,6 +180,59 @@ TEST_F(ForeignFiles, clones_of_kept_objects_point_at_clones) {
     savedAndOpened(other);
 }
 
+TEST_F(ForeignFiles, every_code_that_points_is_translated_when_its_object_is_cloned) {
+    const std::string space = handle(m_database.modelSpaceId());
+    std::string pointing = "0\nWIPEOUT\n5\nABC0\n330\n" + space + "\n100\nAcDbEntity\n8\n0\n100\nAcDbWipeout\n";
+    std::vector<int> codes{480, 481};
+    for (int code = 330; code <= 369; ++code) codes.push_back(code);
+    for (int code = 390; code <= 399; ++code) codes.push_back(code);
+    for (const int code : codes) pointing += std::to_string(code) + "\n" + handle(m_line) + "\n";
+    // Beside them some that look alike and don't point.
+    pointing += "320\n" + handle(m_line) + "\n370\n25\n1001\nACAD\n1005\n" + handle(m_line) + "\n";
+    const auto database = opened(with(bytes(), "0\nACAD_TABLE\n", pointing));
+    ASSERT_NE(database, nullptr);
+    KdDbDatabase other(true, true);
+    // The line's clone gets another handle than the line has.
+    for (int line = 0; line < 40; ++line) kdtest::appendLine(other);
+    KdDbIdMapping mapping(&other);
+    KdDbObjectIdArray ids;
+    ids.append(KdDbDatabaseAccess::find(*database, kdhost::peekObject(m_line)->handle())->objectId());
+    ids.append(KdDbDatabaseAccess::find(*database, 0xABC0)->objectId());
+    ASSERT_EQ(database->wblockCloneObjects(ids, other.modelSpaceId(), mapping, 1), Kdad::eOk);
+    const std::string clone = handle(mapping.map(ids[0]));
+    ASSERT_NE(clone, handle(m_line));
+    const std::string saved = kdhost::file::drawingBytes(other);
+    const std::size_t at = saved.find("100\nAcDbWipeout\n");
+    for (const int code : codes) {
+        EXPECT_NE(saved.find("\n" + std::to_string(code) + "\n" + clone + "\n", at), std::string::npos) << code;
+    }
+    EXPECT_NE(saved.find("\n1005\n" + clone + "\n", at), std::string::npos);
+    EXPECT_NE(saved.find("\n320\n" + handle(m_line) + "\n370\n25\n", at), std::string::npos);
+}
+
+TEST_F(ForeignFiles, long_texts_of_cells_are_read_in_pieces_of_either_code) {
+    auto* open = kdtest::mustOpen<KdDbTable>(m_table, KdDb::kForWrite);
+    const std::wstring text = std::wstring(250, L'a') + std::wstring(250, L'\u8868') + L"end";
+    open->setTextString(1, 1, text.c_str());
+    open->close();
+    std::string file = bytes();
+    const std::size_t table = file.find("100\nAcDbTable\n");
+    const auto read = [&] {
+        const auto database = opened(file);
+        EXPECT_NE(database, nullptr);
+        const auto* found =
+            static_cast<const KdDbTable*>(KdDbDatabaseAccess::find(*database, kdhost::peekObject(m_table)->handle()));
+        return std::wstring(found->textString(1, 1));
+    };
+    EXPECT_EQ(read(), text);
+    for (int piece = 0; piece < 2; ++piece) {
+        const std::size_t at = file.find(piece == 0 ? "\n2\naaa" : "\n2\n\xE8\xA1\xA8", table);
+        ASSERT_NE(at, std::string::npos);
+        file[at + 1] = '3';
+    }
+    EXPECT_EQ(read(), text);
+}
+
 TEST_F(ForeignFiles, a_cell_that_another_program_changed_loses_its_extras_and_the_others_keep_theirs) {
     std::string file = bytes();
     const std::size_t table = file.find("100\nAcDbTable\n");

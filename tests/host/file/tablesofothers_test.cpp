@@ -222,4 +222,33 @@ TEST_F(TablesOfOthers, groups_of_references_of_known_objects_are_kept_and_follow
     savedAndOpened(other);
 }
 
+TEST_F(TablesOfOthers, sections_of_extras_that_a_later_version_has_written_are_kept) {
+    KdDbDatabase database;
+    auto* made = new KdDbTable;
+    made->setTableStyle(database.tablestyle());
+    made->setSize(2, 1);
+    made->setBackgroundColor(1, 0, KdCmColor::fromRgb(1, 2, 3));
+    const KdDbObjectId id = kdtest::append(database, made);
+    const KdDbObjectId line = kdtest::appendLine(database);
+    std::string file = kdhost::file::drawingBytes(database);
+    const std::string section = "300\nLATER\n90\n7\n330\n" + handle(database, line) + "\n1\ntext ^ \n";
+    file = with(file, "300\nCELLS\n", section);
+    file = with(file, "300\nFORMER\n", section);
+    const auto count = [&](const std::string& bytes) {
+        int found = 0;
+        for (std::size_t at = bytes.find(section); at != std::string::npos; at = bytes.find(section, at + 1)) ++found;
+        return found;
+    };
+    const auto read = opened(file);
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(table(*read, id).backgroundColor(1, 0), KdCmColor::fromRgb(1, 2, 3)) << "what is known counts";
+    EXPECT_EQ(count(kdhost::file::drawingBytes(*read)), 2);
+    savedAndOpened(*read);
+    auto* open = kdtest::mustOpen<KdDbTable>(same(*read, id), KdDb::kForWrite);
+    open->clearCellOverrides(1, 0);
+    open->close();
+    EXPECT_EQ(count(kdhost::file::drawingBytes(*read)), 2) << "with nothing else to be told beside them";
+    savedAndOpened(*read);
+}
+
 }  // namespace
