@@ -119,6 +119,7 @@ private:
     void rows() {
         m_loaded.styles = {kTitleStyle, kHeaderStyle, kDataStyle};
         m_loaded.rows.resize(m_heights.size());
+        m_spans.reserve(m_heights.size() * m_widths.size());
         for (std::size_t row = 0; row < m_heights.size(); ++row) {
             TableRow& made = m_loaded.rows[row];
             made.height = m_heights[row];

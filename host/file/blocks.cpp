@@ -155,12 +155,15 @@ void findTableBlocks(LoadContext& context, const FileSection& tables, const File
             if (record != 0) context.tableBlocks.insert(record);
         }
     }
+    std::size_t found = 0;
     for (const FileObject& record : tables.objects) {
         if (record.name != "BLOCK_RECORD" || !context.tableBlocks.contains(record.handle)) continue;
+        ++found;
         for (const Tag& tag : record.tags) {
             if (tag.code == 2) context.tableBlockNames.insert(tag.value());
         }
     }
+    require(found == context.tableBlocks.size(), "the block that shows a table is missing");
 }
 
 void placeEntities(LoadContext& context, const FileSection& blocks, const FileSection& entities) {

@@ -72,7 +72,7 @@ private:
                 m_children = static_cast<std::size_t>(asked(integerOf(tag)));
                 break;
             case 360:
-                m_state.children.emplace_back(m_context.idOf(asked(handleOf(tag))));
+                m_state.children.emplace_back(child(asked(handleOf(tag))));
                 break;
             case 97:
                 m_objectCount = static_cast<std::size_t>(asked(integerOf(tag)));
@@ -89,6 +89,13 @@ private:
             default:
                 break;
         }
+    }
+
+    /// The null id for the handle 0, which stands for a child that is gone.
+    KdDbObjectId child(std::uint64_t handle) const {
+        const auto* found = m_context.findAs<KdDbField>(handle);
+        require(handle == 0 || found != nullptr, "a field's child is missing");
+        return found == nullptr ? KdDbObjectId::kNull : found->objectId();
     }
 
     LoadContext& m_context;

@@ -148,6 +148,10 @@ bool readTags(std::string_view bytes, std::vector<Tag>& tags) {
 }
 
 bool appendTags(std::string_view bytes, std::vector<Tag>& tags) {
+    // Each takes two lines.
+    if (tags.capacity() == 0) {
+        tags.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) / 2 + 1);
+    }
     Lines lines(bytes);
     while (!lines.atEnd()) {
         int code = 0;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <sstream>
+
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/symbolstate.h"
@@ -9,10 +12,12 @@
 #include "kd/db/field.h"
 #include "kd/db/headervar.h"
 #include "kd/db/idmapping.h"
+#include "kd/db/mtext.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
 #include "tests/host/file/filefixture.h"
 #include "tests/support/objects.h"
+#include "tests/support/randomdrawing.h"
 
 namespace {
 
@@ -47,6 +52,56 @@ TEST_F(DrawingFiles, the_block_that_shows_a_table_has_its_texts_and_each_line_of
     EXPECT_EQ(count("0\nSOLID\n"), 1);
     // Four lines along the rows, of which the first is double, and three along the columns.
     EXPECT_EQ(count("0\nLINE\n"), 8);
+}
+
+TEST_F(DrawingFiles, no_line_of_a_file_is_longer_than_readers_take) {
+    KdDbDatabase database;
+    const std::wstring text = std::wstring(700, L'\u8868') + std::wstring(700, L'x');
+    auto* table = new KdDbTable;
+    table->setTableStyle(database.tablestyle());
+    table->setSize(2, 2);
+    table->setTextString(0, 0, text.c_str());
+    table->setDataFormat(1, 0, text.c_str());
+    const KdDbObjectId id = kdtest::append(database, table);
+    auto* field = new KdDbField;
+    field->setFieldCode(text.c_str());
+    field->postInDatabase(&database);
+    auto* open = kdtest::mustOpen<KdDbTable>(id, KdDb::kForWrite);
+    open->setFieldId(1, 1, field->objectId());
+    field->setOwnerId(id);
+    field->close();
+    open->close();
+    auto* mtext = new KdDbMText;
+    mtext->setTextHeight(1.0);
+    mtext->setContents(text.c_str());
+    kdtest::append(database, mtext);
+    std::istringstream lines(kdhost::file::drawingBytes(database));
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_LE(kdhost::fromUtf8(line).size(), 250U) << line.substr(0, 40);
+    }
+    savedAndOpened(database);
+}
+
+TEST_F(DrawingFiles, the_next_handle_is_above_every_one_and_each_stands_once) {
+    for (unsigned seed = 0; seed < 50; ++seed) {
+        KdDbDatabase database;
+        kdtest::fillRandomly(database, seed);
+        std::istringstream lines(kdhost::file::drawingBytes(database));
+        std::set<unsigned long long> handles;
+        unsigned long long next = 0;
+        std::string code;
+        std::string value;
+        std::string before;
+        for (; std::getline(lines, code) && std::getline(lines, value); before = value) {
+            if (code == "5" && before == "$HANDSEED") {
+                next = std::stoull(value, nullptr, 16);
+            } else if (code == "5" || code == "105") {
+                EXPECT_TRUE(handles.insert(std::stoull(value, nullptr, 16)).second) << value;
+            }
+        }
+        ASSERT_FALSE(handles.empty());
+        EXPECT_GT(next, *handles.rbegin()) << seed;
+    }
 }
 
 TEST_F(DrawingFiles, a_table_comes_back) {
