@@ -3,7 +3,7 @@ import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 import context_rows  # noqa: E402
-from context_rows import BLOCK, Row, align, empty, insert_columns, insert_rows, lock, merge  # noqa: E402
+from context_rows import BLOCK, Row, align, data_format, empty, fill, insert_columns, insert_rows, lock, merge  # noqa: E402
 from context_rows import row_copied, size_columns, size_rows, text_becomes, unchanged  # noqa: E402
 from context_rows import without_columns, without_rows  # noqa: E402
 
@@ -35,6 +35,9 @@ ROWS += [
         before=["@cells A5:D5", "@context A5", "@menu IDR_TABLECELL_COPY", "@cells #{number} A2:D2"]),
     Row("IDR_TABLECELL_EDITTEXT", text_becomes(1, 1, "typed"), "TableEdit", cells="B2",
         at="B2", after=["@edit TAB typed", "@edit ESC"]),
+    Row("IDR_TABLECELL_BACKGROUNDFILL", fill("rgb:1,2,3"), "BackgroundFill", after=["@color 1,2,3"]),
+    Row("IDR_TABLECELL_DATAFORMAT", data_format(2, 16), "SetDataFormat",
+        after=["@select IDC_DATAFORMAT_TYPE_COMBOBOX #3", "@select IDC_DATAFORMAT_UNIT_COMBOBOX #2", "@click IDOK"]),
     Row("IDR_TABLECELL_BORDERS", unchanged, None),
     Row("IDR_TABLECELL_MATCHCELL", unchanged, None),
 ]

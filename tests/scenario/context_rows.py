@@ -1,5 +1,5 @@
-"""What the scenarios of context menus share: an item is chosen on an imported table, and the dump compared with what
-it is told to do to the table."""
+"""What the scenarios of context menus and of the toolbar share: an item is chosen on an imported table, and the dump
+compared with what it is told to do to the table."""
 
 import copy
 from types import SimpleNamespace
@@ -8,12 +8,13 @@ SPACING = 1000
 LANGUAGES = ("en", "zh_CN")
 # The cells that most items are chosen on: B3:C4.
 BLOCK = [2, 1, 3, 2]
-CELL_PROPERTIES = ("text", "alignment", "state")
+CELL_PROPERTIES = ("text", "alignment", "state", "background", "dataType", "unitType")
 
 
 def Row(item, change, step, cells="B3:C4", at="B3", before=(), after=()):
     """An item, the function that changes a table as it should, and the step of undo; lines that come before the right
-    button and after the choice, in which {number} is the table's place in the dump and {language} that of the run."""
+    button and after the choice, in which {number} is the table's place in the dump and {language} that of the run.
+    Without a place `at` no right button is pressed, and without an item nothing is chosen."""
     return SimpleNamespace(item=item, change=change, step=step, cells=cells, at=at, before=before, after=after)
 
 
@@ -38,7 +39,10 @@ def lines_for(row, number, language):
         yield f"@cells {row.cells}"
     yield from in_place(row.before, number, language)
     at = f"10,{place(number) - 5}" if row.at == "table" else row.at
-    yield from (f"@context {at}", f"@menu {row.item}")
+    if at:
+        yield f"@context {at}"
+    if row.item:
+        yield f"@menu {row.item}"
     yield from in_place(row.after, number, language)
 
 
@@ -64,6 +68,14 @@ def lock(state, area=BLOCK):
 
 def empty(area):
     return set_cells(area, text="")
+
+
+def fill(color, area=BLOCK):
+    return set_cells(area, background=color)
+
+
+def data_format(data_type, unit_type, area=BLOCK):
+    return set_cells(area, dataType=data_type, unitType=unit_type)
 
 
 def unchanged(_):

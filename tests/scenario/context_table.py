@@ -28,6 +28,7 @@ ROWS = [
     on_table("IDR_TABLESTYLE_REMOVEOVERRIDES", unchanged, "ClearTableOverride",
              before=["@cells B3:C4", "@context B3", "@menu IDR_ALIGNMENT_BOTTOMRIGHT", "@cells none"]),
     on_table("IDR_TABLESTYLE_EXPORT", unchanged, None, after=["@file {language}.csv"]),
+    on_table("IDR_TABLESTYLE_INDICATORCOLOR", unchanged, None, after=["@color 11,22,33"]),
     on_row("IDR_BYROW_ABOVEINSERT", insert_rows(2, 2, 1), "AboveInsert"),
     on_row("IDR_BYROW_BELOWINSERT", insert_rows(3, 2, 1), "BelowInsert"),
     on_row("IDR_BYROW_DELETE", without_rows(2, 3), "DeleteRows"),
