@@ -360,6 +360,8 @@ public:
     /// The dialog of the cell styles of the table's style, in a transaction of its own and as one step of undo; its
     /// Cancel takes all back. False without the main application service.
     static int ManageCellStyles(KdDbObjectId table);
+    /// The dialog of the selected cells' borders, which writes at once; all it did is one step of undo, whichever
+    /// button closes it. False, with no dialog, for a null id and without the main application service.
     static int SetBorders(KdDbObjectId table);
 
     // The toolbar.

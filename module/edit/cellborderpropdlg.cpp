@@ -20,40 +20,8 @@ constexpr const char* kPreview = "IDC_CELLBORDERPROP_PREVIEW_STATIC";
 
 enum SelectionStatus : int { kNoTable, kOneCell, kNoMerges, kOneUnmergedCell, kOtherCells };
 
-/// The lines of a mode: those it makes visible, and those that get what is picked. They differ on purpose: the line
-/// inside the cells goes with the chosen side next to it, and the two buttons of inside lines paint nothing.
-struct BorderMode {
-    int shown;
-    int painted;
-};
 constexpr int kOutside = KdDb::kHorzTop | KdDb::kHorzBottom | KdDb::kVertLeft | KdDb::kVertRight;
 constexpr int kInside = KdDb::kHorzInside | KdDb::kVertInside;
-constexpr std::array kModes = {
-    BorderMode{kAllEdges, kAllEdges},
-    BorderMode{kOutside, kOutside},
-    BorderMode{kInside, kInside},
-    BorderMode{KdDb::kHorzBottom, KdDb::kHorzInside | KdDb::kHorzBottom},
-    BorderMode{KdDb::kVertLeft, KdDb::kVertLeft | KdDb::kVertInside},
-    BorderMode{KdDb::kHorzTop, KdDb::kHorzTop | KdDb::kHorzInside},
-    BorderMode{KdDb::kVertRight, KdDb::kVertInside | KdDb::kVertRight},
-    BorderMode{KdDb::kHorzInside, 0},
-    BorderMode{KdDb::kVertInside, 0},
-};
-
-const BorderMode& modeOf(int mode) {
-    return kModes[static_cast<std::size_t>(mode)];
-}
-
-/// The buttons that have nothing to do on one cell, by their places, and what they then show.
-struct DisabledButton {
-    std::size_t place;
-    const char* bitmap;
-};
-constexpr std::array kDisabledOnOneCell = {
-    DisabledButton{2, "IDB_CELLSTYLE_INNERBORDER_DISABLE_BMP"},
-    DisabledButton{7, "IDB_CELLSTYLE_HORZINSIDEBORDER_DISABLE_BMP"},
-    DisabledButton{8, "IDB_CELLSTYLE_VERTINSIDEBORDER_DISABLE_BMP"},
-};
 
 /// Calls `visit(row, column, edge)` for each of those lines of each cell, row by row.
 template <class Visit>
@@ -87,11 +55,26 @@ const std::array<PictureButton<Dialog>, 10> Dialog::kBorderButtons = {{
     {"IDC_CELLBORDERPROP_NOBORDER_BUTTON", "IDB_CELLSTYLE_NOBORDER_BMP", 2091, &Dialog::OnNoBorderButton},
 }};
 
+/// The two columns differ on purpose: the line inside the cells goes with the chosen side next to it, and the two
+/// buttons of inside lines paint nothing.
+const std::array<Dialog::ModeLines, 9> Dialog::kModes = {{
+    {kAllEdges, kAllEdges},
+    {kOutside, kOutside},
+    {kInside, kInside},
+    {KdDb::kHorzBottom, KdDb::kHorzInside | KdDb::kHorzBottom},
+    {KdDb::kVertLeft, KdDb::kVertLeft | KdDb::kVertInside},
+    {KdDb::kHorzTop, KdDb::kHorzTop | KdDb::kHorzInside},
+    {KdDb::kVertRight, KdDb::kVertInside | KdDb::kVertRight},
+    {KdDb::kHorzInside, 0},
+    {KdDb::kVertInside, 0},
+}};
+
 CVqTableCellBorderPropDlg::CVqTableCellBorderPropDlg(CWnd* parent) : KdUiBaseDialog(parent) {
     buildTree(*this, "IDD_CELLBORDERPROP_DIALOG");
 }
 
 CVqTableCellBorderPropDlg::~CVqTableCellBorderPropDlg() {
+    // It goes before the sample that it shows.
     m_preview.uninitPreviewer();
 }
 
@@ -215,17 +198,23 @@ int CVqTableCellBorderPropDlg::GetCellSeledStatus() const {
 void CVqTableCellBorderPropDlg::InitCtrlsStatus() {
     m_selectionStatus = GetCellSeledStatus();
     if (m_selectionStatus != kOneCell) return;
-    for (const DisabledButton& button : kDisabledOnOneCell) {
-        m_buttons[button.place].EnableWindow(false);
-        m_buttons[button.place].setBitmapId(QString::fromLatin1(button.bitmap), kBitmapMask);
+    // The buttons that have nothing to do on one cell.
+    constexpr std::pair<Mode, const char*> kDisabled[] = {
+        {Inside, "IDB_CELLSTYLE_INNERBORDER_DISABLE_BMP"},
+        {HorizontalInside, "IDB_CELLSTYLE_HORZINSIDEBORDER_DISABLE_BMP"},
+        {VerticalInside, "IDB_CELLSTYLE_VERTINSIDEBORDER_DISABLE_BMP"},
+    };
+    for (const auto& [mode, bitmap] : kDisabled) {
+        m_buttons[mode].EnableWindow(false);
+        m_buttons[mode].setBitmapId(QString::fromLatin1(bitmap), kBitmapMask);
     }
 }
 
-void CVqTableCellBorderPropDlg::SetBorderVisible(int mode) {
+void CVqTableCellBorderPropDlg::SetBorderVisible(Mode mode) {
     {
         const OpenObject<KdDbTable> table(m_tableId, KdDb::kForWrite);
         if (!table) return;
-        forEachLine(*table, m_selection, modeOf(mode).shown, [&](int row, int column, KdDb::GridLineType edge) {
+        forEachLine(*table, m_selection, linesOf(mode).shown, [&](int row, int column, KdDb::GridLineType edge) {
             table->setGridVisibility(row, column, edge, KdDb::kVisible);
         });
     }
@@ -233,9 +222,9 @@ void CVqTableCellBorderPropDlg::SetBorderVisible(int mode) {
     ShowCellPreview();
 }
 
-void CVqTableCellBorderPropDlg::SetVisibleGridLineData(int doubleLine, int mode) {
+void CVqTableCellBorderPropDlg::SetVisibleGridLineData(int doubleLine, Mode mode) {
     const OpenObject<KdDbTable> table(m_tableId, KdDb::kForWrite);
-    const int painted = modeOf(mode).painted;
+    const int painted = linesOf(mode).painted;
     if (!table || painted == 0) return;
     pickFromBoxes();
     forEachLine(*table, m_selection, painted, [&](int row, int column, KdDb::GridLineType edge) {

@@ -36,19 +36,32 @@ public:
 
     /// Gives the single line to every line of the selected cells that isn't hidden. Nothing calls it.
     void SetInvisibleGridLineData();
+    /// What the selection is: 1 one cell, 2 cells of which none is merged, 3 a single cell that isn't merged beside
+    /// merges, 4 anything else; 0 when the table can't be opened. It is the selection that the dialog opened with.
+    int GetCellSeledStatus() const;
 
 private:
+    /// What a button does to the lines of each cell; the buttons stand in this order, the one for none behind them.
+    enum Mode : int { All, Outside, Inside, Bottom, Left, Top, Right, HorizontalInside, VerticalInside };
+    /// The lines of a mode: those it makes visible, and those that get what is picked.
+    struct ModeLines {
+        int shown;
+        int painted;
+    };
+    static const std::array<ModeLines, 9> kModes;
+    static const ModeLines& linesOf(Mode mode) { return kModes[mode]; }
+
     static const std::array<PictureButton<CVqTableCellBorderPropDlg>, 10> kBorderButtons;
 
-    void OnAllBorderButton() { SetBorderVisible(0); }
-    void OnOuterBorderButton() { SetBorderVisible(1); }
-    void OnInnerBorderButton() { SetBorderVisible(2); }
-    void OnOnlyBottomBorderButton() { SetBorderVisible(3); }
-    void OnOnlyLeftBorderButton() { SetBorderVisible(4); }
-    void OnOnlyTopBorderButton() { SetBorderVisible(5); }
-    void OnOnlyRightBorderButton() { SetBorderVisible(6); }
-    void OnHorzinSideBorderButton() { SetBorderVisible(7); }
-    void OnVertinSideBorderButton() { SetBorderVisible(8); }
+    void OnAllBorderButton() { SetBorderVisible(All); }
+    void OnOuterBorderButton() { SetBorderVisible(Outside); }
+    void OnInnerBorderButton() { SetBorderVisible(Inside); }
+    void OnOnlyBottomBorderButton() { SetBorderVisible(Bottom); }
+    void OnOnlyLeftBorderButton() { SetBorderVisible(Left); }
+    void OnOnlyTopBorderButton() { SetBorderVisible(Top); }
+    void OnOnlyRightBorderButton() { SetBorderVisible(Right); }
+    void OnHorzinSideBorderButton() { SetBorderVisible(HorizontalInside); }
+    void OnVertinSideBorderButton() { SetBorderVisible(VerticalInside); }
     void OnNoBorderButton() { SetBorderInvisible(); }
     void OnDoublelineButton();
     void OnSelchangeColorComboBox();
@@ -68,12 +81,8 @@ private:
     /// The drawing that the table is in; null without one.
     KdDbDatabase* database() const;
 
-    /// What the selection is: 1 one cell, 2 cells of which none is merged, 3 a single cell that isn't merged beside
-    /// merges, 4 anything else; 0 when the table can't be opened.
-    int GetCellSeledStatus() const;
-
-    void SetBorderVisible(int mode);
-    void SetVisibleGridLineData(int doubleLine, int mode);
+    void SetBorderVisible(Mode mode);
+    void SetVisibleGridLineData(int doubleLine, Mode mode);
     void SetBorderInvisible();
     void pickFromBoxes();
     void paintLine(KdDbTable& table, int row, int column, KdDb::GridLineType edge, int doubleLine) const;
@@ -94,6 +103,7 @@ private:
     int m_doubleLine = 0;  ///< the check state of its button
     EdgeLooks m_looks;     ///< of the visible lines of the selected cells; spacings of the double ones
     int m_selectionStatus = 0;
+    // The rows chosen when the lists opened; nothing asks for them.
     int m_colorIndexAtDrop = 0;
     int m_lineTypeIndexAtDrop = 0;
 

@@ -23,7 +23,7 @@ bool editTable(KdDbObjectId table, int row, int col, bool selectedBefore, KdStri
 int editTableCell(KdDbTable* table, int row, int col, int& key, const CStdStr<wchar_t>& typedText, bool firstCell,
                   KdString prefill);
 
-/// A block in a cell that the user picks.
+/// A block in a cell that the user picks. No command, menu or button calls it.
 void tableInsertBlockEntry();
 
 /// The dialog of the block in a cell of a table that is open for write. True when it ended with OK: what it was given

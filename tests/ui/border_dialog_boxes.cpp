@@ -1,5 +1,7 @@
 // What the dialog of cell borders shows of the selected cells, and its edit of the spacing.
 
+#include <QListWidget>
+
 #include "host/ui/linetypes.h"
 #include "kd/db/database.h"
 #include "module/edit/cellborderpropdlg.h"
@@ -94,12 +96,28 @@ TEST_F(BorderDialogBoxes, A_colour_without_a_row_shows_row_1) {
     });
 }
 
-TEST_F(BorderDialogBoxes, Spacings_that_differ_by_less_than_arithmetic_does_agree) {
-    change([&](KdDbTable& open) {
-        dress(open, 1, 1, true);
-        open.setGridDoubleLineSpacing(1, 1, KdDb::kVertLeft, 0.75 + 0.5e-10);
-    });
-    setBorders([](QWidget& dialog) { EXPECT_EQ(text(dialog, kBorderSpacing), "0.75"); });
+TEST_F(BorderDialogBoxes, Six_spacings_agree_that_differ_by_less_than_arithmetic_does) {
+    // Six double lines show of two cells, and the first cell's top line isn't among them.
+    const auto prepare = [&](double difference) {
+        change([&](KdDbTable& open) {
+            dress(open, 1, 2, true);
+            dress(open, 1, 1, true);
+            forEachEdge(kAllEdges & ~KdDb::kHorzInside,
+                        [&](KdDb::GridLineType edge) { open.setGridVisibility(1, 1, edge, KdDb::kInvisible); });
+            open.setGridDoubleLineSpacing(1, 1, KdDb::kHorzTop, 3.0);
+            open.setGridDoubleLineSpacing(1, 2, KdDb::kHorzBottom, 0.75 + difference);
+        });
+        select(table, "B2:C2");
+    };
+    for (const double difference : {0.0, 0.5e-10, -0.5e-10}) {
+        prepare(difference);
+        setBorders([](QWidget& dialog) {
+            EXPECT_EQ(text(dialog, kBorderSpacing), "0.75");
+            EXPECT_TRUE(isChecked(dialog, kBorderDouble));
+        });
+    }
+    prepare(2e-10);
+    setBorders([](QWidget& dialog) { EXPECT_EQ(text(dialog, kBorderSpacing), "3") << "that of the first cell's top"; });
 }
 
 TEST_F(BorderDialogBoxes, List_the_line_types_of_the_tables_drawing) {
@@ -197,6 +215,28 @@ TEST_F(BorderDialogBoxes, A_bad_spacing_keeps_the_focus_all_of_it_selected) {
     }
 }
 
+TEST_F(BorderDialogBoxes, A_bad_spacing_lets_the_focus_go_to_Cancel_and_to_another_window) {
+    setBorders([](QWidget& dialog) {
+        click(dialog, kBorderDouble);
+        typeSpacing(dialog, "-1");
+        dialog.findChild<QPushButton*>(QStringLiteral("IDCANCEL"))->setFocus();
+        EXPECT_EQ(focusName(), "IDCANCEL");
+        const auto& edit = control<QLineEdit>(dialog, kBorderSpacing);
+        typeSpacing(dialog, "-1");
+        EXPECT_EQ(edit.selectedText(), QString());
+        QTimer::singleShot(0, &dialog, [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            EXPECT_TRUE(
+                QTest::qWaitFor([&] { return box->isActiveWindow() && box->isAncestorOf(box->focusWidget()); }));
+            EXPECT_EQ(edit.selectedText(), QString()) << "it isn't called back";
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        dynamic_cast<KdUiBaseDialog&>(dialog).MessageBoxW(L"text", L"caption", 0);
+        EXPECT_EQ(edit.text(), QStringLiteral("-1"));
+        close(dialog, "IDCANCEL");
+    });
+}
+
 TEST_F(BorderDialogBoxes, A_bad_spacing_has_no_effect) {
     change([](KdDbTable& open) { open.setGridDoubleLineSpacing(1, 1, KdDb::kHorzTop, 3.0); });
     setBorders([](QWidget& dialog) {
@@ -220,6 +260,30 @@ TEST_F(BorderDialogBoxes, A_colour_of_the_colour_dialog_is_painted) {
         click(dialog, "ONLYTOPBORDER_BUTTON");
     });
     EXPECT_EQ(look(table).gridColor(1, 1, KdDb::kHorzTop), KdCmColor::fromRgb(10, 20, 30));
+}
+
+TEST_F(BorderDialogBoxes, Other_line_types_are_asked_for_and_a_cancelled_choice_keeps_the_row_before) {
+    const auto chooseOther = [](QWidget& dialog, const char* button) {
+        QTimer::singleShot(0, &dialog, [button] {
+            QWidget* types = QApplication::activeModalWidget();
+            types->findChild<QListWidget*>(QStringLiteral("IDC_LINETYPE_LIST"))->setCurrentRow(0);
+            close(*types, button);
+        });
+        const auto& box = control<QComboBox>(dialog, kBorderType);
+        choose(kBorderType, box.itemText(box.count() - 1).toUtf8().constData());
+        QApplication::setActiveWindow(&dialog);
+    };
+    setBorders([&](QWidget& dialog) {
+        choose(kBorderType, "Continuous");
+        chooseOther(dialog, "IDCANCEL");
+        EXPECT_EQ(shown(dialog, kBorderType), "Continuous");
+        click(dialog, "ONLYTOPBORDER_BUTTON");
+        chooseOther(dialog, "IDOK");
+        EXPECT_EQ(shown(dialog, kBorderType), "By layer") << "the first of those offered";
+        click(dialog, "ONLYLEFTBORDER_BUTTON");
+    });
+    EXPECT_EQ(look(table).gridLinetype(1, 1, KdDb::kHorzTop), host.database().continuousLinetype());
+    EXPECT_EQ(look(table).gridLinetype(1, 1, KdDb::kVertLeft), host.database().byLayerLinetype());
 }
 
 TEST_F(BorderDialogBoxes, An_operation_that_nothing_calls_makes_shown_lines_single) {

@@ -1,5 +1,8 @@
 // What the ten buttons of the dialog of cell borders do to the lines of the selected cells.
 
+#include <set>
+
+#include "host/ed/display.h"
 #include "kd/db/database.h"
 #include "tests/ui/border_fixture.h"
 
@@ -21,33 +24,52 @@ protected:
         open.setGridLineWeight(row, column, edge, KdDb::kLnWt050);
         if (isDouble) open.setGridDoubleLineSpacing(row, column, edge, 0.75);
     }
-    /// The rule, cell by cell and line by line, on another table like it.
-    std::vector<std::string> expected(const BorderMode& mode, const KdCellRange& cells, bool isDouble) {
+    /// Calls `act(row, column, edge)` for those lines of each cell.
+    static void onLines(const KdCellRange& cells, int edges,
+                        const std::function<void(int row, int column, KdDb::GridLineType edge)>& act) {
+        for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
+            for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
+                forEachEdge(edges, [&](KdDb::GridLineType edge) { act(row, column, edge); });
+            }
+        }
+    }
+    /// The lines that the table has after `act`, which works on another one like it.
+    std::vector<std::string> linesAfter(const std::function<void(KdDbTable&)>& act) {
         KdDbTable model;
         model.copyFrom(&look(table));
         model.setDatabaseDefaults(&host.database());
-        for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
-            for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
-                forEachEdge(mode.shown, [&](KdDb::GridLineType edge) {
-                    model.setGridVisibility(row, column, edge, KdDb::kVisible);
-                });
-            }
-        }
-        for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
-            for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
-                forEachEdge(mode.painted, [&](KdDb::GridLineType edge) { paint(model, row, column, edge, isDouble); });
-            }
-        }
+        act(model);
         return linesOf(model);
+    }
+    /// The rule, cell by cell and line by line.
+    std::vector<std::string> expected(const BorderMode& mode, const KdCellRange& cells, bool isDouble) {
+        return linesAfter([&](KdDbTable& model) {
+            onLines(cells, mode.shown, [&](int row, int column, KdDb::GridLineType edge) {
+                model.setGridVisibility(row, column, edge, KdDb::kVisible);
+            });
+            onLines(cells, mode.painted,
+                    [&](int row, int column, KdDb::GridLineType edge) { paint(model, row, column, edge, isDouble); });
+        });
+    }
+    /// No line shows, and each is of the other kind than what will be painted.
+    void blankTable(bool isDouble) {
+        change([&](KdDbTable& open) {
+            const KdCellRange all{0, 0, open.numRows() - 1, open.numColumns() - 1};
+            onLines(all, kAllEdges,
+                    [&](int row, int column, KdDb::GridLineType) { open.clearCellOverrides(row, column); });
+            hideAll(open);
+            onLines(all, kAllEdges, [&](int row, int column, KdDb::GridLineType edge) {
+                open.setGridLineStyle(row, column, edge,
+                                      isDouble ? KdDb::kGridLineStyleSingle : KdDb::kGridLineStyleDouble);
+            });
+        });
     }
     void expectMode(const BorderMode& mode, const char* range, bool isDouble) {
         SCOPED_TRACE(::testing::Message() << mode.button << ' ' << range << (isDouble ? " double" : " single"));
-        change(hideAll);
-        change([](KdDbTable& open) {
-            for (int row = 0; row < open.numRows(); ++row) open.clearCellOverrides(row, 0);
-        });
+        blankTable(isDouble);
         select(table, range);
         const std::vector<std::string> wanted = expected(mode, cells(range), isDouble);
+        EXPECT_TRUE(wanted != linesOf(look(table)));
         setBorders([&](QWidget& dialog) {
             pick();
             if (isDouble) {
@@ -58,31 +80,37 @@ protected:
         });
         EXPECT_EQ(linesOf(look(table)), wanted);
     }
+    void expectModes(const char* range, const std::set<std::string>& without = {}) {
+        for (const BorderMode& mode : kBorderModes) {
+            if (without.count(mode.button) != 0) continue;
+            for (const bool isDouble : {false, true}) expectMode(mode, range, isDouble);
+        }
+    }
 };
 
-TEST_F(BorderDialogModes, Each_button_shows_and_paints_its_lines_of_one_cell_and_no_other) {
-    for (const BorderMode& mode : kBorderModes) {
-        change(hideAll);
-        const bool needsCells = mode.button == std::string("INNERBORDER_BUTTON") || mode.painted == 0;
-        if (needsCells) continue;
-        setBorders([&](QWidget& dialog) {
-            pick();
-            click(dialog, mode.button);
-        });
-        EXPECT_EQ(visible(1, 1), mode.shown) << mode.button;
-        forEachEdge(mode.painted, [&](KdDb::GridLineType edge) {
-            EXPECT_EQ(look(table).gridColor(1, 1, edge), KdCmColor::fromIndex(1)) << mode.button << ' ' << edge;
-        });
-        change([](KdDbTable& open) { open.clearCellOverrides(1, 1); });
-    }
+TEST_F(BorderDialogModes, Each_button_shows_and_paints_its_lines_of_one_cell_and_no_other_single_and_double) {
+    expectModes("B2", {"INNERBORDER_BUTTON", "HORZINSIDEBORDER_BUTTON", "VERTINSIDEBORDER_BUTTON"});
 }
 
 TEST_F(BorderDialogModes, Each_button_does_to_several_cells_what_it_does_to_each_single_and_double) {
-    for (const BorderMode& mode : kBorderModes) {
-        for (const bool isDouble : {false, true}) {
-            for (const char* range : {"B2:C3", "A1:D1", "D2:D5"}) expectMode(mode, range, isDouble);
-        }
-    }
+    for (const char* range : {"B2:C3", "A1:D1", "D2:D5"}) expectModes(range);
+}
+
+TEST_F(BorderDialogModes, Each_button_treats_every_cell_of_a_merge_as_one_of_its_own) {
+    change([](KdDbTable& open) { open.mergeCells(2, 3, 1, 2); });
+    expectModes("B3:C4");
+}
+
+TEST_F(BorderDialogModes, The_last_button_hides_every_line_of_every_selected_cell_and_no_other) {
+    select(table, "B2:C3");
+    const std::vector<std::string> wanted = linesAfter([](KdDbTable& model) {
+        onLines({1, 1, 2, 2}, kAllEdges, [&](int row, int column, KdDb::GridLineType edge) {
+            model.setGridVisibility(row, column, edge, KdDb::kInvisible);
+        });
+    });
+    EXPECT_NE(wanted, linesOf(look(table)));
+    setBorders([](QWidget& dialog) { click(dialog, kNoBorders); });
+    EXPECT_EQ(linesOf(look(table)), wanted);
 }
 
 TEST_F(BorderDialogModes, Outside_borders_are_the_four_sides_of_each_cell) {
@@ -208,9 +236,55 @@ TEST_F(BorderDialogModes, A_table_that_cant_be_opened_is_left_alone) {
     });
 }
 
+TEST_F(BorderDialogModes, A_table_that_another_reads_keeps_its_lines_and_the_preview_stays) {
+    select(table, "B2:C3");
+    const std::vector<std::string> before = linesOf(look(table));
+    setBorders([&](QWidget& dialog) {
+        choose(kBorderColor, "Red");
+        const QImage shown = picture(dialog);
+        ASSERT_FALSE(shown.isNull());
+        const OpenObject<KdDbTable> reader(table, KdDb::kForRead);
+        for (const BorderMode& mode : kBorderModes) click(dialog, mode.button);
+        click(dialog, kNoBorders);
+        EXPECT_EQ(picture(dialog), shown);
+    });
+    EXPECT_EQ(linesOf(look(table)), before);
+}
+
+TEST_F(BorderDialogModes, Lines_are_shown_as_they_are_when_the_table_cant_be_opened_once_more_to_paint_them) {
+    change(hideAll);
+    select(table, "B2:C3");
+    setBorders([&](QWidget& dialog) {
+        choose(kBorderColor, "Red");
+        const QImage shown = picture(dialog);
+        kdhost::faults().failOpenNumber = 2;
+        click(dialog, "OUTERBORDER_BUTTON");
+        EXPECT_EQ(kdhost::faults().failOpenNumber, 0);
+        EXPECT_NE(picture(dialog), shown);
+    });
+    EXPECT_EQ(visible(1, 1), 1 | 4 | 8 | 32);
+    EXPECT_NE(look(table).gridColor(1, 1, KdDb::kHorzTop), KdCmColor::fromIndex(1));
+}
+
+TEST_F(BorderDialogModes, The_display_is_left_to_the_host) {
+    kdhost::updateDisplay();
+    ASSERT_TRUE(kdhost::queuedForRedraw().empty());
+    EXPECT_TRUE(setBorders([](QWidget& dialog) { click(dialog, "ALLBORDER_BUTTON"); }));
+    // Beside it wait the previews' entities.
+    const std::vector<KdDbObjectId>& queued = kdhost::queuedForRedraw();
+    EXPECT_EQ(std::count(queued.begin(), queued.end(), table), 1);
+}
+
 TEST_F(BorderDialogModes, No_table_is_refused_without_a_dialog) {
     EXPECT_FALSE(CVqTableCommon::SetBorders(KdDbObjectId::kNull));
     EXPECT_FALSE(CVqTableCommon::SetBorders(KdDbObjectId()));
+}
+
+TEST_F(BorderDialogModes, Without_the_main_application_service_there_is_no_dialog) {
+    kdhost::faults().noMainAppService = true;
+    EXPECT_FALSE(CVqTableCommon::SetBorders(table));
+    kdhost::faults().noMainAppService = false;
+    EXPECT_TRUE(steps().empty());
 }
 
 }  // namespace
