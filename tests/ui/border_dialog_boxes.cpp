@@ -51,6 +51,20 @@ TEST_F(BorderDialogBoxes, Six_double_lines_check_the_button_and_are_painted_doub
     EXPECT_EQ(look(table).gridLineStyle(1, 1, KdDb::kHorzTop), KdDb::kGridLineStyleDouble);
 }
 
+TEST_F(BorderDialogBoxes, What_they_show_is_painted_untouched) {
+    const KdDbObjectId types[] = {host.database().byLayerLinetype(), host.database().byBlockLinetype(),
+                                  host.database().continuousLinetype()};
+    for (const KdDbObjectId type : types) {
+        change([&](KdDbTable& open) {
+            dress(open, 1, 1);
+            forEachEdge(kAllEdges, [&](KdDb::GridLineType edge) { open.setGridLinetype(1, 1, edge, type); });
+        });
+        const std::vector<std::string> before = linesOf(look(table));
+        setBorders([](QWidget& dialog) { click(dialog, "ALLBORDER_BUTTON"); });
+        EXPECT_EQ(linesOf(look(table)), before) << type.asInteger();
+    }
+}
+
 TEST_F(BorderDialogBoxes, One_line_that_differs_or_is_hidden_shows_row_1) {
     change([&](KdDbTable& open) {
         dress(open, 1, 1);
