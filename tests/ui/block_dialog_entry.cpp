@@ -62,6 +62,15 @@ TEST_F(BlockInCell, OK_writes_to_the_cell_whose_column_is_the_number_of_the_row)
     EXPECT_EQ(look(table).blockTableRecordId(2, 1, 0), block) << "the cell itself stays";
 }
 
+TEST_F(BlockInCell, A_block_that_is_fitted_to_its_cell_is_so_in_the_other_one) {
+    change([&](KdDbTable& open) { open.setBlockTableRecordId(2, 1, 0, block, true); });
+    EXPECT_TRUE(invoke(2, 1, [](QWidget& dialog) {
+        EXPECT_TRUE(in<QCheckBox>(dialog, kBlockAutofit).isChecked());
+        press(dialog, "IDOK");
+    }));
+    EXPECT_TRUE(look(table).isAutoScale(2, 2, 0));
+}
+
 TEST_F(BlockInCell, A_row_beyond_the_columns_has_no_such_cell_and_nothing_is_changed) {
     const std::string before = describe(look(table));
     EXPECT_TRUE(invoke(3, 1, [](QWidget& dialog) { press(dialog, "IDOK"); }));
