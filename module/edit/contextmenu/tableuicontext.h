@@ -36,8 +36,6 @@ protected:
     /// Fills the list of table styles, which is the sub-menu at position 0.
     void setTableStyleMenuItemState(TableMenu& menu, const KdDbTable& table);
 
-    KdDbObjectId m_tableId;  ///< the table that the menu is for; null between menus
-
 private:
     void destroyMenus();
     void loadMenus();
@@ -53,8 +51,13 @@ private:
     TableMenu m_cellStyleMenu;
     TableMenu m_rowIndicatorMenu;
     TableMenu m_columnIndicatorMenu;
-    std::unique_ptr<TableMenu> m_tableStyleList;
     QPointer<QMenu> m_popup;
     KdArray<KdString> m_tableStyleNames;
     KdArray<KdString> m_cellStyleNames;
+
+protected:
+    KdDbObjectId m_tableId;  ///< the table that the menu is for; null between menus
+
+private:
+    std::unique_ptr<TableMenu> m_tableStyleList;
 };

@@ -24,6 +24,7 @@
 #include "module/style/controls/comboboxes.h"
 #include "module/style/controls/tablecolorcombobox.h"
 
+class KdCmColor;
 class KdDbTable;
 class KdUiComboBox;
 class KdUiPushButton;
@@ -81,6 +82,14 @@ public:
     void OnInsertFormulas();
     void OnCellStyle();
 
+    // Handlers of buttons that this toolbar doesn't have: each holds its place and does nothing.
+
+    void OnInsetBlock() {}
+    void OnInsertField() {}
+    void OnManageCellContent() {}
+    void OnMatchCell() {}
+    void OnJustificationMenu() {}
+
 protected:
     /// Tab is a key for the drawing like any other.
     bool focusNextPrevChild(bool) override { return false; }
@@ -101,7 +110,8 @@ private:
     void updateToolbar();
     void SetAlignmentImage(const KdDbTable& table);
     void SetBackgroundColorSel(const KdDbTable& table);
-    void setEnabledState(const QString& name, bool enabled) { m_buttonEnabled[name] = enabled ? 1 : 0; }
+    void setEnabledState(ToolbarControl which, bool enabled);
+    bool showsColor(const KdCmColor& color) const;
 
     // Commands.
 
@@ -127,23 +137,34 @@ private:
     void LaunchCreateCellStyleDlg();
     void LaunchManageCellStyleDlg();
 
+    /// A control and its entry of the map, so that an update looks up no name. Both null in an empty window.
+    struct Switch {
+        QWidget* widget = nullptr;
+        int* enabled = nullptr;
+    };
+    Switch& switchOf(ToolbarControl which) { return m_switches[static_cast<std::size_t>(which)]; }
+
     QToolBar* m_toolBar = nullptr;  ///< a child of the window
     QList<QIcon> m_icons;           ///< by their places in the strip
-    QString m_imageEnding;          ///< of the images for the screen's scale
     std::map<QString, QWidget*> m_widgetByName;
     CVqTableColorComboBox m_colorCombo;
     CVqSpecialComboBox m_cellStyleCombo;
     QFont m_font;  ///< of the lists
     KdDbObjectId m_tableId;
     KdDb::CellAlignment m_alignment = KdDb::kTopLeft;  ///< the one last shown
-    const char* m_shownImage = nullptr;                ///< of the alignment button; null for the strip's
-    std::map<QString, int> m_buttonEnabled;            ///< 1 enabled, 0 not
+    std::map<QString, int> m_buttonEnabled;            ///< by name; 1 enabled, 0 not
+    std::map<QString, int> m_buttonChecked;            ///< nothing fills it: no button stays pressed
     CStringArray m_cellStyleNames;                     ///< display names
-    KdDbObjectId m_shownStyleId;                       ///< whose cell styles these are
     std::unique_ptr<VqTableObjectReactor> m_reactor;
     double m_x = 0.0;  ///< where the window was placed
     double m_y = 0.0;
     std::int64_t m_savedCursorState = 0;
+
+    std::array<Switch, kToolbarControls> m_switches;
+    QString m_imageEnding;               ///< of the images for the screen's scale
+    const char* m_shownImage = nullptr;  ///< of the alignment button; null for the strip's
+    CStdStr<wchar_t> m_noFillText;       ///< as the list of colours has it
+    KdDbObjectId m_shownStyleId;         ///< whose cell styles are listed
     std::array<std::unique_ptr<VqTableditMenu>, kToolbarMenus> m_menus;  ///< made when first shown
 
     static int m_nComboBoxIndex;  ///< row of the list of cell styles that was chosen last

@@ -25,6 +25,7 @@ constexpr int kSideWithArrow = 40;
 constexpr int kTallest = 16777215;
 constexpr double kComboStretch = 1.5;
 constexpr unsigned kColorTip = 1421;
+constexpr unsigned kNoFillText = 2006;
 /// The lists are narrower than lists in dialogs, their texts as long.
 constexpr double kListFontSize = 0.85;
 
@@ -104,7 +105,8 @@ void CVqTableditMiniFrameWnd::CreateToolBarWidget(const ToolbarRow& row, double 
     SetToolTips(*widget, row.tipText);
     m_toolBar->addWidget(widget);
     m_widgetByName[name] = widget;
-    setEnabledState(name, true);
+    switchOf(row.control) = {widget, &m_buttonEnabled[name]};
+    setEnabledState(row.control, true);
 }
 
 QWidget* CVqTableditMiniFrameWnd::makeButton(const ToolbarRow& row, double scale) {
@@ -136,6 +138,7 @@ QWidget* CVqTableditMiniFrameWnd::makeCombo(const ToolbarRow& row, double scale)
     combo->setFocusPolicy(Qt::ClickFocus);
     if (isColor) {
         m_colorCombo.Create(combo, kColorTip);
+        m_noFillText = loadText(kNoFillText);
     } else {
         m_cellStyleCombo.Attach(combo);
         // The styles may have changed since, which no table tells.

@@ -24,8 +24,10 @@ constexpr EditMark kManageMark{.name = L"ManCellStyle", .titleText = kManageText
 /// What a row is, as its item data.
 enum RowKind : int { kFirstRow = 0, kStyleRow = 1 };
 
-/// Rows behind the line that the list is parted by.
+// Rows counted from the end. The list is parted by a line at the last style, which is hence no choice.
 constexpr int kRowsBehindLine = 3;
+constexpr int kCreateFromEnd = 2;
+constexpr int kManageFromEnd = 1;
 
 void CreateCellStyle(KdDbObjectId styleId, const CStdStr<wchar_t>& name, CStdStr<wchar_t> start) {
     const OpenObject<KdDbTableStyle> style(styleId, KdDb::kForWrite);
@@ -84,20 +86,14 @@ void CVqTableditMiniFrameWnd::AddCellStyleManager() {
 
 void CVqTableditMiniFrameWnd::OnCellStyle() {
     const ResourceScope resources;
-    const int count = m_cellStyleCombo.GetCount();
-    const int selected = m_cellStyleCombo.GetCurSel();
-    m_nComboBoxIndex = selected;
-    if (selected == count - 3) {
-        // The row that the line is drawn at: the list stays open.
+    m_nComboBoxIndex = m_cellStyleCombo.GetCurSel();
+    const int fromEnd = m_cellStyleCombo.GetCount() - m_nComboBoxIndex;
+    if (fromEnd == kRowsBehindLine) {
         m_cellStyleCombo.ShowDropDown(true);
-    } else if (selected == count - 2 || selected == count - 1) {
+    } else if (fromEnd == kCreateFromEnd || fromEnd == kManageFromEnd) {
         m_nComboBoxIndex = 0;
         showRow(m_cellStyleCombo, 0);
-        if (selected == count - 2) {
-            LaunchCreateCellStyleDlg();
-        } else {
-            LaunchManageCellStyleDlg();
-        }
+        fromEnd == kCreateFromEnd ? LaunchCreateCellStyleDlg() : LaunchManageCellStyleDlg();
     }
 }
 

@@ -3,31 +3,16 @@
 #include "kd/db/table.h"
 #include "kd/ui/widgets.h"
 #include "module/core/openobject.h"
-#include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/edit/toolbar/tableditminiframewnd.h"
 
 namespace {
 
-constexpr unsigned kNoFillText = 2006;
-
-const QString kMerge = QStringLiteral("IDC_TABLEDIT_MERGECELL");
-const QString kUnmerge = QStringLiteral("IDC_TABLEDIT_UNMERGECELL");
-const QString kTopInsert = QStringLiteral("IDC_TABLEDIT_TOPINSERT");
-const QString kBottomInsert = QStringLiteral("IDC_TABLEDIT_BOTTOMINSERT");
-const QString kRowDelete = QStringLiteral("IDC_TABLEDIT_ROWDELETE");
-const QString kLeftInsert = QStringLiteral("IDC_TABLEDIT_LEFTINSERT");
-const QString kRightInsert = QStringLiteral("IDC_TABLEDIT_RIGHTINSERT");
-const QString kColumnDelete = QStringLiteral("IDC_TABLEDIT_COLUMNDELETE");
-const QString kFormula = QStringLiteral("IDC_TABLEDIT_FORMULA");
-const QString kAlignment = QString::fromLatin1(kAlignmentName);
+using Control = ToolbarControl;
 
 /// Controls that change the format of cells.
-const std::array kFormatControls = {
-    QStringLiteral("IDC_TABLEDIT_CELLBORDER"), kAlignment,
-    QStringLiteral("IDC_TABLEDIT_DATAFORMAT"), QString::fromLatin1(kCellStyleComboName),
-    QString::fromLatin1(kColorComboName),
-};
+constexpr Control kFormatControls[] = {Control::CellBorder, Control::Alignment, Control::DataFormat, Control::CellStyle,
+                                       Control::Color};
 
 /// Images of the alignments from 1.
 constexpr const char* kAlignmentImages[] = {
@@ -41,7 +26,6 @@ constexpr const char* kAlignmentImages[] = {
 void CVqTableditMiniFrameWnd::UpdateToolBar() {
     const OpenObject<KdDbTable> table(m_tableId, KdDb::kForRead);
     if (!table) return;
-    const ResourceScope resources;
     followTableStyle(*table);
     if (!table->hasSubSelection()) return;
     SetToolbarState(*table);
@@ -51,50 +35,55 @@ void CVqTableditMiniFrameWnd::UpdateToolBar() {
 
 /// The button of locks is never disabled: a lock must be taken off again.
 void CVqTableditMiniFrameWnd::SetToolbarState(const KdDbTable& table) {
-    setEnabledState(kMerge, CVqTableCommon::CanMergeCells(&table));
-    setEnabledState(kUnmerge, CVqTableCommon::CanUnMergeCells(&table));
+    setEnabledState(Control::MergeCell, CVqTableCommon::CanMergeCells(&table));
+    setEnabledState(Control::UnmergeCell, CVqTableCommon::CanUnMergeCells(&table));
     SetToolbarInsertAndDeleteState(table);
     bool content = false;
     bool format = false;
     CVqTableCommon::GetReadOnlyState(&table, content, format);
-    for (const QString& name : kFormatControls) setEnabledState(name, format);
-    setEnabledState(kFormula, content);
+    for (const Control control : kFormatControls) setEnabledState(control, format);
+    setEnabledState(Control::Formula, content);
     updateToolbar();
 }
 
 void CVqTableditMiniFrameWnd::SetToolbarInsertAndDeleteState(const KdDbTable& table) {
     const KdCellRange cells = table.getSubSelection();
     const CKdTableCellRange counted(cells);
-    setEnabledState(kTopInsert, table.canInsert(cells.m_topRow, true));
-    setEnabledState(kBottomInsert, table.canInsert(cells.m_bottomRow, true));
-    setEnabledState(kRowDelete, table.canDelete(cells.m_topRow, counted.numRows(), true));
-    setEnabledState(kLeftInsert, table.canInsert(cells.m_leftColumn, false));
-    setEnabledState(kRightInsert, table.canInsert(cells.m_rightColumn, false));
-    setEnabledState(kColumnDelete, table.canDelete(cells.m_leftColumn, counted.numColumns(), false));
+    setEnabledState(Control::TopInsert, table.canInsert(cells.m_topRow, true));
+    setEnabledState(Control::BottomInsert, table.canInsert(cells.m_bottomRow, true));
+    setEnabledState(Control::RowDelete, table.canDelete(cells.m_topRow, counted.numRows(), true));
+    setEnabledState(Control::LeftInsert, table.canInsert(cells.m_leftColumn, false));
+    setEnabledState(Control::RightInsert, table.canInsert(cells.m_rightColumn, false));
+    setEnabledState(Control::ColumnDelete, table.canDelete(cells.m_leftColumn, counted.numColumns(), false));
     updateToolbar();
 }
 
-/// Both maps are in the order of the names, so that one walk finds each control.
+void CVqTableditMiniFrameWnd::setEnabledState(ToolbarControl which, bool enabled) {
+    if (int* entry = switchOf(which).enabled) *entry = enabled ? 1 : 0;
+}
+
 void CVqTableditMiniFrameWnd::updateToolbar() {
-    auto control = m_widgetByName.begin();
-    for (const auto& [name, enabled] : m_buttonEnabled) {
-        while (control != m_widgetByName.end() && control->first < name) ++control;
-        if (control == m_widgetByName.end()) return;
-        const bool isFor = control->first == name;
-        if (isFor && control->second->isEnabled() != (enabled == 1)) control->second->setEnabled(enabled == 1);
+    for (const auto& [widget, enabled] : m_switches) {
+        if (widget != nullptr && widget->isEnabled() != (*enabled == 1)) widget->setEnabled(*enabled == 1);
     }
 }
 
 void CVqTableditMiniFrameWnd::SetAlignmentImage(const KdDbTable& table) {
     KdDb::CellAlignment alignment = m_alignment;
     if (CVqTableCommon::GetCellAlignment(&table, alignment)) m_alignment = alignment;
-    const auto place = static_cast<std::size_t>(CVqTableCommon::CellAlignmentToIndex(m_alignment));
-    const auto found = m_widgetByName.find(kAlignment);
-    if (found == m_widgetByName.end() || m_shownImage == kAlignmentImages[place]) return;
-    m_shownImage = kAlignmentImages[place];
-    const QPixmap image(
-        QStringLiteral(":/TvxTableRes/TvxTableRes/%1%2").arg(QLatin1String(m_shownImage), m_imageEnding));
-    static_cast<KdUiPushButton*>(found->second)->setIcon(QIcon(image));
+    const char* wanted = kAlignmentImages[CVqTableCommon::CellAlignmentToIndex(m_alignment)];
+    QWidget* button = switchOf(Control::Alignment).widget;
+    if (button == nullptr || m_shownImage == wanted) return;
+    m_shownImage = wanted;
+    const QPixmap image(QStringLiteral(":/TvxTableRes/TvxTableRes/%1%2").arg(QLatin1String(wanted), m_imageEnding));
+    static_cast<KdUiPushButton*>(button)->setIcon(QIcon(image));
+}
+
+bool CVqTableditMiniFrameWnd::showsColor(const KdCmColor& color) const {
+    KdCmColor shown;
+    const int row = m_colorCombo.GetCurSel();
+    return row >= 0 && row == m_colorCombo.GetLastSelection() && m_colorCombo.GetCurrentItemColor(shown) &&
+           shown == color;
 }
 
 void CVqTableditMiniFrameWnd::SetBackgroundColorSel(const KdDbTable& table) {
@@ -102,8 +91,10 @@ void CVqTableditMiniFrameWnd::SetBackgroundColorSel(const KdDbTable& table) {
     if (!CVqTableCommon::GetBackgroundColor(&table, color)) {
         m_colorCombo.SetCurSel(-1);
         m_colorCombo.SetLastSelection(0);
+    } else if (showsColor(color)) {
+        return;
     } else if (color.isNone()) {
-        const int row = m_colorCombo.FindOtherItem(loadText(kNoFillText));
+        const int row = m_colorCombo.FindOtherItem(m_noFillText);
         if (row >= 0) m_colorCombo.SetCurSel(row);
     } else {
         const int row = m_colorCombo.FindItemByColor(color);

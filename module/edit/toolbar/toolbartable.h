@@ -2,7 +2,7 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 
 class CVqTableditMiniFrameWnd;
 
@@ -14,9 +14,31 @@ enum class ToolbarItem {
     CellStyleCombo  ///< the list of cell styles
 };
 
+/// The controls from left to right.
+enum class ToolbarControl : std::size_t {
+    TopInsert,
+    BottomInsert,
+    RowDelete,
+    LeftInsert,
+    RightInsert,
+    ColumnDelete,
+    MergeCell,
+    UnmergeCell,
+    Color,
+    CellBorder,
+    Alignment,
+    Locking,
+    DataFormat,
+    Formula,
+    CellStyle,
+    None  ///< of a gap; as many controls come before it
+};
+inline constexpr auto kToolbarControls = static_cast<std::size_t>(ToolbarControl::None);
+
 using ToolbarHandler = void (CVqTableditMiniFrameWnd::*)();
 
 struct ToolbarRow {
+    ToolbarControl control;
     const char* name;  ///< of the control; null for a gap
     ToolbarItem item;
     int imageOrWidth;  ///< place in the strip of images, or width in pixels
