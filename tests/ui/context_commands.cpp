@@ -13,52 +13,15 @@ namespace {
 using Common = CVqTableCommon;
 namespace automation = kdhost::automation;
 
-void alignTopLeft(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kTopLeft);
+template <KdDb::CellAlignment alignment>
+void align(KdDbObjectId id) {
+    Common::SetSelectionAlignment(id, alignment);
 }
-void alignTopCenter(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kTopCenter);
+template <unsigned command>
+void setLocks(KdDbObjectId id) {
+    Common::SettingLocked(command, id);
 }
-void alignTopRight(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kTopRight);
-}
-void alignMiddleLeft(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kMiddleLeft);
-}
-void alignMiddleCenter(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kMiddleCenter);
-}
-void alignMiddleRight(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kMiddleRight);
-}
-void alignBottomLeft(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kBottomLeft);
-}
-void alignBottomCenter(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kBottomCenter);
-}
-void alignBottomRight(KdDbObjectId id) {
-    Common::SetSelectionAlignment(id, KdDb::kBottomRight);
-}
-void unlock(KdDbObjectId id) {
-    Common::SettingLocked(1819, id);
-}
-void lockContent(KdDbObjectId id) {
-    Common::SettingLocked(1820, id);
-}
-void lockFormat(KdDbObjectId id) {
-    Common::SettingLocked(1821, id);
-}
-void lockBoth(KdDbObjectId id) {
-    Common::SettingLocked(1822, id);
-}
-void saveStyle(KdDbObjectId id) {
-    Common::SaveAsNewTableStyle(id);
-}
-void editText(KdDbObjectId id) {
-    Common::TableEdit(id);
-}
-template <int (*operation)(KdDbObjectId)>
+template <auto operation>
 void call(KdDbObjectId id) {
     operation(id);
 }
@@ -77,20 +40,20 @@ void PrintTo(const Row& row, std::ostream* out) {
 
 const Row kCellRows[] = {
     {"IDR_TABLECELL_CUT", call<Common::CutTableCells>, L"CutTableCell"},
-    {"IDR_ALIGNMENT_TOPLEFT", alignTopLeft, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_TOPCENTER", alignTopCenter, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_TOPRIGHT", alignTopRight, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_MIDDLELEFT", alignMiddleLeft, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_MIDDLECENTER", alignMiddleCenter, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_MIDDLERIGHT", alignMiddleRight, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_BOTTOMLEFT", alignBottomLeft, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_BOTTOMCENTER", alignBottomCenter, L"ChangeCellAlignment"},
-    {"IDR_ALIGNMENT_BOTTOMRIGHT", alignBottomRight, L"ChangeCellAlignment"},
-    {"IDR_LOCKING_UNLOCKED", unlock, L"EditCellLock", "D4"},
-    {"IDR_LOCKING_CONTENTLOCKED", lockContent, L"EditCellLock"},
-    {"IDR_LOCKING_FORMATLOCKED", lockFormat, L"EditCellLock"},
-    {"IDR_LOCKING_CONTENTFORMATLOCKED", lockBoth, L"EditCellLock"},
-    {"IDR_TABLECELL_EDITTEXT", editText, L"TableEdit", "B2"},
+    {"IDR_ALIGNMENT_TOPLEFT", align<KdDb::kTopLeft>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_TOPCENTER", align<KdDb::kTopCenter>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_TOPRIGHT", align<KdDb::kTopRight>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_MIDDLELEFT", align<KdDb::kMiddleLeft>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_MIDDLECENTER", align<KdDb::kMiddleCenter>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_MIDDLERIGHT", align<KdDb::kMiddleRight>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_BOTTOMLEFT", align<KdDb::kBottomLeft>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_BOTTOMCENTER", align<KdDb::kBottomCenter>, L"ChangeCellAlignment"},
+    {"IDR_ALIGNMENT_BOTTOMRIGHT", align<KdDb::kBottomRight>, L"ChangeCellAlignment"},
+    {"IDR_LOCKING_UNLOCKED", setLocks<1819>, L"EditCellLock", "D4"},
+    {"IDR_LOCKING_CONTENTLOCKED", setLocks<1820>, L"EditCellLock"},
+    {"IDR_LOCKING_FORMATLOCKED", setLocks<1821>, L"EditCellLock"},
+    {"IDR_LOCKING_CONTENTFORMATLOCKED", setLocks<1822>, L"EditCellLock"},
+    {"IDR_TABLECELL_EDITTEXT", call<Common::TableEdit>, L"TableEdit", "B2"},
     {"IDR_TABLECELL_DELETEALLCONTENT", call<Common::DeleteContent>, L"DeleteContent"},
     {"IDR_BYCOLUMN_LEFTINSERT", call<Common::InsertColumnByLeft>, L"LeftInsert"},
     {"IDR_BYCOLUMN_RIGHTINSERT", call<Common::InsertColumnByRight>, L"RightInsert"},
@@ -109,7 +72,7 @@ const Row kCellRows[] = {
 const Row kTableRows[] = {
     {"IDR_BYCOLUMN_SIZEEQUALLY", call<Common::SizeColumnsEvenly>, L"SizeColumnsEvenly", nullptr},
     {"IDR_BYROW_SIZEEQUALLY", call<Common::SizeRowsEvenly>, L"SizeRowsEvenly", nullptr},
-    {"IDR_TABLESTYLE_SAVESTYLE", saveStyle, nullptr, nullptr},
+    {"IDR_TABLESTYLE_SAVESTYLE", call<Common::SaveAsNewTableStyle>, nullptr, nullptr},
     {"IDR_TABLESTYLE_SETCURRENTSTYLE", call<Common::SetCurrentTableStyleAsTable>, nullptr, nullptr},
     {"IDR_TABLESTYLE_REMOVEOVERRIDES", call<Common::ClearTableStyleOverrides>, L"ClearTableOverride", nullptr},
 };

@@ -1,14 +1,15 @@
-// The looks of the context menus in both languages: whole texts, mnemonics of their own, pictures for people to see.
+// The looks of the context menus in both languages and at the screen's scale: whole texts, mnemonics of their own,
+// pictures for people to see.
 
 #include <QTest>
 
 #include "tests/ui/context_fixture.h"
-#include "tests/ui/dialoglooks.h"
+#include "tests/ui/menulooks.h"
 
 namespace kdtest {
 namespace {
 
-class LooksOfMenus : public ContextMenus, public ::testing::WithParamInterface<kdhost::Language> {
+class ContextMenuDialogLooks : public ContextMenus, public ::testing::WithParamInterface<kdhost::Language> {
 protected:
     void SetUp() override {
         ContextMenus::SetUp();
@@ -37,12 +38,12 @@ protected:
     KdDbObjectId table;
 };
 
-INSTANTIATE_TEST_SUITE_P(Languages, LooksOfMenus,
+INSTANTIATE_TEST_SUITE_P(Languages, ContextMenuDialogLooks,
                          ::testing::Values(kdhost::Language::English, kdhost::Language::Chinese), [](const auto& info) {
                              return info.param == kdhost::Language::English ? "English" : "Chinese";
                          });
 
-TEST_P(LooksOfMenus, Items_have_texts_in_the_language_each_with_a_mnemonic_of_its_own) {
+TEST_P(ContextMenuDialogLooks, Items_have_texts_in_the_language_each_with_a_mnemonic_of_its_own) {
     forEachChoice([](QMenu& choice, const QString&) {
         forEachMenu(choice, [](QMenu& menu) {
             std::set<QChar> mnemonics;
@@ -63,18 +64,14 @@ TEST_P(LooksOfMenus, Items_have_texts_in_the_language_each_with_a_mnemonic_of_it
     });
 }
 
-TEST_P(LooksOfMenus, Every_text_is_shown_whole) {
+TEST_P(ContextMenuDialogLooks, Every_text_is_shown_whole) {
     const char* language = GetParam() == kdhost::Language::English ? "en" : "zh";
     forEachChoice([&](QMenu& choice, const QString& name) {
         forEachMenu(choice, [&](QMenu& menu) {
             if (menu.isEmpty()) return;
             show(menu, [&] {
-                for (const QAction* item : menu.actions()) {
-                    QString text = item->text();
-                    text.remove(QLatin1Char('&'));
-                    EXPECT_GT(menu.width(), menu.fontMetrics().horizontalAdvance(text)) << text.toStdString();
-                }
-                EXPECT_TRUE(menu.rect().contains(menu.actionGeometry(menu.actions().last())));
+                const InOneColumn shown(menu);
+                EXPECT_EQ(shown.cutItems(), Faults());
                 const QString own = menu.objectName().isEmpty() ? QStringLiteral("styles") : menu.objectName();
                 const QString part = &menu == &choice ? QStringLiteral("menu") : own.section(QLatin1Char('_'), -1);
                 keepPicture(menu,

@@ -1,8 +1,11 @@
 // The lists of styles in the context menus of tables.
 
+#include "host/rx/commandstack.h"
+#include "kd/ad/document.h"
 #include "kd/db/database.h"
 #include "kd/db/dictionary.h"
 #include "kd/db/tablestyle.h"
+#include "module/core/resources.h"
 #include "tests/ui/context_fixture.h"
 
 namespace kdtest {
@@ -153,6 +156,43 @@ TEST_F(ListsOfStyles, A_table_style_that_is_gone_or_a_table_in_use_keeps_the_sty
     EXPECT_EQ(look(table).tableStyle(), standard);
 }
 
+TEST_F(ListsOfStyles, Without_a_working_drawing_the_list_of_table_styles_is_empty_and_the_style_stays) {
+    const KdDbObjectId walls = addStyle(L"Walls");
+    const KdDbObjectId table = tableOf(walls);
+    KdDbHostApplicationServices* services = kddbHostApplicationServices();
+    const auto withoutDrawing = [&](const auto& act) {
+        services->setWorkingDatabase(nullptr);
+        act();
+        services->setWorkingDatabase(&host.database());
+    };
+    withoutDrawing([&] { EXPECT_TRUE(tableStyles(table).empty()); });
+    ask(table);
+    withoutDrawing([&] { context.onCommand(51000); });
+    EXPECT_EQ(look(table).tableStyle(), walls);
+    EXPECT_TRUE(context.tableId().isNull());
+}
+
+std::function<void()> inCommand;
+
+TEST_F(ListsOfStyles, While_the_document_cannot_be_locked_the_table_style_stays) {
+    const KdDbObjectId walls = addStyle(L"Walls");
+    const KdDbObjectId table = tableOf(walls);
+    ask(table);
+    kdhost::Document& first = host.document();
+    kdhost::Document& second = host.documents().openNew();
+    inCommand = [&] {
+        host.documents().activate(first);
+        context.onCommand(51000);
+        host.documents().activate(second);
+    };
+    kdhost::commandStack().addCommand(
+        L"TEST", L"CHANGESTYLE", L"CHANGESTYLE", 0, [] { inCommand(); }, nullptr, -1, nullptr, nullptr);
+    host.run(L"CHANGESTYLE\n");
+    kdhost::commandStack().removeGroup(L"TEST");
+    EXPECT_EQ(look(table).tableStyle(), walls);
+    EXPECT_TRUE(context.tableId().isNull());
+}
+
 // The cell styles.
 
 TEST_F(ListsOfStyles, A_row_indicators_menu_offers_the_cell_styles_at_position_16) {
@@ -210,6 +250,7 @@ TEST_F(ListsOfStyles, The_list_for_cells_may_save_the_style_of_a_single_cell_and
     for (const char* selected : {"B2", "B2:C2"}) {
         select(id, selected);
         const OpenObject<KdDbTable> table(id, KdDb::kForRead);
+        const ResourceScope resources;
         TableMenu parent;
         parent.CreatePopupMenu();
         for (int i = 0; i < 25; ++i) parent.AppendMenuW(0x800, {}, {});
@@ -218,9 +259,9 @@ TEST_F(ListsOfStyles, The_list_for_cells_may_save_the_style_of_a_single_cell_and
         EXPECT_EQ(list->objectName(), QStringLiteral("IDR_TABLECELL_CELLSTYLE"));
         const std::vector<Item> items = itemsOf(list->menu());
         ASSERT_EQ(items.size(), 6U);
-        EXPECT_EQ(items[0].name, "IDR_TABLEDIT_CELLSTYLE_TITLE");
+        EXPECT_EQ(items[0], (Item{"IDR_TABLEDIT_CELLSTYLE_TITLE", "By Row/Column", false}));
         EXPECT_EQ(items[4].name, "-");
-        EXPECT_EQ(items[5].name, "IDR_TABLEDIT_CELLSTYLE_SAVEAS");
+        EXPECT_EQ(items[5], (Item{"IDR_TABLEDIT_CELLSTYLE_SAVEAS", "&Save as New Cell Style...", false}));
         EXPECT_EQ(disabledIn(*list->menu()).contains("IDR_TABLEDIT_CELLSTYLE_SAVEAS"),
                   std::string(selected) == "B2:C2");
     }

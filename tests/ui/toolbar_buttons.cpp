@@ -1,5 +1,6 @@
 // What the toolbar's buttons do: each as the operation of its name on an equal table.
 
+#include "host/ed/inputqueue.h"
 #include "kd/ad/document.h"
 #include "tests/ui/toolbar_fixture.h"
 
@@ -117,6 +118,20 @@ TEST_F(ToolbarButtons, the_data_format_button_opens_the_formats_and_its_arrow_th
     KdValue::UnitType unit = KdValue::kUnitless;
     look(table).getDataType(0, 0, type, unit);
     EXPECT_EQ(type, KdValue::kDate);
+}
+
+TEST_F(ToolbarButtons, that_the_toolbar_does_not_have_have_handlers_that_do_nothing) {
+    const KdDbObjectId table = showOver(TableBuilder(5, 4).fill().select("B2"));
+    const std::string before = describe(look(table));
+    window()->OnInsetBlock();
+    window()->OnInsertField();
+    window()->OnManageCellContent();
+    window()->OnMatchCell();
+    window()->OnJustificationMenu();
+    EXPECT_EQ(describe(look(table)), before);
+    EXPECT_TRUE(host.editor().input().isEmpty());
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(steps().empty());
 }
 
 TEST_F(ToolbarButtons, in_a_table_that_grows_upwards_keep_to_their_operations) {

@@ -71,6 +71,8 @@ TEST_F(ToolbarLife, stands_in_the_middle_of_the_screen_with_its_title_and_no_but
         Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
     EXPECT_FALSE(window()->windowFlags() & buttons);
     EXPECT_TRUE(window()->windowFlags() & Qt::CustomizeWindowHint);
+    EXPECT_EQ(unsigned(window()->windowFlags()) & 0x2001003U, 0x2001003U);
+    EXPECT_EQ(unsigned(window()->windowFlags()) & ~0xF7FF3FFFU, 0U);
     EXPECT_EQ(window()->parentWidget(), nullptr);
     EXPECT_TRUE(window()->testAttribute(Qt::WA_InputMethodEnabled));
 }

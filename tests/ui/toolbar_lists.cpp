@@ -56,6 +56,25 @@ TEST_F(ToolbarColors, add_a_colour_that_the_list_does_not_have) {
     EXPECT_EQ(colors().currentIndex(), count - 1);
 }
 
+TEST_F(ToolbarColors, show_no_fill_also_when_the_language_was_changed_since_the_list_was_filled) {
+    const KdDbObjectId table = showOver(TableBuilder(3, 3).select("A1"));
+    fill(table, "A1", KdCmColor::fromIndex(1));
+    kdhost::setLanguage(kdhost::Language::Chinese);
+    select(table, "B2");
+    EXPECT_EQ(colors().currentIndex(), 0);
+    EXPECT_EQ(colors().currentText(), QStringLiteral("None"));
+}
+
+TEST_F(ToolbarColors, keep_by_layer_and_by_block_apart_from_no_fill) {
+    const KdDbObjectId table = showOver(TableBuilder(3, 3).select("A1"));
+    const std::pair<KdCmColor, int> rows[] = {
+        {KdCmColor(), 1}, {KdCmColor::none(), 0}, {KdCmColor::byBlock(), 2}, {KdCmColor(), 1}};
+    for (const auto& [color, row] : rows) {
+        fill(table, "A1", color);
+        EXPECT_EQ(colors().currentIndex(), row);
+    }
+}
+
 TEST_F(ToolbarColors, fill_the_selected_cells_in_one_step_and_empty_them_again) {
     const KdDbObjectId table = showOver(TableBuilder(3, 3).select("A1:B2"));
     const KdDbObjectId expected = addTable(TableBuilder(3, 3).select("A1:B2"));

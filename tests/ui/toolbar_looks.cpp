@@ -3,7 +3,8 @@
 #include <QToolBar>
 
 #include "kd/ui/hostdialogs.h"
-#include "tests/ui/dialoglooks.h"
+#include "module/core/resources.h"
+#include "tests/ui/menulooks.h"
 #include "tests/ui/toolbar_fixture.h"
 
 namespace kdtest {
@@ -20,6 +21,53 @@ protected:
         keepPicture(shown, QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(language)));
     }
 };
+
+struct TipCase {
+    const char* control;
+    unsigned text;
+};
+const TipCase kTips[] = {
+    {"IDC_TABLEDIT_TOPINSERT", 1401},  {"IDC_TABLEDIT_BOTTOMINSERT", 1402}, {"IDC_TABLEDIT_ROWDELETE", 1403},
+    {"IDC_TABLEDIT_LEFTINSERT", 1404}, {"IDC_TABLEDIT_RIGHTINSERT", 1405},  {"IDC_TABLEDIT_COLUMNDELETE", 1406},
+    {"IDC_TABLEDIT_MERGECELL", 1407},  {"IDC_TABLEDIT_UNMERGECELL", 1408},  {"IDC_TABLEDIT_COLORCOMBO", 1421},
+    {"IDC_TABLEDIT_CELLBORDER", 1409}, {"IDC_TABLEDIT_ALIGNMENT", 1410},    {"IDC_TABLEDIT_LOCKING", 1411},
+    {"IDC_TABLEDIT_DATAFORMAT", 1412}, {"IDC_TABLEDIT_FORMULA", 1422},      {"IDC_TABLEDIT_CELLSTYLECOMBO", 1420},
+};
+
+TEST_P(ToolbarDialogLooks, every_control_has_the_tool_tip_of_its_number_and_takes_no_focus_by_keys) {
+    showOver(TableBuilder(4, 4).select("B2:C3"));
+    const ResourceScope resources;
+    for (const TipCase& tip : kTips) {
+        const auto& shown = control<QWidget>(tip.control);
+        EXPECT_EQ(shown.toolTip().toStdWString(), loadText(tip.text).c_str()) << tip.control;
+        const bool isList = qobject_cast<const QComboBox*>(&shown) != nullptr;
+        EXPECT_EQ(shown.focusPolicy(), isList ? Qt::ClickFocus : Qt::NoFocus) << tip.control;
+    }
+}
+
+TEST_P(ToolbarDialogLooks, every_drop_down_menu_shows_its_texts_whole) {
+    showOver(TableBuilder(4, 4).select("B2:C3"));
+    const std::pair<const char*, const char*> menus[] = {{"IDC_TABLEDIT_MERGECELL", "merge"},
+                                                         {kAlignmentName, "alignment"},
+                                                         {"IDC_TABLEDIT_LOCKING", "locking"},
+                                                         {"IDC_TABLEDIT_DATAFORMAT", "dataformat"},
+                                                         {"IDC_TABLEDIT_FORMULA", "formula"}};
+    for (const auto& [name, picture] : menus) {
+        dropAndAct(name, [&](QMenu& menu) {
+            const InOneColumn shown(menu);
+            EXPECT_EQ(shown.cutItems(), Faults());
+            for (const QAction* item : menu.actions()) {
+                const QString text = item->text();
+                const bool isChinese =
+                    std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 0x2E80; });
+                EXPECT_EQ(isChinese, !item->isSeparator() && GetParam() == kdhost::Language::Chinese)
+                    << text.toStdString();
+            }
+            keep(menu, (std::string("toolbar_menu_") + picture).c_str());
+            QTest::keyClick(&menu, Qt::Key_Escape);
+        });
+    }
+}
 
 TEST_P(ToolbarDialogLooks, every_control_has_its_size_and_is_told_to_the_user) {
     showOver(TableBuilder(4, 4).select("B2:C3"));

@@ -1,5 +1,6 @@
 // What the toolbar enables for a selection, and what its buttons and lists show of it.
 
+#include "kd/ui/hostdialogs.h"
 #include "tests/ui/toolbar_fixture.h"
 
 namespace kdtest {
@@ -129,6 +130,10 @@ QImage imageOf(const KdUiPushButton& button) {
 
 TEST_F(ToolbarState, shows_the_alignment_that_the_cells_share_and_keeps_it_where_they_differ) {
     const KdDbObjectId table = showOver(TableBuilder(2, 9).select("A1"));
+    const char* const names[] = {"TOPLEFT",     "TOPCENTER",  "TOPRIGHT",     "MIDDLELEFT", "MIDDLECENTER",
+                                 "MIDDLERIGHT", "BOTTOMLEFT", "BOTTOMCENTER", "BOTTOMRIGHT"};
+    const double scale = kdadGetDPIScale();
+    const char* const ending = scale >= 3.0 ? "_3X" : scale >= 2.0 ? "_2X" : "";
     std::vector<QImage> images;
     for (int column = 0; column < 9; ++column) {
         OpenObject<KdDbTable>(table, KdDb::kForWrite)
@@ -136,6 +141,9 @@ TEST_F(ToolbarState, shows_the_alignment_that_the_cells_share_and_keeps_it_where
         select(table, KdCellRange{0, column, 0, column});
         const QImage image = imageOf(button(kAlignmentName));
         EXPECT_FALSE(image.isNull());
+        const QIcon told(QPixmap(QStringLiteral(":/TvxTableRes/TvxTableRes/TABLEDIT_%1%2")
+                                     .arg(QLatin1String(names[column]), QLatin1String(ending))));
+        EXPECT_EQ(image, told.pixmap(button(kAlignmentName).iconSize()).toImage()) << column;
         for (const QImage& other : images) EXPECT_NE(image, other) << column;
         images.push_back(image);
     }
