@@ -13,6 +13,8 @@ namespace kdtest {
 class InOneColumn {
 public:
     explicit InOneColumn(QMenu& menu) : m_menu(menu) {
+        // The first time a menu is laid out before it learns that it may scroll.
+        m_menu.setStyle(&m_style);
         m_menu.setStyle(&m_style);
         m_menu.resize(m_menu.sizeHint());
     }
