@@ -42,6 +42,11 @@ public:
     /// The modules loaded, in the order of loading.
     const std::vector<std::wstring>& modules() const { return m_modules; }
 
+    /// Whether a person works in the main window, who is asked before something is lost. Not so at first, nor while a
+    /// script runs.
+    bool isAttended() const { return m_attended; }
+    void setAttended(bool attended) { m_attended = attended; }
+
     /// Asks the program to end once the running command is done.
     void requestQuit() { m_quitRequested = true; }
     bool isQuitRequested() const { return m_quitRequested; }
@@ -61,6 +66,7 @@ private:
     DocumentManager m_documents;
     std::vector<std::wstring> m_modules;
     std::unordered_set<KdDbObjectId> m_knownTables;
+    bool m_attended = false;
     bool m_quitRequested = false;
 };
 

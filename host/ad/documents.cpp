@@ -2,9 +2,11 @@
 
 #include "host/ad/documents.h"
 
+#include <QFileInfo>
 #include <algorithm>
 
 #include "host/ad/services.h"
+#include "host/db/undo.h"
 #include "host/ed/commandline.h"
 #include "host/ed/commands.h"
 #include "host/rx/dynamiclinker.h"
@@ -20,6 +22,14 @@ KdApDocument::~KdApDocument() = default;
 KdApDocManager::~KdApDocManager() = default;
 
 namespace kdhost {
+namespace {
+
+/// A file has one name, from whatever folder it is looked at.
+std::wstring wholePath(const std::wstring& path) {
+    return path.empty() ? path : QFileInfo(QString::fromStdWString(path)).absoluteFilePath().toStdWString();
+}
+
+}  // namespace
 
 Document::Document(std::wstring fileName) : Document(std::move(fileName), std::make_unique<KdDbDatabase>()) {
     m_hasFile = false;
@@ -38,12 +48,23 @@ std::wstring Document::title() const {
     return m_hasFile ? m_fileName.substr(m_fileName.rfind(L'/') + 1) : m_fileName;
 }
 
-Kdad::ErrorStatus Document::saveAs(const std::wstring& path) {
+Kdad::ErrorStatus Document::saveAs(const std::wstring& given) {
+    const std::wstring path = wholePath(given);
     const Kdad::ErrorStatus status = m_database->saveAs(path.c_str());
     if (status != Kdad::eOk) return status;
     m_fileName = path;
     m_hasFile = true;
+    noteSaved();
+    if (m_saveListener) m_saveListener();
     return status;
+}
+
+bool Document::isChanged() const {
+    return undoHistory(*m_database)->isChangedSinceSave();
+}
+
+void Document::noteSaved() {
+    undoHistory(*m_database)->noteSaved();
 }
 
 DocumentManager::DocumentManager(HostServices& services) : m_services(services) {}
@@ -101,7 +122,8 @@ Document& DocumentManager::openNew() {
     return enter(std::make_unique<Document>(L"Drawing" + std::to_wstring(++m_lastNumber)));
 }
 
-Kdad::ErrorStatus DocumentManager::openFile(const std::wstring& path) {
+Kdad::ErrorStatus DocumentManager::openFile(const std::wstring& given) {
+    const std::wstring path = wholePath(given);
     const auto known = std::find_if(m_documents.begin(), m_documents.end(), [&](const auto& document) {
         return document->hasFile() && document->fileName() == path;
     });
@@ -121,9 +143,14 @@ Kdad::ErrorStatus DocumentManager::openFile(const std::wstring& path) {
 Document& DocumentManager::enter(std::unique_ptr<Document> entered) {
     m_documents.push_back(std::move(entered));
     Document& document = *m_documents.back();
+    document.setSaveListener([this] {
+        if (m_saveListener) m_saveListener();
+    });
     tell(&KdApDocManagerReactor::documentCreated, &document);
     activate(document);
     sendMessage(KdRx::kLoadDwgMsg);
+    // What modules add to each drawing is nothing that a person would miss.
+    document.noteSaved();
     return document;
 }
 

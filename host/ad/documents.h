@@ -1,8 +1,10 @@
 // The open drawings: their documents, which of them is active, and who is told of it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/db/transaction.h"
@@ -27,8 +29,15 @@ public:
     std::wstring title() const;
     /// Whether the name is that of a file.
     bool hasFile() const { return m_hasFile; }
-    /// Writes the drawing into that file, whose name is the drawing's from then on; nothing changes on failure.
+    /// Writes the drawing into that file, whose name is the drawing's from then on. The statuses of
+    /// KdDbDatabase::saveAs, with nothing changed.
     Kdad::ErrorStatus saveAs(const std::wstring& path);
+    /// Is called when the drawing has been saved under a name; empty for nobody.
+    void setSaveListener(std::function<void()> listener) { m_saveListener = std::move(listener); }
+    /// Whether it has changes that its file, if it has one, lacks.
+    bool isChanged() const;
+    /// What it holds is what its file holds, or a new drawing.
+    void noteSaved();
     KdDbTransactionManager* transactionManager() override { return &m_transactionManager; }
     Editor& editor() { return m_editor; }
     KdadDocData& data() { return m_data; }
@@ -47,6 +56,7 @@ private:
     Editor m_editor;
     KdadDocData m_data;
     int m_locks = 0;
+    std::function<void()> m_saveListener;
 };
 
 class DocumentManager : public KdApDocManager {
@@ -86,8 +96,8 @@ public:
     /// Closes a drawing without saving; the one opened before it, else the first, becomes active. False while a
     /// command of it runs.
     bool close(Document& document);
-    /// The names of drawings are to be shown anew.
-    void tellRenamed(Document& document) { tell(&KdApDocManagerReactor::documentActivated, &document); }
+    /// Is called when a drawing has been saved, maybe under another name; empty for nobody.
+    void setSaveListener(std::function<void()> listener) { m_saveListener = std::move(listener); }
 
 private:
     template <class... Parameters, class... Arguments>
@@ -101,6 +111,7 @@ private:
     Document* m_current = nullptr;
     Document* m_context = nullptr;
     int m_lastNumber = 0;
+    std::function<void()> m_saveListener;
 };
 
 }  // namespace kdhost

@@ -101,6 +101,7 @@ ChangeRecord* UndoHistory::recording() {
     if (!m_transactions.empty()) return &m_transactions.back()->changes();
     if (m_told != nullptr) return m_told;
     if (m_step) return &m_step->changes;
+    m_changedOutsideSteps = true;
     m_redo.clear();
     return m_undo.empty() ? nullptr : &m_undo.back().changes;
 }
@@ -116,6 +117,18 @@ void UndoHistory::keepMade(KdDbObject& object) {
 
 void UndoHistory::keepSettings() {
     if (ChangeRecord* record = recording()) record->keepSettings(KdDbDatabaseAccess::contents(m_database));
+}
+
+// ---- saving
+
+void UndoHistory::noteSaved() {
+    m_savedStep = numberOfLastStep();
+    m_changedOutsideSteps = false;
+}
+
+bool UndoHistory::isChangedSinceSave() const {
+    const bool isChanging = m_step && !m_step->changes.isEmpty();
+    return isChanging || m_changedOutsideSteps || numberOfLastStep() != m_savedStep;
 }
 
 void keepForUndo(KdDbObject& object) {

@@ -65,6 +65,11 @@ public:
     std::wstring undoTitle() const { return titleOfLast(m_undo); }
     std::wstring redoTitle() const { return titleOfLast(m_redo); }
 
+    /// The drawing is as it stands in its file now.
+    void noteSaved();
+    /// Whether it may differ from its file: not when undo or redo leads back to what was saved.
+    bool isChangedSinceSave() const;
+
     /// The object is about to change. Called at each write: nothing is done for one that is kept already.
     void keep(KdDbObject& object);
     void keepMade(KdDbObject& object);
@@ -97,6 +102,8 @@ private:
     ChangeRecord* recording();
     Kdad::ErrorStatus take(Steps& from, Steps& to);
     static std::wstring titleOfLast(const Steps& steps);
+    /// 0 without a step.
+    std::uint64_t numberOfLastStep() const { return m_undo.empty() ? 0 : m_undo.back().changes.number(); }
 
     KdDbDatabase& m_database;
     std::vector<Frame> m_frames;  ///< the outermost first
@@ -104,6 +111,8 @@ private:
     std::vector<std::unique_ptr<Transaction>> m_transactions;
     Steps m_undo;
     Steps m_redo;
+    std::uint64_t m_savedStep = 0;       ///< the last one when the drawing was saved
+    bool m_changedOutsideSteps = false;  ///< since then
     /// The step that has just been undone or redone, while that is told.
     ChangeRecord* m_told = nullptr;
 };

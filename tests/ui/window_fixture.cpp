@@ -39,6 +39,7 @@ WindowTest::~WindowTest() {
 void WindowTest::play(std::deque<Step> steps) {
     m_steps = std::move(steps);
     m_watchdog.start(30000);
+    m_hasQuit = true;
     arm();
     session->run();
     m_timer.stop();
@@ -56,6 +57,7 @@ void WindowTest::next() {
     const bool isBusy = editor == nullptr || !const_cast<kdhost::Editor*>(editor)->input().isEmpty();
     if (isBusy || !hasFocus()) return arm();
     if (m_steps.empty()) {
+        m_hasQuit = host.application().isQuitRequested();
         host.application().requestQuit();
         host.editor().input().put(kdhost::InputItem::Kind::Cancel);
         return;

@@ -29,6 +29,8 @@ protected:
     /// Runs the commands of the user: each step acts as soon as everything before has been carried out and the
     /// program waits, in a prompt or a dialog. After the last the program quits.
     void play(std::deque<Step> steps);
+    /// Whether the last play ended because a step has ended the program.
+    bool hasQuit() const { return m_hasQuit; }
 
     /// Keys typed in the window, wherever they go.
     static Step keys(const char* text);
@@ -59,6 +61,7 @@ private:
     void arm();
 
     std::deque<Step> m_steps;
+    bool m_hasQuit = false;
     QTimer m_timer;
     QTimer m_watchdog;
 };

@@ -3,6 +3,7 @@
 #include "host/app/commands/documentcommands.h"
 
 #include "host/ad/application.h"
+#include "host/app/commands/unsavedchanges.h"
 #include "host/app/commands/valueprompts.h"
 #include "host/ed/commandline.h"
 #include "host/ed/commands.h"
@@ -29,6 +30,7 @@ Document* documentNumbered(const std::wstring& text) {
 void close(DocumentManager& documents, Document& document) {
     if (!documents.holds(&document)) return;
     if (document.editor().isAsking()) return commandLine().fail(kInUse.text());
+    if (!mayLoseChanges(document)) return;
     if (documents.documentCount() == 1) documents.openNew();
     documents.close(document);
 }
@@ -63,6 +65,7 @@ void closeDocument() {
 }
 
 void quit() {
+    if (!mayLoseChanges(Application::current()->documents())) return;
     currentEditor()->input().clear();
     Application::current()->requestQuit();
 }

@@ -62,11 +62,19 @@ DocumentManager& documents() {
     return Application::current()->documents();
 }
 
-void save(Document& document, const std::wstring& path) {
+bool save(Document& document, const std::wstring& path) {
     const Kdad::ErrorStatus status = document.saveAs(path);
-    if (status != Kdad::eOk) return commandLine().fail(troubleOf(status, path));
-    documents().tellRenamed(document);
-    commandLine().write(kSaved.with(path));
+    if (status == Kdad::eOk) {
+        commandLine().write(kSaved.with(path));
+    } else {
+        commandLine().fail(troubleOf(status, path));
+    }
+    return status == Kdad::eOk;
+}
+
+bool saveUnderNewName(Document& document) {
+    const std::wstring path = chosenFile(kSaveAs, withExtension(document.fileName()), kForWriting);
+    return !path.empty() && save(document, withExtension(path));
 }
 
 }  // namespace
@@ -78,16 +86,16 @@ void openDrawing() {
     if (status != Kdad::eOk) commandLine().fail(troubleOf(status, path));
 }
 
+bool saveDrawing(Document& document) {
+    return document.hasFile() ? save(document, document.fileName()) : saveUnderNewName(document);
+}
+
 void saveDrawing() {
-    Document& document = *documents().current();
-    if (!document.hasFile()) return saveDrawingAs();
-    save(document, document.fileName());
+    saveDrawing(*documents().current());
 }
 
 void saveDrawingAs() {
-    Document& document = *documents().current();
-    const std::wstring path = chosenFile(kSaveAs, withExtension(document.fileName()), kForWriting);
-    if (!path.empty()) save(document, withExtension(path));
+    saveUnderNewName(*documents().current());
 }
 
 std::string openFile(DocumentManager& documents, const std::string& path) {

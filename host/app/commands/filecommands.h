@@ -12,6 +12,8 @@ class DocumentManager;
 void openDrawing();
 /// SAVE: writes the drawing into its file; one that has none yet is saved as by SAVEAS.
 void saveDrawing();
+/// The same for any drawing. False when the user cancels, and, told, when the file can't be written.
+bool saveDrawing(Document& document);
 /// SAVEAS: asks for a file, which is the drawing's from then on.
 void saveDrawingAs();
 

@@ -20,6 +20,7 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
     setViewWidget(&m_window.view());
     setPromptListener(this);
     m_application.documents().addReactor(this);
+    m_application.documents().setSaveListener([this] { m_window.showDocuments(m_application.documents()); });
     m_keysBefore = m_application.applicationInterface().setKeyReceiver(
         [this](const QKeyEvent& key) { return m_window.takeKey(key); });
     m_window.restoreGeometry(storedWindowPlace());
@@ -30,6 +31,7 @@ WindowSession::WindowSession(Application& application, MainWindow& window)
 WindowSession::~WindowSession() {
     storeWindowPlace(m_window.saveGeometry());
     m_application.applicationInterface().setKeyReceiver(std::move(m_keysBefore));
+    m_application.documents().setSaveListener({});
     m_application.documents().removeReactor(this);
     setPromptListener(nullptr);
     setViewWidget(nullptr);
@@ -39,11 +41,13 @@ WindowSession::~WindowSession() {
 void WindowSession::run() {
     showUnseenMessages();
     m_runs = true;
+    m_application.setAttended(true);
     setInputSource(this);
     commandLine().setListener(this);
     if (!m_application.isQuitRequested()) runCommands();
     commandLine().setListener(nullptr);
     setInputSource(nullptr);
+    m_application.setAttended(false);
     m_runs = false;
 }
 

@@ -55,6 +55,37 @@ TEST_F(FileCommands, saveas_gives_the_drawing_another_file_and_leaves_the_first_
     EXPECT_TRUE(kdhost::entitiesOfCurrentSpace(first).empty());
 }
 
+TEST_F(FileCommands, a_file_that_is_open_is_known_by_any_way_to_it) {
+    host.answerFileDialog(path(L"a.dxf"));
+    host.run(L"SAVEAS\n");
+    EXPECT_EQ(host.documents().openFile(path(L"gone/../a.dxf")), Kdad::eOk);
+    const QString fromHere = QDir::current().relativeFilePath(QString::fromStdWString(path(L"a.dxf")));
+    EXPECT_EQ(host.documents().openFile(fromHere.toStdWString()), Kdad::eOk);
+    EXPECT_EQ(host.documents().documentCount(), 1);
+    EXPECT_EQ(host.documents().openFile(L""), Kdad::eInvalidInput);
+}
+
+TEST_F(FileCommands, a_drawing_is_changed_from_its_first_change_until_it_is_saved) {
+    EXPECT_FALSE(host.document().isChanged()) << "a new one";
+    host.run(L"LINE 0,0 10,0 \n");
+    EXPECT_TRUE(host.document().isChanged());
+    host.answerFileDialog(path(L"nowhere/a.dxf"));
+    host.run(L"SAVE\n");
+    EXPECT_TRUE(host.document().isChanged()) << "it could not be written";
+    host.answerFileDialog(path(L"a.dxf"));
+    host.run(L"SAVE\n");
+    EXPECT_FALSE(host.document().isChanged());
+    host.run(L"ZOOM 2x\n");
+    EXPECT_FALSE(host.document().isChanged());
+    KdDbDatabase* const saved = &host.database();
+    host.run(L"NEW\nCLOSE 1\n\n");
+    ASSERT_NE(&host.database(), saved);
+    ASSERT_EQ(host.documents().openFile(path(L"a.dxf")), Kdad::eOk);
+    EXPECT_FALSE(host.document().isChanged()) << "as it was read";
+    host.run(L"U\n");
+    EXPECT_FALSE(host.document().isChanged());
+}
+
 TEST_F(FileCommands, open_brings_a_drawing_beside_the_others_without_steps_to_undo) {
     host.run(L"LINE 0,0 10,0 \n");
     host.answerFileDialog(path(L"a.dxf"));
