@@ -139,7 +139,9 @@ void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
         return state;
     };
     const auto change = [&](TableState& state, int r, int c) {
-        state.rows.writeCell(r, c).style = place;
+        Cell& cell = state.rows.writeCell(r, c);
+        cell.style = place;
+        if (!cell.empty()) noteGrowth(state, r, c);
         // The style of a whole row is the row's own too: it tells the row's type.
         if (column == -1) state.rows.write(r).style = place;
     };

@@ -6,7 +6,6 @@
 
 #include "host/text/layout.h"
 #include "kd/db/database.h"
-#include "kd/db/dictionary.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/tablestyle.h"
@@ -19,6 +18,17 @@ namespace {
 /// Height of a row with that many lines of data text, all values standard.
 double dataHeight(int lines) {
     return 2 * 1.5 + 4.5 + (lines - 1) * 4.5 * kdhost::text::kLinePitch + 4.5 / 3.0;
+}
+
+/// A table style of the drawing, prepared by `prepare(style)`.
+template <class Prepare>
+KdDbObjectId addStyle(KdDbDatabase& database, Prepare prepare) {
+    auto* style = new KdDbTableStyle;
+    prepare(*style);
+    KdDbObjectId id;
+    EXPECT_EQ(style->postTableStyleToDb(&database, L"Made", id), Kdad::eOk);
+    style->close();
+    return id;
 }
 
 const std::wstring kLong = L"several words that need more than the one line of their narrow column";
@@ -150,17 +160,43 @@ TEST(TableLayout, what_was_measured_is_measured_again_after_every_change_it_depe
 
 TEST(TableLayout, text_at_a_slant_runs_on_and_the_row_makes_room) {
     KdDbDatabase database;
-    KdDbDictionary* dictionary = nullptr;
-    ASSERT_EQ(database.getTableStyleDictionary(dictionary, KdDb::kForWrite), Kdad::eOk);
-    auto* style = new KdDbTableStyle;
-    style->setRotation(std::numbers::pi / 2.0, L"_DATA");
-    KdDbObjectId id;
-    ASSERT_EQ(dictionary->setAt(L"Upright", style, id), Kdad::eOk);
-    dictionary->close();
-    style->close();
-    auto table = TableBuilder(3, 1).style(id).text("A3", kLong).build();
+    const KdDbObjectId style =
+        addStyle(database, [](KdDbTableStyle& made) { made.setRotation(std::numbers::pi / 2.0, L"_DATA"); });
+    auto table = TableBuilder(3, 1).style(style).text("A3", kLong).build();
     const double width = kdhost::text::layout(kLong, {L"DejaVu Sans"}, 4.5, 0.0).width;
     EXPECT_NEAR(table->minimumRowHeight(2), width + 3.0, 1e-6);
+}
+
+TEST(TableLayout, a_row_is_as_high_as_the_turned_box_of_its_text_at_any_angle) {
+    for (int degrees = 5; degrees < 360; degrees += 5) {
+        SCOPED_TRACE(degrees);
+        KdDbDatabase database;
+        const double angle = degrees * std::numbers::pi / 180.0;
+        const KdDbObjectId style = addStyle(database, [&](KdDbTableStyle& made) { made.setRotation(angle, L"_DATA"); });
+        for (const wchar_t* text : {L"x", L"Bolt M8", L"two\\Plines here"}) {
+            auto table = TableBuilder(3, 1).style(style).columnWidth(0, 500.0).text("A3", text).build();
+            const kdhost::text::Layout layout = kdhost::text::layout(text, {L"DejaVu Sans"}, 4.5, 0.0);
+            const double box =
+                std::abs(layout.width * std::sin(angle)) + std::abs((layout.height + 1.5) * std::cos(angle));
+            EXPECT_NEAR(table->rowHeight(2), std::max(dataHeight(1), box + 3.0), 1e-6);
+        }
+    }
+}
+
+TEST(TableLayout, a_cell_style_of_higher_or_turned_text_makes_the_row_of_a_text_grow) {
+    KdDbDatabase database;
+    const KdDbObjectId style =
+        addStyle(database, [](KdDbTableStyle& made) { made.setRotation(std::numbers::pi / 6.0, L"_HEADER"); });
+    auto table = TableBuilder(5, 2).style(style).text("A4", L"Bolt M8").text("A5", L"Bolt M8").build();
+    table->setCellStyle(3, 0, L"_HEADER");
+    EXPECT_GT(table->rowHeight(3), 2.0 * dataHeight(1));
+    EXPECT_DOUBLE_EQ(table->rowHeight(3), table->minimumRowHeight(3));
+    table->setCellStyle(4, 0, L"_TITLE");
+    EXPECT_DOUBLE_EQ(table->rowHeight(4), 11.0);
+    table->setCellStyle(2, 0, L"_TITLE");
+    EXPECT_DOUBLE_EQ(table->rowHeight(2), dataHeight(1)) << "no text asks for more";
+    table->setCellStyle(3, 0, L"_DATA");
+    EXPECT_GT(table->rowHeight(3), 2.0 * dataHeight(1)) << "none shrinks";
 }
 
 TEST(TableLayout, a_block_needs_its_own_height_unless_it_is_fitted) {

@@ -146,6 +146,7 @@ public:
     void setCellState(int row, int column, KdDb::CellState state);
     /// Name of the cell's style; valid until the next change.
     const wchar_t* cellStyle(int row, int column) const;
+    /// A row too low for a text in that style grows.
     void setCellStyle(int row, int column, const wchar_t* name);
     /// Keeps content, style name, locks and merges.
     void clearCellOverrides(int row, int column);
