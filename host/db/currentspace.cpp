@@ -2,7 +2,6 @@
 
 #include "host/db/currentspace.h"
 
-#include "host/db/access.h"
 #include "host/db/opened.h"
 #include "host/db/walk.h"
 #include "kd/db/database.h"
@@ -15,11 +14,7 @@ std::vector<KdDbObjectId> entitiesOfCurrentSpace(const KdDbDatabase& database) {
 }
 
 KdDbExtents extentsOfCurrentSpace(const KdDbDatabase& database) {
-    KdDbExtents box;
-    for (const KdDbObjectId id : entitiesOfCurrentSpace(database)) {
-        if (const auto* entity = peek<KdDbEntity>(id)) box.addExt(entity->getGeomExtents());
-    }
-    return box;
+    return extentsOfEntities(database.currentSpaceId());
 }
 
 KdDbObjectId appendToCurrentSpace(KdDbDatabase& database, KdDbEntity& entity) {

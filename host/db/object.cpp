@@ -15,6 +15,8 @@
 
 KDRX_DEFINE_MEMBERS(KdDbObject, KdGiDrawable)
 
+std::uint64_t kdhost::stateEpoch = 0;
+
 KdDbObjectReactor::~KdDbObjectReactor() = default;
 void KdDbObjectReactor::modified(const KdDbObject*) {}
 void KdDbObjectReactor::erased(const KdDbObject*, bool) {}

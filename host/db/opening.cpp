@@ -52,8 +52,6 @@ void tellChange(const KdDbObject& object, bool changed, bool erasureChanged) {
 
 }  // namespace
 
-std::uint64_t stateEpoch = 0;
-
 KdDbObject* findObject(KdDbObjectId id) {
     const auto found = theRegister().objects.find(id);
     return found == theRegister().objects.end() ? nullptr : found->second;

@@ -14,7 +14,6 @@
 #include "host/db/walk.h"
 #include "host/text/metrics.h"
 #include "kd/db/database.h"
-#include "kd/db/entity.h"
 #include "kd/db/field.h"
 
 namespace kdhost {
@@ -114,18 +113,10 @@ double Measure::textHeightOf(const Cell& cell, const std::wstring& text, double 
     return 2.0 * marginVert + std::abs(layout.width * std::sin(angle)) + std::abs(high * std::cos(angle));
 }
 
-KdDbExtents extentsOfBlock(KdDbObjectId block) {
-    KdDbExtents extents;
-    for (const KdDbObjectId id : entitiesOf(block)) {
-        if (const auto* entity = peek<KdDbEntity>(id)) extents.addExt(entity->getGeomExtents());
-    }
-    return extents;
-}
-
 /// Width and height of the cell's block as it is drawn; nothing for one that is fitted into its cell.
 std::pair<double, double> blockSize(const Cell& cell) {
     if (!cell.objects || cell.objects->autoFit) return {0.0, 0.0};
-    const KdDbExtents extents = extentsOfBlock(cell.block());
+    const KdDbExtents extents = extentsOfEntities(cell.block());
     if (!extents.isValid()) return {0.0, 0.0};
     const KdGeVector3d size = (extents.maxPoint() - extents.minPoint()) * std::abs(cell.objects->blockScale);
     const double c = std::abs(std::cos(cell.objects->blockRotation));

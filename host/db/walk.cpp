@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "host/db/access.h"
+#include "kd/db/entity.h"
 #include "kd/db/symboltable.h"
 
 namespace kdhost {
@@ -29,6 +30,14 @@ std::vector<KdDbObjectId> idsOf(KdDbObjectId container, Kdad::ErrorStatus (Itera
 
 std::vector<KdDbObjectId> entitiesOf(KdDbObjectId block) {
     return idsOf<KdDbBlockTableRecord>(block, &KdDbBlockTableRecordIterator::getEntityId);
+}
+
+KdDbExtents extentsOfEntities(KdDbObjectId block) {
+    KdDbExtents box;
+    for (const KdDbObjectId id : entitiesOf(block)) {
+        if (const auto* entity = peek<KdDbEntity>(id)) box.addExt(entity->getGeomExtents());
+    }
+    return box;
 }
 
 std::vector<KdDbObjectId> recordsOf(KdDbObjectId symbolTable) {

@@ -2,10 +2,9 @@
 
 #include "host/ed/editor.h"
 
-#include "host/db/currentspace.h"
-
 #include <utility>
 
+#include "host/db/currentspace.h"
 #include "host/ed/commandline.h"
 #include "kd/db/database.h"
 

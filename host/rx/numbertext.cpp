@@ -27,6 +27,9 @@ public:
             *out++ = m_isPlain ? static_cast<char>(character) : '\0';
         }
     }
+    Narrow(const Narrow&) = delete;
+    Narrow& operator=(const Narrow&) = delete;
+
     /// False where a character is not of ASCII.
     bool isPlain() const { return m_isPlain; }
     const char* begin() const { return m_begin; }

@@ -109,12 +109,11 @@ private:
     QXmlStreamReader m_xml;
 };
 
-/// A form is read again only when its text is another one.
+/// A form is read again only when its text is another one. Null for one that is for the general loader.
 std::shared_ptr<const Form> formOf(const QByteArray& text) {
     static QHash<QByteArray, std::shared_ptr<const Form>> known;
-    auto& form = known[text];
-    if (form == nullptr) form = Reader(text).read();
-    return form;
+    const auto found = known.constFind(text);
+    return found != known.constEnd() ? *found : *known.insert(text, Reader(text).read());
 }
 
 class Builder {

@@ -28,7 +28,6 @@ namespace {
 /// One notch of a wheel.
 constexpr double kZoomStep = 1.25;
 constexpr double kNotch = 120.0;
-constexpr double kExtentsMargin = 24.0;
 /// Arms of the cross, and the square in its middle, in pixels at scale 1.
 constexpr double kCrossArm = 56.0;
 

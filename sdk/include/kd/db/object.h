@@ -123,6 +123,6 @@ Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::Ope
                                  const KdRxClass* cls);
 /// Fails with eNotThatKindOfClass unless the object is an entity.
 Kdad::ErrorStatus kddbOpenObject(KdDbEntity*& entity, KdDbObjectId id, KdDb::OpenMode mode, bool openErased = false);
-/// The same under the name that whoever works on clones knows.
+/// The first of these under the name that whoever works on clones knows.
 Kdad::ErrorStatus kddbOpenKdDbObjectEx(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode,
                                        bool openErased = false);
