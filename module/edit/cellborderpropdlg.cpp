@@ -8,6 +8,7 @@
 #include "module/preview/tablecellfromtable.h"
 #include "module/style/controls/lengthedit.h"
 #include "module/style/lineweightsshown.h"
+#include "win32/widenumbers.h"
 
 namespace {
 
@@ -178,6 +179,10 @@ void CVqTableCellBorderPropDlg::showDoubleLine() {
 
 void CVqTableCellBorderPropDlg::SetSpacingValue(double value) {
     showLength(database(), m_spacingEdit, value);
+}
+
+double CVqTableCellBorderPropDlg::GetSpacingValue(const CStdStr<wchar_t>& text) {
+    return _wtof(text);
 }
 
 int CVqTableCellBorderPropDlg::GetCellSeledStatus() const {

@@ -39,6 +39,8 @@ public:
     /// What the selection is: 1 one cell, 2 cells of which none is merged, 3 a single cell that isn't merged beside
     /// merges, 4 anything else; 0 when the table can't be opened. It is the selection that the dialog opened with.
     int GetCellSeledStatus() const;
+    /// The number that the text begins with, whatever the drawing's units; 0 without one. Nothing calls it.
+    static double GetSpacingValue(const CStdStr<wchar_t>& text);
 
 private:
     /// What a button does to the lines of each cell; the buttons stand in this order, the one for none behind them.

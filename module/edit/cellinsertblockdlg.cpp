@@ -2,6 +2,8 @@
 
 #include "module/edit/cellinsertblockdlg.h"
 
+#include <utility>
+
 #include "module/core/tablecommon.h"
 #include "module/exchange/tableexport.h"
 #include "module/style/controls/comboboxes.h"
@@ -60,7 +62,7 @@ void CVqTableCellInsertBlockDlg::bindSingals() {
         {kScaleEdit, ControlSignal::KillFocus, &Dialog::OnKillfocusScaleEdit},
         {kRotationEdit, ControlSignal::KillFocus, &Dialog::OnKillfocusRotateEdit},
     };
-    connectControls(*this, kControls);
+    if (!std::exchange(m_connected, true)) connectControls(*this, kControls);
 }
 
 void CVqTableCellInsertBlockDlg::DoDataExchange(CDataExchange* exchange) {

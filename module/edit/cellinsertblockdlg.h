@@ -25,6 +25,7 @@ public:
     void OnOK() override {}
     int OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
+    /// Once: controls that are connected are passed over.
     void bindSingals() override;
 
     // The texts. A text that is no number above 0 isn't taken over from its edit.
@@ -58,4 +59,5 @@ private:
     CEdit m_scaleEdit;
     CEdit m_rotationEdit;
     CButton m_autofitButton;
+    bool m_connected = false;
 };

@@ -118,6 +118,22 @@ TEST_F(BlockDialog, Browse_asks_for_the_file_as_the_export_does_and_shows_it) {
     EXPECT_EQ(asked.flags, 33);
 }
 
+TEST_F(BlockDialog, Connecting_its_controls_again_changes_nothing) {
+    CVqTableCellInsertBlockDlg dialog(&host.database());
+    dialog.bindSingals();
+    host.answerFileDialog(std::nullopt);
+    run(dialog, [&](QWidget& shown) { press(shown, "IDC_CELLINSERTBLOCK_BROWSE_BUTTON"); });
+    EXPECT_EQ(host.fileDialogs().size(), 1U);
+}
+
+using BlockDialogWithoutTree = ApplicationTest;
+
+TEST_F(BlockDialogWithoutTree, Ends_at_once_and_is_no_OK) {
+    CVqTableCellInsertBlockDlg dialog(&host.database());
+    EXPECT_TRUE(dialog.findChildren<QWidget*>().isEmpty());
+    EXPECT_EQ(dialog.DoModal(), -1);
+}
+
 class BlockDialogLooks : public DialogLooks {};
 
 INSTANTIATE_TEST_SUITE_P(Languages, BlockDialogLooks, bothLanguages(), languageName);

@@ -314,5 +314,11 @@ TEST_F(BorderDialogBoxes, An_operation_that_nothing_calls_makes_shown_lines_sing
     EXPECT_EQ(look(table).gridLineStyle(1, 1, KdDb::kVertLeft), KdDb::kGridLineStyleDouble);
 }
 
+TEST_F(BorderDialogBoxes, Another_that_nothing_calls_reads_the_number_that_a_text_begins_with) {
+    EXPECT_EQ(CVqTableCellBorderPropDlg::GetSpacingValue(L"1.25 mm"), 1.25);
+    EXPECT_EQ(CVqTableCellBorderPropDlg::GetSpacingValue(L"-2e1"), -20.0);
+    EXPECT_EQ(CVqTableCellBorderPropDlg::GetSpacingValue(L"wide"), 0.0);
+}
+
 }  // namespace
 }  // namespace kdtest

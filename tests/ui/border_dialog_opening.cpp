@@ -87,6 +87,14 @@ TEST_F(BorderDialogOpening, Boxes_paint_the_samples_of_their_kinds) {
     });
 }
 
+TEST_F(BorderDialogOpening, Takes_the_programs_icon) {
+    QPixmap icon(16, 16);
+    icon.fill(Qt::red);
+    QApplication::setWindowIcon(icon);
+    setBorders([](QWidget& dialog) { EXPECT_TRUE(dialog.testAttribute(Qt::WA_SetWindowIcon)); });
+    QApplication::setWindowIcon(QIcon());
+}
+
 TEST_F(BorderDialogOpening, F1_opens_nothing) {
     setBorders([](QWidget& dialog) {
         pressKey(Qt::Key_F1);
