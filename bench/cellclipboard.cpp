@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
     kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
-    kdbench::PeerRatioReporter reporter("copyItems", 10.0, 5.0);
+    kdbench::PeerRatioReporter reporter("copyItems", 10.0, 5.0, rows * columns);
     constexpr auto unit = benchmark::kMillisecond;
     benchmark::RegisterBenchmark("copyItems", copyItems)->Unit(unit);
     benchmark::RegisterBenchmark("pasteItems", pasteItems)->Unit(unit);

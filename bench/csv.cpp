@@ -18,6 +18,7 @@
 #include <memory>
 #include <random>
 
+#include "bench/peerratio.h"
 #include "host/win32/modules.h"
 #include "kd/db/database.h"
 #include "kd/db/symboltable.h"
@@ -278,39 +279,41 @@ private:
     std::map<std::string, double> m_best;
 };
 
-struct Goal {
-    const char* work;
+/// An operation on so many rows, and what it is held against: a peer on as many, or itself on fewer. Without a peer the
+/// ratio is that to a millisecond.
+struct Work {
+    const char* operation;
     const char* own;
-    const char* peer;  ///< empty: the time itself in milliseconds
+    int rows;
+    const char* peer;
     double goal;
     double stretch;
 };
 
-constexpr Goal goals[] = {
-    {"import to rows, 100,000 x 8, to Python csv", "import/100000", "python_read/100000", 0.50, 0.25},
-    {"import to rows, 10,000 x 8, to the pattern", "import/10000", "pattern/10000", 0.06, 0.03},
-    {"import to rows, 100,000 x 8, to sqlite3 .import", "import/100000", "sqlite/100000", 0.75, 0.35},
-    {"import to rows, 100,000 to 1,000,000 rows", "import/1000000", "import/100000", 14, 11},
-    {"a line of 1 MB, in ms", "line", "", 20, 8},
-    {"import to a table, 10,000 to 100,000 rows", "import_table/100000", "import_table/10000", 11, 10},
-    {"export, 100,000 x 8, to fwrite per character", "export/100000", "fwrite/100000", 0.50, 0.30},
-    {"export, 100,000 x 8, to Python csv.writer", "export/100000", "python_write/100000", 0.60, 0.40},
-    {"export, 10,000 to 100,000 rows", "export/100000", "export/10000", 11, 10},
+constexpr Work works[] = {
+    {"import to rows", "import/100000", 100000, "python_read/100000", 0.50, 0.25},
+    {"import to rows", "import/10000", 10000, "pattern/10000", 0.06, 0.03},
+    {"import to rows", "import/100000", 100000, "sqlite/100000", 0.75, 0.35},
+    {"import to rows", "import/1000000", 1000000, "import/100000", 14, 11},
+    {"import of a line of 1 MB", "line", 0, "", 20, 8},
+    {"import to a table", "import_table/100000", 100000, "import_table/10000", 11, 10},
+    {"export", "export/100000", 100000, "fwrite/100000", 0.50, 0.30},
+    {"export", "export/100000", 100000, "python_write/100000", 0.60, 0.40},
+    {"export", "export/100000", 100000, "export/10000", 11, 10},
 };
 
-const char* verdict(const Goal& goal, double value) {
-    if (value <= 0) return "not measured";
-    if (value <= goal.stretch) return "stretch reached";
-    return value <= goal.goal ? "goal reached" : "MISSED";
-}
-
-void printGoals(const BestTimes& times) {
-    std::printf("\n%-50s %10s %8s %8s\n", "work", "measured", "goal", "stretch");
-    for (const Goal& goal : goals) {
-        const double own = times.of(goal.own);
-        const double peer = *goal.peer == '\0' ? 0.001 : times.of(goal.peer);
-        const double value = peer > 0 ? own / peer : 0;
-        std::printf("%-50s %10.3f %8.2f %8.2f  %s\n", goal.work, value, goal.goal, goal.stretch, verdict(goal, value));
+void printRatios(const BestTimes& times) {
+    kdbench::printRatioHeading();
+    for (const Work& work : works) {
+        const bool hasPeer = *work.peer != '\0';
+        const double own = times.of(work.own);
+        const double peer = hasPeer ? times.of(work.peer) : 0.001;
+        if (own <= 0.0 || peer <= 0.0) continue;
+        kdbench::printRatio({work.operation,
+                             static_cast<double>(work.rows) * columns,
+                             own,
+                             own / peer,
+                             {hasPeer ? work.peer : "1 ms", work.goal, work.stretch}});
     }
 }
 
@@ -357,7 +360,7 @@ int main(int argc, char** argv) {
     addAll();
     BestTimes times;
     benchmark::RunSpecifiedBenchmarks(&times);
-    printGoals(times);
+    printRatios(times);
     FreeLibrary(hLibModule);
     return 0;
 }

@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 
+#include "bench/peerratio.h"
 #include "host/rx/encoding.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
@@ -72,11 +73,18 @@ std::pair<double, double> peerTimes(const QString& file) {
     return {lines.value(0).toDouble(), lines.value(1).toDouble()};
 }
 
-const char* verdict(double ratio) {
-    return ratio <= stretch ? "stretch" : ratio <= goal ? "goal" : "missed";
+/// Times of one drawing, in seconds.
+struct Times {
+    double open = 0.0;
+    double save = 0.0;
+};
+
+void tell(const std::string& operation, int cells, double time, double peerTime, const kdbench::Goal& goal) {
+    if (peerTime > 0.0) kdbench::printRatio({operation, static_cast<double>(cells), time, time / peerTime, goal});
 }
 
-void measure(int cells, const QTemporaryDir& folder) {
+/// Tells the ratios to the peer, and to the drawing of a tenth of the cells.
+Times measure(int cells, const Times& ofTenth, const QTemporaryDir& folder) {
     KdDbDatabase database;
     fill(database, cells);
     const QString file = folder.filePath(QStringLiteral("table%1.dxf").arg(cells));
@@ -88,10 +96,12 @@ void measure(int cells, const QTemporaryDir& folder) {
         if (read->readDwgFile(path.c_str()) != Kdad::eOk) std::printf("the file was refused\n");
     });
     const auto [peerRead, peerWrite] = peerTimes(file);
-    std::printf(
-        "%8d %8.2f MB  open %8.2f ms  peer %9.1f ms  ratio %.4f %-8s save %8.2f ms  peer %9.1f ms  ratio %.4f\n", cells,
-        static_cast<double>(QFile(file).size()) / 1e6, open * 1e3, peerRead * 1e3, open / peerRead,
-        verdict(open / peerRead), save * 1e3, peerWrite * 1e3, save / peerWrite);
+    tell("open", cells, open, peerRead, {"ezdxf readfile", goal, stretch});
+    tell("save", cells, save, peerWrite, {"ezdxf saveas"});
+    const std::string tenth = "/" + std::to_string(cells / 10);
+    tell("open", cells, open, ofTenth.open, {"open" + tenth, 11.0, 10.0});
+    tell("save", cells, save, ofTenth.save, {"save" + tenth, 11.0, 10.0});
+    return {open, save};
 }
 
 }  // namespace
@@ -102,7 +112,8 @@ int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "C");
     std::setlocale(LC_CTYPE, "C.UTF-8");
     const QTemporaryDir folder;
-    std::printf("goals of opening: %.2f, stretch %.2f of the peer's time\n", goal, stretch);
-    for (const int cells : {1000, 10000, 100000}) measure(cells, folder);
+    kdbench::printRatioHeading();
+    Times times;
+    for (const int cells : {1000, 10000, 100000}) times = measure(cells, times, folder);
     return 0;
 }

@@ -166,7 +166,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    kdbench::PeerRatioReporter reporter("itemTexts", 10.0, 5.0);
+    kdbench::PeerRatioReporter reporter("itemTexts", 10.0, 5.0, rows);
     benchmark::RegisterBenchmark("itemTexts", itemTexts)->Unit(benchmark::kMillisecond);
     const auto unit = benchmark::kMillisecond;
     kdbench::measureGrowth<OwnRow>(reporter, "one_reader", rows, unit, oneReader);

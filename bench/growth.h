@@ -21,7 +21,7 @@ void measureGrowth(PeerRatioReporter& reporter, const std::string& name, int row
             run(sample, state);
         })->Unit(unit);
     };
-    const std::string small = name + "_on_a_tenth_of_the_cells";
+    const std::string small = name + tenthOfTheCells;
     reporter.setGoal(small, {});  // is there to be compared with
     measure(small, rows / 10);
     measure(small + tenTimesTheCells, rows);

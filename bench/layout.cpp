@@ -125,7 +125,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    kdbench::PeerRatioReporter reporter("widgetRows", 1.0, 0.6);
+    kdbench::PeerRatioReporter reporter("widgetRows", 1.0, 0.6, rows * columns);
     reporter.setGoal("rowHeightsAfterOneChange", {"widgetOneRow", 0.5, 0.1});
     benchmark::RegisterBenchmark("widgetRows", widgetRows)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("widgetOneRow", widgetOneRow)->Unit(benchmark::kMicrosecond);

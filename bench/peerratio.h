@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <map>
 #include <string>
@@ -14,52 +16,111 @@ namespace kdbench {
 
 /// Stands at the end of the name of a benchmark that works on ten times the cells.
 inline const std::string tenTimesTheCells = "_on_ten_times_the_cells";
+/// And on a tenth of them.
+inline const std::string tenthOfTheCells = "_on_a_tenth_of_the_cells";
 
 /// What a figure is compared with: the benchmark named `peer`, and the ratios that are good and very good.
 struct Goal {
     std::string peer;
-    double goal;
-    double stretch;
+    double goal = 0.0;
+    double stretch = 0.0;
 };
 
-/// A console report, followed by a list of ratios.
+/// A line of the list that every program here ends with: `bench.sh` gathers these. A size or a goal of 0 is told by a
+/// dash, and a time of 0 too.
+struct RatioRow {
+    std::string operation;
+    double cells = 0.0;
+    double seconds = 0.0;
+    double ratio = 0.0;
+    Goal goal;
+};
+
+/// Columns stand two blanks or more apart, and nothing in them has two blanks in a row.
+inline void printRatioHeading() {
+    std::printf("\n%-56s  %10s  %12s  %8s  %-7s  %-6s  %-7s  %s\n", "operation", "cells", "time", "ratio", "verdict",
+                "goal", "stretch", "peer");
+}
+
+inline const char* verdict(double ratio, const Goal& goal) {
+    if (goal.goal <= 0.0) return "-";
+    return ratio <= goal.stretch ? "stretch" : ratio <= goal.goal ? "goal" : "MISSED";
+}
+
+inline void printRatio(const RatioRow& row) {
+    const auto numberOrDash = [](const char* format, double number) {
+        std::array<char, 32> text{"-"};
+        if (number > 0.0) std::snprintf(text.data(), text.size(), format, number);
+        return std::string(text.data());
+    };
+    const std::string time = row.seconds < 1e-3  ? numberOrDash("%.3f us", row.seconds * 1e6)
+                             : row.seconds < 1.0 ? numberOrDash("%.3f ms", row.seconds * 1e3)
+                                                 : numberOrDash("%.3f s", row.seconds);
+    std::printf("%-56s  %10s  %12s  %8.3f  %-7s  %-6s  %-7s  %s\n", row.operation.c_str(),
+                numberOrDash("%.0f", row.cells).c_str(), time.c_str(), row.ratio, verdict(row.ratio, row.goal),
+                numberOrDash("%.3g", row.goal.goal).c_str(), numberOrDash("%.3g", row.goal.stretch).c_str(),
+                row.goal.peer.c_str());
+}
+
+/// A console report, followed by the list of ratios. Of a benchmark that is repeated the best time counts.
 class PeerRatioReporter : public benchmark::ConsoleReporter {
 public:
-    /// The goal of all benchmarks without one of their own.
-    PeerRatioReporter(std::string peer, double goal, double stretch) : m_goal{std::move(peer), goal, stretch} {}
+    /// The goal of all benchmarks without one of their own, and the cells that they work on, where that says anything.
+    PeerRatioReporter(std::string peer, double goal, double stretch, double cells = 0.0)
+        : m_goal{std::move(peer), goal, stretch}, m_cells(cells) {}
 
-    /// The benchmark of that name has a goal of its own.
+    /// The benchmark of that name has a goal of its own; one of 0 is no goal, only a ratio to be told.
     void setGoal(const std::string& name, const Goal& goal) { m_goals[name] = goal; }
+    /// And a size of its own.
+    void setCells(const std::string& name, double cells) { m_sizes[name] = cells; }
 
     void ReportRuns(const std::vector<Run>& runs) override {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
-            if (!run.error_occurred) m_times.emplace_back(run.benchmark_name(), run.GetAdjustedCPUTime());
+            if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
+            keepBest(nameOf(run), run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit));
         }
     }
 
     void Finalize() override {
         ConsoleReporter::Finalize();
-        std::printf("\n%-44s %7s  %-8s goal  stretch  peer\n", "", "ratio", "");
+        printRatioHeading();
         for (const auto& [name, time] : m_times) {
             const Goal goal = goalOf(name);
             const double peerTime = timeOf(goal.peer);
             if (isPeer(name) || peerTime <= 0.0) continue;
-            const double ratio = time / peerTime;
-            const char* verdict = ratio <= goal.stretch ? "stretch" : ratio <= goal.goal ? "goal" : "missed";
-            std::printf("%-44s %7.3f  %-8s %-5.3g %-8.3g %s\n", name.c_str(), ratio, verdict, goal.goal, goal.stretch,
-                        goal.peer.c_str());
+            printRatio({name, cellsOf(name), time, time / peerTime, goal});
         }
     }
 
 private:
+    static std::string nameOf(const Run& run) {
+        benchmark::BenchmarkName name = run.run_name;
+        name.repetitions.clear();
+        return name.str();
+    }
+    void keepBest(const std::string& name, double time) {
+        for (auto& [known, best] : m_times) {
+            if (known != name) continue;
+            best = std::min(best, time);
+            return;
+        }
+        m_times.emplace_back(name, time);
+    }
     /// What grows with the cells takes ten times as long on ten times the cells, and hardly more.
     Goal goalOf(const std::string& name) const {
-        if (name.ends_with(tenTimesTheCells)) {
-            return {name.substr(0, name.size() - tenTimesTheCells.size()), 11.0, 10.0};
-        }
+        if (name.ends_with(tenTimesTheCells)) return {without(name, tenTimesTheCells), 11.0, 10.0};
         const auto own = m_goals.find(name);
         return own == m_goals.end() ? m_goal : own->second;
+    }
+    double cellsOf(const std::string& name) const {
+        if (name.ends_with(tenTimesTheCells)) return 10.0 * cellsOf(without(name, tenTimesTheCells));
+        if (name.ends_with(tenthOfTheCells)) return 0.1 * cellsOf(without(name, tenthOfTheCells));
+        const auto own = m_sizes.find(name);
+        return own == m_sizes.end() ? m_cells : own->second;
+    }
+    static std::string without(const std::string& name, const std::string& ending) {
+        return name.substr(0, name.size() - ending.size());
     }
     /// Peers of the plain goals; a benchmark that its own larger sibling is compared with is none.
     bool isPeer(const std::string& name) const {
@@ -77,8 +138,10 @@ private:
     }
 
     Goal m_goal;
+    double m_cells;
     std::map<std::string, Goal> m_goals;
-    std::vector<std::pair<std::string, double>> m_times;
+    std::map<std::string, double> m_sizes;
+    std::vector<std::pair<std::string, double>> m_times;  ///< best times in seconds, as they came
 };
 
 }  // namespace kdbench

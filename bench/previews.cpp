@@ -126,7 +126,11 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     // A sample makes a drawing of its own first.
-    kdbench::PeerRatioReporter reporter("pictureOfTableWidget/sample", 1.0, 0.5);
+    kdbench::PeerRatioReporter reporter("pictureOfTableWidget/sample", 1.0, 0.5, sampleCells * sampleCells);
+    reporter.setCells("style_preview", 1);
+    for (const char* name : {"table_preview", "table_preview_at_another_size"}) {
+        reporter.setCells(name, tableRows * tableColumns);
+    }
     reporter.setGoal("table_preview", {"pictureOfTableWidget/table", 1.0, 0.5});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;

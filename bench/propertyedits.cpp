@@ -119,7 +119,7 @@ int main(int argc, char** argv) {
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
     session = std::make_unique<kdbench::Session>();
-    kdbench::PeerRatioReporter reporter("itemAlignments", 0.35, 0.15);
+    kdbench::PeerRatioReporter reporter("itemAlignments", 0.35, 0.15, rows * columns);
     benchmark::RegisterBenchmark("itemAlignments", itemAlignments)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("scanOfItemFlags", scanOfItemFlags)->Unit(benchmark::kMillisecond);
     const KdDbObjectId asked = session->addTable(rows, columns);

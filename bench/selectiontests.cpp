@@ -165,7 +165,7 @@ int main(int argc, char** argv) {
     registerRangeTests();
     registerSelectionTests();
     registerOthers();
-    kdbench::PeerRatioReporter reporter("scanOfItemFlags", 0.5, 0.15);
+    kdbench::PeerRatioReporter reporter("scanOfItemFlags", 0.5, 0.15, rows * columns);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }

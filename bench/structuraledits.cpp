@@ -122,7 +122,7 @@ int main(int argc, char** argv) {
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
     session = std::make_unique<kdbench::Session>();
-    kdbench::PeerRatioReporter reporter("insertItemRow", 0.5, 0.2);
+    kdbench::PeerRatioReporter reporter("insertItemRow", 0.5, 0.2, rows * columns);
     constexpr auto unit = benchmark::kMicrosecond;
     benchmark::RegisterBenchmark("insertItemRow", insertItemRow)->Unit(unit);
     benchmark::RegisterBenchmark("deleteItemRow", deleteItemRow)->Unit(unit);

@@ -103,7 +103,7 @@ int main(int argc, char** argv) {
                                  BM_whole_update_on_ten_times_the_cells)
         ->Unit(benchmark::kMicrosecond);
 
-    kdbench::PeerRatioReporter reporter("peer_enabling_actions", 2.0, 1.2);
+    kdbench::PeerRatioReporter reporter("peer_enabling_actions", 2.0, 1.2, kRows * kColumns);
     reporter.setGoal("whole_update", {"peer_painting_the_toolbar", 10.0, 3.0});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     showTableToolBar(KdDbObjectId::kNull, false);

@@ -142,13 +142,15 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     benchmark::RegisterBenchmark("removeItemRow", removeItemRow)->Unit(benchmark::kMicrosecond);
     benchmark::RegisterBenchmark("itemAlignments", itemAlignments)->Unit(benchmark::kMicrosecond);
-    kdbench::PeerRatioReporter reporter("removeItemRow", 0.5, 0.2);
+    kdbench::PeerRatioReporter reporter("removeItemRow", 0.5, 0.2, rowsForRows * columns);
     registerStep("inserted_row", rowsForRows, insertRow);
     registerStep("inserted_row" + kdbench::tenTimesTheCells, 10 * rowsForRows, insertRow);
     registerStep("alignment", rowsForCells, alignAll);
     registerStep("alignment" + kdbench::tenTimesTheCells, 10 * rowsForCells, alignAll);
-    for (const char* name : {"undo_alignment", "redo_alignment"})
+    for (const char* name : {"undo_alignment", "redo_alignment"}) {
         reporter.setGoal(name, {"itemAlignments", 0.35, 0.15});
+        reporter.setCells(name, rowsForCells * columns);
+    }
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }
