@@ -1,5 +1,6 @@
 // The looks of the toolbar, in both languages and at the screen's scale.
 
+#include <QStyleOptionComboBox>
 #include <QToolBar>
 
 #include "kd/ui/hostdialogs.h"
@@ -15,6 +16,12 @@ protected:
     void SetUp() override {
         ToolbarTest::SetUp();
         kdhost::setLanguage(GetParam());
+    }
+    /// The buttons are as small as they are told to be, their images smaller; the lists show their rows whole.
+    static void expectWholeLists() {
+        for (const std::string& fault : cutControls(*window())) {
+            EXPECT_EQ(fault.find("COMBO"), std::string::npos) << fault;
+        }
     }
     void keep(QWidget& shown, const char* name) {
         const char* language = GetParam() == kdhost::Language::Chinese ? "zh_CN" : "en";
@@ -90,14 +97,21 @@ TEST_P(ToolbarDialogLooks, every_control_has_its_size_and_is_told_to_the_user) {
         EXPECT_GE(shown.height(), static_cast<int>(20.0 * scale)) << row.name;
     }
     EXPECT_EQ(tips.size(), 15U);
-    // The buttons are as small as they are told to be, their images smaller; the lists show their rows whole.
-    for (const std::string& fault : cutControls(*window())) EXPECT_EQ(fault.find("COMBO"), std::string::npos) << fault;
+    expectWholeLists();
     keep(*window(), "toolbar");
 }
 
 TEST_P(ToolbarDialogLooks, disabled_controls_and_other_fills_look_so) {
     const KdDbObjectId table = showOver(TableBuilder(4, 4).lock("B2").align("A1:D4", KdDb::kBottomRight).select("B2"));
     CVqTableCommon::SetBackgroundColor(table, KdCmColor::fromRgb(200, 220, 255));
+    expectWholeLists();
+    const QComboBox& colors = combo(kColorComboName);
+    QStyleOptionComboBox option;
+    option.initFrom(&colors);
+    const int field =
+        colors.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &colors).width();
+    EXPECT_LE(colors.iconSize().width() + 4 + colors.fontMetrics().horizontalAdvance(colors.currentText()), field)
+        << colors.currentText().toStdString();
     keep(*window(), "toolbar_locked");
     select(table, "A1:B2");
     keep(*window(), "toolbar_mixed");

@@ -26,8 +26,8 @@ constexpr int kTallest = 16777215;
 constexpr double kComboStretch = 1.5;
 constexpr unsigned kColorTip = 1421;
 constexpr unsigned kNoFillText = 2006;
-/// The lists are narrower than lists in dialogs, their texts as long.
-constexpr double kListFontSize = 0.85;
+/// The lists are narrower than lists in dialogs, their texts as long: a true colour has eleven characters.
+constexpr double kListFontSize = 0.8;
 
 struct ScaledStrip {
     double fromScale;
