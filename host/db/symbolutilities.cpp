@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "host/db/symbols.h"
 #include "kd/db/database.h"
+#include "kd/db/symboltable.h"
 
 KdDbSymbolUtilityServices::~KdDbSymbolUtilityServices() = default;
 
@@ -13,21 +13,30 @@ namespace {
 
 constexpr const wchar_t* kScreenOnly = L"Screen only";
 
-/// Null when the table takes none.
-KdDbObjectId addScreenOnlyLayer(const KdDbDatabase& database) {
+/// Null when another record of the name came first, or the table takes none.
+KdDbObjectId addScreenOnlyLayer(KdDbLayerTable& layers) {
     auto layer = std::make_unique<KdDbLayerTableRecord>();
     layer->setName(kScreenOnly);
     layer->setIsPlottable(false);
-    const auto added = kdhost::addRecord(database.layerTableId(), std::move(layer));
-    return added ? added->objectId() : KdDbObjectId::kNull;
+    KdDbObjectId id;
+    if (layers.add(id, layer.get()) != Kdad::eOk) return KdDbObjectId::kNull;
+    layer.release()->close();
+    return id;
 }
 
 class Services final : public KdDbSymbolUtilityServices {
 public:
     KdDbObjectId screenOnlyLayerId(KdDbDatabase* database) const override {
-        if (database == nullptr) return KdDbObjectId::kNull;
-        const KdDbObjectId known = kdhost::recordNamed(database->layerTableId(), kScreenOnly);
-        return known.isNull() ? addScreenOnlyLayer(*database) : known;
+        KdDbLayerTable* layers = nullptr;
+        if (database == nullptr || database->getLayerTable(layers, KdDb::kForRead) != Kdad::eOk) {
+            return KdDbObjectId::kNull;
+        }
+        KdDbObjectId id;
+        if (layers->getAt(kScreenOnly, id) != Kdad::eOk && layers->upgradeOpen() == Kdad::eOk) {
+            id = addScreenOnlyLayer(*layers);
+        }
+        layers->close();
+        return id;
     }
 };
 
