@@ -179,7 +179,13 @@ def act(person, folder, pictures):
     person.command("TABLEEXPORT")
     person.click(*TITLE)
     person.command(str(folder / "parts.csv"))
+
+    # The drawing has no file: its loss is asked about, and Cancel leaves everything as it was.
     person.command("QUIT")
+    shot(person, pictures, "question")
+    person.key("Escape")
+    person.command("QUIT")
+    person.key("alt+n")
 
 
 # Places in the table of five rows and three columns once it fills the view.
