@@ -1,5 +1,6 @@
 // The grid lines of a drawn table: each line once, neighbouring pieces of the same looks joined.
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <tuple>
@@ -183,8 +184,39 @@ private:
             drawDouble(line, begin, end, -1);
             drawDouble(line, begin, end, 1);
         } else {
-            piece(edge, line, 0.0, position(begin), position(end));
+            drawSingle(line, begin, end);
         }
+    }
+
+    // A single line leaves the band of a double one free that it meets:
+    //
+    //         | |          |  +------        |
+    //     ----+ +----      +--+              |
+    //         | |          |  | +----        +----
+    //                         | |            +----
+    void drawSingle(int line, int begin, int end) {
+        const auto isCrossed = [&](int node) {
+            return m_grid.isDouble(m_grid.across(m_ofRows, line, node, -1)) &&
+                   m_grid.isDouble(m_grid.across(m_ofRows, line, node, 1));
+        };
+        for (int from = begin; from < end;) {
+            int to = from + 1;
+            while (to < end && !isCrossed(to)) ++to;
+            piece(m_grid.at(m_ofRows, line, begin), line, 0.0, position(from) + trimSingle(line, from, from - 1),
+                  position(to) - trimSingle(line, to, to));
+            from = to;
+        }
+    }
+
+    /// How far a single line stays back from a node: half the band that lies across its end, or runs along behind it.
+    /// Where the double line only begins there, at a corner, it runs on to the farther one of its lines instead.
+    double trimSingle(int line, int node, int beyond) const {
+        const Edge before = m_grid.across(m_ofRows, line, node, -1);
+        const Edge after = m_grid.across(m_ofRows, line, node, 1);
+        const double half = 0.5 * std::max(m_grid.looks(before).spacing, m_grid.looks(after).spacing);
+        const Edge further = m_grid.at(m_ofRows, line, beyond);
+        if ((m_grid.isDouble(before) && m_grid.isDouble(after)) || m_grid.isDouble(further)) return half;
+        return further == kNoEdge ? -half : 0.0;
     }
 
     // One of the two lines of a double line. Where a double line meets it on its own side, both open towards
@@ -212,8 +244,8 @@ private:
         const Edge near = m_grid.across(m_ofRows, line, node, side);
         if (m_grid.isDouble(near)) return 0.5 * m_grid.looks(near).spacing;
         const Edge far = m_grid.across(m_ofRows, line, node, -side);
-        const bool corner = m_grid.at(m_ofRows, line, beyond) == kNoEdge;
-        return corner && near == kNoEdge && m_grid.isDouble(far) ? -0.5 * m_grid.looks(far).spacing : 0.0;
+        const bool isCorner = m_grid.isDouble(far) && !m_grid.isDouble(m_grid.at(m_ofRows, line, beyond));
+        return isCorner ? -0.5 * m_grid.looks(far).spacing : 0.0;
     }
 
     double rowEdge(int line) const { return m_drawing.geometry.rowEdge(m_drawing.strips.rows.behind(line)); }
@@ -225,7 +257,9 @@ private:
         return m_ofRows ? m_drawing.geometry.columnEdge(place) : m_drawing.geometry.rowEdge(place);
     }
 
+    /// Nothing where the bands at both ends leave no room for a line.
     void piece(Edge edge, int line, double offset, double from, double to) const {
+        if (from >= to) return;
         const TableGeometry& geometry = m_drawing.geometry;
         const double fixed = (m_ofRows ? rowEdge(line) : columnEdge(line)) + offset;
         const EdgeLooks& looks = m_grid.looks(edge);

@@ -177,7 +177,49 @@ TEST_F(DrawnGrid, double_lines_open_where_they_meet) {
                                      piece(19, -1, 19, -5)}));  // each cell's own
 }
 
-TEST_F(DrawnGrid, a_single_line_ends_at_the_middle_of_a_double_one) {
+TEST_F(DrawnGrid, a_double_frame_within_a_table_is_closed_and_single_lines_stay_outside) {
+    make(3, 3);
+    makeDouble(1, 1, 2.0);
+    EXPECT_EQ(gridOf(table),
+              sorted({piece(9, -5, 21, -5), piece(9, -13, 21, -13), piece(9, -5, 9, -13), piece(21, -5, 21, -13),
+                      piece(11, -7, 19, -7), piece(11, -11, 19, -11), piece(11, -7, 11, -11), piece(19, -7, 19, -11),
+                      // what leads up to it
+                      piece(0, -6, 9, -6), piece(21, -6, 30, -6), piece(0, -12, 9, -12), piece(21, -12, 30, -12),
+                      piece(10, 0, 10, -5), piece(10, -13, 10, -18), piece(20, 0, 20, -5), piece(20, -13, 20, -18),
+                      // the table's own frame
+                      piece(0, 0, 30, 0), piece(0, -18, 30, -18), piece(0, 0, 0, -18), piece(30, 0, 30, -18)}));
+}
+
+TEST_F(DrawnGrid, single_lines_close_a_double_bottom_at_its_ends_and_end_at_its_near_line_between) {
+    make(1, 2);
+    for (const int column : {0, 1}) {
+        table.setGridLineStyle(0, column, KdDb::kHorzBottom, KdDb::kGridLineStyleDouble);
+        table.setGridDoubleLineSpacing(0, column, KdDb::kHorzBottom, 2.0);
+    }
+    EXPECT_EQ(gridOf(table), sorted({piece(0, 0, 20, 0), piece(0, -5, 20, -5), piece(0, -7, 20, -7), piece(0, 0, 0, -7),
+                                     piece(10, 0, 10, -5), piece(20, 0, 20, -7)}));
+}
+
+TEST_F(DrawnGrid, a_single_line_is_broken_by_a_double_one_that_it_crosses) {
+    make(2, 2);
+    for (const int row : {0, 1}) {
+        table.setGridLineStyle(row, 0, KdDb::kVertRight, KdDb::kGridLineStyleDouble);
+        table.setGridDoubleLineSpacing(row, 0, KdDb::kVertRight, 2.0);
+    }
+    EXPECT_EQ(gridOf(table),
+              sorted({piece(0, 0, 20, 0), piece(0, -12, 20, -12), piece(0, 0, 0, -12), piece(20, 0, 20, -12),
+                      piece(9, 0, 9, -12), piece(11, 0, 11, -12), piece(0, -6, 9, -6), piece(11, -6, 20, -6)}));
+}
+
+TEST_F(DrawnGrid, cells_narrower_than_the_bands_beside_them_have_no_lines_there) {
+    make(1, 1);
+    makeDouble(0, 0, 7.0);
+    EXPECT_EQ(gridOf(table),
+              sorted({piece(-3.5, 3.5, 13.5, 3.5), piece(-3.5, -9.5, 13.5, -9.5), piece(-3.5, 3.5, -3.5, -9.5),
+                      piece(13.5, 3.5, 13.5, -9.5), piece(3.5, -3.5, 6.5, -3.5), piece(3.5, -2.5, 6.5, -2.5)}));
+}
+
+TEST_F(DrawnGrid, a_double_line_ends_at_the_single_one_that_it_meets) {
     make(1, 2);
     table.setGridLineStyle(0, 0, KdDb::kVertRight, KdDb::kGridLineStyleDouble);
     table.setGridDoubleLineSpacing(0, 0, KdDb::kVertRight, 2.0);
