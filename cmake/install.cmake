@@ -78,21 +78,21 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY
 # The fonts that texts are measured with; sizes are the same on each machine.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-droid-fallback")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "CAD program with tables
- Draws and edits tables: styles, borders, formulas, CSV files in and out, scripts,
- and runs without a display, too. Holds the table module and the help.")
+Draws and edits tables: styles, borders, formulas, CSV files in and out, scripts,
+and runs without a display, too. Holds the table module and the help.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME kdhost-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "kdhost (>= ${PROJECT_VERSION}), qtbase5-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "headers to build modules of kdhost with
- The contract between the program and its modules, and a package for CMake.")
+The contract between the program and its modules, and a package for CMake.")
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME kdhost-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "guides to kdhost and its modules
- The user's guide, the guide to the sdk with an example, the architecture.")
+The user's guide, the guide to the sdk with an example, the architecture.")
 
 # The packages hold what was built for them; a package of everything else isn't wanted first.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)

@@ -67,7 +67,7 @@ def main():
         assert (folder / "picture.png").stat().st_size > 1000
 
         # The help shows the page that it shows out of the source folder.
-        script.write_text("HELP\n@shot help.png\n@close\n")
+        script.write_text("TABLE\n@click IDHELP\n@shot help.png\n@close\n@close\n")
         shown = []
         for more in ({}, {"KDHOST_DOCS": str(source.resolve() / "docs")}):
             run(prefix / "bin/kdhost", "--headless", "--script", script, env=environment | more, cwd=folder)
