@@ -4,15 +4,18 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include "host/app/window/drawingview.h"
 #include "host/db/access.h"
 #include "host/db/currentspace.h"
 #include "host/ed/display.h"
+#include "host/ui/automation/automation.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
 #include "kd/ed/view.h"
+#include "tests/support/objects.h"
 #include "tests/support/tablebuilder.h"
 #include "tests/ui/window_fixture.h"
 
@@ -258,6 +261,22 @@ TEST_F(WindowMouse, who_lies_over_the_view_is_told_when_places_move) {
     window.view().removeFollower(&follower);
     kdtest::turnWheel(view(), {10, 10}, 1);
     EXPECT_EQ(follower.times, before + 1);
+}
+
+TEST_F(WindowMouse, a_picture_of_the_window_shows_what_no_prompt_has_shown_yet) {
+    const QTemporaryDir folder;
+    const auto picture = [&](const char* name) {
+        const QString file = folder.filePath(QString::fromLatin1(name));
+        EXPECT_EQ(kdhost::automation::shot(file.toStdWString()), L"");
+        return QImage(file);
+    };
+    play({keys("LINE 10,100 400,100  "), [&] {
+              const QImage before = picture("before.png");
+              auto* line = kdtest::mustOpen<KdDbLine>(entities().back(), KdDb::kForWrite);
+              line->setColor(KdCmColor::fromIndex(1));
+              line->close();
+              EXPECT_NE(picture("after.png"), before);
+          }});
 }
 
 TEST_F(WindowMouse, the_view_shows_the_drawing_what_is_selected_and_what_is_dragged) {

@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "host/ad/application.h"
+#include "host/ed/display.h"
 #include "host/ui/automation/find.h"
 #include "host/ui/automation/realinput.h"
 #include "host/ui/inplaceeditor/editorpanel.h"
@@ -141,6 +142,8 @@ std::wstring focus(const std::wstring& name) {
 
 std::wstring shot(const std::wstring& file) {
     QWidget* top = topWindow();
+    // A prompt would bring the window up to date before a person sees it.
+    updateDisplay();
     if (top == nullptr && Application::current() != nullptr) top = Application::current()->mainWindow();
     if (top == nullptr) return L"no window is open.";
     return top->window()->grab().save(qt(file)) ? L"" : L"the picture " + file + L" can't be written.";
