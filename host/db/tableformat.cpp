@@ -1,5 +1,8 @@
 // The looks of cells: the effective values that getters give, the overrides that setters make.
 
+#include <optional>
+#include <tuple>
+
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 
@@ -45,6 +48,15 @@ void overrideSize(KdDbTable& table, int row, int column, const FormatProperty<T>
         memo.set(state.rows.writeCell(r, c), which, value);
         noteGrowth(state, r, c);
     });
+}
+
+/// Whether texts may need other rooms in cells of the one style and of the other.
+bool measuresOtherwise(const CellFormat& a, const CellFormat& b) {
+    const auto measures = [](const CellFormat& format) {
+        return std::tie(format.textStyle, format.textHeight, format.rotation, format.marginHorz, format.marginVert,
+                        format.dataType, format.unitType, format.format);
+    };
+    return measures(a) != measures(b);
 }
 
 }  // namespace
@@ -133,6 +145,9 @@ const wchar_t* KdDbTable::cellStyle(int row, int column) const {
 void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
     if (name == nullptr || *name == L'\0') return;
     std::uint16_t place = 0;
+    // Cells mostly come from one style: the two are compared once for a run of such cells.
+    std::optional<std::uint16_t> compared;
+    bool mayGrow = false;
     const auto gate = [&](KdDbTable& table) {
         TableState* state = editTable(table);
         if (state != nullptr) place = state->styles.place(name);
@@ -140,8 +155,12 @@ void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
     };
     const auto change = [&](TableState& state, int r, int c) {
         Cell& cell = state.rows.writeCell(r, c);
+        if (compared != cell.style) {
+            compared = cell.style;
+            mayGrow = measuresOtherwise(state.styles.record(cell.style).format, state.styles.record(place).format);
+        }
         cell.style = place;
-        if (!cell.empty()) noteGrowth(state, r, c);
+        if (mayGrow && !cell.empty()) noteGrowth(state, r, c);
         // The style of a whole row is the row's own too: it tells the row's type.
         if (column == -1) state.rows.write(r).style = place;
     };
