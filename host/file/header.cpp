@@ -6,6 +6,7 @@
 
 #include "host/db/access.h"
 #include "host/db/symbolstate.h"
+#include "host/db/walk.h"
 #include "kd/db/entity.h"
 
 namespace kdhost::file {
@@ -138,16 +139,6 @@ std::vector<FileVariable> variablesOf(const FileSection& header) {
     return variables;
 }
 
-KdDbExtents extentsOf(const DatabaseContents& contents) {
-    KdDbExtents extents;
-    const KdDbObject* space = peekObject(contents.roots.modelSpace);
-    if (space == nullptr) return extents;
-    for (const KdDbObjectId id : stateOf<KdDbBlockTableRecordState>(*space).entities) {
-        if (const auto* entity = peek<KdDbEntity>(id)) extents.addExt(entity->getGeomExtents());
-    }
-    return extents;
-}
-
 /// A class of objects that are not part of the format's oldest core.
 struct Class {
     const char* object;
@@ -172,7 +163,7 @@ void writeHeader(const KdDbDatabase& database, SaveContext& names, TagWriter& ou
     out.raw(3, "ANSI_1252");
     begin("$HANDSEED");
     out.handle(5, nextHandle);
-    const KdDbExtents extents = extentsOf(contents);
+    const KdDbExtents extents = extentsOfEntities(contents.roots.modelSpace);
     begin("$EXTMIN");
     out.point(10, extents.minPoint());
     begin("$EXTMAX");

@@ -14,6 +14,7 @@
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 #include "host/db/tableplace.h"
+#include "host/db/walk.h"
 #include "host/file/blocks.h"
 #include "kd/db/symboltable.h"
 
@@ -145,10 +146,7 @@ private:
         const std::string& name = m_context.nameOf(cell.block());
         const auto* block = peek<KdDbBlockTableRecord>(cell.block());
         if (block == nullptr || name.empty()) return;
-        KdDbExtents extents;
-        for (const KdDbObjectId id : stateOf<KdDbBlockTableRecordState>(*block).entities) {
-            if (const auto* entity = peek<KdDbEntity>(id)) extents.addExt(entity->getGeomExtents());
-        }
+        const KdDbExtents extents = extentsOfEntities(cell.block());
         if (!extents.isValid()) return;
         const KdGePoint3d low = extents.minPoint();
         const KdGePoint3d high = extents.maxPoint();
