@@ -156,6 +156,7 @@ KdDbField::~KdDbField() {
 
 Kdad::ErrorStatus KdDbField::setFieldCode(const wchar_t* code, FieldCodeFlag, KdArray<KdDbField*>* children) {
     if (code == nullptr) return Kdad::eInvalidInput;
+    if (kdhost::fieldFaultStrikes()) return Kdad::eInvalidContext;
     State* state = writableStateOf<State>(*this);
     if (state == nullptr) return Kdad::eNotOpenForWrite;
     std::vector<KdDbFieldChild> taken;
@@ -219,6 +220,7 @@ KdDbField::EvalOption KdDbField::evaluationOption() const {
 
 Kdad::ErrorStatus KdDbField::postInDatabase(KdDbDatabase* database) {
     if (database == nullptr) return Kdad::eInvalidInput;
+    if (kdhost::fieldFaultStrikes()) return Kdad::eInvalidContext;
     KdDbObjectId id;
     return database->addKdDbObject(this, id);
 }
@@ -230,6 +232,7 @@ KdDbField* KdDbField::clone() const {
 Kdad::ErrorStatus KdDbField::setField(const wchar_t* name, KdDbField* field) {
     if (name == nullptr || *name != L'\0') return KdDbObject::setField(name, field);
     if (field == nullptr || field == this) return Kdad::eNullObjectPointer;
+    if (kdhost::fieldFaultStrikes()) return Kdad::eInvalidContext;
     State* state = writableStateOf<State>(*this);
     if (state == nullptr) return Kdad::eNotOpenForWrite;
     const std::vector<KdDbFieldChild> former = state->children;

@@ -241,6 +241,7 @@ Kdad::ErrorStatus KdDbObject::setField(const wchar_t* name, KdDbField* field) {
     if (field == nullptr) return Kdad::eNullObjectPointer;
     if (name == nullptr || *name == L'\0') return Kdad::eInvalidKey;
     if (field->database() != nullptr) return Kdad::eAlreadyInDatabase;
+    if (kdhost::fieldFaultStrikes()) return Kdad::eInvalidContext;
     if (database() == nullptr) return attachInMemory(*this, name, *field);
     if (KdDbObjectAccess::stateForWrite(*this) == nullptr) return Kdad::eNotOpenForWrite;
     Kdad::ErrorStatus status = createExtensionDictionary();

@@ -105,8 +105,11 @@ bool isOnLockedLayer(const KdDbObject& object) {
 }
 
 bool openFaultStrikes() {
-    int& count = faults().failOpenNumber;
-    return count > 0 && --count == 0;
+    return faultStrikes(faults().failOpenNumber);
+}
+
+bool fieldFaultStrikes() {
+    return faultStrikes(faults().failFieldNumber);
 }
 
 std::vector<std::wstring> takeDisciplineBreaches() {
@@ -173,6 +176,7 @@ Kdad::ErrorStatus findForOpen(KdDbObject*& object, KdDbObjectId id, bool openEra
 Kdad::ErrorStatus openObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
                              const KdRxClass* cls) {
     object = nullptr;
+    if (openFaultStrikes()) return Kdad::eInvalidContext;
     KdDbObject* found = nullptr;
     const Kdad::ErrorStatus status = findForOpen(found, id, openErased);
     if (status != Kdad::eOk) return status;
@@ -237,6 +241,7 @@ Kdad::ErrorStatus KdDbObject::upgradeOpen() {
     KdDbOpenRecord& record = *m_open;
     if (record.database == nullptr || record.mayWrite()) return Kdad::eOk;
     if (!record.isOpen()) return Kdad::eNotOpenForRead;
+    if (openFaultStrikes()) return Kdad::eInvalidContext;
     const bool held = record.hold != TransactionHold::None;
     if (record.readers + (held ? 1 : 0) > 1) return Kdad::eWasOpenForRead;
     if (isOnLockedLayer(*this)) return Kdad::eOnLockedLayer;
@@ -262,8 +267,6 @@ Kdad::ErrorStatus KdDbObject::downgradeOpen() {
 
 Kdad::ErrorStatus kddbOpenObject(KdDbObject*& object, KdDbObjectId id, KdDb::OpenMode mode, bool openErased,
                                  const KdRxClass* cls) {
-    object = nullptr;
-    if (openFaultStrikes()) return Kdad::eInvalidContext;
     return openObject(object, id, mode, openErased, cls);
 }
 

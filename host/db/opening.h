@@ -52,6 +52,8 @@ Kdad::ErrorStatus findForOpen(KdDbObject*& object, KdDbObjectId id, bool openEra
 bool isOnLockedLayer(const KdDbObject& object);
 /// True for the one open that a test wants to fail.
 bool openFaultStrikes();
+/// The same for what is done to a field.
+bool fieldFaultStrikes();
 
 void noteBreach(const KdDbObject& object, const std::wstring& what);
 /// The same of something else than an object.

@@ -76,7 +76,7 @@ COleDataObject::~COleDataObject() = default;
 
 bool COleDataObject::AttachClipboard() {
     Release();
-    m_private->attached = qApp != nullptr;
+    m_private->attached = qApp != nullptr && !kdhost::clipboardFaultStrikes();
     return m_private->attached;
 }
 
@@ -89,7 +89,7 @@ bool COleDataObject::IsDataAvailable(CLIPFORMAT format) const {
 }
 
 HGLOBAL COleDataObject::GetGlobalData(CLIPFORMAT format) const {
-    if (!IsDataAvailable(format)) return nullptr;
+    if (!IsDataAvailable(format) || kdhost::clipboardFaultStrikes()) return nullptr;
     const QMimeData* held = QGuiApplication::clipboard()->mimeData();
     if (kdhost::isPlainTextFormat(format)) {
         const QByteArray text = plainText(*held);
@@ -106,6 +106,7 @@ void COleDataObject::CacheGlobalData(CLIPFORMAT format, HGLOBAL memory) {
     const Record record(static_cast<KdClipboardMemory*>(memory));
     const QString type = kdhost::clipboardMimeType(format);
     if (!m_private->attached || !record || record->data == nullptr || type.isEmpty()) return;
+    if (kdhost::clipboardFaultStrikes()) return;
     QByteArray bytes(static_cast<const char*>(record->data), static_cast<int>(record->size));
     auto& put = m_private->put;
     const auto known = std::find_if(put.begin(), put.end(), [&](const auto& entry) { return entry.first == type; });

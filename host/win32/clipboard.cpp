@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/rx/faults.h"
 #include "host/win32/clipboardformats.h"
 
 namespace {
@@ -37,6 +38,10 @@ QString clipboardMimeType(UINT format) {
     return QStringLiteral("application/x-kd-clipboard;format=\"%1\"").arg(*name);
 }
 
+bool clipboardFaultStrikes() {
+    return faultStrikes(faults().failClipboardNumber);
+}
+
 bool isPlainTextFormat(UINT format) {
     const QString* name = nameOf(format);
     return name != nullptr && name->compare(QLatin1String("text/plain"), Qt::CaseInsensitive) == 0;
@@ -46,7 +51,7 @@ bool isPlainTextFormat(UINT format) {
 
 UINT RegisterClipboardFormatW(const wchar_t* name) {
     const QString wanted = QString::fromWCharArray(name == nullptr ? L"" : name);
-    if (wanted.isEmpty()) return 0;
+    if (wanted.isEmpty() || kdhost::clipboardFaultStrikes()) return 0;
     std::vector<QString>& known = names();
     const auto found = std::find_if(known.begin(), known.end(), [&](const QString& candidate) {
         return candidate.compare(wanted, Qt::CaseInsensitive) == 0;
@@ -70,7 +75,7 @@ int GetClipboardFormatNameW(UINT format, wchar_t* name, int length) {
 }
 
 int IsClipboardFormatAvailable(UINT format) {
-    if (qApp == nullptr) return 0;
+    if (qApp == nullptr || kdhost::clipboardFaultStrikes()) return 0;
     const QMimeData* held = QGuiApplication::clipboard()->mimeData();
     if (held == nullptr) return 0;
     if (kdhost::isPlainTextFormat(format)) return held->hasText() ? 1 : 0;

@@ -14,4 +14,7 @@ QString clipboardMimeType(UINT format);
 /// True for the format whose MIME type is "text/plain": its data is UTF-8 text from any program.
 bool isPlainTextFormat(UINT format);
 
+/// True for the one use of the clipboard that a test wants to fail.
+bool clipboardFaultStrikes();
+
 }  // namespace kdhost

@@ -7,6 +7,8 @@
 #include <new>
 #include <unordered_map>
 
+#include "host/win32/clipboardformats.h"
+
 namespace {
 
 struct Block {
@@ -31,6 +33,7 @@ Block* find(HGLOBAL memory) {
 }  // namespace
 
 HGLOBAL GlobalAlloc(unsigned flags, std::size_t bytes) {
+    if (kdhost::clipboardFaultStrikes()) return nullptr;
     Block block;
     block.size = bytes;
     block.bytes.reset(new (std::nothrow) std::byte[bytes == 0 ? 1 : bytes]);
@@ -42,6 +45,7 @@ HGLOBAL GlobalAlloc(unsigned flags, std::size_t bytes) {
 }
 
 void* GlobalLock(HGLOBAL memory) {
+    if (kdhost::clipboardFaultStrikes()) return nullptr;
     Block* block = find(memory);
     if (block == nullptr) return nullptr;
     ++block->locks;
