@@ -209,6 +209,40 @@ TEST_F(ToolbarLife, shows_for_the_table_of_the_document_that_comes_to_the_front)
     host.documents().openNew();
 }
 
+TEST_F(ToolbarLife, stays_while_one_of_several_documents_goes_and_hides_with_the_last) {
+    VqTableDocManagerReactor reactor;
+    kdhost::Document& first = host.document();
+    kdhost::Document& second = host.documents().openNew();
+    const KdDbObjectId table = showOver(TableBuilder(3, 3).select("B2"));
+    second.data().m_tableId = table;
+    reactor.documentToBeDestroyed(&first);
+    EXPECT_TRUE(isShown());
+    ASSERT_TRUE(host.documents().close(first));
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(window()->tableId(), table);
+    kdhost::faults().noDocumentData = true;
+    reactor.documentToBeDestroyed(&second);
+    EXPECT_TRUE(isShown()) << "no record tells of a table";
+    kdhost::faults().noDocumentData = false;
+    reactor.documentToBeDestroyed(&second);
+    EXPECT_FALSE(isShown());
+    second.data().m_tableId.setNull();
+}
+
+TEST_F(ToolbarLife, stays_as_it_is_when_no_document_comes_to_the_front_or_none_has_a_record) {
+    VqTableDocManagerReactor reactor;
+    kdhost::Document& document = host.document();
+    showOver(TableBuilder(3, 3).select("B2"));
+    reactor.documentToBeActivated(nullptr);
+    EXPECT_TRUE(isShown());
+    kdhost::faults().noDocumentData = true;
+    reactor.documentToBeActivated(&document);
+    EXPECT_TRUE(isShown());
+    kdhost::faults().noDocumentData = false;
+    reactor.documentToBeActivated(&document);
+    EXPECT_FALSE(isShown()) << "its record holds no table";
+}
+
 TEST_F(ToolbarLife, a_window_that_was_given_up_goes_when_a_new_one_comes) {
     const KdDbObjectId table = showOver(TableBuilder(3, 3).select("B2"));
     const QPointer<QWidget> left(window());

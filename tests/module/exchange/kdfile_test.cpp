@@ -9,6 +9,8 @@
 #include <random>
 #include <string>
 
+#include "tests/support/virtualslots.h"
+
 namespace {
 
 using Coding = KdCharacterCoding;
@@ -371,6 +373,21 @@ TEST_F(KdFile, A_path_that_cannot_be_made_throws) {
     putBytes("");
     EXPECT_THROW(KdCStdioFile(missing.c_str(), create, Coding::kUtf8, false, false), CFileException);
     EXPECT_THROW(KdCFile(missing.c_str(), create, Coding::kUtf8, false, false), CFileException);
+}
+
+TEST_F(KdFile, The_operations_on_wide_text_stand_in_order_behind_those_of_the_framework) {
+    const std::vector<std::ptrdiff_t> pieces =
+        kdtest::slotsOf(&CFile::Close, static_cast<UINT (KdCFile::*)(wchar_t*, unsigned)>(&KdCFile::Read),
+                        static_cast<void (KdCFile::*)(const wchar_t*, unsigned)>(&KdCFile::Write),
+                        static_cast<void (KdCFile::*)(const wchar_t*)>(&KdCFile::Write));
+    const std::vector<std::ptrdiff_t> lines =
+        kdtest::slotsOf(&CFile::Close, &KdCStdioFile::WriteString,
+                        static_cast<wchar_t* (KdCStdioFile::*)(wchar_t*, unsigned)>(&KdCStdioFile::ReadString),
+                        static_cast<bool (KdCStdioFile::*)(CStdStr<wchar_t>&)>(&KdCStdioFile::ReadString));
+    for (std::size_t i = 1; i < pieces.size(); ++i) {
+        EXPECT_EQ(pieces[i], pieces[i - 1] + 1);
+        EXPECT_EQ(lines[i], lines[i - 1] + 1);
+    }
 }
 
 TEST_F(KdFile, A_full_disk_throws_at_the_latest_when_the_file_is_closed) {

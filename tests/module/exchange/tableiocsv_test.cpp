@@ -16,6 +16,7 @@
 #include "kd/db/dictionary.h"
 #include "kd/db/table.h"
 #include "module/core/resources.h"
+#include "tests/support/virtualslots.h"
 #include "tvx/exports.h"
 #include "tvx/tableio.h"
 
@@ -136,6 +137,15 @@ TEST_F(TableIoCsv, Cells_have_the_sizes_of_an_import_and_missing_ones_the_height
     EXPECT_NE(headerHeight, 6.0);
     EXPECT_EQ(info.table->textHeight(1, 1), headerHeight);
     EXPECT_EQ(info.table->textHeight(1, 2), headerHeight);
+}
+
+TEST_F(TableIoCsv, Empty_fields_that_are_there_have_the_height_of_an_import_too) {
+    importText("a,,c\n,,\nd\n");
+    ASSERT_EQ(info.status, 0);
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 3; ++column) EXPECT_EQ(info.table->textHeight(row, column), 6.0);
+    }
+    EXPECT_NE(info.table->textHeight(2, 1), 6.0);
 }
 
 TEST_F(TableIoCsv, The_table_lies_at_the_origin_in_style_Standard_and_in_no_drawing) {
@@ -280,6 +290,21 @@ TEST_F(TableIoCsv, Sheet_and_range_do_not_matter) {
         EXPECT_EQ(texts(), (Texts{{L"a", L"b"}}));
         delete std::exchange(info.table, nullptr);
     }
+}
+
+TEST_F(TableIoCsv, Record_and_reader_have_the_form_that_the_host_was_built_with) {
+    using Reader = CVqTableIOHandle;
+    // Two destructors stand first.
+    EXPECT_EQ(kdtest::slotsOf(&Reader::OutHandle, &Reader::InHandle, &Reader::GetSubNameList, &Reader::AddRef,
+                              &Reader::Release),
+              (std::vector<std::ptrdiff_t>{2, 3, 4, 5, 6}));
+    const auto* const start = reinterpret_cast<const std::byte*>(&info);
+    const auto place = [start](const auto& field) { return reinterpret_cast<const std::byte*>(&field) - start; };
+    EXPECT_EQ(
+        (std::vector<std::ptrdiff_t>{place(info.handle), place(info.table), place(info.file), place(info.sheet),
+                                     place(info.range), place(info.status), place(info.sheetNames), place(info.error)}),
+        (std::vector<std::ptrdiff_t>{0, 8, 16, 24, 32, 40, 48, 56}));
+    EXPECT_EQ(sizeof info.status, 4U);
 }
 
 TEST_F(TableIoCsv, A_hundred_thousand_rows_arrive) {

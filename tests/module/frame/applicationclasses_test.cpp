@@ -2,10 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
+#include "host/ed/lispfunctions.h"
+#include "host/rx/commandstack.h"
 #include "kd/ed/lispfunctions.h"
+#include "kd/rx/dynamiclinker.h"
 #include "kd/rx/registry.h"
-#include "module/frame/tvxapp.h"
+#include "module/core/resources.h"
+#include "module/frame/tvxtableapp.h"
 #include "tests/support/application.h"
+#include "tests/support/resourcemodule.h"
+#include "tests/support/virtualslots.h"
 
 namespace {
 
@@ -88,11 +96,14 @@ TEST_F(FrameTables, Classes_are_registered_at_message_1_and_gone_after_message_2
     EXPECT_EQ(classTable().length(), 0);
 }
 
-TEST_F(FrameTables, An_empty_class_table_builds_no_hierarchy) {
+TEST_F(FrameTables, An_empty_class_table_leaves_described_classes_where_they_are) {
+    const KdRxClass described(L"FrameTestDescribed", KdRxObject::desc());
     Application application;
     EXPECT_EQ(application.On_kInitAppMsg(nullptr), 0);
-    EXPECT_FALSE(inClassDictionary(L"FrameTestNeverMade"));
+    EXPECT_FALSE(inClassDictionary(L"FrameTestDescribed"));
     EXPECT_EQ(application.On_kUnloadAppMsg(nullptr), 0);
+    kdrxBuildClassHierarchy();
+    EXPECT_TRUE(inClassDictionary(L"FrameTestDescribed")) << "it only waits for its turn";
 }
 
 TEST_F(FrameTables, A_call_without_a_function_code_calls_nothing_and_gives_0) {
@@ -117,10 +128,166 @@ TEST_F(FrameTables, Lisp_functions_are_offered_with_a_drawing_and_withdrawn_with
     EXPECT_NE(kdedUndef(L"FRAMETEST", 1), 5100) << "nothing is left to withdraw";
 }
 
+TEST_F(FrameTables, A_lisp_function_is_called_directly_where_its_row_registers_it) {
+    _KFSSYMBOL_ENTRY direct{L"FRAMETEST", lispFunction, 1, 0};
+    _KFSSYMBOL_ENTRY byMessage{L"FRAMETEST2", lispFunction, 0, 0};
+    lispFunctionTable().append(&direct);
+    lispFunctionTable().append(&byMessage);
+    called = 0;
+    Application application;
+    application.On_kLoadDwgMsg(nullptr);
+    EXPECT_TRUE(kdhost::runLispFunction(L"FRAMETEST"));
+    EXPECT_EQ(called, 1);
+    EXPECT_TRUE(kdhost::runLispFunction(L"FRAMETEST2"));
+    EXPECT_EQ(called, 1) << "the application of this test hears no messages";
+    application.On_kUnloadDwgMsg(nullptr);
+}
+
+/// The tables with the module's texts behind them.
+class FrameTexts : public FrameTables {
+protected:
+    FrameTexts() { _hdllInstance = resources.handle(); }
+    ~FrameTexts() override { _hdllInstance = nullptr; }
+
+    /// What message 1 registers in the group of the rows below.
+    static std::vector<kdhost::CommandRecord> registered() {
+        std::vector<kdhost::CommandRecord> records;
+        for (const kdhost::CommandRecord& record : kdhost::registeredCommands()) {
+            if (record.group == L"FRAMETEST_GROUP") records.push_back(record);
+        }
+        return records;
+    }
+
+    kdtest::ResourceModule resources;
+    Application application;
+};
+
+constexpr const wchar_t* kGroup = L"FRAMETEST_GROUP";
+constexpr int kTextOfTableStyle = 2002;
+constexpr int kNoText = 1;
+void command() {}
+
+TEST_F(FrameTexts, A_command_is_registered_as_its_row_has_it) {
+    int context = 0;
+    constexpr int apart = 1 << 21;
+    _TVXCOMMAND_ENTRY own{kGroup, L"FRAMETEST", L"FRAMETEST_LOCAL", 5, command, &context, kTextOfTableStyle};
+    _TVXCOMMAND_ENTRY text{kGroup, L"FRAMETEST2", nullptr, 0, command, nullptr, kTextOfTableStyle};
+    _TVXCOMMAND_ENTRY without{kGroup, L"FRAMETEST3", L"FRAMETEST3_LOCAL", apart, command, nullptr, 0};
+    for (_TVXCOMMAND_ENTRY* row : {&own, static_cast<_TVXCOMMAND_ENTRY*>(nullptr), &text, &without}) {
+        commandTable().append(row);
+    }
+    EXPECT_EQ(application.On_kInitAppMsg(nullptr), 0);
+    const std::vector<kdhost::CommandRecord> records = registered();
+    ASSERT_EQ(records.size(), 3U);
+    EXPECT_EQ(records[0].globalName, L"FRAMETEST");
+    EXPECT_EQ(records[0].localName, L"FRAMETEST_LOCAL");
+    EXPECT_EQ(records[0].flags, 5);
+    EXPECT_EQ(records[0].function, command);
+    EXPECT_EQ(records[0].context, &context);
+    EXPECT_EQ(records[0].fcode, -1);
+    EXPECT_EQ(records[0].resource, resources.handle());
+    EXPECT_EQ(records[1].localName, L"TABLESTYLE");
+    EXPECT_EQ(records[1].resource, resources.handle());
+    EXPECT_EQ(records[2].flags, apart);
+    EXPECT_EQ(records[2].resource, nullptr);
+
+    _KFSSYMBOL_ENTRY function{L"FRAMETEST", lispFunction, 1, 0};
+    lispFunctionTable().append(&function);
+    EXPECT_EQ(application.On_kUnloadAppMsg(nullptr), 0);
+    EXPECT_TRUE(registered().empty());
+    EXPECT_EQ(commandTable().length(), 0);
+    EXPECT_EQ(lispFunctionTable().length(), 0);
+}
+
+TEST_F(FrameTexts, A_command_without_its_text_is_known_by_the_text_loaded_last) {
+    _TVXCOMMAND_ENTRY rows[] = {
+        {kGroup, L"FRAMETEST", nullptr, 0, command, nullptr, kNoText},
+        {kGroup, L"FRAMETEST2", nullptr, 0, command, nullptr, kTextOfTableStyle},
+        {kGroup, L"FRAMETEST3", L"FRAMETEST3_LOCAL", 0, command, nullptr, 0},
+        {kGroup, L"FRAMETEST4", nullptr, 0, command, nullptr, kNoText},
+    };
+    for (_TVXCOMMAND_ENTRY& row : rows) commandTable().append(&row);
+    application.On_kInitAppMsg(nullptr);
+    std::vector<std::wstring> names;
+    for (const kdhost::CommandRecord& record : registered()) names.push_back(record.localName);
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"", L"TABLESTYLE", L"FRAMETEST3_LOCAL", L"TABLESTYLE"}));
+    application.On_kUnloadAppMsg(nullptr);
+}
+
+TEST_F(FrameTexts, A_lisp_function_without_a_name_goes_by_its_text) {
+    _KFSSYMBOL_ENTRY row{nullptr, lispFunction, 0, kTextOfTableStyle};
+    lispFunctionTable().append(&row);
+    application.On_kInitAppMsg(nullptr);
+    application.On_kLoadDwgMsg(nullptr);
+    EXPECT_TRUE(kdhost::runLispFunction(L"TABLESTYLE"));
+    application.On_kUnloadDwgMsg(nullptr);
+    EXPECT_FALSE(kdhost::runLispFunction(L"TABLESTYLE"));
+    application.On_kUnloadAppMsg(nullptr);
+}
+
 TEST_F(FrameTables, The_three_tables_grow_in_steps_of_8) {
     EXPECT_EQ(commandTable().growLength(), 8);
     EXPECT_EQ(classTable().growLength(), 8);
     EXPECT_EQ(lispFunctionTable().growLength(), 8);
+}
+
+TEST(FrameSlots, of_the_messages_stand_in_the_order_of_the_host) {
+    using App = KdRxDbxApp;
+    const std::vector<std::ptrdiff_t> places = kdtest::slotsOf(
+        &App::On_kInitAppMsg, &App::On_kUnloadAppMsg, &App::On_kLoadDwgMsg, &App::On_kUnloadDwgMsg,
+        &App::On_kInvkSubrMsg, &App::On_kCfgMsg, &App::On_kEndMsg, &App::On_kQuitMsg, &App::On_kSaveMsg,
+        &App::On_kDependencyMsg, &App::On_kNoDependencyMsg, &App::On_kOleUnloadAppMsg, &App::On_kPreQuitMsg,
+        &App::On_kInitDialogMsg, &App::On_kEndDialogMsg, &App::On_kNullMsg, &App::RegisterServerComponents);
+    for (std::size_t i = 0; i < places.size(); ++i) EXPECT_EQ(places[i], static_cast<std::ptrdiff_t>(i));
+}
+
+TEST(FrameSlots, of_the_linkers_two_flags_lie_two_apart) {
+    EXPECT_EQ(kdtest::slotOf(&KdRxDynamicLinker::declareDocumentAware),
+              kdtest::slotOf(&KdRxDynamicLinker::allowUnload) + 2);
+}
+
+/// The handle that is in place before, and again in the end.
+class ResourcesOfCommands : public ::testing::Test {
+protected:
+    ResourcesOfCommands() { AfxSetResourceHandle(before); }
+    ~ResourcesOfCommands() override {
+        EXPECT_EQ(AfxGetResourceHandle(), before);
+        hLibModule = nullptr;
+        TvxTable.m_resourceInstance = nullptr;
+    }
+    static HINSTANCE named(std::uintptr_t number) { return reinterpret_cast<HINSTANCE>(number); }
+
+    kdtest::ResourceModule resources;
+    HINSTANCE before = resources.handle();
+};
+
+TEST_F(ResourcesOfCommands, are_the_modules_or_those_of_its_record_where_it_has_none) {
+    TvxTable.m_resourceInstance = named(2);
+    {
+        const ResourceScope scope;
+        EXPECT_EQ(AfxGetResourceHandle(), named(2));
+    }
+    EXPECT_EQ(AfxGetResourceHandle(), before);
+    hLibModule = named(1);
+    const ResourceScope scope;
+    EXPECT_EQ(AfxGetResourceHandle(), named(1));
+}
+
+TEST_F(ResourcesOfCommands, go_also_when_an_exception_passes) {
+    hLibModule = named(1);
+    EXPECT_THROW(
+        {
+            const ResourceScope scope;
+            throw 1;
+        },
+        int);
+    EXPECT_EQ(AfxGetResourceHandle(), before);
+}
+
+TEST_F(ResourcesOfCommands, go_after_the_command_that_does_nothing) {
+    hLibModule = named(1);
+    TvxTableApp::TVX_TABLE_COMMANDSTABLE_CMDLINE();
+    EXPECT_EQ(AfxGetResourceHandle(), before);
 }
 
 }  // namespace
