@@ -49,8 +49,6 @@ bool scanDecimal(const wchar_t* text, double& value) {
     double whole = 0.0;
     if (*cursor == L'.') {
         ++cursor;
-        // An exponent may stand right behind a point that begins the text, which makes the mantissa 0.
-        if (isExponentMark(*cursor)) return parseExponent(cursor + 1, 0.0, value);
     } else {
         if (!isDigit(*cursor)) return false;
         whole = gatherDigits(cursor).value;
@@ -61,6 +59,8 @@ bool scanDecimal(const wchar_t* text, double& value) {
             return true;
         }
     }
+    // An exponent may stand right behind the point; where the point begins the text, the mantissa is 0.
+    if (isExponentMark(*cursor)) return parseExponent(cursor + 1, whole, value);
     if (!isDigit(*cursor)) return false;
     const double fraction = gatherFraction(cursor);
     return parseTail(cursor, whole + fraction, value);

@@ -68,12 +68,11 @@ Scanned turned(double angle) {
 }  // namespace
 
 Scanned modelDecimal(const std::wstring& text) {
-    static const QRegularExpression matchForm = whole(
-        "(?<whole>[0-9]+)\\.|"
-        "(?:(?<a>[0-9]+)(?:\\.(?<f>[0-9]+))?|\\.(?<g>[0-9]+|(?=[eE])))(?<mark>[eE](?<sign>[+-]?)(?<e>[0-9]*))?");
+    static const QRegularExpression matchForm =
+        whole("(?:(?<a>[0-9]+)(?:\\.(?<f>[0-9]*))?|\\.(?<g>[0-9]+|(?=[eE])))(?<mark>[eE](?<sign>[+-]?)(?<e>[0-9]*))?");
     const Match match(matchForm, text);
     if (!match) return std::nullopt;
-    const double mantissa = (match.digits("whole") + match.digits("a")) + (match.fraction("f") + match.fraction("g"));
+    const double mantissa = match.digits("a") + (match.fraction("f") + match.fraction("g"));
     const double exponent = match.digits("e");
     if (exponent > 99.0) return std::nullopt;
     if (exponent == 0.0) return mantissa;
