@@ -17,6 +17,7 @@
 #include "bench/session.h"
 #include "host/win32/modules.h"
 #include "module/core/resources.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -103,7 +104,7 @@ int main(int argc, char** argv) {
     folder = std::make_unique<QTemporaryDir>();
     qputenv("TMPDIR", QFile::encodeName(folder->path()));
     const QApplication application(argc, argv);
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
     kdbench::PeerRatioReporter reporter("copyItems", 10.0, 5.0, rows * columns);

@@ -13,6 +13,7 @@
 #include "host/win32/modules.h"
 #include "module/core/resources.h"
 #include "module/edit/contextmenu/tableuicontext.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ BENCHMARK(plainMenuUnshown)->Unit(benchmark::kMicrosecond);
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     session = std::make_unique<kdbench::Session>();
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     table = session->addTable(20, 5);

@@ -28,6 +28,7 @@
 #include "module/exchange/csvlines.h"
 #include "module/exchange/tableexport.h"
 #include "tests/support/application.h"
+#include "tests/support/places.h"
 #include "tvx/exports.h"
 #include "tvx/tableio.h"
 
@@ -184,8 +185,8 @@ void readBySqlite(benchmark::State& state, const QString& path) {
 void timedByPython(benchmark::State& state, const QStringList& arguments) {
     for (auto _ : state) {
         QProcess python;
-        python.start(QStringLiteral("python3"), QStringList(QStringLiteral(KD_SOURCE_DIRECTORY "/bench/peers.py")) +
-                                                    arguments + QStringList(QStringLiteral("1")));
+        python.start(QStringLiteral("python3"),
+                     QStringList(kdtest::sourcePath("bench/peers.py")) + arguments + QStringList(QStringLiteral("1")));
         python.waitForFinished(-1);
         const double seconds = python.readAllStandardOutput().trimmed().toDouble();
         if (python.exitCode() != 0 || seconds <= 0) state.SkipWithError("python3 failed");
@@ -354,7 +355,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     std::setlocale(LC_ALL, "C");
     std::setlocale(LC_CTYPE, "C.UTF-8");
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
     addAll();

@@ -19,6 +19,7 @@
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 #include "tests/support/objects.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -64,7 +65,7 @@ void fill(KdDbDatabase& database, int cells) {
 std::pair<double, double> peerTimes(const QString& file) {
     QProcess peer;
     peer.start(QStringLiteral("/usr/bin/python3"),
-               {QStringLiteral(KD_SOURCE_DIRECTORY "/bench/drawingpeer.py"), file, QString::number(repetitions / 2)});
+               {kdtest::sourcePath("bench/drawingpeer.py"), file, QString::number(repetitions / 2)});
     if (!peer.waitForFinished(-1) || peer.exitCode() != 0) {
         std::printf("the peer failed: %s\n", peer.readAllStandardError().constData());
         return {};

@@ -16,6 +16,7 @@
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/edit/tableditmenu.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -115,7 +116,7 @@ constexpr MenuQuestion menuQuestions[] = {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
     session = std::make_unique<kdbench::Session>();

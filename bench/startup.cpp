@@ -7,6 +7,7 @@
 #include <string>
 
 #include "bench/peerratio.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -19,17 +20,17 @@ void runToEnd(benchmark::State& state, const std::string& command) {
 }
 
 void emptyWindow(benchmark::State& state) {
-    runToEnd(state, KD_BINARY_DIRECTORY "/bin/emptywindow");
+    runToEnd(state, kdtest::builtFile("bin/emptywindow"));
 }
 BENCHMARK(emptyWindow)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void startToFirstPrompt(benchmark::State& state) {
-    runToEnd(state, KD_BINARY_DIRECTORY "/bin/kdhost --script " + script);
+    runToEnd(state, kdtest::builtFile("bin/kdhost --script ") + script);
 }
 BENCHMARK(startToFirstPrompt)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void startToFirstPromptHeadless(benchmark::State& state) {
-    runToEnd(state, KD_BINARY_DIRECTORY "/bin/kdhost --headless --script " + script);
+    runToEnd(state, kdtest::builtFile("bin/kdhost --headless --script ") + script);
 }
 BENCHMARK(startToFirstPromptHeadless)->UseRealTime()->Unit(benchmark::kMillisecond);
 

@@ -11,6 +11,7 @@
 #include "bench/session.h"
 #include "host/win32/modules.h"
 #include "module/core/resources.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -118,7 +119,7 @@ constexpr StructuralEdit edits[] = {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     benchmark::Initialize(&argc, argv);
     session = std::make_unique<kdbench::Session>();

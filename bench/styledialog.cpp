@@ -23,6 +23,7 @@
 #include "module/style/styletablepreview.h"
 #include "module/style/tablestyledlg.h"
 #include "tests/support/application.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -176,7 +177,7 @@ BENCHMARK(opensPlainDialog)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     benchmark::Initialize(&argc, argv);
     kdbench::PeerRatioReporter reporter("opensPlainDialog", 4.0, 2.0);
     benchmark::RunSpecifiedBenchmarks(&reporter);

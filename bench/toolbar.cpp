@@ -13,6 +13,7 @@
 #include "host/win32/modules.h"
 #include "module/core/resources.h"
 #include "module/edit/toolbar/tableditminiframewnd.h"
+#include "tests/support/places.h"
 #include "tvx/exports.h"
 
 namespace {
@@ -90,7 +91,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     hLibModule = LoadResourceDll(L"TvxTableRes.dll");
     select(largeTable(), kWhole);
 

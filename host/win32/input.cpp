@@ -15,15 +15,15 @@ namespace {
 
 std::optional<Qt::KeyboardModifiers> kept;
 
-struct Key {
+struct KeyState {
     int number;
     Qt::KeyboardModifier modifier;
 };
 
 constexpr std::array kKeys = {
-    Key{VK_SHIFT, Qt::ShiftModifier},
-    Key{VK_CONTROL, Qt::ControlModifier},
-    Key{VK_MENU, Qt::AltModifier},
+    KeyState{VK_SHIFT, Qt::ShiftModifier},
+    KeyState{VK_CONTROL, Qt::ControlModifier},
+    KeyState{VK_MENU, Qt::AltModifier},
 };
 
 constexpr short kDown = static_cast<short>(0x8000 - 0x10000);
@@ -48,7 +48,7 @@ void releaseKeyState() {
 }  // namespace kdhost
 
 short GetKeyState(int key) {
-    for (const Key& known : kKeys) {
+    for (const KeyState& known : kKeys) {
         if (known.number == key) return modifiers().testFlag(known.modifier) ? kDown : short{0};
     }
     return 0;

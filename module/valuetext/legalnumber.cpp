@@ -10,10 +10,10 @@
 namespace {
 
 /// A part of a number holds fewer digits than this.
-constexpr std::size_t bufferLength = 1024;
+constexpr std::size_t numberBuffer = 1024;
 
 bool isRunOfDigits(const std::wstring& text) {
-    return !text.empty() && text.size() < bufferLength && text.find_first_not_of(L"0123456789") == text.npos;
+    return !text.empty() && text.size() < numberBuffer && text.find_first_not_of(L"0123456789") == text.npos;
 }
 
 /// White space off both ends; false when nothing is left.

@@ -9,6 +9,7 @@
 
 #include "host/win32/modules.h"
 #include "tests/support/leakguard.h"
+#include "tests/support/places.h"
 #include "tests/support/watchdog.h"
 
 int main(int argc, char** argv) {
@@ -22,7 +23,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir temporary;
     QFile::setPermissions(temporary.path(), QFile::Permissions(0x7777));
     qputenv("TMPDIR", QFile::encodeName(temporary.path()));
-    kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/plugins");
+    kdhost::setPluginFolder(kdtest::builtFile("plugins"));
     kdtest::installLeakGuard();
     kdtest::installWatchdog();
     return RUN_ALL_TESTS();

@@ -1,6 +1,7 @@
 // Looking at dialogs: by rules, and by pictures.
 
 #include "tests/ui/dialoglooks.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -223,7 +224,7 @@ Faults unreachableControls(const QWidget& window) {
 }
 
 void keepPicture(const QImage& image, const QString& name) {
-    const QString folder = QStringLiteral(KD_BINARY_DIRECTORY "/pictures/%1x").arg(qRound(kdadGetDPIScale()));
+    const QString folder = kdtest::builtPath("pictures/%1x").arg(qRound(kdadGetDPIScale()));
     ASSERT_TRUE(QDir().mkpath(folder));
     const QString path = QStringLiteral("%1/%2.png").arg(folder, name);
     EXPECT_TRUE(image.save(path)) << path.toStdString();

@@ -22,6 +22,7 @@
 #include "mfc/messagebox.h"
 #include "module/style/createcellstyledlg.h"
 #include "module/style/createtablestyledlg.h"
+#include "tests/support/places.h"
 #include "tests/ui/dialoglooks_fixture.h"
 
 namespace kdtest {
@@ -148,7 +149,7 @@ TEST_P(DialogLooks, of_naming_dialogs) {
 }
 
 TEST_P(DialogLooks, of_help) {
-    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    kdhost::setHelpFolder(kdtest::sourcePath("docs"));
     for (const wchar_t* topic : {L"Tablestyle", L"TABLE_DIA", L""}) {
         EXPECT_EQ(kdedHelp(nullptr, topic, 0), RTNORM);
         QApplication::processEvents();

@@ -12,6 +12,7 @@
 #include "host/ui/help.h"
 #include "kd/ed/prompts.h"
 #include "kd/ed/resbuf.h"
+#include "tests/support/places.h"
 #include "tests/ui/hostdialogs_fixture.h"
 
 namespace {
@@ -203,8 +204,8 @@ TEST_F(Help, is_closed_by_its_button_and_by_Esc) {
 std::set<QString> topicsOfTheModule() {
     static const QRegularExpression pattern(QStringLiteral("(?:kdedHelp\\([^,;]*,\\s*|helpTopic\\s*=\\s*)L\"(\\w+)\""));
     std::set<QString> topics;
-    QDirIterator walk(QStringLiteral(KD_SOURCE_DIRECTORY "/module"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
-                      QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator walk(kdtest::sourcePath("module"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                      QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         QFile source(walk.next());
         EXPECT_TRUE(source.open(QIODevice::ReadOnly));
@@ -215,7 +216,7 @@ std::set<QString> topicsOfTheModule() {
 }
 
 TEST(HelpPages, there_is_one_for_each_topic_of_the_module_in_each_language) {
-    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    kdhost::setHelpFolder(kdtest::sourcePath("docs"));
     std::set<QString> topics = topicsOfTheModule();
     EXPECT_TRUE(topics.count(QStringLiteral("Tablestyle")) == 1);
     topics.insert(QStringLiteral("TABLE_DIA"));
@@ -241,7 +242,7 @@ TEST(HelpPages, open_by_their_topics_in_both_languages) {
         kdhost::Language language;
         QString title;
     };
-    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    kdhost::setHelpFolder(kdtest::sourcePath("docs"));
     for (const Page& each :
          {Page{L"Tablestyle", kdhost::Language::English, QStringLiteral("Table styles")},
           Page{L"TABLE_DIA", kdhost::Language::English, QStringLiteral("Insert table")},
@@ -262,7 +263,7 @@ TEST(HelpPages, open_by_their_topics_in_both_languages) {
 
 TEST(HelpPages, lead_only_to_pages_that_are_there) {
     static const QRegularExpression link(QStringLiteral("\\]\\(([^)]+)\\)"));
-    QDirIterator walk(QStringLiteral(KD_SOURCE_DIRECTORY "/docs/help"), {QStringLiteral("*.md")}, QDir::Files,
+    QDirIterator walk(kdtest::sourcePath("docs/help"), {QStringLiteral("*.md")}, QDir::Files,
                       QDirIterator::Subdirectories);
     int links = 0;
     while (walk.hasNext()) {
@@ -279,7 +280,7 @@ TEST(HelpPages, lead_only_to_pages_that_are_there) {
 
 TEST(HelpPages, are_the_same_in_each_language) {
     const auto pagesIn = [](const char* language) {
-        return QDir(QStringLiteral(KD_SOURCE_DIRECTORY "/docs/help/") + QLatin1String(language))
+        return QDir(kdtest::sourcePath("docs/help/") + QLatin1String(language))
             .entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
     };
     EXPECT_GE(pagesIn("en").size(), 5);
@@ -296,8 +297,7 @@ TEST_F(Help, without_pages_it_says_so) {
 
 TEST_F(Help, the_folder_is_the_environments_or_found_above_the_program) {
     kdhost::setHelpFolder({});
-    EXPECT_EQ(QDir(kdhost::helpFolder()).canonicalPath(),
-              QDir(QString::fromLatin1(KD_SOURCE_DIRECTORY "/docs")).canonicalPath());
+    EXPECT_EQ(QDir(kdhost::helpFolder()).canonicalPath(), QDir(kdtest::sourcePath("docs")).canonicalPath());
     qputenv("KDHOST_DOCS", folder.path().toUtf8());
     EXPECT_EQ(kdhost::helpFolder(), folder.path());
 }

@@ -18,12 +18,13 @@
 
 #include "host/win32/texttable.h"
 #include "kd/ui/uicreator.h"
+#include "tests/support/places.h"
 #include "tests/ui/module_fixture.h"
 
 namespace kdtest {
 namespace {
 
-const QString kFolder = QStringLiteral(KD_SOURCE_DIRECTORY "/module/resources/");
+const QString kFolder = kdtest::sourcePath("module/resources/");
 const QString kPrefix = QStringLiteral(":/TvxTableRes/TvxTableRes/");
 
 QByteArray contentOf(const QString& path) {
@@ -97,7 +98,7 @@ std::map<unsigned, QString> loadedNumbers() {
         QStringLiteral("loadText\\(\\s*(\\d+)|\\w*Text\\s*=\\s*(\\d{4})\\b|LoadStringW\\([^;]*?,\\s*(\\d{4})\\s*,"));
     std::map<unsigned, QString> found;
     for (const QString& pattern2 : {QStringLiteral("*.cpp"), QStringLiteral("*.h")}) {
-        for (const QString& path : filesIn(QStringLiteral(KD_SOURCE_DIRECTORY "/module"), pattern2)) {
+        for (const QString& path : filesIn(kdtest::sourcePath("module"), pattern2)) {
             auto matches = pattern.globalMatch(QString::fromUtf8(contentOf(path)));
             while (matches.hasNext()) {
                 const QRegularExpressionMatch match = matches.next();
@@ -356,7 +357,7 @@ TEST_F(ModuleBitmaps, Come_at_three_scales_with_something_to_see) {
 
 TEST_F(ModuleBitmaps, Exist_for_every_name_in_the_sources) {
     static const QRegularExpression pattern(QStringLiteral("\"(IDB_\\w+_BMP)\""));
-    for (const QString& path : filesIn(QStringLiteral(KD_SOURCE_DIRECTORY "/module"), QStringLiteral("*.cpp"))) {
+    for (const QString& path : filesIn(kdtest::sourcePath("module"), QStringLiteral("*.cpp"))) {
         auto matches = pattern.globalMatch(QString::fromUtf8(contentOf(path)));
         while (matches.hasNext()) {
             const QString name = matches.next().captured(1);

@@ -13,6 +13,7 @@
 #include "module/core/resources.h"
 #include "module/frame/tvxtableapp.h"
 #include "module/style/lineweightsshown.h"
+#include "tests/support/places.h"
 #include "tests/ui/style_dialog_fixture.h"
 
 namespace kdtest {
@@ -122,7 +123,7 @@ TEST_F(TableStyleDialogClosing, The_command_opens_it_on_the_drawing_and_puts_the
 }
 
 TEST_F(TableStyleDialogClosing, Help_shows_the_page_of_table_styles_by_button_and_F1) {
-    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    kdhost::setHelpFolder(kdtest::sourcePath("docs"));
     const auto closeHelp = [] {
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (window->objectName() != QStringLiteral("HelpWindow") || !window->isVisible()) continue;

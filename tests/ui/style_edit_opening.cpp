@@ -5,6 +5,7 @@
 
 #include "host/ui/help.h"
 #include "kd/ui/hostdialogs.h"
+#include "tests/support/places.h"
 #include "tests/ui/styleedit_fixture.h"
 
 namespace kdtest {
@@ -266,7 +267,7 @@ TEST_F(StyleEditOpening, Buttons_with_pictures_tell_what_they_do) {
 }
 
 TEST_F(StyleEditOpening, Help_and_F1_show_the_page_on_table_styles) {
-    kdhost::setHelpFolder(QStringLiteral(KD_SOURCE_DIRECTORY "/docs"));
+    kdhost::setHelpFolder(kdtest::sourcePath("docs"));
     const auto helpAfter = [](CVqTableStyleEditDlg& dialog, const std::function<void()>& ask) {
         ask();
         auto* window = dialog.findChild<QDialog*>(QStringLiteral("HelpWindow"));

@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include "tests/support/places.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ protected:
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder.path());
-        process.start(QStringLiteral(KD_BINARY_DIRECTORY "/bin/kdhost"), arguments);
+        process.start(kdtest::builtPath("bin/kdhost"), arguments);
     }
 
     Result run(const QStringList& arguments, const char* platform = nullptr) {
@@ -158,7 +159,7 @@ TEST_F(Program, a_script_ends_in_a_dump_and_a_picture) {
 
 TEST_F(Program, what_is_left_open_at_the_end_is_told_with_status_1) {
     const QString script = write("s.kds", "FORGET\n");
-    const QString module = QStringLiteral(KD_BINARY_DIRECTORY "/test_plugins/Forgetful.tvx");
+    const QString module = kdtest::builtPath("test_plugins/Forgetful.tvx");
     const Result result = headless({QStringLiteral("--load"), module, QStringLiteral("--script"), script,
                                     QStringLiteral("--dump"), QStringLiteral("d.json")});
     EXPECT_EQ(result.status, 1);
@@ -169,7 +170,7 @@ TEST_F(Program, what_is_left_open_at_the_end_is_told_with_status_1) {
 TEST_F(Program, the_table_module_beside_the_program_is_loaded_unless_another_is_named) {
     const QString script = write("s.kds", "-TABLE\n");
     EXPECT_EQ(headless({QStringLiteral("--script"), script}).error, "");
-    const QString module = QStringLiteral(KD_BINARY_DIRECTORY "/test_plugins/Forgetful.tvx");
+    const QString module = kdtest::builtPath("test_plugins/Forgetful.tvx");
     EXPECT_EQ(headless({QStringLiteral("--load"), module, QStringLiteral("--script"), script}).error,
               "s.kds:1: Unknown command \"-TABLE\".\n");
 }

@@ -13,13 +13,14 @@
 #include "host/file/drawingfile.h"
 #include "host/rx/encoding.h"
 #include "kd/db/database.h"
+#include "tests/support/places.h"
 
 namespace kdtest {
 
 /// The drawings that are kept as examples, by their full names; some there must be.
 inline std::vector<std::string> exampleDrawings() {
     std::vector<std::string> names;
-    const QDir folder(QStringLiteral(KD_SOURCE_DIRECTORY "/examples"));
+    const QDir folder(kdtest::sourcePath("examples"));
     for (const QString& name : folder.entryList({QStringLiteral("*.dxf")}, QDir::Files, QDir::Name)) {
         names.push_back(folder.filePath(name).toStdString());
     }

@@ -17,6 +17,7 @@
 #include "kd/db/tablestyle.h"
 #include "tests/host/file/filefixture.h"
 #include "tests/support/objects.h"
+#include "tests/support/places.h"
 #include "tests/support/randomdrawing.h"
 #include "tests/support/tablebuilder.h"
 
@@ -73,7 +74,7 @@ protected:
     static std::string python(const QStringList& arguments) {
         QProcess process;
         process.start(QStringLiteral("/usr/bin/python3"),
-                      QStringList{QStringLiteral(KD_SOURCE_DIRECTORY "/tests/host/file/otherprogram.py")} + arguments);
+                      QStringList{kdtest::sourcePath("tests/host/file/otherprogram.py")} + arguments);
         EXPECT_TRUE(process.waitForFinished(120000));
         EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
         return process.readAllStandardOutput().toStdString();

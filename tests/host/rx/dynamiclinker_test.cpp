@@ -15,6 +15,7 @@
 #include "host/win32/modules.h"
 #include "kd/rx/registry.h"
 #include "tests/host/rx/plugin/probelog.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ constexpr const wchar_t* kProbe = L"LinkerProbe.tvx";
 constexpr std::intptr_t kThrow = -1;
 
 std::string probePath() {
-    return KD_BINARY_DIRECTORY "/test_plugins/LinkerProbe.tvx";
+    return kdtest::builtFile("test_plugins/LinkerProbe.tvx");
 }
 
 bool isMapped(const std::string& path) {
@@ -38,7 +39,7 @@ protected:
     using Messages = std::vector<std::uint32_t>;
 
     void SetUp() override {
-        kdhost::setPluginFolder(KD_BINARY_DIRECTORY "/test_plugins");
+        kdhost::setPluginFolder(kdtest::builtFile("test_plugins"));
         kdrxSysRegistry()->atPut(kdtest::kProbeLogName, this);
     }
 
@@ -155,7 +156,7 @@ TEST_F(DynamicLinkerTest, files_that_are_no_modules_are_refused_and_leave_nothin
     ASSERT_TRUE(text.open(QIODevice::WriteOnly));
     text.write("no library\n");
     text.close();
-    const std::string withoutExports = KD_BINARY_DIRECTORY "/plugins/TvxTableRes.dll";
+    const std::string withoutExports = kdtest::builtFile("plugins/TvxTableRes.dll");
     ASSERT_FALSE(isMapped(withoutExports));
 
     const std::wstring refused[] = {L"Missing.tvx",

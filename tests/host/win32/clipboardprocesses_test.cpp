@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <memory>
 #include <random>
+#include "tests/support/places.h"
 
 namespace {
 
@@ -50,7 +51,7 @@ public:
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(KD_BINARY_DIRECTORY "/bin/clipboardpeer"), QStringList());
+        m_process.start(kdtest::builtPath("bin/clipboardpeer"), QStringList());
         EXPECT_EQ(answer(), "ready");
     }
     ~Peer() {

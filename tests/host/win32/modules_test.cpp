@@ -12,13 +12,14 @@
 #include "host/rx/faults.h"
 #include "host/win32/texttable.h"
 #include "kd/rx/kdstring.h"
+#include "tests/support/places.h"
 
 namespace {
 
 constexpr const wchar_t* kName = L"TvxTableRes.dll";
 
 bool isMapped() {
-    void* const library = ::dlopen(KD_BINARY_DIRECTORY "/plugins/TvxTableRes.dll", RTLD_LAZY | RTLD_NOLOAD);
+    void* const library = ::dlopen(kdtest::builtFile("plugins/TvxTableRes.dll").c_str(), RTLD_LAZY | RTLD_NOLOAD);
     if (library == nullptr) return false;
     ::dlclose(library);
     return true;
@@ -91,7 +92,7 @@ TEST(ResourceModules, the_fault_makes_every_resource_module_missing) {
 }
 
 TEST(ResourceModules, a_library_without_texts_loads_and_has_none) {
-    const HINSTANCE module = LoadResourceDll(L"" KD_BINARY_DIRECTORY "/test_plugins/LinkerProbe.tvx");
+    const HINSTANCE module = LoadResourceDll(kdtest::builtPath("test_plugins/LinkerProbe.tvx").toStdWString().c_str());
     ASSERT_NE(module, nullptr);
     EXPECT_EQ(kdhost::moduleText(module, 2005), nullptr);
     EXPECT_NE(FreeLibrary(module), 0);

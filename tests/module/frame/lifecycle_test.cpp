@@ -19,15 +19,16 @@
 #include "kd/rx/service.h"
 #include "mfc/resource.h"
 #include "tests/support/application.h"
+#include "tests/support/places.h"
 
 namespace {
 
 const std::wstring kModule = L"TvxTable.tvx";
-const char* const kModulePath = KD_BINARY_DIRECTORY "/plugins/TvxTable.tvx";
-const char* const kResourcePath = KD_BINARY_DIRECTORY "/plugins/TvxTableRes.dll";
+const std::string kModulePath = kdtest::builtFile("plugins/TvxTable.tvx");
+const std::string kResourcePath = kdtest::builtFile("plugins/TvxTableRes.dll");
 
-bool isMapped(const char* path) {
-    void* handle = dlopen(path, RTLD_NOW | RTLD_NOLOAD);
+bool isMapped(const std::string& path) {
+    void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
     if (handle != nullptr) dlclose(handle);
     return handle != nullptr;
 }
@@ -126,7 +127,7 @@ TEST_F(ModuleLifecycle, Messages_without_a_handler_of_their_own_give_0_and_chang
 /// The module outside the linker, so that its first message may be any.
 class BareModule {
 public:
-    BareModule() : m_handle(dlopen(kModulePath, RTLD_NOW | RTLD_LOCAL)) {
+    BareModule() : m_handle(dlopen(kModulePath.c_str(), RTLD_NOW | RTLD_LOCAL)) {
         if (m_handle != nullptr) m_entry = reinterpret_cast<KdRxEntryPoint>(dlsym(m_handle, "kdrxEntryPoint"));
     }
     ~BareModule() {

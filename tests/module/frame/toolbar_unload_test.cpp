@@ -11,6 +11,7 @@
 #include "kd/db/table.h"
 #include "module/core/openobject.h"
 #include "tests/support/application.h"
+#include "tests/support/places.h"
 #include "tests/support/tablebuilder.h"
 
 namespace kdtest {
@@ -44,7 +45,7 @@ TEST_F(ToolbarAtUnload, goes_with_the_module_and_the_table_lives_on) {
     ASSERT_EQ(toolbars(), others + 1);
     ASSERT_TRUE(kdhost::dynamicLinker().unloadModule(L"TvxTable.tvx"));
     EXPECT_EQ(toolbars(), others);
-    EXPECT_EQ(::dlopen(KD_BINARY_DIRECTORY "/plugins/TvxTable.tvx", RTLD_NOW | RTLD_NOLOAD), nullptr);
+    EXPECT_EQ(::dlopen(kdtest::builtFile("plugins/TvxTable.tvx").c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
     const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
     open->setSize(4, 4);
 }

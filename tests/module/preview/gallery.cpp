@@ -1,6 +1,7 @@
 // Galleries as text and as pictures.
 
 #include "tests/module/preview/gallery.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -79,7 +80,7 @@ bool alike(const std::string& kept, const std::string& seen) {
 }
 
 std::string keptPath(const std::string& name) {
-    return KD_SOURCE_DIRECTORY "/tests/module/preview/data/" + name + ".txt";
+    return kdtest::sourceFile("tests/module/preview/data/") + name + ".txt";
 }
 
 void compare(const std::string& name, const std::vector<std::string>& seen) {
@@ -136,7 +137,7 @@ void Gallery::paint(const std::string& folder) const {
 }
 
 void Gallery::finish() const {
-    const std::filesystem::path folder = KD_BINARY_DIRECTORY "/pictures/galleries";
+    const std::filesystem::path folder = kdtest::builtFile("pictures/galleries");
     std::filesystem::create_directories(folder);
     paint(folder.string());
     std::ofstream file(folder / (m_name + ".txt"));

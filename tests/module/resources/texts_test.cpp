@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "host/win32/texttable.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ QString read(const QString& path) {
 }
 
 QString path(const char* relative) {
-    return QStringLiteral(KD_SOURCE_DIRECTORY "/module/") + QLatin1String(relative);
+    return kdtest::sourcePath("module/") + QLatin1String(relative);
 }
 
 Texts textsOf(const std::string& language) {

@@ -14,6 +14,7 @@
 #include "host/db/undo.h"
 #include "kd/db/symboltable.h"
 #include "tests/support/objects.h"
+#include "tests/support/places.h"
 
 namespace kdtest {
 namespace {
@@ -274,7 +275,7 @@ const std::set<std::string> noSetters = {
 
 /// "Class::operation" of what a header declares that may change an object.
 std::set<std::string> changersOf(const QString& header) {
-    QFile file(QStringLiteral(KD_SOURCE_DIRECTORY "/sdk/include/kd/db/") + header);
+    QFile file(kdtest::sourcePath("sdk/include/kd/db/") + header);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     QString text = QString::fromUtf8(file.readAll());
     text.remove(QRegularExpression(QStringLiteral("//[^\n]*|KDRX_DECLARE_MEMBERS\\(\\w+\\)")));
