@@ -96,6 +96,13 @@ TEST(IsRowHasText, Answers_whether_the_row_is_free_of_text) {
     EXPECT_TRUE(CVqTableCommon::IsRowHasText(table.get(), 2));
 }
 
+TEST(IsRowHasText, Is_true_in_a_table_without_columns) {
+    const auto table = makeTable(2, 0);
+    ASSERT_EQ(table->numColumns(), 0);
+    EXPECT_TRUE(CVqTableCommon::IsRowHasText(table.get(), 1));
+    EXPECT_FALSE(CVqTableCommon::IsRowHasText(table.get(), 2));
+}
+
 TEST(IsRowHasText, Is_false_for_a_row_outside_a_negative_one_included) {
     const auto table = makeTable(3, 3);
     EXPECT_FALSE(CVqTableCommon::IsRowHasText(table.get(), 3));

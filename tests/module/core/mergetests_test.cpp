@@ -121,6 +121,9 @@ TEST(MergeTests, IsMergeable_looks_at_ranges_from_the_first_row_and_there_across
         EXPECT_EQ(CVqTableCommon::IsMergeable(table.get(), range), expected) << ::testing::PrintToString(range);
     }
     EXPECT_TRUE(CVqTableCommon::IsMergeable(nullptr, {1, 0, 1, 5}));
+    const auto withoutColumns = makeTable(3, 0);
+    ASSERT_EQ(withoutColumns->numColumns(), 0);
+    EXPECT_TRUE(CVqTableCommon::IsMergeable(withoutColumns.get(), {0, 0, 1, 0}));
 }
 
 TEST(MergeTests, IsMergeContentNoFirst_passes_over_the_top_left_cell_alone) {

@@ -11,6 +11,10 @@ namespace {
 
 class PlaceAtPoint : public TableJig {
 protected:
+    const KdDbTable& placeAtOrigin() {
+        pick(0, 0);
+        return place();
+    }
     void SetUp() override {
         TableJig::SetUp();
         jig->setPointMode(true);
@@ -170,6 +174,34 @@ TEST_F(PlaceAtPoint, the_table_lies_along_the_user_coordinate_system) {
     EXPECT_EQ(table.direction(), KdGeVector3d(0, 1, 0));
     EXPECT_EQ(table.normal(), KdGeVector3d(0, 0, 1));
     EXPECT_EQ(table.position(), KdGePoint3d(7, 8, 0));
+}
+
+/// Where no move of the cursor brings the table up to date, it lies as it was made.
+TEST_F(PlaceAtPoint, a_table_that_is_never_moved_lies_along_the_axes_of_the_space_it_is_made_in) {
+    KdDbDatabase& db = host.database();
+    db.setUcs({0, 0, 0}, {0, 1, 0}, {0, 0, 1});
+    db.setPucs({0, 0, 0}, {-1, 0, 0}, {0, 0, 1});
+    const KdDbTable& inModel = placeAtOrigin();
+    EXPECT_EQ(inModel.direction(), KdGeVector3d(0, 1, 0));
+    EXPECT_EQ(inModel.normal(), KdGeVector3d(1, 0, 0));
+    db.setTilemode(false);
+    const KdDbTable& table = placeAtOrigin();
+    EXPECT_EQ(table.direction(), KdGeVector3d(-1, 0, 0));
+    EXPECT_EQ(table.normal(), KdGeVector3d(0, 1, 0));
+}
+
+TEST_F(PlaceAtPoint, a_new_table_has_the_drawings_current_properties) {
+    KdDbObjectId layer;
+    {
+        const OpenObject<KdDbLayerTable> layers(host.database().layerTableId(), KdDb::kForWrite);
+        auto* const record = new KdDbLayerTableRecord;
+        record->setName(L"Tables");
+        ASSERT_EQ(layers->add(layer, record), Kdad::eOk);
+        record->close();
+    }
+    host.database().setClayer(layer);
+    pick(1, 1);
+    EXPECT_EQ(place().layerId(), layer);
 }
 
 TEST_F(PlaceAtPoint, the_table_turns_with_the_coordinate_system_while_it_is_dragged) {

@@ -1,48 +1,11 @@
 // The loop over cells in the in-place editor, with a user who types.
 
-#include "module/edit/celledit.h"
-
-#include <gtest/gtest.h>
-
 #include "host/db/access.h"
 #include "kd/db/field.h"
-#include "module/core/openobject.h"
-#include "module/core/resources.h"
-#include "module/core/tablecommon.h"
-#include "tests/module/edit/commandrun.h"
-#include "tests/module/edit/typist.h"
+#include "tests/module/edit/celleditfixture.h"
 
 namespace kdtest {
 namespace {
-
-class CellEdit : public CommandRun {
-protected:
-    Typist typist;
-
-    std::string textsOf(KdDbObjectId id) const { return texts(*OpenObject<KdDbTable>(id, KdDb::kForRead)); }
-
-    bool edit(KdDbObjectId id, int row, int column, const KdString& prefill = {}) {
-        const ResourceScope resources;
-        return editTable(id, row, column, false, prefill);
-    }
-
-    /// With a cell selected before, and what the host sends for the user's first key.
-    bool typeOver(KdDbObjectId id, const char* cell, const std::wstring& sent) {
-        host.editor().pickFirst().selectCells(id, cells(cell));
-        const KdCellRange at = cells(cell);
-        answers({Step(sent)});
-        const ResourceScope resources;
-        return editTable(id, at.m_topRow, at.m_leftColumn, true, {});
-    }
-
-    std::vector<std::wstring> openedWith() const {
-        std::vector<std::wstring> contents;
-        for (const Opened& opened : typist.opened) contents.push_back(opened.contents);
-        return contents;
-    }
-};
-
-using Words = std::vector<std::wstring>;
 
 TEST_F(CellEdit, cells_are_edited_one_after_another_until_the_end) {
     const KdDbObjectId id = add(TableBuilder(2, 2).fill().build());
@@ -273,6 +236,10 @@ TEST_F(CellEdit, TableEdit_is_one_step_of_undo_over_all_cells) {
     typist.types({{L"a", 9}, {L"b", 9}});
     EXPECT_TRUE(CVqTableCommon::TableEdit(id));
     EXPECT_EQ(textsOf(id), "|a|b|\n");
+    EXPECT_EQ(steps().back(), L"TableEdit");
+    EXPECT_EQ(undoHistory().undoTitle(), text(2093));
+    EXPECT_EQ(undoHistory().undo(), Kdad::eOk);
+    EXPECT_EQ(textsOf(id), "|||\n");
 }
 
 TEST_F(CellEdit, the_command_edits_the_cell_that_is_picked) {

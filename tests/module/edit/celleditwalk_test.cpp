@@ -135,5 +135,62 @@ TEST(CellEditWalk, a_walk_ends_where_it_began_or_in_a_cell_that_can_be_edited_an
     }
 }
 
+/// The walks candidate by candidate, with nothing shared between the keys.
+CellEditStep plainStep(const KdDbTable& table, int row, int column, int key) {
+    const int lastRow = table.numRows() - 1;
+    const int lastColumn = table.numColumns() - 1;
+    const bool arrow = key >= 37 && key <= 40;
+    bool mergedAcross = false;
+    int r = row;
+    int c = column;
+    for (;;) {
+        if (key == 9 || key == 39) {
+            if (++c > lastColumn) {
+                ++r;
+                c = 0;
+            }
+            if (r > lastRow) return {row, column, arrow};
+        } else if (key == 25 || key == 37) {
+            if (--c < 0) {
+                --r;
+                c = lastColumn;
+            }
+            if (r < 0) return {row, column, arrow};
+        } else if (mergedAcross) {
+            if (--c < 0) return {row, column, true};
+        } else {
+            r += key == 13 || key == 40 ? 1 : -1;
+            if (r < 0 || r > lastRow) return {row, c, arrow};
+        }
+        if (!table.isContentEditable(r, c)) continue;
+        int top = r, bottom = r, left = c, right = c;
+        if (!table.isMergedCell(r, c, &top, &bottom, &left, &right)) return {r, c, true};
+        if (bottom > top && r != top) continue;
+        if (right == left) return {r, c, true};
+        mergedAcross = true;
+        if (c == left) return {r, c, true};
+    }
+}
+
+TEST(CellEditWalk, agrees_with_the_plain_walk_on_random_tables) {
+    std::mt19937 random(72);
+    int edges = 0;
+    for (int round = 0; round < 5000; ++round) {
+        const auto table = randomTable(random);
+        for (int row = 0; row < table->numRows(); ++row) {
+            for (int column = 0; column < table->numColumns(); ++column) {
+                for (const int key : {9, 13, 25, 29, 37, 38, 39, 40}) {
+                    const CellEditStep expected = plainStep(*table, row, column, key);
+                    ASSERT_EQ(step(*table, row, column, key), expected)
+                        << key << " from " << row << ", " << column << "\n"
+                        << describe(*table);
+                    if (!expected.goesOn) ++edges;
+                }
+            }
+        }
+    }
+    EXPECT_GT(edges, 10000);
+}
+
 }  // namespace
 }  // namespace kdtest

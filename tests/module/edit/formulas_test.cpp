@@ -226,6 +226,29 @@ TEST_F(Formulas, in_a_locked_cell_get_the_editors_word_instead) {
     EXPECT_EQ(L"\n" + host.lastMessage(), text(2220));
 }
 
+TEST_F(Formulas, without_an_id_are_those_of_the_toolbars_table) {
+    const std::pair<InsertForToolbar, Words> roads[] = {
+        {Common::InsertSumFormula, {L"=Sum(A1:B2)"}},
+        {Common::InsertCountFormula, {L"=Count(A1:B2)"}},
+        {Common::InsertAverageFormula, {L"=Average(A1:B2)"}},
+        {Common::InsertCellFormula, {L"=A1"}},
+        {Common::InsertEquation, {L"="}},
+    };
+    for (const auto& [insert, formula] : roads) {
+        SCOPED_TRACE(&formula - &roads[0].second);
+        select(table, "C3");
+        Common::ShowTableToolbar(table, true);
+        typist.opened.clear();
+        typist.types({leave(kMTextEditorOutside)});
+        const bool asksTwice = formula[0].back() == L')';
+        const bool asks = formula[0].size() > 1;
+        answers(asksTwice ? std::vector<Step>{L"1,-1", L"25,-15"} : std::vector<Step>(asks ? 1 : 0, Step(L"1,-1")));
+        const ResourceScope resources;
+        EXPECT_TRUE(insert());
+        EXPECT_EQ(openedWith(), formula);
+    }
+}
+
 TEST_F(Formulas, work_by_the_id_without_a_toolbar_and_not_without_both) {
     for (const Function& function : all()) {
         answers({});
