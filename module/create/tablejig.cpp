@@ -172,9 +172,9 @@ int CVqTableJig::startDrag() {
 }
 
 KdEdJig::DragStatus CVqTableJig::sampler() {
-    if (m_stage > 1) return kNormal;
     setUserInputControls(kInputControls);
     if (KdEdImpJig* jig = implementation()) jig->addAcquireInputControls(kAddedInputControls);
+    if (m_stage > 1) return kNormal;
     if (m_keywordMode && !m_keywords.IsEmpty()) setKeywordList(m_keywords);
 
     KdGePoint3d point;
