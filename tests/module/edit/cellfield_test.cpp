@@ -144,6 +144,42 @@ TEST_F(CellFields, a_field_without_children_is_copied_whole) {
     EXPECT_EQ(code(fieldAt(2, 0)), L"just text");
 }
 
+TEST_F(CellFields, one_child_that_is_no_expression_is_a_text_with_a_copied_field) {
+    const KdDbObjectId id = put(2, 0, firstChildMark, {L"just text"});
+    EXPECT_EQ(edit(2, 0, leave(0)), L"just text");
+    EXPECT_NE(fieldAt(2, 0), id);
+    EXPECT_EQ(code(fieldAt(2, 0), KdDbField::kFieldCode), firstChildMark);
+    EXPECT_EQ(code(fieldAt(2, 0)), L"just text");
+}
+
+TEST_F(CellFields, an_expression_below_a_child_that_is_none_leaves_the_cell_a_text) {
+    const KdDbObjectId id = put(2, 0, firstChildMark, {L"no expression"});
+    {
+        const OpenObject<KdDbField> field(id, KdDb::kForRead);
+        KdDbField* child = nullptr;
+        ASSERT_EQ(field->getChild(0, child, KdDb::kForWrite), Kdad::eOk);
+        auto* inside = new KdDbField;
+        inside->setFieldCode(L"\\AcExpr (A1)");
+        KdArray<KdDbField*> children;
+        children.append(inside);
+        child->setFieldCode(L"sum %<\\_FldIdx 0>%", KdDbField::kFieldCode, &children);
+        inside->close();
+        child->close();
+    }
+    ASSERT_EQ(code(id), L"sum \\AcExpr (A1)");
+    EXPECT_EQ(edit(2, 0, leave(0)), L"sum 5");
+    EXPECT_NE(fieldAt(2, 0), id);
+    EXPECT_EQ(code(fieldAt(2, 0)), L"sum \\AcExpr (A1)");
+    EXPECT_EQ(shown(2, 0), L"sum 5");
+}
+
+TEST_F(CellFields, an_expression_without_brackets_is_a_text_with_a_copied_field) {
+    const KdDbObjectId id = put(2, 0, firstChildMark, {L"\\AcExpr A1"});
+    EXPECT_EQ(edit(2, 0, leave(0)), shown(2, 0));
+    EXPECT_NE(fieldAt(2, 0), id);
+    EXPECT_EQ(code(fieldAt(2, 0)), L"\\AcExpr A1");
+}
+
 TEST_F(CellFields, a_formula_itself_in_the_cell_gets_the_table_for_an_owner) {
     put(2, 0, L"\\AcExpr (A1+1)", {});
     EXPECT_EQ(edit(2, 0, leave(0)), L"6");
@@ -164,6 +200,13 @@ TEST_F(CellFields, a_formula_over_fields_is_loaded_with_them_and_written_back_as
     EXPECT_EQ(shown(2, 0), L"12");
     change(table, [](KdDbTable& open) { open.setTextString(0, 0, L"9"); });
     EXPECT_EQ(shown(2, 0), L"20");
+}
+
+/// The tail is as long as what stood behind the bracket, and is cut from the end of the expression: that is a rule.
+TEST_F(CellFields, a_formula_over_fields_takes_its_tail_from_the_end_of_its_expression) {
+    putFormulaOfFields(2, 0, L" ");
+    EXPECT_EQ(edit(2, 0, leave(0)), L"=6*2");
+    EXPECT_EQ(code(fieldAt(2, 0)), L"\\AcExpr (\\AcExpr (A1+1)*22)");
 }
 
 TEST_F(CellFields, a_text_whose_fields_are_edited_away_is_a_text) {
