@@ -109,8 +109,12 @@ void KdDbTable::getCellExtents(int row, int column, bool outer, KdGePoint3dArray
     };
     const double marginHorz = outer ? 0.0 : margin(row, column, KdDb::kCellMarginLeft);
     const double marginVert = outer ? 0.0 : margin(row, column, KdDb::kCellMarginTop);
-    const double top = edge(rowPositions(*this), cell.m_topRow) + marginVert;
-    const double bottom = edge(rowPositions(*this), cell.m_bottomRow + 1) - marginVert;
+    const double first = edge(rowPositions(*this), cell.m_topRow) + marginVert;
+    const double last = edge(rowPositions(*this), cell.m_bottomRow + 1) - marginVert;
+    // The top is the upper side of the cell as it is read, where the first row stands lowest, too.
+    const bool upwards = flowOf(state) != 0;
+    const double top = upwards ? last : first;
+    const double bottom = upwards ? first : last;
     const double left = edge(columnPositions(*this), cell.m_leftColumn) + marginHorz;
     const double right = edge(columnPositions(*this), cell.m_rightColumn + 1) - marginHorz;
     const TableAxes axes = axesOf(state);

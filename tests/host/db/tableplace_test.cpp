@@ -86,7 +86,8 @@ TEST(TablePlace, inner_corners_leave_the_margins_off) {
 TEST(TablePlace, flow_upwards_stacks_the_rows_on_the_position) {
     auto table = placedTable();
     table->setFlowDirection(1);
-    expectCorners(*table, 1, 1, {{110, 205, 0}, {130, 205, 0}, {110, 211, 0}, {130, 211, 0}});
+    expectCorners(*table, 1, 1, {{110, 211, 0}, {130, 211, 0}, {110, 205, 0}, {130, 205, 0}});
+    expectCorners(*table, 1, 1, {{111.5, 209.5, 0}, {128.5, 209.5, 0}, {111.5, 206.5, 0}, {128.5, 206.5, 0}}, false);
     EXPECT_EQ(hitCell(*table, 101, 212).row, 2);
     EXPECT_FALSE(hitCell(*table, 101, 199).hit);
 }

@@ -185,6 +185,10 @@ TEST(CellGeometry, Grips_lie_on_the_outline_of_the_cells_however_the_table_is_tu
             table->mergeCells(1, 2, 0, 1);
             KdGePoint3dArray corners;  // top left, top right, bottom left, bottom right
             table->getCellExtents(1, 0, true, corners);
+            if (flow != 0) {  // the grips begin at the range's first row, which stands lowest then
+                std::swap(corners[0], corners[2]);
+                std::swap(corners[1], corners[3]);
+            }
             EXPECT_EQ(list(grips), (Points{middle(corners[0], corners[1]), middle(corners[2], corners[3]),
                                            middle(corners[0], corners[2]), middle(corners[1], corners[3])}));
         }

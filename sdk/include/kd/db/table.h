@@ -70,8 +70,8 @@ public:
     virtual void clearTableStyleOverrides(int options);
     virtual KdDb::CellType cellType(int row, int column) const;
     virtual void setCellType(int row, int column, KdDb::CellType type);
-    /// Appends the corners top left, top right, bottom left, bottom right in world coordinates, top and bottom
-    /// in the table's own order of rows; a merged cell gives its merge. `outer` false takes the margins off.
+    /// Appends the corners top left, top right, bottom left, bottom right in world coordinates, as the cell is read,
+    /// whichever way the rows run; a merged cell gives its merge. `outer` false takes the margins off.
     virtual void getCellExtents(int row, int column, bool outer, KdGePoint3dArray& points) const;
     virtual KdDb::CellAlignment alignment(int row, int column) const;
     virtual void setAlignment(int row, int column, KdDb::CellAlignment alignment);
