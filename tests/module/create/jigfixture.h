@@ -80,4 +80,17 @@ private:
     std::deque<std::function<void(const KdDbTable&)>> m_looks;
 };
 
+/// One pick places a table of fixed size.
+class PlaceAtPoint : public TableJig {
+protected:
+    const KdDbTable& placeAtOrigin() {
+        pick(0, 0);
+        return place();
+    }
+    void SetUp() override {
+        TableJig::SetUp();
+        jig->setPointMode(true);
+    }
+};
+
 }  // namespace kdtest
