@@ -137,7 +137,11 @@ double KdDbTable::minimumRowHeight(int row) const {
 }
 
 void KdDbTable::generateLayout() {
-    if (TableState* state = editTable(*this)) growAllRows(*this, *state);
+    TableState* state = editTable(*this);
+    if (state == nullptr) return;
+    // The columns first: texts wrap at their widths.
+    growAllColumns(*this, *state);
+    growAllRows(*this, *state);
 }
 
 // Whoever draws a table reads it as it stands, so that there is no block to rebuild; what is left is to settle

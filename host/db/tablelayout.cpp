@@ -235,6 +235,18 @@ void settleGrowth(const KdDbTable& table) {
     }
 }
 
+void growAllColumns(const KdDbTable& table, TableState& state) {
+    Measure measure(table);
+    // From left to right: a merge finds its other columns as wide as they will be.
+    for (int column = 0; column < state.columnCount(); ++column) {
+        double& width = state.columnWidths[static_cast<std::size_t>(column)];
+        const double needed = measure.columnMinimum(column);
+        if (width >= needed) continue;
+        width = needed;
+        state.touchLayout();
+    }
+}
+
 void growAllRows(const KdDbTable& table, const TableState& state) {
     Measure measure(table);
     state.rows.visitUnsettled(state.layoutStamp, [&](int row) {

@@ -17,6 +17,9 @@ void noteGrowth(TableState& state, int row, int column);
 /// Grows the rows whose texts were noted. Asked for by whatever depends on row heights.
 void settleGrowth(const KdDbTable& table);
 
+/// Widens every column that is too narrow for its content.
+void growAllColumns(const KdDbTable& table, TableState& state);
+
 /// Grows every row to what its content needs.
 void growAllRows(const KdDbTable& table, const TableState& state);
 

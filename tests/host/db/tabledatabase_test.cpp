@@ -69,6 +69,19 @@ TEST_F(TableInDatabase, many_changes_of_one_open_are_told_once_at_its_close) {
     EXPECT_EQ(m_reactor.changes, 1);
 }
 
+TEST_F(TableInDatabase, wants_to_be_drawn_afresh_when_its_block_is_made_again_by_force) {
+    KdDbTable* table = open(KdDb::kForWrite);
+    const std::string before = kdtest::describe(*table);
+    table->recomputeTableBlock(false);
+    table->close();
+    EXPECT_EQ(m_reactor.changes, 0);
+    table = open(KdDb::kForWrite);
+    table->recomputeTableBlock(true);
+    EXPECT_EQ(kdtest::describe(*table), before);
+    table->close();
+    EXPECT_EQ(m_reactor.changes, 1);
+}
+
 TEST_F(TableInDatabase, a_refused_change_is_none) {
     KdDbTable* table = open(KdDb::kForWrite);
     table->setTextString(9, 9, L"no");

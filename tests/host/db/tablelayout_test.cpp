@@ -139,6 +139,24 @@ TEST(TableLayout, generateLayout_makes_every_row_grow_and_none_shrink) {
     EXPECT_DOUBLE_EQ(table->rowHeight(0), 11.0);
 }
 
+TEST(TableLayout, generateLayout_makes_a_column_as_wide_as_its_content_and_none_narrower) {
+    auto table = TableBuilder(4, 4).text("A3", L"as wide as Understandable").text("B3", L"x").merge("C4:D4").build();
+    table->setTextString(3, 2, L"Understandable");
+    table->setColumnWidth(5.0);
+    table->setColumnWidth(1, 40.0);
+    const double word = table->minimumColumnWidth(0);
+    EXPECT_GT(word, 5.0);
+    table->generateLayout();
+    EXPECT_DOUBLE_EQ(table->columnWidth(0), word);
+    EXPECT_DOUBLE_EQ(table->columnWidth(1), 40.0);
+    EXPECT_DOUBLE_EQ(table->columnWidth(2), 9.0) << "one character of a title between its margins";
+    EXPECT_DOUBLE_EQ(table->columnWidth(3), word - 9.0) << "the last column of a merge makes room for it";
+    for (int column = 0; column < 4; ++column) {
+        EXPECT_GE(table->columnWidth(column), table->minimumColumnWidth(column) - 1e-9) << column;
+    }
+    EXPECT_NEAR(table->rowHeight(3), dataHeight(1), 1e-9) << "its text has the room for one line";
+}
+
 TEST(TableLayout, what_was_measured_is_measured_again_after_every_change_it_depends_on) {
     auto table = TableBuilder(3, 2).text("A3", kLong).build();
     const double narrow = table->minimumRowHeight(2);
