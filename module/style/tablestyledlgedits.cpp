@@ -159,8 +159,9 @@ void CVqTableStyleDlg::RenameTableStyle(const CStdStr<wchar_t>& name, const CStd
 
 // Delete. At once too, and without a look at what the style is used for: whoever offers the deletion has asked.
 
+/// The button is enabled for a style that has just been made, while the current one, which stays, is the marked row.
 void CVqTableStyleDlg::OnDeleteStyleButton() {
-    DeleteTableStyle();
+    if (IsUseTableStyle(markedName()) == 0) DeleteTableStyle();
 }
 
 int CVqTableStyleDlg::DeleteTableStyle() {

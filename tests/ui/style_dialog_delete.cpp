@@ -56,6 +56,12 @@ TEST_F(TableStyleDialogDelete, The_key_passes_over_styles_in_use) {
     EXPECT_EQ(styleNames(), all);
 }
 
+TEST_F(TableStyleDialogDelete, The_button_passes_over_the_current_style_that_a_new_one_leaves_marked) {
+    run({click(L"IDC_TABLESTYLE_NEWSTYLE_BUTTON"), click(L"IDOK"), click(L"IDOK"), expect(kDelete, L"enabled", L"yes"),
+         click(kDelete), expectTop(L"IDD_TABLESTYLE_DIALOG"), click(L"IDOK")});
+    EXPECT_EQ(styleNames(), (Names{L"Alpha", L"Beta", L"Copy of Standard", L"Standard", L"Zeta"}));
+}
+
 TEST_F(TableStyleDialogDelete, The_last_row_deleted_selects_the_new_last_row) {
     run({choose(kList, L"Zeta"), click(kDelete), answer(L"Delete the table style \"Zeta\"?", L"OK"),
          expectRows({L"Alpha", L"Beta", L"Standard"}, L"Standard"),

@@ -57,6 +57,14 @@ void sendToCellEditor(Editor& editor, const std::wstring& word) {
     editor.input().send(L"TABLEDIT " + word + L"\n");
 }
 
+/// The menu of an indicator leaves -1 for the columns of whole rows, or the rows of whole columns; the cell editor
+/// wants a first cell, as a click on the indicator gives it one.
+void selectOverFullSpan(Editor& editor, KdDbObjectId id) {
+    const auto& table = *peek<KdDbTable>(id);
+    const KdCellRange cells = table.getSubSelection();
+    if (cells.m_topRow < 0 || cells.m_leftColumn < 0) dragOverCells(editor, id, draw::shownSelection(table));
+}
+
 /// The first menu that a context gives; the context keeps it.
 QMenu* menuFor(const Editor& editor) {
     const std::vector<KdDbObjectId> selected = editor.pickFirst().objects();
@@ -105,9 +113,11 @@ bool doubleClickAt(Editor& editor, const KdGePoint3d& world) {
 }
 
 bool sendKeyToCells(Editor& editor, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-    if (!isIdle(editor) || tableOfSelectedCells(editor).isNull()) return false;
+    const KdDbObjectId table = tableOfSelectedCells(editor);
+    if (!isIdle(editor) || table.isNull()) return false;
     const std::wstring word = wordFor(key, modifiers, text);
     if (word.empty()) return false;
+    selectOverFullSpan(editor, table);
     sendToCellEditor(editor, word);
     return true;
 }
