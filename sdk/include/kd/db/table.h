@@ -108,7 +108,7 @@ public:
     /// True when the cell belongs to a merge; only then are the outputs set. Any output may be null.
     virtual bool isMergedCell(int row, int column, int* top = nullptr, int* bottom = nullptr, int* left = nullptr,
                               int* right = nullptr) const;
-    /// Makes rows grow to what their content needs; nothing shrinks.
+    /// Makes rows as high and columns as wide as their content needs; nothing shrinks.
     virtual void generateLayout();
     /// Makes the table draw as it now stands.
     virtual void recomputeTableBlock(bool force);
