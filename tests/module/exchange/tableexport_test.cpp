@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <clocale>
+#include <cstdlib>
 
 #include "host/rx/faults.h"
 #include "kd/db/database.h"
@@ -15,6 +16,7 @@
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
+#include "kd/ed/prompts.h"
 #include "kd/ed/variables.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
@@ -377,6 +379,14 @@ TEST_F(NamesFromCommandLine, Cancel_ends_the_command_silently) {
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
+TEST_F(NamesFromCommandLine, An_empty_name_ends_the_command_whatever_was_announced_before) {
+    noFileDialogs();
+    constexpr int refuseEnter = 1;
+    kdedInitGet(refuseEnter, nullptr);
+    EXPECT_FALSE(exportsTo(L""));
+    EXPECT_TRUE(host.messages().empty());
+}
+
 TEST_F(NamesFromCommandLine, The_dialog_asks_where_no_command_line_is_on) {
     noFileDialogs();
     for (const bool offered : {true, false}) {
@@ -411,6 +421,36 @@ TEST_F(LocaleOfExport, is_put_back_after_a_good_run) {
     selectBefore(addTable({{L"a"}}));
     exportTo(path());
     EXPECT_EQ(bytes(path()), "\"a\"\n");
+}
+
+/// For its lifetime there is a locale of the name that an export asks for.
+class ChineseLocale {
+public:
+    ChineseLocale() {
+        const QDir places(m_folder.path());
+        EXPECT_TRUE(QFile::link(QStringLiteral("/usr/lib/locale/C.utf8"), places.filePath(QStringLiteral("chs"))));
+        EXPECT_EQ(::setenv("LOCPATH", QFile::encodeName(m_folder.path()).constData(), 1), 0);
+    }
+    ~ChineseLocale() { ::unsetenv("LOCPATH"); }
+    ChineseLocale(const ChineseLocale&) = delete;
+    ChineseLocale& operator=(const ChineseLocale&) = delete;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(LocaleOfExport, is_put_back_where_there_is_such_a_locale) {
+    const ChineseLocale chinese;
+    const std::string before = std::setlocale(LC_CTYPE, nullptr);
+    ASSERT_STREQ(std::setlocale(LC_CTYPE, "chs"), "chs");
+    ASSERT_NE(std::setlocale(LC_CTYPE, before.c_str()), nullptr);
+    selectBefore(addTable({{L"a"}}));
+    exportTo(path());
+    EXPECT_EQ(bytes(path()), "\"a\"\n");
+    selectBefore(addTable({{L"a"}}));
+    kdhost::faults().failOpenNumber = 2;
+    exportTo(path());
+    exportTo(path("missing/folder/out.csv"));
 }
 
 TEST_F(LocaleOfExport, is_put_back_when_the_table_cannot_be_opened_which_leaves_an_empty_file) {

@@ -243,6 +243,16 @@ TEST(AngleToStringConvert, leaves_base_and_direction_alone_when_told_so) {
     EXPECT_EQ(drawing.text(degrees(45.0), 1), L"45.0");
 }
 
+TEST(AngleToStringConvert, takes_a_base_of_more_than_a_turn_for_what_it_is_within_one) {
+    Drawing drawing(0, 1);
+    drawing.database.setAngbase(twoPi + degrees(30.0));
+    EXPECT_EQ(drawing.text(degrees(45.0), 8), L"15.0");
+    // Far out nothing is left of a base.
+    drawing.database.setAngbase(2e6);
+    EXPECT_EQ(drawing.text(degrees(45.0), 8), L"45.0");
+    EXPECT_EQ(drawing.text(degrees(45.0)), L"45.0");
+}
+
 TEST(AngleToStringConvert, needs_a_database) {
     CStdStr<wchar_t> text = L"kept";
     EXPECT_EQ(CVqTableUtils::AngleToStringConvert(nullptr, 2, 1.0, text), 0);

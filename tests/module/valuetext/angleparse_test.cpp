@@ -268,6 +268,12 @@ TEST(StringToAngleConvert, applies_base_and_direction_of_the_drawing) {
     }
 }
 
+TEST(StringToAngleConvert, leaves_a_base_far_out_aside) {
+    KdDbDatabase database(false, true);
+    database.setAngbase(2e6);
+    EXPECT_NEAR(*angleIn(database, L"45"), degrees(45.0), 1e-12);
+}
+
 TEST(StringToAngleConvert, needs_a_database) {
     double value = untouched;
     EXPECT_EQ(CVqTableUtils::StringToAngleConvert(nullptr, L"45", value), 0);
