@@ -100,6 +100,11 @@ public:
         const int status = edit(*text, key, mode);
         kddbEndInPlaceEdit(&m_table, true);
         if (status != RTNORM) return status;
+        // The table can't be had for writing again: the cell stays as it was, and no further one is edited.
+        if (!m_table.isWriteEnabled()) {
+            key = 0;
+            return RTERROR;
+        }
         writeCellText(*text, m_table, m_row, m_column, m_loaded);
         writeLooks(*text);
         return status;

@@ -66,15 +66,25 @@ LoadedField loadFormula(KdDbMText& text, const KdDbField& field) {
     return {code.behind, field.objectId()};
 }
 
-/// Attaches a copy of the field, each of its children copied anew.
+/// The text owns the copy once it has taken it. False, with the copy gone, when it doesn't.
+bool attach(KdDbMText& text, std::unique_ptr<KdDbField> copy) {
+    const bool isTaken = text.setField(textField, copy.get()) == Kdad::eOk;
+    if (isTaken) static_cast<void>(copy.release());
+    return isTaken;
+}
+
+/// Attaches a copy of the field, each of its children copied anew. From one that can't be read on they stay those that
+/// came with the copy: each further one would take the place before its own.
 LoadedField loadText(KdDbMText& text, const KdDbField& field) {
     KdDbField* copy = field.clone();
-    text.setField(textField, copy);
+    if (!attach(text, std::unique_ptr<KdDbField>(copy))) return {};
     for (int i = 0; i < field.childCount(); ++i) {
         KdDbField* child = nullptr;
-        if (field.getChild(i, child, KdDb::kForRead) != Kdad::eOk) continue;
-        copy->setField(L"", child->clone());
+        if (field.getChild(i, child, KdDb::kForRead) != Kdad::eOk) break;
+        std::unique_ptr<KdDbField> anew(child->clone());
         child->close();
+        if (copy->setField(L"", anew.get()) != Kdad::eOk) break;
+        static_cast<void>(anew.release());
     }
     return {};
 }
@@ -92,17 +102,18 @@ LoadedField loadFormulaOfFields(KdDbMText& text, const KdDbField& field) {
     KdArray<KdDbField*> children;
     for (int i = 0; i < expression->childCount(); ++i) {
         KdDbField* child = nullptr;
-        if (expression->getChild(i, child, KdDb::kForRead) != Kdad::eOk) continue;
+        if (expression->getChild(i, child, KdDb::kForRead) != Kdad::eOk) break;
         children.append(owned.emplace_back(child->clone()).get());
         child->close();
     }
+    const bool isWhole = children.length() == expression->childCount();
     expression->close();
 
     const std::optional<BracketedCode> code = takeApart(copy->getFieldCode(KdDbField::kFieldCode).str());
-    if (!code) return {};
-    copy->setFieldCode((L'=' + code->inner).c_str(), KdDbField::kTextField, &children);
+    if (!code || !isWhole) return {};
+    if (copy->setFieldCode((L'=' + code->inner).c_str(), KdDbField::kTextField, &children) != Kdad::eOk) return {};
     for (auto& child : owned) static_cast<void>(child.release());  // they are the copy's from here on
-    text.setField(textField, copy.release());
+    if (!attach(text, std::move(copy))) return {};
     // The tail is cut from the end of the expression, as long as what stood behind the bracket.
     return {lastOf(code->inner, code->behind), field.objectId()};
 }

@@ -37,7 +37,7 @@ void putFormulaOfFields(KdDbMText& text, KdDbTable& table, int row, int col, con
         const std::wstring code = expressionCode(formula + loaded.tail.str());
         putFormula(table, row, col, [&](KdDbField& expression) {
             expression.setFieldCode(code.c_str(), KdDbField::kFieldCode);
-            expression.setFieldCode(code.c_str(), KdDbField::kFieldCode, &children.fields());
+            return expression.setFieldCode(code.c_str(), KdDbField::kFieldCode, &children.fields());
         });
     }
     typed->close();
@@ -74,7 +74,8 @@ void putTypedFormula(const std::wstring& typed, KdDbTable& table, int row, int c
         putIntoKeptField(code + loaded.tail.str(), table, row, col, loaded.keptField);
         return;
     }
-    putFormula(table, row, col, [&](KdDbField& field) { field.setFieldCode(code.c_str(), KdDbField::kFieldCode); });
+    putFormula(table, row, col,
+               [&](KdDbField& field) { return field.setFieldCode(code.c_str(), KdDbField::kFieldCode); });
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ bool putFormulas(KdDbTable& table, const CKdTableCellRange& cells, const KdStrin
         // A locked cell wouldn't take the field, which would then hang on nothing.
         if (!table.isContentEditable(row, column)) return;
         any |= putFormula(table, row, column,
-                          [&](KdDbField& field) { field.setFieldCode(code.c_str(), KdDbField::kFieldCode); });
+                          [&](KdDbField& field) { return field.setFieldCode(code.c_str(), KdDbField::kFieldCode); });
     });
     return any;
 }
