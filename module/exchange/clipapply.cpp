@@ -49,28 +49,6 @@ bool holdsLockedCells(const KdDbTable& table, const CKdTableCellRange& cells) {
     return false;
 }
 
-/// What is made in the drawing on the way to a paste. A refusal takes all of it back, so that it leaves no step of
-/// undo.
-class Attempt {
-public:
-    Attempt() : m_transactions(currentTransactions()) {
-        if (m_transactions != nullptr && m_transactions->startTransaction() == nullptr) m_transactions = nullptr;
-    }
-    ~Attempt() {
-        if (m_transactions != nullptr) m_transactions->abortTransaction();
-    }
-    Attempt(const Attempt&) = delete;
-    Attempt& operator=(const Attempt&) = delete;
-
-    void stands() {
-        if (m_transactions != nullptr) m_transactions->endTransaction();
-        m_transactions = nullptr;
-    }
-
-private:
-    KdDbTransactionManager* m_transactions;
-};
-
 CKdTableCellRange mergeOf(const KdDbTable& table, int row, int column) {
     const CKdTableCellRange merge = table.getMergeRange(row, column);
     return merge.isValid() ? merge : CKdTableCellRange(KdCellRange{row, column, row, column});
@@ -138,8 +116,10 @@ int CVqTableClipDataMgr::ApplyCellProperties(KdDbTable* table, tagVqTableClipboa
             open->erase();
         }
     }
-    // A file of no table, or of several, has become a block all the same.
-    eraseObject(block);
-    if (applied != 0) attempt.stands();
+    // A file of no table, or of several, has become a block all the same. Cells whose block stayed behind aren't
+    // taken over.
+    const bool isCleared = eraseObject(block);
+    if (applied == 0 || !isCleared) return 0;
+    attempt.stands();
     return applied;
 }

@@ -5,6 +5,7 @@
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 #include "module/core/tablecommon.h"
+#include "module/core/transactions.h"
 #include "module/exchange/clipdatamgr.h"
 #include "module/exchange/clipmemory.h"
 #include "module/exchange/clipobjects.h"
@@ -107,6 +108,7 @@ int CVqTableClipDataMgr::CopyTableCells(KdDbTable* table) {
     if (table == nullptr || !table->isReadEnabled()) return 0;
     // On a locked layer the clone could be made, but neither changed nor erased again.
     if (CVqTableCommon::IsTableLocking(table->objectId())) return 0;
+    Attempt attempt;
     const KdDbObjectId clone = cloneBeside(*table);
     if (clone.isNull()) return 0;
     const std::optional<CKdTableCellRange> cells = cellsOf(*table);
@@ -115,8 +117,10 @@ int CVqTableClipDataMgr::CopyTableCells(KdDbTable* table) {
     const bool written = cells && cutDownTo(*table, *cells, clone, basePoint) &&
                          WriteTableToTempFile(workingDatabase(), clone, basePoint, fileName) == Kdad::eOk &&
                          !fileName.isEmpty();
-    // The clone goes whatever came of it.
-    if (!eraseObject(clone) || !written) return 0;
+    // The clone goes whatever came of it; one that can't be erased is taken back.
+    if (!eraseObject(clone)) return 0;
+    attempt.stands();
+    if (!written) return 0;
     COleDataObject clipboard;
     if (!clipboard.AttachClipboard()) return 0;
     return offerDrawing(clipboard, fileName, basePoint) && offerCells(clipboard, fileName, *table, *cells) ? 1 : 0;

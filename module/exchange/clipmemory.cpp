@@ -62,7 +62,7 @@ bool putOnClipboard(COleDataObject& object, CLIPFORMAT format, const void* bytes
     std::memcpy(block, bytes, size);
     TableGlobalUnlock(record);
     object.CacheGlobalData(format, record);
-    return true;
+    return object.IsDataAvailable(format);
 }
 
 bool readFromClipboard(const COleDataObject& object, CLIPFORMAT format, void* bytes, std::size_t size) {

@@ -14,7 +14,7 @@ void* TableGlobalLock(KdClipboardMemory* record);
 /// 0 for a null record, else 1.
 int TableGlobalUnlock(KdClipboardMemory* record);
 
-/// Puts a copy of the bytes on the clipboard. False without memory.
+/// Puts a copy of the bytes on the clipboard. False without memory, and when the clipboard hasn't got it afterwards.
 bool putOnClipboard(COleDataObject& object, CLIPFORMAT format, const void* bytes, std::size_t size);
 
 /// Copies the first `size` bytes that the clipboard holds in the format. False, with `bytes` as it was, when it holds
