@@ -130,7 +130,8 @@ void CVqTableInsertDlg::OnDataLinkManButton() {
         // What the preview still shows is about to go.
         if (m_pTable != nullptr) m_ctrlPreview.uninitPreviewer();
         m_pTable = std::move(dialog.m_pTable);
-        if (m_pTable != nullptr) m_pTable->setTableStyle(m_idStyle);
+        // Without a style of the user's choice it keeps the one that it was read with.
+        if (m_pTable != nullptr && !m_idStyle.isNull()) m_pTable->setTableStyle(m_idStyle);
         ShowPreviewPicture(1, 0);
         m_ctrlDataLink.ResetContent();
         showRow(m_ctrlDataLink, m_ctrlDataLink.AddString(dialog.m_strPath));
