@@ -79,8 +79,9 @@ void moveIntoBlock(const Editor& editor, const std::wstring& name, const KdGePoi
     KdDbIdMapping mapping(&editor.database());
     const KdGeMatrix3d toUser = editor.ucs().inverse();
     std::erase_if(ids, [&](KdDbObjectId id) { return !cloneInto(*block, id, mapping, toUser); });
-    eraseWhatMayGo(ids);
+    const int kept = eraseWhatMayGo(ids);
     commandLine().write(kMade.with(name, ids.size()));
+    if (kept > 0) commandLine().write(kKept.with(kept));
 }
 
 /// The null id, with the user told, when there is no such block that may be inserted.

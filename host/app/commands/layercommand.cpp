@@ -17,6 +17,7 @@ constexpr KeywordPrompt kMenu{
      L"新建(M) 置为当前(S) 锁定(LO) 解锁(U) 打印(P) 不打印(N) _Make Set LOck Unlock Plot Noplot"}};
 constexpr Words kName{L"\nName of the layer: ", L"\n图层名: "};
 constexpr Words kNoSuchLayer{L"There is no layer \"%1\".", L"没有图层“%1”。"};
+constexpr Words kNotChanged{L"The layer \"%1\" can't be changed now.", L"现在无法修改图层“%1”。"};
 constexpr Words kNotMade{L"The layer \"%1\" can't be made.", L"无法新建图层“%1”。"};
 
 KdDbObjectId findLayer(const KdDbDatabase& database, const std::wstring& name) {
@@ -47,8 +48,10 @@ void setCurrent(KdDbDatabase& database, const std::wstring& name) {
 /// Sets one of a layer's switches.
 template <void (KdDbLayerTableRecord::*set)(bool), bool on>
 void turn(KdDbDatabase& database, const std::wstring& name) {
-    const Opened<KdDbLayerTableRecord> layer(findLayer(database, name), KdDb::kForWrite);
-    if (!layer) return commandLine().fail(kNoSuchLayer.with(name));
+    const KdDbObjectId id = findLayer(database, name);
+    if (id.isNull()) return commandLine().fail(kNoSuchLayer.with(name));
+    const Opened<KdDbLayerTableRecord> layer(id, KdDb::kForWrite);
+    if (!layer) return commandLine().fail(kNotChanged.with(name));
     ((*layer).*set)(on);
 }
 
