@@ -10,11 +10,12 @@ struct Place {
     const char* prefix;
     const char* ready;
     const char* context;
+    const char* selected = nullptr;  ///< what the host selects by an indicator, and a menu on it
 };
 constexpr Place kCells{"cells_", "@cells #0 B3:C4\n", "@context B3\n"};
 constexpr Place kTable{"table_", "@cells #0 A1\n@cells none\n", "@context 10,195\n"};
-constexpr Place kRow{"row_", "@cells #0 A1\n", "@context row 3\n"};
-constexpr Place kColumn{"column_", "@cells #0 A1\n", "@context column B\n"};
+constexpr Place kRow{"row_", "@cells #0 A1\n", "@context row 3\n", "@cells #0 A3:D3\n@context A3\n"};
+constexpr Place kColumn{"column_", "@cells #0 A1\n", "@context column B\n", "@cells #0 B1:B5\n@context B1\n"};
 
 /// An item, what follows its choice, and of how many of its openings one fails.
 struct Item {
@@ -91,6 +92,11 @@ void add(std::vector<Scenario>& all, const Place& place, const Item (&items)[cou
         Scenario scenario{std::string("menu_of_") + place.prefix + item.name, kTables, place.ready,
                           std::string(place.context) + "@menu " + item.name + "\n" + item.after};
         scenario.share = item.share;
+        if (place.selected != nullptr && std::string(item.name).find("CELLSTYLE") == std::string::npos) {
+            scenario.partials.push_back(
+                {std::string(place.selected) + "@menu " + item.name + "\n",
+                 "the menu acts on the cells that the host selected by the indicator, where no others can be"});
+        }
         all.push_back(std::move(scenario));
     }
 }
@@ -110,7 +116,7 @@ std::vector<Scenario> contextMenuScenarios() {
                        kTable.ready, std::string(kTable.context) + "@menu IDR_TABLESTYLE_REMOVEOVERRIDES\n"};
     all.push_back(std::move(overrides));
     all.push_back({"menu_of_cells_unmerge",
-                   std::string(kTables) + "@cells #0 A1:B1\n@context A1\n@menu IDR_MERGE_BYCOLUMN\n"
+                   std::string(kTables) + ""
                                           "@cells #0 B2:C2\n@context B2\n@menu IDR_MERGE_ALL\n",
                    "@cells #0 B2\n", "@context B2\n@menu IDR_TABLECELL_UNMERGE\n"});
     return all;

@@ -14,7 +14,7 @@ std::string withTables(const char* more) {
 }
 
 /// TABLESTYLE's style dialog, with that done in it.
-Scenario inStyleEdit(const std::string& name, const std::string& lines, int share = 1) {
+Scenario inStyleEdit(const std::string& name, const std::string& lines, int share = 3) {
     Scenario scenario{"style_edit_" + name, kTables, "",
                       "TABLESTYLE\n@click IDC_TABLESTYLE_MODSTYLE_BUTTON\n" + lines + "@click IDOK\n@click IDOK\n"};
     scenario.share = share;
@@ -23,10 +23,17 @@ Scenario inStyleEdit(const std::string& name, const std::string& lines, int shar
 
 void addInsertions(std::vector<Scenario>& all) {
     const std::string ok = "@click IDOK\n";
+    const Partial notEdited{"TABLE\n@click IDOK\n0,0\n@edit ESC\n",
+                            "the table stands; without its first cell to be had nothing is opened in the editor"};
+    const Partial notWhole{"", "without the dictionary of styles the dialog opens without the user's figures",
+                           "\"class\":\"KdDbTable\""};
     all.push_back({"insert_at_a_point", "", "", "TABLE\n" + ok + "0,0\n@edit ESC\n"});
-    all.push_back({"insert_and_type", "", "", "TABLE\n" + ok + "0,0\n@edit CTRLENTER Parts\n"});
-    all.push_back({"insert_into_a_window", "", "",
-                   "TABLE\n@click IDC_TABLEINSERT_WINDOW_BUTTON\n" + ok + "0,0\n300,-200\n@edit ESC\n"});
+    all.push_back({"insert_and_type", "", "", "TABLE\n" + ok + "0,0\n@edit CTRLENTER Parts\n", {notEdited}});
+    all.push_back({"insert_into_a_window",
+                   "",
+                   "",
+                   "TABLE\n@click IDC_TABLEINSERT_WINDOW_BUTTON\n" + ok + "0,0\n300,-200\n@edit ESC\n",
+                   {notWhole}});
     all.push_back({"insert_from_a_file", "", "",
                    "TABLE\n@click IDC_TABLEINSERT_DATALINK_BUTTON\n@click IDC_TABLEINSERT_DATALINKMAN_BUTTON\n"
                    "@click IDC_BTN_SELPATH\n@file schedule.csv\n@click IDOK\n@click IDOK\n0,0\n"});
@@ -56,26 +63,31 @@ void addTableStyles(std::vector<Scenario>& all) {
 void addStyleEdits(std::vector<Scenario>& all) {
     const std::string text = "@select IDC_TABLESTYLEEDIT_STYLE_TABLE #1\n";
     const std::string borders = "@select IDC_TABLESTYLEEDIT_STYLE_TABLE #2\n";
-    all.push_back(inStyleEdit("direction", "@select IDC_TABLESTYLEEDIT_DIRECTION_COMBOBOX #0\n"));
+    all.push_back(inStyleEdit("direction", "@select IDC_TABLESTYLEEDIT_DIRECTION_COMBOBOX #0\n", 1));
     all.push_back(inStyleEdit("fill", "@select IDC_CELLSTYLEGENERAL_FILLCOLOR_COMBOBOX Yellow\n"));
-    all.push_back(inStyleEdit("alignment", "@select IDC_CELLSTYLEGENERAL_ALIGNMENT_COMBOBOX Middle Left\n", 3));
-    all.push_back(inStyleEdit("type", "@select IDC_CELLSTYLEGENERAL_TYPE_COMBOBOX Label\n", 3));
+    all.push_back(inStyleEdit("alignment", "@select IDC_CELLSTYLEGENERAL_ALIGNMENT_COMBOBOX Middle Left\n", 7));
+    all.push_back(inStyleEdit("type", "@select IDC_CELLSTYLEGENERAL_TYPE_COMBOBOX Label\n", 7));
     all.push_back(inStyleEdit("format",
                               "@click IDC_CELLSTYLEGENERAL_FORMAT_BUTTON\n@select IDC_DATAFORMAT_TYPE_COMBOBOX #3\n"
                               "@select IDC_DATAFORMAT_UNIT_COMBOBOX #2\n@click IDOK\n"));
-    all.push_back(inStyleEdit("horizontal_margin", "@set IDC_CELLSTYLEGENERAL_HORIZONTAL_EDIT 4\n", 3));
-    all.push_back(inStyleEdit("vertical_margin", "@set IDC_CELLSTYLEGENERAL_VERTICAL_EDIT 4\n", 3));
-    all.push_back(inStyleEdit("merge", "@set IDC_CELLSTYLEGENERAL_MERGECELL_BUTTON on\n", 3));
+    all.push_back(inStyleEdit("horizontal_margin", "@set IDC_CELLSTYLEGENERAL_HORIZONTAL_EDIT 4\n", 7));
+    all.push_back(inStyleEdit("vertical_margin", "@set IDC_CELLSTYLEGENERAL_VERTICAL_EDIT 4\n", 7));
+    all.push_back(inStyleEdit("merge", "@set IDC_CELLSTYLEGENERAL_MERGECELL_BUTTON on\n", 7));
     all.push_back(inStyleEdit("text_height", text + "@set IDC_CELLSTYLETEXT_TEXTHEIGHT_EDIT 3\n"));
-    all.push_back(inStyleEdit("text_color", text + "@select IDC_CELLSTYLETEXT_TEXTCOLOR_COMBOBOX Red\n", 3));
-    all.push_back(inStyleEdit("text_angle", text + "@set IDC_CELLSTYLETEXT_TEXTANGLE_EDIT 30\n", 3));
+    all.push_back(inStyleEdit("text_color", text + "@select IDC_CELLSTYLETEXT_TEXTCOLOR_COMBOBOX Red\n", 7));
+    all.push_back(inStyleEdit("text_angle", text + "@set IDC_CELLSTYLETEXT_TEXTANGLE_EDIT 30\n", 7));
     all.push_back(
         inStyleEdit("text_style", text + "@click IDC_CELLSTYLETEXT_TEXTSTYLE_BUTTON\n@click IDC_TEXTSTYLE_NEW_BUTTON\n"
                                          "@set IDC_TEXTSTYLE_NAME_EDIT Fine\n@click IDOK\n"
                                          "@click IDC_TEXTSTYLE_SETCURRENT_BUTTON\n@click IDCANCEL\n"));
+    all.back().partials = {{"",
+                            "the host's dialog has made the text style, and current; the cell style stays as it was",
+                            "\"TEXTSTYLE\":\"Fine\""}};
     all.push_back(inStyleEdit("borders", borders + "@select IDC_CELLSTYLEBORDER_COLOR_COMBOBOX Red\n"
                                                    "@click IDC_CELLSTYLEBORDER_TOPBORDER_BUTTON\n"));
-    all.push_back(inStyleEdit("no_borders", borders + "@click IDC_CELLSTYLEBORDER_NOBORDER_BUTTON\n", 3));
+    all.back().partials = {{"", "a page whose boxes couldn't be filled paints what the boxes show",
+                            "\"weight\":-1,\"linetype\":\"ByLayer\",\"color\":\"aci:1\""}};
+    all.push_back(inStyleEdit("no_borders", borders + "@click IDC_CELLSTYLEBORDER_NOBORDER_BUTTON\n", 7));
     all.push_back(inStyleEdit("new_cell_style",
                               "@click IDC_TABLESTYLEEDIT_CREATE_BUTTON\n"
                               "@set IDC_CREATECELLSTYLE_NEWNAME_EDIT Amounts\n@click IDOK\n"));
@@ -114,15 +126,18 @@ void addCellStyles(std::vector<Scenario>& all) {
 
 void addCellDialogs(std::vector<Scenario>& all) {
     const std::string open = "@click IDC_TABLEDIT_CELLBORDER\n";
-    for (const char* edge : {"ALLBORDER", "OUTERBORDER", "INSIDEBORDER", "NOBORDER", "TOPBORDER"}) {
+    for (const char* edge : {"ALLBORDER", "OUTERBORDER", "INNERBORDER", "NOBORDER", "ONLYTOPBORDER"}) {
         Scenario scenario{std::string("borders_") + edge, kTables, "@cells #0 B3:C4\n",
                           open + "@select IDC_CELLBORDERPROP_COLOR_COMBOBOX Red\n@click IDC_CELLBORDERPROP_" + edge +
                               "_BUTTON\n@click IDOK\n"};
         scenario.share = std::string(edge) == "ALLBORDER" ? 1 : 7;
+        scenario.partials = {{open + "@click IDC_CELLBORDERPROP_" + edge + "_BUTTON\n@click IDOK\n",
+                              "a button shows its lines and then paints them: each is an opening of its own"}};
         all.push_back(std::move(scenario));
     }
-    all.push_back({"block_in_a_cell", std::string(kTables) + "LINE 900,0 905,5\n\nBLOCK\npart\n900,0\nLast\n\n", "",
-                   "EDITTABLECELL\n10,195\nB3\nOperation\ninsertBLock\n@click IDOK\nQuit\n"});
+    all.push_back({"block_in_a_cell",
+                   std::string(kTables) + "LINE 900,0 905,5\n\nBLOCK\npart\n900,0\nLast\n\nCELLBLOCK\n", "",
+                   "BLOCKINCELL\n60,175\n@select IDC_CELLINSERTBLOCK_ALIGNMENT_COMBOBOX #8\n@click IDOK\n"});
 }
 
 }  // namespace
@@ -134,6 +149,11 @@ std::vector<Scenario> dialogScenarios() {
     addStyleEdits(all);
     addCellStyles(all);
     addCellDialogs(all);
+    // What these do in the first of the dialogs has failed in the edits of styles.
+    for (Scenario& scenario : all) {
+        const bool isLong = scenario.name.rfind("table_style_", 0) == 0 || scenario.name.rfind("cell_style_", 0) == 0;
+        if (isLong) scenario.share = 3;
+    }
     return all;
 }
 

@@ -46,12 +46,17 @@ std::vector<Scenario> editingScenarios() {
                    "@drop IDC_TABLEDIT_FORMULA\n@menu IDR_FORMULA_CELL\n@cells #0 A3\n@edit CTRLENTER\n"});
     all.push_back({"commands_erase", kTables, "@cells #0 A1\n@cells none\n", "ERASE\n410,195\n\n"});
     all.push_back({"commands_line", kTables, "", "LINE 0,0 10,10\n\n"});
-    all.push_back({"commands_layer", kTables, "", "LAYER\nMake\nnotes\nLOCK\n0\n\n"});
-    all.push_back(
-        {"commands_block", std::string(kTables) + "LINE 900,0 905,5\n\n", "", "BLOCK\npart\n900,0\nLast\n\n"});
+    all.push_back({"commands_layer_made", kTables, "", "LAYER\nMake\nnotes\n\n"});
+    all.push_back({"commands_layer_locked", kTables, "", "LAYER\nLOCK\n0\n\n"});
+    all.push_back({"commands_block",
+                   std::string(kTables) + "LINE 900,0 905,5\n\n",
+                   "",
+                   "BLOCK\npart\n900,0\nLast\n\n",
+                   {{"BLOCK\npart\n900,0\nLast\n\nLINE 900,0 905,5\n\n",
+                     "what can't be erased stays beside the block, and the user reads how many"}}});
     all.push_back({"commands_insert", std::string(kTables) + "LINE 900,0 905,5\n\nBLOCK\npart\n900,0\nLast\n\n", "",
                    "INSERT\npart\n5,0\n2\n0\n"});
-    for (auto scenario = all.end() - 5; scenario != all.end(); ++scenario) scenario->tells = false;
+    for (auto scenario = all.end() - 6; scenario != all.end(); ++scenario) scenario->tells = true;
     return all;
 }
 

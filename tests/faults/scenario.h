@@ -10,8 +10,9 @@ namespace kdtest {
 
 /// A result that is neither nothing nor the whole, and is as it should be.
 struct Partial {
-    const char* act;     ///< lines whose whole result it is
-    const char* reason;  ///< the rule
+    std::string act;         ///< lines whose whole result it is; empty where no act leads there
+    std::string reason;      ///< the rule
+    std::string holds = {};  ///< without an act: what the drawing holds, as its dump tells it
 };
 
 struct Scenario {
@@ -20,8 +21,10 @@ struct Scenario {
     std::string ready;  ///< what the user does right before the act, which is no part of it
     std::string act;
     std::vector<Partial> partials = {};
-    bool tells = false;  ///< a command of the host, which says so when it can't do its work
-    int share = 1;       ///< of what other scenarios fail too, every so many openings only
+    /// A command of the host, which says so when it can't do its work.
+    bool tells = false;
+    /// Of what fails alike in other scenarios, every so many only.
+    int share = 1;
 };
 
 inline void PrintTo(const Scenario& scenario, std::ostream* out) {

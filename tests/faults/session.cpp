@@ -8,7 +8,9 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QMimeData>
 #include <chrono>
+#include <iostream>
 #include <sstream>
 
 #include "host/app/dump/dump.h"
@@ -19,7 +21,6 @@
 #include "host/db/undo.h"
 #include "host/ed/commandline.h"
 #include "host/ed/commands.h"
-#include "host/mfc/messagebox.h"
 #include "host/rx/encoding.h"
 #include "host/rx/faults.h"
 #include "host/ui/automation/automation.h"
@@ -68,16 +69,57 @@ std::string drawingOf(const std::string& dump) {
     return drawing;
 }
 
-std::string withoutHandles(std::string drawing) {
-    const std::string key = "\"handle\":\"";
-    for (std::size_t at = 0; (at = drawing.find(key, at)) != drawing.npos;) {
-        at += key.size();
-        drawing.erase(at, drawing.find('"', at) - at);
+void eraseBetween(std::string& text, const std::string& begin, char end) {
+    for (std::size_t at = 0; (at = text.find(begin, at)) != text.npos;) {
+        at += begin.size();
+        text.erase(at, text.find(end, at) - at);
     }
+}
+
+/// Handles, and the numbers of tables that formulas read.
+std::string withoutHandles(std::string drawing) {
+    eraseBetween(drawing, "\"handle\":\"", '"');
+    eraseBetween(drawing, "Table(", ')');
     return drawing;
 }
 
+std::string clipboardLook() {
+    const QMimeData* held = QGuiApplication::clipboard()->mimeData();
+    QStringList formats = held == nullptr ? QStringList() : held->formats();
+    formats.sort();
+    return (formats.join(QLatin1Char('\n')) + (held == nullptr ? QString() : held->text())).toStdString();
+}
+
+/// What commands write, and what the platform complains of, is no result of tests.
+class Silence {
+public:
+    Silence()
+        : m_shown(std::cout.rdbuf(m_written.rdbuf())),
+          m_handler(qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {})) {}
+    ~Silence() {
+        std::cout.rdbuf(m_shown);
+        qInstallMessageHandler(m_handler);
+    }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    std::ostringstream m_written;
+    std::streambuf* m_shown;
+    QtMessageHandler m_handler;
+};
+
 }  // namespace
+
+Session::TemporaryFolder::TemporaryFolder(const QString& path) : m_before(qgetenv("TMPDIR")) {
+    const QString folder = path + QStringLiteral("/tmp");
+    EXPECT_TRUE(QDir().mkpath(folder));
+    qputenv("TMPDIR", QFile::encodeName(folder));
+}
+
+Session::TemporaryFolder::~TemporaryFolder() {
+    qputenv("TMPDIR", m_before);
+}
 
 Session::Session() : m_cameFrom(QDir::currentPath().toStdString()) {
     EXPECT_TRUE(QDir::setCurrent(m_folder.path()));
@@ -88,9 +130,11 @@ Session::Session() : m_cameFrom(QDir::currentPath().toStdString()) {
     kdhost::registerHostCommands();
     m_application->documents().openNew();
     EXPECT_EQ(m_application->loadModule(L"TvxTable.tvx"), L"");
+    m_commands = std::make_unique<OwnCommands>();
 }
 
 Session::~Session() {
+    m_commands.reset();
     m_application.reset();
     kdhost::unregisterHostCommands();
     kdhost::takeLeftOpen();
@@ -101,13 +145,7 @@ Session::~Session() {
 
 void Session::clearFiles() const {
     QDir folder(m_folder.path());
-    for (const QFileInfo& file : folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) {
-        if (file.isDir()) {
-            QDir(file.filePath()).removeRecursively();
-        } else {
-            folder.remove(file.fileName());
-        }
-    }
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) folder.remove(name);
     QDir(m_config.hostFolder()).removeRecursively();
     write(folder.filePath(QStringLiteral("schedule.csv")), kSchedule);
     write(folder.filePath(QStringLiteral("old.csv")), "old\n");
@@ -130,9 +168,10 @@ void Session::begin(const Scenario& scenario) {
 
 Ending Session::run(const std::string& lines) {
     Ending ending;
+    const Silence silence;
     kdhost::WindowFeeder windows{std::chrono::milliseconds(50)};
     ending.failure = kdhost::ScriptRunner(*m_application, kdhost::Script("act", lines), windows).run();
-    ending.box = kdhost::lastMessageBoxText();
+    ending.message = kdhost::commandLine().lastMessage();
     return ending;
 }
 
@@ -169,7 +208,29 @@ Look Session::look() {
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         look.files[name.toStdString()] = file.readAll().toStdString();
     }
+    look.clipboard = clipboardLook();
     return look;
+}
+
+void Session::restoreFiles(const Look& look) const {
+    const QDir folder(m_folder.path());
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
+        if (look.files.count(name.toStdString()) == 0) QFile::remove(folder.filePath(name));
+    }
+    for (const auto& [name, content] : look.files) {
+        write(folder.filePath(QString::fromStdString(name)), QByteArray::fromStdString(content));
+    }
+}
+
+std::string Session::damagedFiles(const Look& look) {
+    std::string damaged;
+    for (const auto& [name, content] : look.files) {
+        if (!QString::fromStdString(name).endsWith(QLatin1String(".dxf"))) continue;
+        KdDbDatabase database(false, true);
+        if (database.readDwgFile(kdhost::fromUtf8(name).c_str(), 0, false, nullptr) != Kdad::eOk)
+            damaged += name + "\n";
+    }
+    return damaged;
 }
 
 std::string Session::disorder() {

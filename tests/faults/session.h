@@ -12,6 +12,7 @@
 #include "host/ad/application.h"
 #include "host/ui/dialogs/filedialog.h"
 #include "host/ui/inplaceeditor/inplaceeditor.h"
+#include "tests/faults/commands.h"
 #include "tests/faults/filefaults.h"
 #include "tests/faults/scenario.h"
 #include "tests/support/configfolder.h"
@@ -32,13 +33,14 @@ struct Look {
     std::string unnamed;    ///< the same without handles: equal drawings are equal, however they were made
     std::size_t steps = 0;  ///< of undo
     std::map<std::string, std::string> files;  ///< of the user's folder: name and content
+    std::string clipboard;                     ///< what it holds: the names of formats, and the text
 };
 
 /// How an act ended.
 struct Ending {
-    std::string failure;  ///< of the line that couldn't be carried out, or what a command of the host has told
-    std::wstring box;     ///< the last message box
-    bool struck = false;  ///< whether what was to fail came
+    std::string failure;   ///< of the line that couldn't be carried out, or what a command of the host has told
+    std::wstring message;  ///< the last one on the command line
+    bool struck = false;   ///< whether what was to fail came
 };
 
 class Session {
@@ -57,6 +59,10 @@ public:
     int count(const std::string& lines, const FaultKind& kind);
 
     Look look();
+    /// Puts the files back as they were, and takes away what has come since.
+    void restoreFiles(const Look& look) const;
+    /// The names of drawings that can't be read.
+    static std::string damagedFiles(const Look& look);
     /// What nobody tells of and shouldn't be: one line for each thing that is left over, in progress or in disorder.
     std::string disorder();
 
@@ -64,14 +70,28 @@ private:
     void clearFiles() const;
     kdhost::Document& document() { return *m_application->documents().current(); }
 
-    ConfigFolder m_config;
+    /// The folder that temporary files lie in while it lives.
+    class TemporaryFolder {
+    public:
+        explicit TemporaryFolder(const QString& path);
+        ~TemporaryFolder();
+        TemporaryFolder(const TemporaryFolder&) = delete;
+        TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    private:
+        QByteArray m_before;
+    };
+
     QTemporaryDir m_folder;
+    const TemporaryFolder m_temporary{m_folder.path()};
+    ConfigFolder m_config;  // below that folder: it fails, too
     std::string m_cameFrom;
     std::unique_ptr<FileFaults> m_files;
     const kdhost::WindowFileDialog m_fileDialog;
     const kdhost::InstalledInPlaceEditor m_inPlaceEditor = kdhost::installInPlaceEditor();
     QWidget m_mainWindow;  // hidden
     std::unique_ptr<kdhost::Application> m_application;
+    std::unique_ptr<OwnCommands> m_commands;
 };
 
 }  // namespace kdtest

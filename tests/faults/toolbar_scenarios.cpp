@@ -46,7 +46,7 @@ std::vector<Scenario> toolbarScenarios() {
     }
     for (const char* merge : {"ALL", "BYROW", "BYCOLUMN"}) {
         const std::string item = std::string("IDR_MERGE_") + merge;
-        all.push_back(onBlock(std::string("MERGE_") + merge, dropped("MERGECELL", item)));
+        all.push_back(onBlock(std::string("MERGE_") + merge, dropped("MERGECELL", item) + "@answer YES\n"));
     }
     return all;
 }
