@@ -12,7 +12,7 @@ namespace {
 constexpr const wchar_t* kPath = L"Software\\kdhost\\Window";
 constexpr const wchar_t* kLanguage = L"Language";
 constexpr const wchar_t* kPlace = L"Place";
-constexpr DWORD kLargest = 4096;
+constexpr DWORD kLargestValue = 4096;
 
 struct CloseKey {
     void operator()(HKEY key) const { RegCloseKey(key); }
@@ -24,8 +24,8 @@ QByteArray stored(const wchar_t* name, DWORD wantedType) {
     HKEY opened = nullptr;
     if (RegOpenKeyExW(HKEY_CURRENT_USER, kPath, 0, KEY_READ, &opened) != ERROR_SUCCESS) return {};
     const OpenKey key(opened);
-    QByteArray bytes(static_cast<int>(kLargest), Qt::Uninitialized);
-    DWORD size = kLargest;
+    QByteArray bytes(static_cast<int>(kLargestValue), Qt::Uninitialized);
+    DWORD size = kLargestValue;
     DWORD type = REG_NONE;
     auto* place = reinterpret_cast<BYTE*>(bytes.data());
     const LSTATUS status = RegQueryValueExW(key.get(), name, nullptr, &type, place, &size);

@@ -167,10 +167,10 @@ void transform(Primitives& primitives, const KdGeMatrix3d& matrix) {
 namespace {
 
 /// One line of a layout, in its place.
-class LineDrawer {
+class TextLineDrawer {
 public:
-    LineDrawer(const KdGePoint3d& start, const TextPlace& place, const Color& color, const Looks& looks,
-               Primitives& out)
+    TextLineDrawer(const KdGePoint3d& start, const TextPlace& place, const Color& color, const Looks& looks,
+                   Primitives& out)
         : m_start(start), m_place(place), m_color(color), m_looks(looks), m_out(out) {}
 
     void operator()(const text::Run& run) const {
@@ -218,7 +218,7 @@ void drawText(const text::Layout& layout, const TextPlace& place, const Color& c
     for (const text::Line& line : layout.lines) {
         const KdGePoint3d start = place.anchor + place.right * (left + layout.leftOf(line, place.horizontal)) +
                                   place.up * (top - line.baseline);
-        const LineDrawer draw(start, place, color, looks, out);
+        const TextLineDrawer draw(start, place, color, looks, out);
         for (const text::Run& run : line.runs) draw(run);
         for (const text::Stroke& stroke : line.strokes) draw(stroke);
     }

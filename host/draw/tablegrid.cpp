@@ -157,9 +157,9 @@ private:
 };
 
 /// Draws the lines of one direction.
-class LineDrawer {
+class GridLineDrawer {
 public:
-    LineDrawer(const TableDrawing& drawing, Grid& grid, bool ofRows)
+    GridLineDrawer(const TableDrawing& drawing, Grid& grid, bool ofRows)
         : m_drawing(drawing), m_grid(grid), m_ofRows(ofRows) {}
 
     void draw() {
@@ -279,8 +279,8 @@ private:
 
 void drawGrid(const TableDrawing& drawing) {
     Grid grid(drawing);
-    LineDrawer(drawing, grid, true).draw();
-    LineDrawer(drawing, grid, false).draw();
+    GridLineDrawer(drawing, grid, true).draw();
+    GridLineDrawer(drawing, grid, false).draw();
 }
 
 }  // namespace kdhost::draw

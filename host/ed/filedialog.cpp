@@ -2,6 +2,7 @@
 
 #include "host/ed/filedialog.h"
 
+#include "host/ed/nulltext.h"
 #include "kd/ed/prompts.h"
 
 namespace kdhost {
@@ -9,10 +10,6 @@ namespace {
 
 FileDialog* fileDialog = nullptr;
 constexpr int kForWriting = 1;
-
-std::wstring orEmpty(const wchar_t* text) {
-    return text == nullptr ? L"" : text;
-}
 
 }  // namespace
 

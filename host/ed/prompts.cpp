@@ -9,6 +9,7 @@
 #include "host/ed/commandline.h"
 #include "host/ed/editor.h"
 #include "host/ed/names.h"
+#include "host/ed/nulltext.h"
 #include "host/ed/picking.h"
 #include "host/ed/points.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 using kdhost::Answer;
 using kdhost::Editor;
+using kdhost::orEmpty;
 using kdhost::PromptKind;
 
 // Sizes of the buffers that callers give, the ending zero included.
@@ -26,10 +28,6 @@ void copyCut(wchar_t* out, std::size_t size, const std::wstring& text) {
     const std::size_t count = std::min(text.size(), size - 1);
     std::wmemcpy(out, text.c_str(), count);
     out[count] = L'\0';
-}
-
-std::wstring orEmpty(const wchar_t* text) {
-    return text == nullptr ? L"" : text;
 }
 
 /// The word goes to kdedGetInput.

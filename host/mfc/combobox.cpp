@@ -9,11 +9,11 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "host/mfc/qttext.h"
+
 namespace {
 
-QString qtText(const wchar_t* text) {
-    return QString::fromWCharArray(text == nullptr ? L"" : text);
-}
+using kdhost::qtText;
 
 constexpr const char* kEditHeight = "editHeight";
 constexpr const char* kItemHeight = "itemHeight";

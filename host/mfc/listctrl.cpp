@@ -7,18 +7,17 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/mfc/qttext.h"
 #include "kd/ui/widgets.h"
 
 namespace {
+
+using kdhost::qtText;
 
 constexpr int kDataRole = Qt::UserRole;
 constexpr int kColumnTextRole = Qt::UserRole + 1;  // for column 1, then one role for each further column
 constexpr const char* kColumnCount = "columnCount";
 constexpr const char* kSelectionMark = "selectionMark";
-
-QString qtText(const wchar_t* text) {
-    return QString::fromWCharArray(text == nullptr ? L"" : text);
-}
 
 QListWidgetItem* itemOf(const CListCtrl& list, int row) {
     const auto* widget = list.widgetAs<QListWidget>();

@@ -14,14 +14,13 @@
 namespace kdhost::text {
 namespace {
 
-constexpr wchar_t kHardBlank = 0x00A0;
 constexpr double kMaxFactor = 1e4;
 constexpr double kMaxHeight = 1e9;
 constexpr double kMinSize = 1e-9;
 constexpr double kMaxObliqueDegrees = 85.0;
 
 /// A plain decimal number, nothing else around it.
-std::optional<double> number(const std::wstring& text) {
+std::optional<double> decimal(const std::wstring& text) {
     const bool plain = !text.empty() && text.find_first_not_of(L"0123456789.+-eE") == text.npos;
     if (!plain) return std::nullopt;
     wchar_t* end = nullptr;
@@ -33,7 +32,7 @@ std::optional<double> number(const std::wstring& text) {
 /// be written again.
 void setSize(double& size, const std::wstring& parameter, double largest) {
     const bool relative = !parameter.empty() && (parameter.back() == L'x' || parameter.back() == L'X');
-    const auto value = number(relative ? parameter.substr(0, parameter.size() - 1) : parameter);
+    const auto value = decimal(relative ? parameter.substr(0, parameter.size() - 1) : parameter);
     if (!value || (relative && *value > kMaxFactor)) return;
     const double now = relative ? size * *value : *value;
     if (now >= kMinSize && now <= largest) size = now;
@@ -61,7 +60,7 @@ void setTracking(Format& format, const std::wstring& parameter) {
     setSize(format.tracking, parameter, kMaxFactor);
 }
 void setOblique(Format& format, const std::wstring& parameter) {
-    const auto degrees = number(parameter);
+    const auto degrees = decimal(parameter);
     if (degrees && std::abs(*degrees) <= kMaxObliqueDegrees) {
         format.font.obliqueAngle = *degrees * std::numbers::pi / 180.0;
     }
@@ -70,12 +69,12 @@ void setAlignment(Format& format, const std::wstring& parameter) {
     if (parameter.size() == 1 && parameter[0] >= L'0' && parameter[0] <= L'2') format.alignment = parameter[0] - L'0';
 }
 void setIndexColor(Format& format, const std::wstring& parameter) {
-    const auto index = number(parameter);
+    const auto index = decimal(parameter);
     if (index && *index >= 0.0 && *index <= 256.0) format.ink = {Ink::Kind::index, static_cast<int>(*index)};
 }
 /// One number of blue, green and red.
 void setTrueColor(Format& format, const std::wstring& parameter) {
-    const auto value = number(parameter);
+    const auto value = decimal(parameter);
     if (value && *value >= 0.0 && *value <= 0xFFFFFF) format.ink = {Ink::Kind::bgr, static_cast<int>(*value)};
 }
 
@@ -105,7 +104,7 @@ void setFontFile(Format& format, const std::wstring& parameter) {
 void setParagraphLength(double& length, const std::wstring& text) {
     if (text == L"*") {
         length = 0.0;
-    } else if (const auto value = number(text); value && std::abs(*value) < kMaxFactor) {
+    } else if (const auto value = decimal(text); value && std::abs(*value) < kMaxFactor) {
         length = *value;
     }
 }
@@ -119,7 +118,7 @@ void setParagraph(Format& format, const std::wstring& parameter) {
     for (const std::wstring& part : split(parameter.substr(parameter.starts_with(L'x') ? 1 : 0), L',')) {
         const wchar_t letter = part.empty() ? L'\0' : part[0];
         const std::wstring value = part.empty() ? L"" : part.substr(1);
-        const auto furtherTab = inTabs ? number(part) : std::nullopt;
+        const auto furtherTab = inTabs ? decimal(part) : std::nullopt;
         if (furtherTab) {
             paragraph.tabs.push_back(*furtherTab);
             continue;
@@ -135,7 +134,7 @@ void setParagraph(Format& format, const std::wstring& parameter) {
             paragraph.align = value.size() == 1 && std::wcschr(L"lcrjd", value[0]) != nullptr ? value[0] : L'\0';
         } else if (inTabs) {
             paragraph.tabs.clear();
-            if (const auto tab = number(value)) paragraph.tabs.push_back(*tab);
+            if (const auto tab = decimal(value)) paragraph.tabs.push_back(*tab);
         } else if (!part.empty()) {
             rest += (rest.empty() ? L"" : L",") + part;
         }

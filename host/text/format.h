@@ -61,6 +61,9 @@ struct Piece {
 /// read leaves its property as it is.
 std::vector<Piece> pieces(const std::wstring& contents, const Format& base);
 
+/// A blank that no line is broken at.
+constexpr wchar_t kHardBlank = 0x00A0;
+
 /// The text with codes that gives these pieces again. Codes for what differs from `base` stand in groups, so that
 /// pieces without formatting of their own are written plainly.
 std::wstring write(const std::vector<Piece>& pieces, const Format& base);

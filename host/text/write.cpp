@@ -11,8 +11,6 @@
 namespace kdhost::text {
 namespace {
 
-constexpr wchar_t kHardBlank = 0x00A0;
-
 /// With as few digits as `reads` takes for the number.
 template <class Reads>
 std::wstring shortest(double value, Reads&& reads) {

@@ -19,7 +19,7 @@ namespace {
 thread_local DWORD lastError = LAST_NO_ERROR;
 
 constexpr std::size_t kPrefixLength = 3;
-constexpr UINT kNumbers = 0x10000;
+constexpr UINT kFileNumbers = 0x10000;
 constexpr mode_t kOwnerOnly = 0600;
 
 UINT failed(DWORD code) {
@@ -30,7 +30,7 @@ UINT failed(DWORD code) {
 std::wstring nameOf(std::wstring folder, const std::wstring& prefix, UINT number) {
     if (!folder.empty() && folder.back() != L'/') folder += L'/';
     std::array<wchar_t, 16> tail{};
-    std::swprintf(tail.data(), tail.size(), L"%04X.tmp", number % kNumbers);
+    std::swprintf(tail.data(), tail.size(), L"%04X.tmp", number % kFileNumbers);
     return folder + prefix.substr(0, kPrefixLength) + tail.data();
 }
 
@@ -52,14 +52,14 @@ bool isFolder(const std::wstring& path) {
 UINT firstNumber() {
     const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
     return static_cast<UINT>(static_cast<std::uint64_t>(ticks) ^ (static_cast<std::uint64_t>(::getpid()) << 4U)) %
-           kNumbers;
+           kFileNumbers;
 }
 
 /// Makes the file of the first number that is free; 0 stands for a failure and is never a number.
 UINT takeNumber(const std::wstring& folder, const std::wstring& prefix) {
     const UINT first = firstNumber();
-    for (UINT step = 0; step < kNumbers; ++step) {
-        const UINT number = (first + step) % kNumbers;
+    for (UINT step = 0; step < kFileNumbers; ++step) {
+        const UINT number = (first + step) % kFileNumbers;
         if (number == 0) continue;
         switch (makeFile(nameOf(folder, prefix, number))) {
             case Made::Yes:
@@ -94,7 +94,7 @@ UINT GetTempFileNameW(const wchar_t* folder, const wchar_t* prefix, UINT unique,
     const std::wstring place = *folder == L'\0' ? L"." : folder;
     if (nameOf(place, start, 0).size() >= static_cast<std::size_t>(KD_MAX_PATH)) return failed(LAST_BUFFER_OVERFLOW);
     if (!isFolder(place)) return failed(LAST_PATH_NOT_FOUND);
-    UINT number = unique % kNumbers;
+    UINT number = unique % kFileNumbers;
     if (number == 0) number = takeNumber(place, start);
     if (number == 0) return 0;
     const std::wstring name = nameOf(place, start, number);
