@@ -118,19 +118,24 @@ Document* DocumentManager::documentOf(const KdDbDatabase* database) const {
     return found == m_documents.end() ? nullptr : found->get();
 }
 
+Document* DocumentManager::documentOfFile(const std::wstring& given) const {
+    const std::wstring path = wholePath(given);
+    const auto found = std::find_if(m_documents.begin(), m_documents.end(), [&](const auto& document) {
+        return document->hasFile() && document->fileName() == path;
+    });
+    return found == m_documents.end() ? nullptr : found->get();
+}
+
 Document& DocumentManager::openNew() {
     return enter(std::make_unique<Document>(L"Drawing" + std::to_wstring(++m_lastNumber)));
 }
 
 Kdad::ErrorStatus DocumentManager::openFile(const std::wstring& given) {
-    const std::wstring path = wholePath(given);
-    const auto known = std::find_if(m_documents.begin(), m_documents.end(), [&](const auto& document) {
-        return document->hasFile() && document->fileName() == path;
-    });
-    if (known != m_documents.end()) {
-        activate(**known);
+    if (Document* known = documentOfFile(given)) {
+        activate(*known);
         return Kdad::eOk;
     }
+    const std::wstring path = wholePath(given);
     auto database = std::make_unique<KdDbDatabase>(false);
     const Kdad::ErrorStatus status = database->readDwgFile(path.c_str());
     if (status != Kdad::eOk) return status;

@@ -83,6 +83,8 @@ public:
     bool holds(const KdApDocument* document) const;
     /// Null when no document has the database.
     Document* documentOf(const KdDbDatabase* database) const;
+    /// Null when no document has that file, by whatever way its path is told.
+    Document* documentOfFile(const std::wstring& path) const;
     /// The document whose data record modules are given: already the new one while the reactors are told
     /// that it is about to become active.
     Document* inContext() const { return m_context; }

@@ -20,6 +20,8 @@ constexpr Words kOpen{L"Open Drawing", L"打开图形"};
 constexpr Words kSaveAs{L"Save Drawing As", L"图形另存为"};
 constexpr Words kSaved{L"\nSaved: %1", L"\n已保存: %1"};
 
+constexpr Words kOpenElsewhere{L"%1: another open drawing has this file.", L"%1: 另一个打开的图形正在使用此文件。"};
+
 /// What the user reads of a status; the last one is for all others.
 struct Trouble {
     Kdad::ErrorStatus status;
@@ -62,14 +64,22 @@ DocumentManager& documents() {
     return Application::current()->documents();
 }
 
-bool save(Document& document, const std::wstring& path) {
+/// What went wrong, empty for nothing. Two drawings never have one file: the one would lose what the other saves.
+std::wstring troubleOfSaving(Document& document, const std::wstring& path) {
+    const Document* owner = documents().documentOfFile(path);
+    if (owner != nullptr && owner != &document) return kOpenElsewhere.with(path);
     const Kdad::ErrorStatus status = document.saveAs(path);
-    if (status == Kdad::eOk) {
+    return status == Kdad::eOk ? std::wstring() : troubleOf(status, path);
+}
+
+bool save(Document& document, const std::wstring& path) {
+    const std::wstring trouble = troubleOfSaving(document, path);
+    if (trouble.empty()) {
         commandLine().write(kSaved.with(path));
     } else {
-        commandLine().fail(troubleOf(status, path));
+        commandLine().fail(trouble);
     }
-    return status == Kdad::eOk;
+    return trouble.empty();
 }
 
 bool saveUnderNewName(Document& document) {
@@ -104,8 +114,7 @@ std::string openFile(DocumentManager& documents, const std::string& path) {
 }
 
 std::string saveFile(Document& document, const std::string& path) {
-    const Kdad::ErrorStatus status = document.saveAs(fromUtf8(path));
-    return status == Kdad::eOk ? std::string() : toUtf8(troubleOf(status, fromUtf8(path)));
+    return toUtf8(troubleOfSaving(document, fromUtf8(path)));
 }
 
 }  // namespace kdhost

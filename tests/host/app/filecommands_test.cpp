@@ -65,6 +65,22 @@ TEST_F(FileCommands, a_file_that_is_open_is_known_by_any_way_to_it) {
     EXPECT_EQ(host.documents().openFile(L""), Kdad::eInvalidInput);
 }
 
+TEST_F(FileCommands, no_drawing_is_saved_into_the_file_of_another_open_one) {
+    host.answerFileDialog(path(L"a.dxf"));
+    host.run(L"LINE 0,0 10,0 \nSAVEAS\nNEW\n");
+    host.answerFileDialog(path(L"gone/../a.dxf"));
+    host.run(L"SAVEAS\n");
+    EXPECT_EQ(host.failures(), (std::vector{path(L"gone/../a.dxf") + L": another open drawing has this file."}));
+    EXPECT_FALSE(host.document().hasFile());
+    KdDbDatabase kept(false, true);
+    ASSERT_EQ(kept.readDwgFile(path(L"a.dxf").c_str()), Kdad::eOk);
+    EXPECT_EQ(kdhost::entitiesOfCurrentSpace(kept).size(), 1U);
+    host.run(L"CLOSE 1\n");
+    host.answerFileDialog(path(L"a.dxf"));
+    host.run(L"SAVEAS\n");
+    EXPECT_EQ(host.document().fileName(), path(L"a.dxf")) << "with the other one closed it may";
+}
+
 TEST_F(FileCommands, a_drawing_is_changed_from_its_first_change_until_it_is_saved) {
     EXPECT_FALSE(host.document().isChanged()) << "a new one";
     host.run(L"LINE 0,0 10,0 \n");
