@@ -51,7 +51,7 @@ void PickFirst::set(std::vector<KdDbObjectId> ids) {
         if (!contains(m_picked, id)) tableForSelecting(id)->clearSubSelection();
     }
     for (KdDbObjectId id : m_picked) {
-        if (peek<KdDbTable>(id) != nullptr) m_currentTable = id;
+        if (peek<KdDbTable>(id) != nullptr) setCurrentTable(id);
     }
 }
 
@@ -69,7 +69,16 @@ void PickFirst::selectCells(KdDbObjectId id, const KdCellRange& cells) {
 }
 
 KdDbObjectId PickFirst::currentTable() const {
-    return peek<KdDbTable>(m_currentTable) != nullptr ? m_currentTable : KdDbObjectId::kNull;
+    const auto found = std::find_if(m_latestTables.rbegin(), m_latestTables.rend(),
+                                    [](KdDbObjectId id) { return peek<KdDbTable>(id) != nullptr; });
+    return found == m_latestTables.rend() ? KdDbObjectId() : *found;
+}
+
+void PickFirst::setCurrentTable(KdDbObjectId table) {
+    constexpr std::size_t kept = 16;
+    std::erase(m_latestTables, table);
+    if (m_latestTables.size() == kept) m_latestTables.erase(m_latestTables.begin());
+    m_latestTables.push_back(table);
 }
 
 namespace {

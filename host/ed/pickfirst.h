@@ -26,16 +26,16 @@ public:
     /// Selects cells, with their table as the sole object.
     void selectCells(KdDbObjectId table, const KdCellRange& cells);
 
-    /// The table that was selected or made last; null when it is gone.
+    /// The table that was selected or made last, of those that aren't erased; null when the latest are all gone.
     KdDbObjectId currentTable() const;
-    void setCurrentTable(KdDbObjectId table) { m_currentTable = table; }
+    void setCurrentTable(KdDbObjectId table);
 
 private:
     std::vector<KdDbObjectId> tablesWithSelectedCells() const;
 
     const KdDbDatabase& m_database;
     std::vector<KdDbObjectId> m_picked;
-    KdDbObjectId m_currentTable;
+    std::vector<KdDbObjectId> m_latestTables;  ///< the current one last
 };
 
 }  // namespace kdhost

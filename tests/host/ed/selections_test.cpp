@@ -327,6 +327,8 @@ TEST_F(Selections, the_table_made_or_selected_last_is_the_current_one) {
     click(115, 85);
     EXPECT_EQ(host.editor().pickFirst().currentTable(), first);
     kdhost::Opened<KdDbTable>(first, KdDb::kForWrite)->erase();
+    EXPECT_EQ(host.editor().pickFirst().currentTable(), second) << "the one before it is there still";
+    kdhost::Opened<KdDbTable>(second, KdDb::kForWrite)->erase();
     EXPECT_TRUE(host.editor().pickFirst().currentTable().isNull());
 }
 
