@@ -72,7 +72,7 @@ private:
             for (int axis = 0; axis < 3; ++axis) m_out.real(41 + axis, m_state.scale);
         }
         if (m_state.rotation != 0.0) m_out.angle(50, m_state.rotation);
-        if (m_state.normal != KdGeVector3d(0.0, 0.0, 1.0)) m_out.point(210, m_state.normal);
+        if (!isExactly(m_state.normal, KdGeVector3d(0.0, 0.0, 1.0))) m_out.point(210, m_state.normal);
     }
 
     bool isSuppressing() const { return m_state.titleSuppressed || m_state.headerSuppressed; }

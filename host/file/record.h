@@ -19,6 +19,15 @@ namespace kdhost::file {
 template <class T>
 concept Whole = std::integral<T> || std::is_enum_v<T>;
 
+/// To the last bit: vectors compare with a tolerance elsewhere, and a file keeps them as they are.
+template <class T>
+bool isExactly(const T& value, const T& other) {
+    return value == other;
+}
+inline bool isExactly(const KdGeVector3d& value, const KdGeVector3d& other) {
+    return value.x == other.x && value.y == other.y && value.z == other.z;
+}
+
 class RecordWriter {
 public:
     RecordWriter(SaveContext& context, const KdDbObject& object)
@@ -41,7 +50,7 @@ public:
     /// Left out when it is the standard one, which a reader takes then.
     template <class T>
     void value(int code, const T& value, const std::type_identity_t<T>& standard) {
-        if (value != standard) this->value(code, value);
+        if (!isExactly(value, standard)) this->value(code, value);
     }
     void angle(int code, double radians, double standard) {
         if (radians != standard) angle(code, radians);

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 #include <sstream>
 
 #include "host/db/access.h"
 #include "host/db/databasecontents.h"
 #include "host/db/symbolstate.h"
+#include "host/db/walk.h"
 #include "kd/db/dictionary.h"
 #include "kd/db/field.h"
 #include "kd/db/headervar.h"
@@ -122,6 +124,26 @@ TEST_F(DrawingFiles, a_table_comes_back) {
     EXPECT_STREQ(made->textString(0, 0), L"Title ^ \u4e2d\u6587\nsecond");
     EXPECT_EQ(made->backgroundColor(2, 2), KdCmColor::fromRgb(1, 2, 3));
     EXPECT_EQ(made->getMergeRange(3, 0), (KdCellRange{2, 0, 3, 0}));
+}
+
+TEST_F(DrawingFiles, a_normal_that_is_upward_but_for_the_last_bit_comes_back_as_it_was) {
+    KdDbDatabase database;
+    const KdGeVector3d normal(0.0, 0.0, std::nextafter(1.0, 0.0));
+    auto* table = new KdDbTable;
+    table->setTableStyle(database.tablestyle());
+    table->setSize(3, 2);
+    table->setNormal(normal);
+    kdtest::append(database, table);
+    auto* text = new KdDbMText;
+    text->setNormal(normal);
+    kdtest::append(database, text);
+    const auto again = savedAndOpened(database);
+    ASSERT_NE(again, nullptr);
+    for (const KdDbObjectId id : kdhost::entitiesOf(again->modelSpaceId())) {
+        const auto* read = kdhost::peek<KdDbTable>(id);
+        const double z = read != nullptr ? read->normal().z : kdhost::peek<KdDbMText>(id)->normal().z;
+        EXPECT_EQ(z, normal.z);
+    }
 }
 
 TEST_F(DrawingFiles, a_table_travels_through_a_temporary_drawing_into_another_one) {
