@@ -106,8 +106,12 @@ std::vector<int> enabledRows(const QComboBox& combo) {
 }
 
 std::wstring selectRow(Random& random, const Stand&, QWidget& control) {
-    const std::vector<int> rows = enabledRows(static_cast<QComboBox&>(control));
-    return L"@select " + nameOf(control) + L" #" + std::to_wstring(random.oneOf(rows));
+    return rowOf(random, control);
+}
+
+/// What the box of the toolbar shows follows when it is opened.
+std::wstring openBox(Random&, const Stand&, QWidget& control) {
+    return L"@drop " + nameOf(control);
 }
 
 std::wstring selectPage(Random& random, const Stand&, QWidget& control) {
@@ -136,6 +140,10 @@ bool isFilledCombo(const QWidget& control) {
     return combo != nullptr && !enabledRows(*combo).empty();
 }
 
+bool isBoxOfCellStyles(const QWidget& control) {
+    return control.objectName() == QLatin1String("IDC_TABLEDIT_CELLSTYLECOMBO") && isFilledCombo(control);
+}
+
 bool isFilledList(const QWidget& control) {
     const auto* view = qobject_cast<const QAbstractItemView*>(&control);
     return view != nullptr && view->model() != nullptr && view->model()->rowCount() > 0;
@@ -148,9 +156,9 @@ struct Kind {
 
 /// The first row that fits counts.
 constexpr std::array kinds = {
-    Kind{isEditable, setEdit},        Kind{is<QAbstractSpinBox>, setEdit}, Kind{isFilledCombo, selectRow},
-    Kind{is<QCheckBox>, setMark},     Kind{is<QRadioButton>, click},       Kind{is<QPushButton>, press},
-    Kind{is<QTabWidget>, selectPage}, Kind{isFilledList, useRow},
+    Kind{isEditable, setEdit},      Kind{is<QAbstractSpinBox>, setEdit}, Kind{isBoxOfCellStyles, openBox},
+    Kind{isFilledCombo, selectRow}, Kind{is<QCheckBox>, setMark},        Kind{is<QRadioButton>, click},
+    Kind{is<QPushButton>, press},   Kind{is<QTabWidget>, selectPage},    Kind{isFilledList, useRow},
 };
 
 const Kind* kindOf(const QWidget& control) {
@@ -176,6 +184,11 @@ std::vector<QWidget*> usableControls(QWidget& window) {
 
 std::wstring useOf(Random& random, const Stand& stand, QWidget& control) {
     return kindOf(control)->use(random, stand, control);
+}
+
+std::wstring rowOf(Random& random, QWidget& box) {
+    const std::vector<int> rows = enabledRows(static_cast<QComboBox&>(box));
+    return L"@select " + nameOf(box) + L" #" + std::to_wstring(random.oneOf(rows));
 }
 
 bool mayBeRefused(const std::wstring& line) {

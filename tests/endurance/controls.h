@@ -18,6 +18,9 @@ std::vector<QWidget*> usableControls(QWidget& window);
 /// The line of a script that uses the control.
 std::wstring useOf(Random& random, const Stand& stand, QWidget& control);
 
+/// The line that chooses a row of an open box.
+std::wstring rowOf(Random& random, QWidget& box);
+
 /// Whether the line gives an edit a value that it may refuse; the next line then has to be `remedyOf` the edit, since
 /// it keeps the focus.
 bool mayBeRefused(const std::wstring& line);

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QFileDialog>
 #include <QMenu>
@@ -59,8 +60,11 @@ std::wstring chooseItem(Asked asked) {
     return growsTables(chosen) && asked.random.chance(50) ? L"@menu CANCEL" : L"@menu " + chosen;
 }
 
-std::wstring leaveList(Asked) {
-    return L"@key ESC";
+std::wstring chooseRow(Asked asked) {
+    auto* box = qobject_cast<QComboBox*>(asked.window.parentWidget());
+    // A row that opens its box again does so each time it is chosen.
+    const bool leaves = box == nullptr || box->count() == 0 || asked.random.chance(15) || ++asked.visit.triesToEnd > 3;
+    return leaves ? L"@key ESC" : rowOf(asked.random, *box);
 }
 
 // The editor in the cell.
@@ -220,7 +224,7 @@ bool isAny(const QWidget&) {
 
 /// The first row that fits counts.
 constexpr std::array habits = {
-    Habit{is<QMenu>, chooseItem},      Habit{isPopup, leaveList},          Habit{isEditor, editCell},
+    Habit{is<QMenu>, chooseItem},      Habit{isPopup, chooseRow},          Habit{isEditor, editCell},
     Habit{is<QMessageBox>, answerBox}, Habit{is<QFileDialog>, chooseFile}, Habit{isColorDialog, chooseColor},
     Habit{isAny, useDialog},
 };

@@ -39,7 +39,9 @@ Lines editByCommand(Random&, const Stand&) {
 }
 
 Lines doubleClick(Random& random, const Stand& stand) {
-    return {command(L"@doubleclick " + placeIn(random, someTable(random, stand)))};
+    // Where something else lies above the cell it can't be edited.
+    const auto place = clearPlaceIn(random, stand, someTable(random, stand));
+    return {command(place ? L"@doubleclick " + *place : L"@cells none")};
 }
 
 Lines click(Random& random, const Stand& stand) {
