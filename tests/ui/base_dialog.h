@@ -28,7 +28,7 @@ public:
     }
 
     /// Shown without a loop of its own, with the focus in it.
-    void open() {
+    void open() override {
         show();
         QApplication::setActiveWindow(this);
         QApplication::processEvents();
