@@ -10,6 +10,7 @@
 
 #include "host/app/cellreference.h"
 #include "host/app/cells/cellactions.h"
+#include "host/app/cells/cellmouse.h"
 #include "host/app/cells/indicators.h"
 #include "host/app/script.h"
 #include "host/db/access.h"
@@ -37,6 +38,28 @@ std::wstring pick(Editor& editor, const std::wstring& arguments) {
     if (!point) return L"@pick takes X,Y or +X,Y.";
     if (!takesPicks(editor.promptKind())) return L"the prompt takes no pick.";
     editor.input().put(add ? InputItem::Kind::AddPick : InputItem::Kind::Pick, *point);
+    return {};
+}
+
+namespace {
+
+ViewPoint viewPointAt(const Editor& editor, const KdGePoint3d& world) {
+    const View& view = editor.view();
+    return {world, view.shown().toPixels(world), view.unitsPerPixel(), Qt::NoModifier, Qt::LeftButton};
+}
+
+}  // namespace
+
+std::wstring drag(Editor& editor, const std::wstring& arguments) {
+    const Split split = splitFirst(arguments);
+    const auto from = parsePoint(split.first, {});
+    const auto to = parsePoint(split.rest, {});
+    if (!from || !to) return L"@drag takes X,Y X,Y.";
+    if (!isIdle(editor) && editor.promptKind() != PromptKind::Cells) return L"the prompt takes no drag.";
+    CellMouse mouse;
+    mouse.press(viewPointAt(editor, *from));
+    mouse.move(viewPointAt(editor, *to));
+    mouse.release(viewPointAt(editor, *to));
     return {};
 }
 

@@ -12,6 +12,8 @@ namespace promptactions {
 
 /// "X,Y", or "+X,Y" to add to what is selected.
 std::wstring pick(Editor& editor, const std::wstring& arguments);
+/// "X,Y X,Y": the left button held from one place to the other, on a grip, an indicator or cells as in the window.
+std::wstring drag(Editor& editor, const std::wstring& arguments);
 /// Moves the cursor to X,Y while something follows it.
 std::wstring move(Editor& editor, const std::wstring& arguments);
 /// Cells of the current table, or "#N" and cells of the table at that place of the dump; "none" for none.

@@ -108,6 +108,7 @@ constexpr Action kActions[] = {
     {L"context", contextAtPrompt, onControl<automation::context>},
     {L"document", promptactions::document, nullptr},
     {L"doubleclick", doubleClickAtPrompt, onControl<automation::doubleClick>},
+    {L"drag", promptactions::drag, nullptr},
     {L"drop", nullptr, automation::drop},
     {L"edit", anywhere<editCell>, editCell},
     {L"expect", expectAtPrompt, expectInWindow},

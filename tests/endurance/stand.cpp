@@ -165,23 +165,24 @@ KdGePoint3d pointIn(Random& random, const KdDbTable& table) {
     return corners[0] + (corners[3] - corners[0]) * (random.between(2, 8) / 10.0);
 }
 
-std::wstring textOf(const KdGePoint3d& place) {
+}  // namespace
+
+std::wstring placeText(const KdGePoint3d& place) {
     wchar_t text[80];
     std::swprintf(text, std::size(text), L"%.6f,%.6f", place.x, place.y);
     return text;
 }
 
-}  // namespace
-
 std::wstring placeIn(Random& random, const KdDbTable& table) {
-    return textOf(pointIn(random, table));
+    return placeText(pointIn(random, table));
 }
 
 std::optional<std::wstring> clearPlaceIn(Random& random, const Stand& stand, const KdDbTable& table) {
     for (int tries = 0; tries < 5; ++tries) {
         const KdGePoint3d place = pointIn(random, table);
         const std::vector<KdDbObjectId> hit = kdhost::pickAt(stand.editor(), place);
-        if (!hit.empty() && hit.front() == table.objectId()) return textOf(place);
+        const auto cell = kdhost::cellAt(stand.editor(), place);
+        if (cell && cell->table == table.objectId() && hit.front() == table.objectId()) return placeText(place);
     }
     return std::nullopt;
 }

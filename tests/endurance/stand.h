@@ -64,6 +64,8 @@ std::wstring columnName(int column);
 std::wstring placeIn(Random& random, const KdDbTable& table);
 /// The same, where nothing else lies above the table; none when no such place was found.
 std::optional<std::wstring> clearPlaceIn(Random& random, const Stand& stand, const KdDbTable& table);
+/// "X,Y".
+std::wstring placeText(const KdGePoint3d& place);
 /// A place anywhere on the sheet.
 std::wstring somePlace(Random& random);
 

@@ -1,5 +1,7 @@
 // Cells by mouse and keys: selecting, walking, emptying, and the editor in the cell.
 
+#include "host/app/cells/cellactions.h"
+#include "host/app/cells/grips.h"
 #include "kd/db/table.h"
 #include "tests/endurance/road.h"
 
@@ -63,6 +65,33 @@ Lines editByWord(Random& random, const Stand&) {
     return {command(L"TABLEDIT"), text(random.oneOf(words))};
 }
 
+/// The grips that can be dragged now.
+std::vector<KdGePoint3d> gripPlaces(const Stand& stand) {
+    const KdDbObjectId table = kdhost::soleTable(stand.editor());
+    std::vector<KdGePoint3d> places;
+    if (table.isNull()) return places;
+    for (const kdhost::Grip& grip : kdhost::gripsOf(table, stand.editor().view().shown())) {
+        if (grip.kind != kdhost::Grip::Kind::Show) places.push_back(grip.place);
+    }
+    return places;
+}
+
+bool hasGrips(const Stand& stand) {
+    return !gripPlaces(stand).empty();
+}
+
+Lines dragGrip(Random& random, const Stand& stand) {
+    const KdGePoint3d from = random.oneOf(gripPlaces(stand));
+    const KdGePoint3d to = from + KdGeVector3d(random.between(-40, 60), random.between(-60, 40), 0.0);
+    return {command(L"@drag " + placeText(from) + L" " + placeText(to))};
+}
+
+Lines dragCells(Random& random, const Stand& stand) {
+    const KdDbTable& table = someTable(random, stand);
+    const std::wstring from = placeIn(random, table);
+    return {command(L"@drag " + from + L" " + placeIn(random, table))};
+}
+
 constexpr Action actions[] = {
     {"select", 110, hasTable, select},
     {"selectNothing", 15, nullptr, selectNothing},
@@ -75,6 +104,8 @@ constexpr Action actions[] = {
     {"doubleClick", 20, hasTable, doubleClick},
     {"click", 30, hasTable, click},
     {"clickMore", 8, hasTable, clickMore},
+    {"drag a grip", 25, hasGrips, dragGrip},
+    {"drag over cells", 20, hasTable, dragCells},
     {"clickAnywhere", 6, nullptr, clickAnywhere},
 };
 
