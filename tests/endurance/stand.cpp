@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <algorithm>
+#include <cmath>
 #include <cwchar>
 #include <iterator>
 #include <memory>
@@ -177,9 +178,18 @@ std::wstring placeIn(Random& random, const KdDbTable& table) {
     return placeText(pointIn(random, table));
 }
 
+namespace {
+
+/// A script's line has six digits of it, which tell in a table that a window without width has made.
+KdGePoint3d asWritten(const KdGePoint3d& place) {
+    return {std::round(place.x * 1e6) / 1e6, std::round(place.y * 1e6) / 1e6, 0.0};
+}
+
+}  // namespace
+
 std::optional<std::wstring> clearPlaceIn(Random& random, const Stand& stand, const KdDbTable& table) {
     for (int tries = 0; tries < 5; ++tries) {
-        const KdGePoint3d place = pointIn(random, table);
+        const KdGePoint3d place = asWritten(pointIn(random, table));
         const std::vector<KdDbObjectId> hit = kdhost::pickAt(stand.editor(), place);
         const auto cell = kdhost::cellAt(stand.editor(), place);
         if (cell && cell->table == table.objectId() && hit.front() == table.objectId()) return placeText(place);
