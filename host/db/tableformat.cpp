@@ -36,8 +36,9 @@ const T& read(const KdDbTable& table, int row, int column, const FormatProperty<
 template <class T>
 void override(KdDbTable& table, int row, int column, const FormatProperty<T>& which, const T& value) {
     OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
-    changeCells(table, row, column, formatEditable,
-                [&](TableState& state, int r, int c) { memo.set(state.rows.writeCell(r, c), which, value); });
+    changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
+        memo.set(state.rows.writeCell(r, c), Override{which, value});
+    });
 }
 
 /// The same for what a text is measured by: the cell's row grows as it does when a text is written.
@@ -45,7 +46,7 @@ template <class T>
 void overrideSize(KdDbTable& table, int row, int column, const FormatProperty<T>& which, const T& value) {
     OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
     changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
-        memo.set(state.rows.writeCell(r, c), which, value);
+        memo.set(state.rows.writeCell(r, c), Override{which, value});
         noteGrowth(state, r, c);
     });
 }
@@ -121,9 +122,8 @@ void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, Kd
 void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {
     OverrideMemo& memo = KdDbTableAccess::transient(*this).overrideMemo;
     changeCells(*this, row, column, formatEditable, [&](TableState& state, int r, int c) {
-        Cell& cell = state.rows.writeCell(r, c);
-        memo.set(cell, property::dataType, dataType);
-        memo.set(cell, property::unitType, unitType);
+        memo.set(state.rows.writeCell(r, c), Override{property::dataType, dataType},
+                 Override{property::unitType, unitType});
     });
 }
 

@@ -91,13 +91,13 @@ void override(KdDbTable& table, int row, int column, KdDb::GridLineType edges, c
     changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
         for (int edge = 0; edge < kEdgeCount; ++edge) {
             if ((edges & kEdges[static_cast<std::size_t>(edge)]) == 0) continue;
-            memo.set(state.rows.writeCell(r, c), part.at(edge), value);
+            memo.set(state.rows.writeCell(r, c), Override{part.at(edge), value});
             const Side* side = sideOf(edge);
             if (side == nullptr) continue;
             const KdCellRange neighbours = neighboursOf(state, r, c, *side);
             for (int nr = neighbours.m_topRow; nr <= neighbours.m_bottomRow; ++nr) {
                 for (int nc = neighbours.m_leftColumn; nc <= neighbours.m_rightColumn; ++nc) {
-                    memo.set(state.rows.writeCell(nr, nc), part.at(side->opposite), value);
+                    memo.set(state.rows.writeCell(nr, nc), Override{part.at(side->opposite), value});
                 }
             }
         }

@@ -8,33 +8,48 @@
 
 namespace kdhost {
 
+/// A property and the value that a cell is to override it with.
+template <class T>
+struct Override {
+    const FormatProperty<T>& which;
+    const T& value;
+
+    bool isMadeIn(const Cell& cell) const {
+        const T* own = cell.ownValue(which);
+        return own != nullptr && *own == value;
+    }
+    bool isMadeIn(const FormatOverrides& overrides) const { return which.in(overrides.format) == value; }
+    void makeIn(FormatOverrides& overrides) const {
+        overrides.own |= which.bit;
+        which.in(overrides.format) = value;
+    }
+};
+
 /// The last changes of overrides: which record became which under what change.
 class OverrideMemo {
 public:
-    template <class T>
-    void set(Cell& cell, const FormatProperty<T>& which, const T& value) {
-        if (const T* own = cell.ownValue(which); own != nullptr && *own == value) return;
+    /// Makes one or more overrides in a cell at once.
+    template <class... T>
+    void set(Cell& cell, const Override<T>&... made) {
+        if ((made.isMadeIn(cell) && ...)) return;
+        const FormatBits bits = (made.which.bit | ...);
         for (const Step& step : m_steps) {
-            const bool same =
-                step.bit == which.bit && step.before.shares(cell.overrides) && which.in(step.after->format) == value;
-            if (same) {
+            if (step.bits == bits && step.before.shares(cell.overrides) && (made.isMadeIn(*step.after) && ...)) {
                 cell.overrides = step.after;
                 return;
             }
         }
         Step& step = m_steps[m_next];
         m_next = (m_next + 1) % m_steps.size();
-        step.bit = which.bit;
+        step.bits = bits;
         step.before = cell.overrides;
-        FormatOverrides& overrides = cell.overrides.write();
-        overrides.own |= which.bit;
-        which.in(overrides.format) = value;
+        (made.makeIn(cell.overrides.write()), ...);
         step.after = cell.overrides;
     }
 
 private:
     struct Step {
-        FormatBits bit = 0;  ///< 0: never used
+        FormatBits bits = 0;  ///< 0: never used
         CopyOnWrite<FormatOverrides> before;
         CopyOnWrite<FormatOverrides> after;
     };

@@ -185,7 +185,7 @@ void scaleSizes(TableState& state, OverrideMemo& memo, double factor) {
         state.rows.setHeight(row, state.rows[row].height * factor);
         for (Cell& cell : state.rows.write(row).cells) {
             for (const auto& size : {property::textHeight, property::marginHorz, property::marginVert}) {
-                memo.set(cell, size, effective(state, &cell, size) * factor);
+                memo.set(cell, Override{size, effective(state, &cell, size) * factor});
             }
             if (cell.objects) cell.objects.write().blockScale *= factor;
         }

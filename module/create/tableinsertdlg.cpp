@@ -10,10 +10,10 @@
 #include "kd/db/database.h"
 #include "kd/db/dictionary.h"
 #include "kd/ui/hostdialogs.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
 #include "module/create/tableinsertdlgcontrols.h"
 #include "module/create/tablejig.h"
-#include "module/style/controls/wiring.h"
 
 using namespace insertdlg;
 

@@ -19,8 +19,8 @@
 #include "kd/ui/comboboxes.h"
 #include "mfc/controls.h"
 #include "mfc/geometry.h"
+#include "module/controls/bitmapbutton.h"
 #include "module/preview/previewstatic.h"
-#include "module/style/controls/bitmapbutton.h"
 
 class CVqTableJig;
 class KdDbDatabase;

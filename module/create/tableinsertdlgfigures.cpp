@@ -5,11 +5,11 @@
 
 #include "kd/db/database.h"
 #include "kd/ui/widgets.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
 #include "module/core/ssicmp.h"
 #include "module/create/tableinsertdlg.h"
 #include "module/create/tableinsertdlgcontrols.h"
-#include "module/style/controls/wiring.h"
 #include "module/valuetext/tableutils.h"
 #include "win32/widenumbers.h"
 

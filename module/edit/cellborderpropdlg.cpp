@@ -3,10 +3,10 @@
 #include "module/edit/cellborderpropdlg.h"
 
 #include "kd/db/table.h"
+#include "module/controls/lengthedit.h"
 #include "module/core/cellwalk.h"
 #include "module/core/openobject.h"
 #include "module/preview/tablecellfromtable.h"
-#include "module/style/controls/lengthedit.h"
 #include "module/style/lineweightsshown.h"
 #include "win32/widenumbers.h"
 

@@ -11,8 +11,8 @@
 #include <memory>
 
 #include "kd/db/cellrange.h"
+#include "module/controls/picturebuttons.h"
 #include "module/preview/previewstatic.h"
-#include "module/style/controls/picturebuttons.h"
 #include "module/style/edgelooks.h"
 
 class CVqTableCellFromTable;

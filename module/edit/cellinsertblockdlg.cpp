@@ -4,10 +4,10 @@
 
 #include <utility>
 
+#include "module/controls/comboboxes.h"
+#include "module/controls/wiring.h"
 #include "module/core/tablecommon.h"
 #include "module/exchange/tableexport.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/wiring.h"
 #include "module/valuetext/tableutils.h"
 #include "win32/widenumbers.h"
 

@@ -10,10 +10,10 @@
 #include "kd/ui/hostdialogs.h"
 #include "mfc/controls.h"
 #include "mfc/filedialog.h"
+#include "module/controls/comboboxes.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
 #include "module/exchange/readingprogress.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/wiring.h"
 #include "tvx/exports.h"
 
 namespace {

@@ -4,9 +4,9 @@
 
 #include "kd/db/database.h"
 #include "kd/db/tablestyle.h"
+#include "module/controls/comboboxes.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include <array>
 
+#include "module/controls/picturebuttons.h"
 #include "module/style/cellstylepage.h"
-#include "module/style/controls/picturebuttons.h"
 #include "module/style/edgelooks.h"
 
 class CVqTableCellStyleBorderDlg : public CVqTableCellStylePage {

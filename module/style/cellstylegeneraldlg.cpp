@@ -4,10 +4,10 @@
 
 #include "kd/db/tablestyle.h"
 #include "kd/ui/hostdialogs.h"
+#include "module/controls/comboboxes.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The first page of the style edit dialog: fill, alignment, class, data format, margins and merging of a cell style.
 #pragma once
 
+#include "module/controls/tablecolorcombobox.h"
 #include "module/style/cellstylepage.h"
-#include "module/style/controls/tablecolorcombobox.h"
 
 class CVqTableCellStyleGeneralDlg : public CVqTableCellStylePage {
 public:

@@ -11,7 +11,7 @@
 #include "kd/db/objectid.h"
 #include "kd/ui/basedialog.h"
 #include "mfc/controls.h"
-#include "module/style/controls/lengthedit.h"
+#include "module/controls/lengthedit.h"
 
 class CVqTableStyleEditDlg;
 class KdDbDatabase;

@@ -9,9 +9,9 @@
 #include "kd/db/symboltable.h"
 #include "kd/db/tablestyle.h"
 #include "kd/ui/hostdialogs.h"
+#include "module/controls/comboboxes.h"
+#include "module/controls/wiring.h"
 #include "module/core/openobject.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/wiring.h"
 #include "module/valuetext/tableutils.h"
 
 namespace {

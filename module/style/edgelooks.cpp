@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "module/style/controls/comboboxes.h"
+#include "module/controls/comboboxes.h"
 
 namespace {
 

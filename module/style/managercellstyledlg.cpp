@@ -5,14 +5,14 @@
 #include <algorithm>
 
 #include "kd/db/tablestyle.h"
+#include "module/controls/stylelist.h"
+#include "module/controls/wiring.h"
 #include "module/core/cellstylewalk.h"
 #include "module/core/resources.h"
 #include "module/core/ssicmp.h"
 #include "module/core/tablecommon.h"
 #include "module/core/transactions.h"
 #include "module/preview/tablecellfromtablestyle.h"
-#include "module/style/controls/stylelist.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

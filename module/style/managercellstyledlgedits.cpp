@@ -3,11 +3,11 @@
 // then.
 
 #include "kd/db/tablestyle.h"
+#include "module/controls/stylelist.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/preview/tablecellfromtablestyle.h"
-#include "module/style/controls/stylelist.h"
-#include "module/style/controls/wiring.h"
 #include "module/style/createcellstyledlg.h"
 #include "module/style/managercellstyledlg.h"
 

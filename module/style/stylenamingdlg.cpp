@@ -3,9 +3,9 @@
 #include "module/style/stylenamingdlg.h"
 
 #include "kd/ui/hostdialogs.h"
+#include "module/controls/wiring.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 #include "kd/ui/hostdialogs.h"
+#include "module/controls/wiring.h"
 #include "module/core/drawingwalk.h"
 #include "module/core/openobject.h"
 #include "module/core/tablestyles.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

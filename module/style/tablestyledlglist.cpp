@@ -8,13 +8,13 @@
 #include "kd/db/dictionary.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
+#include "module/controls/stylelist.h"
+#include "module/controls/wiring.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/ssicmp.h"
 #include "module/core/tablecommon.h"
 #include "module/core/tablestyles.h"
-#include "module/style/controls/stylelist.h"
-#include "module/style/controls/wiring.h"
 #include "module/style/tablestyledlg.h"
 
 namespace {

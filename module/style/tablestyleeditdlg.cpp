@@ -7,10 +7,10 @@
 #include "kd/db/database.h"
 #include "kd/db/tablestyle.h"
 #include "kd/ui/hostdialogs.h"
+#include "module/controls/wiring.h"
 #include "module/core/cellstylewalk.h"
 #include "module/core/tablecommon.h"
 #include "module/core/transactions.h"
-#include "module/style/controls/wiring.h"
 #include "module/style/textnaming.h"
 
 namespace {

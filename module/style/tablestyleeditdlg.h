@@ -14,14 +14,14 @@
 #include "kd/ui/comboboxes.h"
 #include "mfc/collections.h"
 #include "mfc/controls.h"
+#include "module/controls/bitmapbutton.h"
+#include "module/controls/comboboxes.h"
+#include "module/controls/tabsheet.h"
 #include "module/preview/previewstatic.h"
 #include "module/preview/tablecellfromtablestyle.h"
 #include "module/style/cellstyleborderdlg.h"
 #include "module/style/cellstylegeneraldlg.h"
 #include "module/style/cellstyletextdlg.h"
-#include "module/style/controls/bitmapbutton.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/tabsheet.h"
 
 class KdDbTransaction;
 

@@ -116,9 +116,8 @@ std::vector<Scenario> contextMenuScenarios() {
                        kTable.ready, std::string(kTable.context) + "@menu IDR_TABLESTYLE_REMOVEOVERRIDES\n"};
     all.push_back(std::move(overrides));
     all.push_back({"menu_of_cells_unmerge",
-                   std::string(kTables) + ""
-                                          "@cells #0 B2:C2\n@context B2\n@menu IDR_MERGE_ALL\n",
-                   "@cells #0 B2\n", "@context B2\n@menu IDR_TABLECELL_UNMERGE\n"});
+                   std::string(kTables) + "@cells #0 B2:C2\n@context B2\n@menu IDR_MERGE_ALL\n", "@cells #0 B2\n",
+                   "@context B2\n@menu IDR_TABLECELL_UNMERGE\n"});
     return all;
 }
 

@@ -69,6 +69,12 @@ Function* next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
+/// What the call of that name returns with these arguments, or the cause of failure where it is struck.
+template <class... Arguments>
+int unlessStruck(bool isWatched, int cause, const char* name, Arguments... arguments) {
+    return isWatched && strikes() ? refuse(cause) : next<int(Arguments...)>(name)(arguments...);
+}
+
 template <class Open>
 int opened(const char* path, int flags, mode_t mode, Open* open) {
     if (!isWatched(path)) return open(path, flags, mode);
@@ -181,38 +187,31 @@ KD_EXPORTED int close(int file) {
 }
 
 KD_EXPORTED int fsync(int file) {
-    static auto* const settle = next<int(int)>("fsync");
-    return isWatched(file) && strikes() ? refuse(EIO) : settle(file);
+    return unlessStruck(isWatched(file), EIO, "fsync", file);
 }
 
 KD_EXPORTED int fdatasync(int file) {
-    static auto* const settle = next<int(int)>("fdatasync");
-    return isWatched(file) && strikes() ? refuse(EIO) : settle(file);
+    return unlessStruck(isWatched(file), EIO, "fdatasync", file);
 }
 
 KD_EXPORTED int fchmod(int file, mode_t mode) noexcept {
-    static auto* const change = next<int(int, mode_t)>("fchmod");
-    return isWatched(file) && strikes() ? refuse(EPERM) : change(file, mode);
+    return unlessStruck(isWatched(file), EPERM, "fchmod", file, mode);
 }
 
 KD_EXPORTED int rename(const char* from, const char* to) noexcept {
-    static auto* const move = next<int(const char*, const char*)>("rename");
-    return isWatched(to) && strikes() ? refuse(EACCES) : move(from, to);
+    return unlessStruck(isWatched(to), EACCES, "rename", from, to);
 }
 
 KD_EXPORTED int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
-    static auto* const move = next<int(int, const char*, int, const char*, unsigned)>("renameat2");
-    return isWatched(to) && strikes() ? refuse(EACCES) : move(fromFolder, from, toFolder, to, flags);
+    return unlessStruck(isWatched(to), EACCES, "renameat2", fromFolder, from, toFolder, to, flags);
 }
 
 KD_EXPORTED int link(const char* from, const char* to) noexcept {
-    static auto* const join = next<int(const char*, const char*)>("link");
-    return isWatched(to) && strikes() ? refuse(EPERM) : join(from, to);
+    return unlessStruck(isWatched(to), EPERM, "link", from, to);
 }
 
 KD_EXPORTED int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
-    static auto* const join = next<int(int, const char*, int, const char*, int)>("linkat");
-    return isWatched(to) && strikes() ? refuse(EPERM) : join(fromFolder, from, toFolder, to, flags);
+    return unlessStruck(isWatched(to), EPERM, "linkat", fromFolder, from, toFolder, to, flags);
 }
 
 }  // extern "C"

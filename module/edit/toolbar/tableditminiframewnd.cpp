@@ -10,10 +10,10 @@
 #include "kd/ad/appinterface.h"
 #include "kd/ad/mainapp.h"
 #include "kd/db/table.h"
+#include "module/controls/wiring.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/edit/tableditmenu.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

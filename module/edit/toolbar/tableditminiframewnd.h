@@ -18,11 +18,11 @@
 #include "kd/rx/kdstring.h"
 #include "kd/ui/basedialog.h"
 #include "mfc/collections.h"
+#include "module/controls/comboboxes.h"
+#include "module/controls/tablecolorcombobox.h"
 #include "module/edit/tabletoolbar.h"
 #include "module/edit/toolbar/tableobjectreactor.h"
 #include "module/edit/toolbar/toolbartable.h"
-#include "module/style/controls/comboboxes.h"
-#include "module/style/controls/tablecolorcombobox.h"
 
 class KdCmColor;
 class KdDbTable;

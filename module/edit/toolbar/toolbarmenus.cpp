@@ -5,12 +5,12 @@
 
 #include "kd/ad/appinterface.h"
 #include "kd/db/table.h"
+#include "module/controls/wiring.h"
 #include "module/core/openobject.h"
 #include "module/core/resources.h"
 #include "module/core/tablecommon.h"
 #include "module/edit/tableditmenu.h"
 #include "module/edit/toolbar/tableditminiframewnd.h"
-#include "module/style/controls/wiring.h"
 
 namespace {
 

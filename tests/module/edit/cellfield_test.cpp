@@ -16,6 +16,16 @@
 namespace kdtest {
 namespace {
 
+/// Gives a field that code, over one child of the inner one.
+void setCodeOver(KdDbField& field, const std::wstring& code, const wchar_t* inner) {
+    auto* inside = new KdDbField;
+    inside->setFieldCode(inner);
+    KdArray<KdDbField*> children;
+    children.append(inside);
+    field.setFieldCode(code.c_str(), KdDbField::kFieldCode, &children);
+    inside->close();
+}
+
 class CellFields : public CommandRun {
 protected:
     Typist typist;
@@ -49,12 +59,7 @@ protected:
         const OpenObject<KdDbField> field(id, KdDb::kForRead);
         KdDbField* expression = nullptr;
         EXPECT_EQ(field->getChild(0, expression, KdDb::kForWrite), Kdad::eOk);
-        auto* inside = new KdDbField;
-        inside->setFieldCode(L"\\AcExpr (A1+1)");
-        KdArray<KdDbField*> children;
-        children.append(inside);
-        expression->setFieldCode((L"\\AcExpr (%<\\_FldIdx 0>%*2)" + tail).c_str(), KdDbField::kFieldCode, &children);
-        inside->close();
+        setCodeOver(*expression, L"\\AcExpr (%<\\_FldIdx 0>%*2)" + tail, L"\\AcExpr (A1+1)");
         expression->close();
         return id;
     }
@@ -158,12 +163,7 @@ TEST_F(CellFields, an_expression_below_a_child_that_is_none_leaves_the_cell_a_te
         const OpenObject<KdDbField> field(id, KdDb::kForRead);
         KdDbField* child = nullptr;
         ASSERT_EQ(field->getChild(0, child, KdDb::kForWrite), Kdad::eOk);
-        auto* inside = new KdDbField;
-        inside->setFieldCode(L"\\AcExpr (A1)");
-        KdArray<KdDbField*> children;
-        children.append(inside);
-        child->setFieldCode(L"sum %<\\_FldIdx 0>%", KdDbField::kFieldCode, &children);
-        inside->close();
+        setCodeOver(*child, L"sum %<\\_FldIdx 0>%", L"\\AcExpr (A1)");
         child->close();
     }
     ASSERT_EQ(code(id), L"sum \\AcExpr (A1)");

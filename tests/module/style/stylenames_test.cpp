@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "kd/ui/basedialog.h"
+#include "module/controls/dlgctrlstrans.h"
 #include "module/core/tablecommon.h"
-#include "module/style/controls/dlgctrlstrans.h"
 
 namespace kdtest {
 namespace {
