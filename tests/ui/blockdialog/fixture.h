@@ -57,11 +57,7 @@ protected:
     }
     /// Types into an edit and leaves it by Tab.
     static void enter(QWidget& dialog, const char* name, const char* text) {
-        auto& edit = in<QLineEdit>(dialog, name);
-        edit.setFocus();
-        edit.selectAll();
-        pressKey(Qt::Key_Delete);
-        typeText(QString::fromUtf8(text));
+        retype(in<QLineEdit>(dialog, name), QString::fromUtf8(text));
         pressKey(Qt::Key_Tab);
         EXPECT_NE(focusName(), name) << "nothing keeps the focus";
     }

@@ -107,11 +107,7 @@ protected:
     }
     /// Types into the spacing edit; the focus stays there.
     static void typeSpacing(QWidget& dialog, const char* text) {
-        auto& edit = control<QLineEdit>(dialog, kBorderSpacing);
-        edit.setFocus();
-        edit.selectAll();
-        pressKey(Qt::Key_Delete);
-        typeText(QString::fromUtf8(text));
+        retype(control<QLineEdit>(dialog, kBorderSpacing), QString::fromUtf8(text));
     }
     static QImage picture(QWidget& dialog) {
         QApplication::processEvents();

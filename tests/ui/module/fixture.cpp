@@ -88,6 +88,13 @@ void typeText(const QString& text) {
     }
 }
 
+void retype(QLineEdit& edit, const QString& text) {
+    edit.setFocus();
+    edit.selectAll();
+    pressKey(Qt::Key_Delete);
+    typeText(text);
+}
+
 std::string focusName() {
     const QWidget* focused = QApplication::focusWidget();
     return focused == nullptr ? std::string() : focused->objectName().toStdString();

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QWidget>
 #include <functional>
@@ -57,6 +58,8 @@ int runModal(KdUiBaseDialog& dialog, const std::function<void()>& act);
 /// A key press to whatever has the focus.
 void pressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void typeText(const QString& text);
+/// Into an edit, in the place of all that it holds; the focus stays there.
+void retype(QLineEdit& edit, const QString& text);
 /// Name of the control that has the focus.
 std::string focusName();
 

@@ -211,6 +211,11 @@ std::wstring selectedIn(const QListWidget& list) {
     return selected.isEmpty() ? std::wstring() : selected.first()->text().toStdWString();
 }
 
+void expectList(const QListWidget& list, const Names& rows, const std::wstring& selected) {
+    EXPECT_EQ(rowsOf(list), rows);
+    EXPECT_EQ(selectedIn(list), selected);
+}
+
 std::wstring textOf(KdUiBaseDialog& dialog, const char* control) {
     CStdStr<wchar_t> text;
     if (CWnd* wnd = dialog.GetDlgItem(control)) wnd->GetWindowTextW(text);

@@ -80,6 +80,7 @@ QListWidget& listIn(KdUiBaseDialog& dialog, const char* name);
 Names rowsOf(const QListWidget& list);
 /// Text of the selected row; empty when none is.
 std::wstring selectedIn(const QListWidget& list);
+void expectList(const QListWidget& list, const Names& rows, const std::wstring& selected);
 std::wstring textOf(KdUiBaseDialog& dialog, const char* control);
 bool isEnabled(KdUiBaseDialog& dialog, const char* control);
 /// The picture that a preview shows; null for none.

@@ -24,10 +24,7 @@ protected:
     }
     QListWidget& list() const { return listIn(*dialog, "IDC_TABLESTYLE_STYLE_LIST"); }
     Step expectRows(const Names& rows, const std::wstring& selected) const {
-        return [this, rows, selected] {
-            EXPECT_EQ(rowsOf(list()), rows);
-            EXPECT_EQ(selectedIn(list()), selected);
-        };
+        return [this, rows, selected] { expectList(list(), rows, selected); };
     }
     Step expectTransactions(int count) {
         return [this, count] { EXPECT_EQ(transactions().numActiveTransactions(), count); };

@@ -253,10 +253,7 @@ TEST_F(StyleEditCellStyles, Manage_with_Cancel_takes_back_what_was_done_in_it) {
     const nlohmann::json before = dump();
     edit([&](CVqTableStyleEditDlg& dialog) {
         next([&](QWidget& manager) {
-            next([](QWidget& naming) {
-                typeInto(naming, kNameEdit, "Within");
-                ok(naming);
-            });
+            nameNext("Within");
             press(manager, "IDC_MANAGERCELLSTYLE_NEW_BUTTON");
             EXPECT_EQ(cellStyles().size(), 5U);
             cancel(manager);
@@ -274,10 +271,7 @@ TEST_F(StyleEditCellStyles, The_Cancel_of_the_style_takes_back_an_OK_of_the_mana
     const nlohmann::json before = dump();
     edit([&](CVqTableStyleEditDlg& dialog) {
         next([&](QWidget& manager) {
-            next([](QWidget& naming) {
-                typeInto(naming, kNameEdit, "Within");
-                ok(naming);
-            });
+            nameNext("Within");
             press(manager, "IDC_MANAGERCELLSTYLE_NEW_BUTTON");
             ok(manager);
         });

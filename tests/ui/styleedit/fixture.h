@@ -121,11 +121,7 @@ protected:
     }
     /// Types into an edit and leaves it by Tab.
     static void enter(QWidget& dialog, const char* name, const char* text) {
-        auto& edit = in<QLineEdit>(dialog, name);
-        edit.setFocus();
-        edit.selectAll();
-        pressKey(Qt::Key_Delete);
-        typeText(QString::fromUtf8(text));
+        retype(in<QLineEdit>(dialog, name), QString::fromUtf8(text));
         pressKey(Qt::Key_Tab);
     }
     static std::wstring widen(const char* name) { return QString::fromUtf8(name).toStdWString(); }

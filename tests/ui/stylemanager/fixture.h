@@ -28,10 +28,7 @@ protected:
     }
     QListWidget& list() const { return listIn(*dialog, "IDC_MANAGERCELLSTYLE_CELLSTYLE_LIST"); }
     Step expectRows(const Names& rows, const std::wstring& selected) {
-        return [this, rows, selected] {
-            EXPECT_EQ(rowsOf(list()), rows);
-            EXPECT_EQ(selectedIn(list()), selected);
-        };
+        return [this, rows, selected] { expectList(list(), rows, selected); };
     }
     static Step expectButtons(bool rename, bool erase) {
         return [=] {

@@ -64,34 +64,32 @@ const StateCase kCases[] = {
      kFormat + Names{"MERGECELL", "UNMERGECELL", "FORMULA", "ROWDELETE", "COLUMNDELETE"}},
 };
 
-class ToolbarStateOf : public ToolbarTest, public ::testing::WithParamInterface<StateCase> {};
+class ToolbarStateOf : public ToolbarTest, public ::testing::WithParamInterface<StateCase> {
+protected:
+    const StateCase& given = GetParam();
+
+    TableBuilder built() const {
+        TableBuilder builder(given.rows, given.columns);
+        if (given.prepare) given.prepare(builder);
+        builder.select(given.selection);
+        return builder;
+    }
+};
 
 TEST_P(ToolbarStateOf, enables_what_can_be_done) {
-    const StateCase& given = GetParam();
-    TableBuilder builder(given.rows, given.columns);
-    if (given.prepare) given.prepare(builder);
-    builder.select(given.selection);
-    showOver(std::move(builder));
+    showOver(built());
     EXPECT_EQ(enabled(), allBut(given.disabled));
 }
 
 TEST_P(ToolbarStateOf, enables_the_same_where_the_table_grows_upwards) {
-    const StateCase& given = GetParam();
-    TableBuilder builder(given.rows, given.columns);
-    if (given.prepare) given.prepare(builder);
-    builder.select(given.selection);
-    const KdDbObjectId id = addTable(builder);
+    const KdDbObjectId id = addTable(built());
     OpenObject<KdDbTable>(id, KdDb::kForWrite)->setFlowDirection(1);
     showTableToolBar(id, true);
     EXPECT_EQ(enabled(), allBut(given.disabled));
 }
 
 TEST_P(ToolbarStateOf, asks_neither_for_a_write_nor_for_an_unlocked_layer) {
-    const StateCase& given = GetParam();
-    TableBuilder builder(given.rows, given.columns);
-    if (given.prepare) given.prepare(builder);
-    builder.select(given.selection);
-    const KdDbObjectId id = addTable(builder);
+    const KdDbObjectId id = addTable(built());
     lockLayerOf(id);
     showTableToolBar(id, true);
     EXPECT_EQ(enabled(), allBut(given.disabled));
