@@ -34,18 +34,6 @@ void startToFirstPromptHeadless(benchmark::State& state) {
 }
 BENCHMARK(startToFirstPromptHeadless)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-/// The time of other processes is no time of this one's processor.
-class WallClockReporter : public kdbench::PeerRatioReporter {
-public:
-    using PeerRatioReporter::PeerRatioReporter;
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        std::vector<Run> timed = runs;
-        for (Run& run : timed) run.cpu_accumulated_time = run.real_accumulated_time;
-        PeerRatioReporter::ReportRuns(timed);
-    }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -57,7 +45,7 @@ int main(int argc, char** argv) {
     std::ofstream(script) << "QUIT\n";
     benchmark::Initialize(&argc, argv);
     // Names of figures in wall-clock time end so.
-    WallClockReporter reporter("emptyWindow/real_time", 1.25, 1.1);
+    kdbench::WallClockReporter reporter("emptyWindow/real_time", 1.25, 1.1);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }
