@@ -109,7 +109,7 @@ bool CKdUiTrueColorComboBox::GetCurrentItemColor(KdCmColor& color) const {
 }
 
 CStdStr<wchar_t> CKdUiTrueColorComboBox::GetOtherName() const {
-    return kdhost::hostText(kdhost::HostText::OtherColor).toStdWString();
+    return otherNameOr(kdhost::hostText(kdhost::HostText::OtherColor).toStdWString());
 }
 
 bool CKdUiTrueColorComboBox::OnSelectOther(bool, int item, int& out) {

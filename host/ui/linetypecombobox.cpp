@@ -44,7 +44,7 @@ KdDbObjectId CKdUiLineTypeComboBox::GetItemLinetype(int row) const {
 }
 
 CStdStr<wchar_t> CKdUiLineTypeComboBox::GetOtherName() const {
-    return kdhost::hostText(kdhost::HostText::OtherLinetype).toStdWString();
+    return otherNameOr(kdhost::hostText(kdhost::HostText::OtherLinetype).toStdWString());
 }
 
 bool CKdUiLineTypeComboBox::OnSelectOther(bool, int item, int& out) {

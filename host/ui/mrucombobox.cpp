@@ -83,7 +83,9 @@ void CKdUiMRUComboBox::AddItems() {
     CStdStr<wchar_t> shown;
     GetLBText(GetCurSel(), shown);
     ResetContent();
+    m_otherName = {};
     OnAddItems();
+    m_otherName = GetOtherName();
     const int count = GetCount();
     for (int row = 0; row < count; ++row) DrawItemImage(row);
     const int again = shown.IsEmpty() ? -1 : FindOtherItem(shown);
@@ -150,6 +152,10 @@ bool CKdUiMRUComboBox::isOther(int row) const {
     CStdStr<wchar_t> text;
     GetLBText(row, text);
     return text == static_cast<const std::wstring&>(other);
+}
+
+CStdStr<wchar_t> CKdUiMRUComboBox::otherNameOr(const std::wstring& now) const {
+    return m_otherName.IsEmpty() ? CStdStr<wchar_t>(now) : m_otherName;
 }
 
 void CKdUiMRUComboBox::chooseOtherOfUser() {

@@ -55,6 +55,15 @@ TEST_F(ColorBox, rows_are_in_the_hosts_language) {
     EXPECT_EQ(box.GetCount(), kRows);
 }
 
+TEST_F(ColorBox, other_stays_what_it_is_when_the_language_changes) {
+    kdhost::setLanguage(kdhost::Language::Chinese);
+    EXPECT_EQ(textOf(box, kOther), std::wstring(box.GetOtherName()));
+    EXPECT_EQ(box.AddColorToMRU(KdCmColor::fromRgb(1, 2, 3)), kOther) << "before the other entry";
+    box.SetCurSel(2);
+    answer("CANCEL", [&] { pickInList(kOther + 1); });
+    EXPECT_EQ(box.GetCurSel(), 2);
+}
+
 TEST_F(ColorBox, choosing_and_adding_rows_from_the_program_does_not_signal) {
     for (const int row : {3, 0, 8, -1, 5}) EXPECT_EQ(box.SetCurSel(row), row);
     EXPECT_EQ(box.SetCurSel(99), -1);

@@ -43,7 +43,8 @@ public:
     /// The row that was chosen last and is not "other"; -1 when there is none.
     int GetLastSelection() const { return m_lastSelection; }
     void SetLastSelection(int row) { m_lastSelection = row; }
-    /// Text of the "other" entry; empty when the box has none.
+    /// Text of the "other" entry, as the box was filled with it, whatever the language is by now; empty when the box
+    /// has none.
     virtual CStdStr<wchar_t> GetOtherName() const;
     /// Opens the host's dialog for the "other" entry. True when an entry was chosen, which is then selected;
     /// otherwise the row before is selected again. False at once while the dialog is open already.
@@ -59,6 +60,8 @@ protected:
     /// Gives a row the picture that the box paints for it.
     virtual void DrawItemImage(int row);
     bool isOther(int row) const;
+    /// The text of the "other" entry that stands in the box; `now` for a box that isn't filled.
+    CStdStr<wchar_t> otherNameOr(const std::wstring& now) const;
 
     int m_lastSelection = -1;
     unsigned m_dropFlags = 0;
@@ -69,6 +72,7 @@ private:
 
     std::unique_ptr<Watch> m_watch;
     bool m_asking = false;
+    CStdStr<wchar_t> m_otherName;  ///< in the filled box
 };
 
 /// What a row of a colour box stands for; held under the item role 258.
