@@ -410,6 +410,10 @@ TEST_F(KdFile, A_full_disk_is_survived_by_a_file_that_goes_out_of_scope) {
         KdCStdioFile file(L"/dev/full", CFile::modeWrite, Coding::kUtf8, false, false, 64);
         file.WriteString(L"no room");
     });
+    EXPECT_NO_THROW({
+        KdCFile file(L"/dev/full", CFile::modeWrite, Coding::kUtf8, false, false, 64);
+        file.Write(L"no room");
+    });
 }
 
 }  // namespace

@@ -6,12 +6,16 @@
 
 #include "host/ed/lispfunctions.h"
 #include "host/rx/commandstack.h"
+#include "host/rx/dynamiclinker.h"
+#include "host/win32/modules.h"
 #include "kd/ed/lispfunctions.h"
 #include "kd/rx/dynamiclinker.h"
 #include "kd/rx/registry.h"
 #include "module/core/resources.h"
 #include "module/frame/tvxtableapp.h"
+#include "tests/host/rx/plugin/probelog.h"
 #include "tests/support/application.h"
+#include "tests/support/places.h"
 #include "tests/support/resourcemodule.h"
 #include "tests/support/virtualslots.h"
 
@@ -141,6 +145,68 @@ TEST_F(FrameTables, A_lisp_function_is_called_directly_where_its_row_registers_i
     EXPECT_TRUE(kdhost::runLispFunction(L"FRAMETEST2"));
     EXPECT_EQ(called, 1) << "the application of this test hears no messages";
     application.On_kUnloadDwgMsg(nullptr);
+}
+
+/// What a loaded module hears goes to an application of the test.
+class HeardByApplication : public kdtest::ProbeLog {
+public:
+    HeardByApplication() {
+        kdhost::setPluginFolder(kdtest::builtFile("test_plugins"));
+        kdrxSysRegistry()->atPut(kdtest::kProbeLogName, this);
+        EXPECT_TRUE(kdhost::dynamicLinker().loadModule(kModule));
+    }
+    ~HeardByApplication() override {
+        kdhost::dynamicLinker().allowUnload(kdhost::applicationId(kModule));
+        EXPECT_TRUE(kdhost::dynamicLinker().unloadModule(kModule));
+        kdrxSysRegistry()->remove(kdtest::kProbeLogName);
+        kdhost::setPluginFolder(m_pluginFolder);
+    }
+
+    std::intptr_t received(std::uint32_t message, void* argument) override {
+        if (message == KdRx::kLoadDwgMsg) return m_application.On_kLoadDwgMsg(argument);
+        if (message == KdRx::kUnloadDwgMsg) return m_application.On_kUnloadDwgMsg(argument);
+        return message == KdRx::kInvkSubrMsg ? m_application.On_kInvkSubrMsg(argument) : 0;
+    }
+
+private:
+    static constexpr const wchar_t* kModule = L"LinkerProbe.tvx";
+    const std::string m_pluginFolder = kdhost::pluginFolder();
+    Application m_application;
+};
+
+TEST_F(FrameTables, A_lisp_function_that_its_row_doesnt_register_is_called_by_a_message_with_its_code) {
+    static int calledOther;
+    calledOther = called = 0;
+    _KFSSYMBOL_ENTRY row{L"FRAMETEST", lispFunction, 0, 0};
+    _KFSSYMBOL_ENTRY other{L"FRAMETEST2", [] { return ++calledOther; }, 0, 0};
+    lispFunctionTable().append(&row);
+    lispFunctionTable().append(nullptr);
+    lispFunctionTable().append(&other);
+    {
+        const HeardByApplication heard;
+        EXPECT_TRUE(kdhost::runLispFunction(L"FRAMETEST2"));
+        EXPECT_EQ(called, 0);
+        EXPECT_EQ(calledOther, 1);
+        EXPECT_TRUE(kdhost::runLispFunction(L"frametest"));
+        EXPECT_EQ(called, 1);
+        EXPECT_EQ(calledOther, 1);
+        EXPECT_EQ(kdedGetFunCode(), -1) << "the code stands only while the message does";
+    }
+    EXPECT_FALSE(kdhost::runLispFunction(L"FRAMETEST")) << "gone with the module";
+}
+
+TEST_F(FrameTables, The_lower_application_takes_drawings_and_calls_without_doing_anything) {
+    struct : KdRxDbxApp {
+        void RegisterServerComponents() override {}
+    } application;
+    _KFSSYMBOL_ENTRY row{L"FRAMETEST", lispFunction, 1, 0};
+    lispFunctionTable().append(&row);
+    called = 0;
+    EXPECT_EQ(application.On_kLoadDwgMsg(nullptr), 0);
+    EXPECT_FALSE(kdhost::runLispFunction(L"FRAMETEST"));
+    EXPECT_EQ(application.On_kInvkSubrMsg(nullptr), 0);
+    EXPECT_EQ(application.On_kUnloadDwgMsg(nullptr), 0);
+    EXPECT_EQ(called, 0);
 }
 
 /// The tables with the module's texts behind them.
