@@ -109,7 +109,7 @@ std::wstring selectRow(Random& random, const Stand&, QWidget& control) {
     return rowOf(random, control);
 }
 
-/// What the box of the toolbar shows follows when it is opened.
+/// Which of its rows is chosen follows when it is open.
 std::wstring openBox(Random&, const Stand&, QWidget& control) {
     return L"@drop " + nameOf(control);
 }
@@ -140,8 +140,11 @@ bool isFilledCombo(const QWidget& control) {
     return combo != nullptr && !enabledRows(*combo).empty();
 }
 
-bool isBoxOfCellStyles(const QWidget& control) {
-    return control.objectName() == QLatin1String("IDC_TABLEDIT_CELLSTYLECOMBO") && isFilledCombo(control);
+/// Boxes that are filled when they are opened: what they hold before may be gone.
+bool isFilledWhenOpened(const QWidget& control) {
+    constexpr const char* boxes[] = {"IDC_TABLEDIT_CELLSTYLECOMBO", "IDC_TABLEINSERT_STYLENAME_COMBOBOX"};
+    const auto isIt = [&](const char* name) { return control.objectName() == QLatin1String(name); };
+    return std::any_of(std::begin(boxes), std::end(boxes), isIt) && isFilledCombo(control);
 }
 
 bool isFilledList(const QWidget& control) {
@@ -156,7 +159,7 @@ struct Kind {
 
 /// The first row that fits counts.
 constexpr std::array kinds = {
-    Kind{isEditable, setEdit},      Kind{is<QAbstractSpinBox>, setEdit}, Kind{isBoxOfCellStyles, openBox},
+    Kind{isEditable, setEdit},      Kind{is<QAbstractSpinBox>, setEdit}, Kind{isFilledWhenOpened, openBox},
     Kind{isFilledCombo, selectRow}, Kind{is<QCheckBox>, setMark},        Kind{is<QRadioButton>, click},
     Kind{is<QPushButton>, press},   Kind{is<QTabWidget>, selectPage},    Kind{isFilledList, useRow},
 };
