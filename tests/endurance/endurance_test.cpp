@@ -48,11 +48,11 @@ class Endurance : public ::testing::TestWithParam<int> {};
 
 TEST_P(Endurance, whatever_is_done_the_program_stands_it) {
     std::map<std::string, int> counts;
-    const int base = fromEnvironment("KD_ENDURANCE_SEED", 1) * 1000000 + GetParam() * 10000;
+    auto seed = static_cast<std::uint64_t>(fromEnvironment("KD_ENDURANCE_SEED", 1)) * 1000000 +
+                static_cast<std::uint64_t>(GetParam()) * 10000;
     int left = actionsOfRun();
-    for (int session = 0; left > 0; ++session) {
+    for (; left > 0; ++seed) {
         alarm(secondsOfSession);
-        const auto seed = static_cast<std::uint64_t>(base + session);
         const Outcome outcome = runSession(seed, std::min(left, actionsOfSession));
         ASSERT_TRUE(outcome.failure.empty())
             << "seed " << seed << ": " << outcome.failure << "    the journal is " << keep(outcome.journal, seed);
