@@ -49,8 +49,7 @@ Chance choose(Random& random, const std::vector<Chance>& valid) {
 
 RandomUser::RandomUser(kdhost::Application& application, kdhost::WindowFeeder& windows, Journal& journal,
                        std::uint64_t seed)
-    : m_application(application),
-      m_feeder(windows),
+    : m_feeder(windows),
       m_journal(journal),
       m_random(seed),
       m_stand(application),

@@ -58,7 +58,6 @@ private:
     void give(kdhost::InputQueue& queue, const std::wstring& line);
     void note(const std::wstring& line);
 
-    kdhost::Application& m_application;
     kdhost::WindowFeeder& m_feeder;
     Journal& m_journal;
     Random m_random;

@@ -140,7 +140,7 @@ std::vector<unsigned> codesOf(Sender& sender, void (Sender::*signal)(NMHDR*, LRE
     const auto connection = QObject::connect(&sender, signal, [&](NMHDR* header, LRESULT* result) {
         EXPECT_EQ(header->hwndFrom, &sender);
         EXPECT_EQ(*result, 0);
-        codes.push_back(header->code);
+        codes.push_back(static_cast<unsigned>(header->code));
     });
     act();
     QObject::disconnect(connection);

@@ -12,9 +12,6 @@
 
 namespace {
 
-using kdhost::IndicatedLine;
-using kdtest::cells;
-
 class Indicators : public kdtest::ApplicationTest {
 protected:
     KdDbObjectId add(const KdGeVector3d& direction, int flow) {
