@@ -51,7 +51,7 @@ private:
         int painted;
     };
     static const std::array<ModeLines, 9> kModes;
-    static const ModeLines& linesOf(Mode mode) { return kModes[mode]; }
+    static const ModeLines& linesOf(Mode mode) { return kModes[static_cast<std::size_t>(mode)]; }
 
     static const std::array<PictureButton<CVqTableCellBorderPropDlg>, 10> kBorderButtons;
 

@@ -3,8 +3,9 @@
 #include "tests/support/textmodels.h"
 
 #include <QRegularExpression>
+#include <bit>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <cwchar>
 #include <cwctype>
 
@@ -194,7 +195,7 @@ Scanned modelAngle(const std::wstring& given) {
 
 bool sameBits(const Scanned& a, const Scanned& b) {
     if (a.has_value() != b.has_value()) return false;
-    return !a || std::memcmp(&*a, &*b, sizeof(double)) == 0;
+    return !a || std::bit_cast<std::uint64_t>(*a) == std::bit_cast<std::uint64_t>(*b);
 }
 
 std::wstring randomText(std::mt19937& random, const std::wstring& alphabet, std::size_t longest) {

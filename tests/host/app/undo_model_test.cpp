@@ -170,8 +170,9 @@ std::string difference(const std::string& found, const std::string& expected) {
     std::string a;
     std::string b;
     for (int shown = 0; shown < 5; a.clear(), b.clear()) {
-        const bool isMore = static_cast<bool>(std::getline(left, a)) | static_cast<bool>(std::getline(right, b));
-        if (!isMore) break;
+        const bool isLeft = static_cast<bool>(std::getline(left, a));
+        const bool isRight = static_cast<bool>(std::getline(right, b));
+        if (!isLeft && !isRight) break;
         if (a == b) continue;
         const auto from =
             static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());

@@ -225,7 +225,7 @@ TEST_F(DictionaryEntries, undo_brings_the_entry_of_an_erased_object_back) {
 
 TEST_F(Dictionaries, thousands_of_random_steps_agree_with_a_plain_map) {
     std::map<std::wstring, KdDbObjectId> model;  // names in capitals
-    std::mt19937 random(::testing::UnitTest::GetInstance()->random_seed());
+    std::mt19937 random(static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed()));
     const auto name = [&](wchar_t letter) { return std::wstring(1, letter) + std::to_wstring(random() % 500); };
     for (int step = 0; step < 20'000; ++step) {
         const std::wstring number = std::to_wstring(random() % 500);

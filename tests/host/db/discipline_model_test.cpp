@@ -64,7 +64,7 @@ TEST(DisciplineModel, random_sequences_agree_with_the_plain_model) {
     Counter counter;
     kdhost::peekObject(id)->addReactor(&counter);
     Model model;
-    std::mt19937 random(::testing::UnitTest::GetInstance()->random_seed());
+    std::mt19937 random(static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed()));
     KdDbLine* line = nullptr;
 
     for (int step = 0; step < 100'000; ++step) {

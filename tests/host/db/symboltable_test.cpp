@@ -150,7 +150,7 @@ TEST_F(SymbolTables, walking_leaves_erased_records_out_and_follows_the_order_of_
 
 TEST_F(SymbolTables, random_additions_renames_and_erasures_agree_with_a_plain_map) {
     std::map<std::wstring, KdDbObjectId> model;
-    std::mt19937 random(::testing::UnitTest::GetInstance()->random_seed());
+    std::mt19937 random(static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed()));
     const auto anyName = [&] { return L"L" + std::to_wstring(random() % 60); };
     for (int step = 0; step < 5'000; ++step) {
         const std::wstring name = anyName();

@@ -87,7 +87,8 @@ TEST(Dashes, are_told_apart_on_a_line_of_any_length) {
         for (int x = 0; x < kWidth; ++x)
             ink += isInk(image, x, kHeight / 2) || isInk(image, x, kHeight / 2 - 1) ? 1 : 0;
         // 13 and a dot of a pixel in 26.
-        EXPECT_NEAR(ink, kWidth * 14 / 26, 30) << length;
+        const int expected = kWidth * 14 / 26;
+        EXPECT_NEAR(ink, expected, 30) << length;
     }
 }
 

@@ -97,7 +97,7 @@ TEST_F(DrawnSelection, indicators_are_bands_outside_the_first_row_and_column) {
         EXPECT_TRUE(extents.maxPoint().isEqualTo({60.0 * column + 60.0, band, 0.0}, 1e-9));
     }
     for (int row = 0; row < 4; ++row) {
-        const KdDbExtents extents = extentsOf({polygons[static_cast<std::size_t>(3 + row)]});
+        const KdDbExtents extents = extentsOf({polygons[3 + static_cast<std::size_t>(row)]});
         EXPECT_TRUE(extents.minPoint().isEqualTo({-band, -20.0 * row - 20.0, 0.0}, 1e-9));
         EXPECT_TRUE(extents.maxPoint().isEqualTo({0.0, -20.0 * row, 0.0}, 1e-9));
     }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QString>
+
 #include "host/ed/keywords.h"
 #include "host/win32/modules.h"
 

@@ -28,11 +28,11 @@ protected:
         m_sheets = {};
         for (int table = 0; table < tableCount; ++table) {
             Sheet sheet;
-            sheet.rows.assign(static_cast<std::size_t>(1 + m_author.below(5)),
-                              std::vector<Cell>(static_cast<std::size_t>(1 + m_author.below(4))));
+            sheet.rows.assign(1 + static_cast<std::size_t>(m_author.below(5)),
+                              std::vector<Cell>(1 + static_cast<std::size_t>(m_author.below(4))));
             m_ids.push_back(makeTable(sheet.rowCount(), sheet.columnCount()));
             m_sheets.tables.push_back(sheet);
-            m_sheets.ids.push_back(m_ids.back().asInteger());
+            m_sheets.ids.push_back(static_cast<std::uint64_t>(m_ids.back().asInteger()));
         }
         for (int table = 0; table < tableCount; ++table) {
             edit(id(table), [&](KdDbTable& open) {

@@ -16,7 +16,7 @@ struct Place {
     int table = 0;
     int row = 0;
     int column = 0;
-    auto operator<=>(const Place&) const = default;
+    auto operator<=>(const Place&) const = default;  // NOLINT(modernize-use-nullptr): false alarm
 };
 
 /// A reference to cells; first and last along each direction.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QString>
 #include <cmath>
 #include <numbers>
 #include <random>

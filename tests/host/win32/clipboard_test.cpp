@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -30,7 +31,7 @@ KdClipboardMemory* recordOf(const std::string& bytes) {
     auto* record = static_cast<KdClipboardMemory*>(std::calloc(1, sizeof(KdClipboardMemory)));
     record->data = GlobalAlloc(8194, bytes.size());
     record->size = bytes.size();
-    std::memcpy(record->data, bytes.data(), bytes.size());
+    std::copy(bytes.begin(), bytes.end(), static_cast<char*>(record->data));
     return record;
 }
 

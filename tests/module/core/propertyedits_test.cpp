@@ -256,7 +256,7 @@ TEST_F(PropertyEdits, SettingLocked_takes_1820_to_1822_for_locks_and_unlocks_by_
         for (const int before : {0, 1, 2, 16, 32, 51}) {
             OpenObject<KdDbTable>(table, KdDb::kForWrite)->setCellState(0, 0, static_cast<KdDb::CellState>(before));
             EXPECT_EQ(Common::SettingLocked(command, table), 1);
-            read(table, [&](const KdDbTable& open) {
+            read(table, [&, command = command, expected = expected](const KdDbTable& open) {
                 EXPECT_EQ(open.cellState(0, 0), expected) << command << " after " << before;
                 EXPECT_EQ(open.cellState(0, 1), expected);
                 EXPECT_EQ(open.cellState(1, 0), 0);
@@ -361,7 +361,7 @@ TEST_F(PropertyEdits, SetCellStyleByName_takes_a_display_name_for_its_internal_o
             CStdStr<wchar_t> name = given;
             EXPECT_EQ(Common::SetCellStyleByName(table, name), 1);
             EXPECT_EQ(name, given);
-            read(table, [&](const KdDbTable& open) { EXPECT_STREQ(open.cellStyle(0, 1), stored); });
+            read(table, [stored = stored](const KdDbTable& open) { EXPECT_STREQ(open.cellStyle(0, 1), stored); });
         }
     }
     kdhost::setLanguage(kdhost::Language::English);

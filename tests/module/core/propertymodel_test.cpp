@@ -144,7 +144,9 @@ public:
     }
 
 private:
-    std::size_t index(int row, int column) const { return static_cast<std::size_t>(row * m_columns + column); }
+    std::size_t index(int row, int column) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns) + static_cast<std::size_t>(column);
+    }
 
     void expectCell(const KdDbTable& table, int row, int column) {
         const OpenObject<KdDbTableStyle> style(table.tableStyle(), KdDb::kForRead);

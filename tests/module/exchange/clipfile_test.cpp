@@ -7,7 +7,6 @@ namespace {
 using kdtest::describe;
 using kdtest::saveTables;
 using kdtest::TableBuilder;
-using kdtest::texts;
 
 class CellFiles : public kdtest::CellClipboard {
 protected:

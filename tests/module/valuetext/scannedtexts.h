@@ -40,7 +40,7 @@ void expectScanned(Scanner scanner, const AcceptedText (&good)[accepted], const 
 /// The scanner and its model agree on that many random texts of the alphabet.
 template <class Scanner, class Model>
 void expectModelled(Scanner scanner, Model model, const std::wstring& alphabet, std::size_t longest, int count) {
-    std::mt19937 random(::testing::UnitTest::GetInstance()->random_seed() + 1);
+    std::mt19937 random(static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed()) + 1);
     int accepted = 0;
     for (int number = 0; number < count; ++number) {
         const std::wstring text = kdtest::randomText(random, alphabet, longest);

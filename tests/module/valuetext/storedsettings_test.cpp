@@ -72,7 +72,9 @@ TEST_F(StoredSettings, are_kept_as_raw_bytes_under_the_type_of_a_32_bit_number) 
         EXPECT_EQ(RegQueryValueExW(opened, name, nullptr, &type, bytes, &size), ERROR_SUCCESS);
         EXPECT_EQ(type, 4U);
         EXPECT_EQ(size, sizeof wanted);
-        EXPECT_EQ(std::memcmp(bytes, &wanted, sizeof wanted), 0);
+        std::decay_t<decltype(wanted)> stored{};
+        std::memcpy(&stored, bytes, sizeof stored);
+        EXPECT_EQ(stored, wanted);
         RegCloseKey(opened);
     };
     expectStored(L"Columns", std::int32_t{5});

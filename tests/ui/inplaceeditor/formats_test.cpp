@@ -17,7 +17,6 @@ namespace {
 using kdhost::EditorPanel;
 using kdhost::text::Format;
 using kdhost::text::Ink;
-using kdhost::text::Paragraph;
 using kdhost::text::Piece;
 
 class InPlaceEditorFormats : public InPlaceEditorTest {

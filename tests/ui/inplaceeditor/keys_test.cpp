@@ -194,7 +194,7 @@ TEST_F(InPlaceEditorKeys, what_was_typed_is_undone_and_redone) {
 }
 
 TEST_F(InPlaceEditorKeys, an_edit_while_a_text_is_edited_is_cancelled) {
-    edit([this](EditorPanel& panel) {
+    edit([](EditorPanel& panel) {
         KdDbMText other;
         KdDbMText* edited = &other;
         int key = 0;

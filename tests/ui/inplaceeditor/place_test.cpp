@@ -40,7 +40,8 @@ TEST_F(InPlaceEditorPlace, the_box_has_the_texts_place_and_size_for_each_attachm
     for (int place = 1; place <= 9; ++place) {
         text.setAttachment(static_cast<KdDbMText::AttachmentPoint>(place));
         const double left = 100.0 - 30.0 * ((place - 1) % 3);
-        const double top = 150.0 + 15.0 * ((place - 1) / 3);
+        const int third = (place - 1) / 3;
+        const double top = 150.0 + 15.0 * third;
         look([&](EditorPanel& panel) {
             expectNear(panel.box().topLeft(), pixels(left, top) - QPointF(kBorder, kBorder), 1.0);
             EXPECT_NEAR(panel.box().width(), 60.0 * scale() + 2.0 * kBorder, 1.0);
@@ -82,8 +83,9 @@ TEST_F(InPlaceEditorPlace, capitals_stand_where_the_drawing_has_them) {
                 const QRect inside = panel.box().toRect().adjusted(4, 4, -4, -4);
                 const QRect ink = inkOf(panel.grab().toImage(), inside);
                 const double height = 4.0 * scale();
-                const double top = 150.0 + 10.0 * ((place - 1) / 3);
-                const double above = top - 8.0 * ((place - 1) / 3);
+                const int third = (place - 1) / 3;
+                const double top = 150.0 + 10.0 * third;
+                const double above = top - 8.0 * third;
                 EXPECT_NEAR(ink.top(), pixels(0.0, above).y(), 2.0) << place;
                 EXPECT_NEAR(ink.height(), height, 2.0) << place;
                 const double wanted[] = {pixels(100.0, 0.0).x(), pixels(100.0, 0.0).x(), pixels(100.0, 0.0).x()};

@@ -222,7 +222,7 @@ TEST(PreviewBuffer, stays_as_it_was_when_none_is_given) {
     BlockSample sample;
     sample.line({0, 0, 0}, {10, 5, 0});
     Preview preview(sample);
-    std::vector<char> buffer(40 * 30 * 4, 'x');
+    std::vector<char> buffer(std::size_t{40} * 30 * 4, 'x');
     const std::vector<char> before = buffer;
     EXPECT_FALSE(preview.getRenderBuffer(nullptr, 40, 30));
     EXPECT_FALSE(preview.getRenderBuffer(buffer.data(), 0, 30));
@@ -241,7 +241,7 @@ TEST(PreviewBuffer, holds_blue_green_red_and_255_from_the_upper_row_on) {
     KdDbSolid lower({0, 0, 0}, {10, 0, 0}, {0, 5, 0}, {10, 5, 0});
     lower.setColor(KdCmColor::fromRgb(4, 5, 6));
     KdadGiDrawablePreviewer preview(nullptr, nullptr, {&upper, &lower}, kOrigin, kWhole);
-    std::vector<unsigned char> buffer(50 * 50 * 4);
+    std::vector<unsigned char> buffer(std::size_t{50} * 50 * 4);
     ASSERT_TRUE(preview.getRenderBuffer(reinterpret_cast<char*>(buffer.data()), 50, 50));
     const auto pixel = [&](std::size_t x, std::size_t y) {
         const unsigned char* bytes = &buffer[4 * (50 * y + x)];

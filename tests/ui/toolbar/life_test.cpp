@@ -64,7 +64,8 @@ TEST_F(ToolbarLife, hiding_makes_no_window) {
 TEST_F(ToolbarLife, stands_in_the_middle_of_the_screen_with_its_title_and_no_buttons_in_its_frame) {
     showOver(TableBuilder(3, 3).select("B2"));
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    EXPECT_NEAR(window()->frameGeometry().center().x(), screen.width() / 2, 2);
+    const int middle = screen.width() / 2;
+    EXPECT_NEAR(window()->frameGeometry().center().x(), middle, 2);
     EXPECT_EQ(window()->y(), screen.height() / 2);
     EXPECT_EQ(window()->windowTitle(), QStringLiteral("Table"));
     const Qt::WindowFlags buttons =

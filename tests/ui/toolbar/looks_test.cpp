@@ -60,7 +60,7 @@ TEST_P(ToolbarDialogLooks, every_drop_down_menu_shows_its_texts_whole) {
                                                          {"IDC_TABLEDIT_DATAFORMAT", "dataformat"},
                                                          {"IDC_TABLEDIT_FORMULA", "formula"}};
     for (const auto& [name, picture] : menus) {
-        dropAndAct(name, [&](QMenu& menu) {
+        dropAndAct(name, [&, picture = picture](QMenu& menu) {
             const InOneColumn shown(menu);
             EXPECT_EQ(shown.cutItems(), Faults());
             for (const QAction* item : menu.actions()) {

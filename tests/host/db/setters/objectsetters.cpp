@@ -22,7 +22,6 @@ std::string fields(const KdDbObject& object) {
     const auto* dictionary = kdhost::peek<KdDbDictionary>(object.extensionDictionary());
     std::string all;
     const auto* attached = [&]() -> const KdDbDictionary* {
-        KdDbObjectId id;
         if (dictionary == nullptr) return nullptr;
         const std::unique_ptr<KdDbDictionaryIterator> entries(dictionary->newIterator());
         for (; !entries->done(); entries->next()) {

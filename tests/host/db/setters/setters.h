@@ -2,6 +2,7 @@
 // whether it was. One test goes through all of them; another holds the records against the headers.
 #pragma once
 
+#include <QString>
 #include <functional>
 #include <sstream>
 #include <string>
