@@ -25,6 +25,9 @@ struct Override {
     }
 };
 
+template <class T>
+Override(const FormatProperty<T>&, const T&) -> Override<T>;
+
 /// The last changes of overrides: which record became which under what change.
 class OverrideMemo {
 public:
