@@ -10,7 +10,7 @@ std::vector<Scenario> fileScenarios() {
         {"file_save_as", kTables, "", "SAVEAS\n@file plan.dxf\n"},
         {"file_save_over", saved + "LINE 5,5 6,6\n\n", "", "SAVE\n"},
         {"file_save_as_over", saved + "LINE 5,5 6,6\n\n", "", "SAVEAS\n@file plan.dxf\n@answer YES\n"},
-        {"file_open", saved + "NEW\n", "", "OPEN\n@file plan.dxf\n"},
+        {"file_open", saved + "NEW\nCLOSE\n1\n", "", "OPEN\n@file plan.dxf\n"},
         {"file_import", "", "", "TABLEIMPORT\nschedule.csv\n0,200\n"},
         {"file_import_of_a_sheet", "", "", "IMPORTSHEET\n"},
         {"file_names_of_sheets", "", "", "SHEETNAMES\n"},
