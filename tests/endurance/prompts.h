@@ -4,8 +4,8 @@
 #include <string>
 
 #include "host/ed/editor.h"
-#include "tests/endurance/random.h"
 #include "tests/endurance/stand.h"
+#include "tests/support/random.h"
 
 namespace endurance {
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "host/ed/editor.h"
-#include "tests/endurance/random.h"
 #include "tests/endurance/stand.h"
+#include "tests/support/random.h"
 
 namespace endurance {
 

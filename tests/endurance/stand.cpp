@@ -21,7 +21,7 @@
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
-#include "tests/endurance/random.h"
+#include "tests/support/random.h"
 
 namespace endurance {
 namespace {

@@ -8,6 +8,7 @@
 #include "kd/db/cellrange.h"
 #include "kd/db/objectid.h"
 #include "kd/ge/point3d.h"
+#include "tests/support/random.h"
 
 class KdDbTable;
 
@@ -19,7 +20,7 @@ class Editor;
 
 namespace endurance {
 
-class Random;
+using kdtest::Random;
 
 class Stand {
 public:

@@ -13,10 +13,10 @@
 #include "host/ed/inputqueue.h"
 #include "tests/endurance/journal.h"
 #include "tests/endurance/prompts.h"
-#include "tests/endurance/random.h"
 #include "tests/endurance/road.h"
 #include "tests/endurance/undowalk.h"
 #include "tests/endurance/windows.h"
+#include "tests/support/random.h"
 
 namespace endurance {
 

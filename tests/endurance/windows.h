@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/endurance/random.h"
 #include "tests/endurance/stand.h"
+#include "tests/support/random.h"
 
 namespace endurance {
 

@@ -14,15 +14,12 @@
 #include "kd/db/table.h"
 #include "tests/support/application.h"
 #include "tests/support/objects.h"
+#include "tests/support/points.h"
 #include "tests/support/tablebuilder.h"
-
-inline void PrintTo(const KdGePoint3d& p, std::ostream* out) {
-    *out << '(' << p.x << ", " << p.y << ", " << p.z << ')';
-}
 
 namespace {
 
-using Texts = std::vector<std::wstring>;
+using Lines = std::vector<std::wstring>;
 
 class BlockCommands : public kdtest::ApplicationTest {
 protected:
@@ -82,7 +79,7 @@ TEST_F(BlockCommands, block_takes_tables_with_all_that_they_hold) {
 
 TEST_F(BlockCommands, block_and_insert_are_one_step_each) {
     host.run(L"LINE 0,0 4,0 \nBLOCK\nPart\n0,0\nAll\n\nINSERT\nPart\n5,5\n\n\n");
-    EXPECT_EQ(kdhost::undoHistory(host.database())->undoSteps(), (Texts{L"LINE", L"BLOCK", L"INSERT"}));
+    EXPECT_EQ(kdhost::undoHistory(host.database())->undoSteps(), (Lines{L"LINE", L"BLOCK", L"INSERT"}));
     host.run(L"UNDO 2\n");
     EXPECT_TRUE(block(L"Part").isNull());
     ASSERT_EQ(entities().size(), 1u);
@@ -137,7 +134,7 @@ TEST_F(BlockCommands, insertions_go_into_other_blocks) {
 TEST_F(BlockCommands, block_refuses_taken_names_and_those_of_the_host) {
     host.run(L"LINE 0,0 4,0 \nBLOCK\nPart\n0,0\nAll\n\nLINE 0,0 4,0 \nBLOCK\nPART\nBLOCK\n*Mine\nBLOCK\n\n");
     EXPECT_EQ(host.failures(),
-              (Texts{L"There is a block \"PART\" already.", L"\"*Mine\" can't be the name of a block."}));
+              (Lines{L"There is a block \"PART\" already.", L"\"*Mine\" can't be the name of a block."}));
     EXPECT_EQ(entities().size(), 1u);
 }
 
@@ -151,7 +148,7 @@ TEST_F(BlockCommands, block_leaves_what_lies_on_locked_layers_or_is_in_use) {
     EXPECT_EQ(entities().size(), 2u);
     EXPECT_EQ(host.messages().end()[-2], L"2 on locked layers or in use left as they are.");
     host.run(L"LAYER LO 0\n\nBLOCK\nOther\n0,0\nAll\n\n");
-    EXPECT_EQ(host.failures(), Texts{L"Nothing was chosen that a block can be made of."});
+    EXPECT_EQ(host.failures(), Lines{L"Nothing was chosen that a block can be made of."});
     EXPECT_TRUE(block(L"Other").isNull());
 }
 
@@ -171,7 +168,7 @@ TEST_F(BlockCommands, insert_refuses_unknown_blocks_spaces_and_what_is_no_scale_
     host.run(
         L"INSERT\nNothing\nINSERT\n*Model_Space\nINSERT\nPart\n0,0\n0\nINSERT\nPart\n0,0\nx\nINSERT\nPart\n0,"
         L"0\n1\ny\n");
-    EXPECT_EQ(host.failures(), (Texts{L"There is no block \"Nothing\".", L"There is no block \"*Model_Space\".",
+    EXPECT_EQ(host.failures(), (Lines{L"There is no block \"Nothing\".", L"There is no block \"*Model_Space\".",
                                       L"The scale can't be 0.", L"\"x\" is no number.", L"\"y\" is no number."}));
     EXPECT_TRUE(entities().empty());
 }
@@ -188,7 +185,7 @@ TEST_F(BlockCommands, a_drawing_that_cannot_be_written_is_told) {
         const kdhost::Opened<KdDbBlockTableRecord> reader(host.database().modelSpaceId());
         host.run(L"INSERT\nPart\n0,0\n\n\n");
     }
-    EXPECT_EQ(host.failures(), (Texts{L"The drawing can't be written now.", L"The drawing can't be written now."}));
+    EXPECT_EQ(host.failures(), (Lines{L"The drawing can't be written now.", L"The drawing can't be written now."}));
     EXPECT_TRUE(entities().empty());
 }
 

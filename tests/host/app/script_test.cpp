@@ -23,6 +23,7 @@ namespace {
 
 using kdhost::Script;
 using kdhost::ScriptLine;
+using kdtest::Failing;
 
 TEST(ScriptReading, comments_are_passed_over_and_marks_can_be_typed) {
     Script script("s.kds", "; a comment\nLINE\r\n\n@pick 1,2\n\\@text\n\\;text\n\\ text\n\\\\text\n\\n");
@@ -196,11 +197,6 @@ TEST_F(ScriptRuns, lists_expectations_that_hold) {
                   "CVPORT\n@message line CVPORT = 2 (read only)\n"),
               "");
 }
-
-struct Failing {
-    const char* script;
-    const char* failure;
-};
 
 class FailingScripts : public ScriptRuns, public ::testing::WithParamInterface<Failing> {};
 

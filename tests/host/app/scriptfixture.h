@@ -19,6 +19,12 @@ namespace kdtest {
 
 using Texts = std::vector<std::wstring>;
 
+/// A script that can't be run to its end, and what is told of it.
+struct Failing {
+    const char* script;
+    const char* failure;
+};
+
 /// What commands of tests got for answers.
 inline Texts answers;
 

@@ -9,14 +9,7 @@
 #include "kd/db/database.h"
 #include "kd/db/line.h"
 #include "tests/support/application.h"
-
-inline void PrintTo(const KdGePoint3d& p, std::ostream* out) {
-    *out << '(' << p.x << ", " << p.y << ", " << p.z << ')';
-}
-
-inline void PrintTo(const KdGeVector3d& v, std::ostream* out) {
-    PrintTo(KdGePoint3d(v.x, v.y, v.z), out);
-}
+#include "tests/support/points.h"
 
 namespace {
 

@@ -19,7 +19,7 @@
 namespace {
 
 using Names = std::vector<std::wstring>;
-using Texts = std::vector<std::string>;
+using Titles = std::vector<std::string>;
 
 class UndoCommands : public kdtest::ApplicationTest {
 protected:
@@ -180,11 +180,11 @@ TEST_F(UndoCommands, a_lock_may_outlive_its_document) {
 TEST_F(UndoCommands, the_dump_tells_the_steps_oldest_first_and_those_of_its_own_drawing) {
     host.run(L"LINE 0,0 10,0 \n");
     mark(L"AboveInsert", L"Insert row above");
-    EXPECT_EQ(dump()["undoSteps"], (Texts{"LINE", "AboveInsert"}));
+    EXPECT_EQ(dump()["undoSteps"], (Titles{"LINE", "AboveInsert"}));
     host.run(L"U\n");
-    EXPECT_EQ(dump()["undoSteps"], (Texts{"LINE"}));
+    EXPECT_EQ(dump()["undoSteps"], (Titles{"LINE"}));
     host.run(L"NEW\n");
-    EXPECT_EQ(dump()["undoSteps"], Texts{});
+    EXPECT_EQ(dump()["undoSteps"], Titles{});
 }
 
 }  // namespace

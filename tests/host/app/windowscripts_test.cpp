@@ -17,6 +17,7 @@
 namespace {
 
 using kdtest::answers;
+using kdtest::Failing;
 using kdtest::Texts;
 
 void note(const std::wstring& answer) {
@@ -326,11 +327,6 @@ TEST_F(WindowScripts, a_command_that_asks_for_ever_ends_the_program) {
     EXPECT_EXIT(run("ASKUNTILYES\n@answer CANCEL\n"), ::testing::ExitedWithCode(1),
                 "s.kds:2: the message box has no button CANCEL.\nthe message box \"Yes\\?\" opens again and again.");
 }
-
-struct Failing {
-    const char* script;
-    const char* failure;
-};
 
 class FailingWindowScripts : public WindowScripts, public ::testing::WithParamInterface<Failing> {};
 

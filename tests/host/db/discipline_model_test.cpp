@@ -15,7 +15,7 @@ namespace {
 using Kdad::ErrorStatus;
 
 /// The rules in their plainest form.
-struct Model {
+struct PlainRules {
     std::vector<KdDb::OpenMode> opens;  ///< in no order that matters
     bool erased = false;
     bool changed = false;
@@ -63,7 +63,7 @@ TEST(DisciplineModel, random_sequences_agree_with_the_plain_model) {
     const KdDbObjectId id = kdtest::appendLine(database);
     Counter counter;
     kdhost::peekObject(id)->addReactor(&counter);
-    Model model;
+    PlainRules model;
     std::mt19937 random(static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed()));
     KdDbLine* line = nullptr;
 

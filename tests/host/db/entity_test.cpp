@@ -3,20 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <numbers>
 
 #include "host/db/access.h"
 #include "host/text/layout.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/mtext.h"
 #include "kd/db/solid.h"
+#include "tests/support/angles.h"
 #include "tests/support/objects.h"
 
 namespace {
 
 using kdtest::mustOpen;
 
-constexpr double kQuarter = std::numbers::pi / 2.0;
 const KdGeVector3d kZ(0.0, 0.0, 1.0);
 const KdGePoint3d kOrigin(0.0, 0.0, 0.0);
 
@@ -62,7 +61,7 @@ TEST(Entities, classes_stand_in_their_tree) {
 
 TEST(Entities, a_line_is_turned_about_a_point) {
     KdDbLine line({1.0, 0.0, 0.0}, {3.0, 0.0, 0.0});
-    EXPECT_EQ(line.transformBy(KdGeMatrix3d::rotation(kQuarter, kZ, {1.0, 0.0, 0.0})), Kdad::eOk);
+    EXPECT_EQ(line.transformBy(KdGeMatrix3d::rotation(kdtest::halfPi, kZ, {1.0, 0.0, 0.0})), Kdad::eOk);
     EXPECT_EQ(line.startPoint(), KdGePoint3d(1.0, 0.0, 0.0));
     EXPECT_EQ(line.endPoint(), KdGePoint3d(1.0, 2.0, 0.0));
     expectBox(line.getGeomExtents(), {1.0, 0.0, 0.0}, {1.0, 2.0, 0.0});
@@ -110,7 +109,7 @@ TEST_F(Insertions, scale_and_rotation_act_about_the_position) {
     KdDbBlockReference insertion({10.0, 20.0, 0.0}, m_block);
     EXPECT_EQ(insertion.setScaleFactor(2.0), Kdad::eOk);
     EXPECT_EQ(insertion.setScaleFactor(0.0), Kdad::eInvalidInput);
-    EXPECT_EQ(insertion.setRotation(kQuarter), Kdad::eOk);
+    EXPECT_EQ(insertion.setRotation(kdtest::halfPi), Kdad::eOk);
     EXPECT_EQ(insertion.scaleFactor(), 2.0);
     expectBox(insertion.getGeomExtents(), {8.0, 20.0, 0.0}, {10.0, 24.0, 0.0});
 }
@@ -226,10 +225,11 @@ TEST_F(Texts, the_attachment_is_where_the_location_lies_in_the_box) {
 TEST_F(Texts, a_text_is_turned_and_scaled_with_its_location) {
     m_text.setLocation({10.0, 0.0, 0.0});
     m_text.setWidth(200.0);
-    EXPECT_EQ(m_text.transformBy(KdGeMatrix3d::scaling(2.0, kOrigin) * KdGeMatrix3d::rotation(kQuarter, kZ, kOrigin)),
-              Kdad::eOk);
+    EXPECT_EQ(
+        m_text.transformBy(KdGeMatrix3d::scaling(2.0, kOrigin) * KdGeMatrix3d::rotation(kdtest::halfPi, kZ, kOrigin)),
+        Kdad::eOk);
     EXPECT_EQ(m_text.location(), KdGePoint3d(0.0, 20.0, 0.0));
-    EXPECT_NEAR(m_text.rotation(), kQuarter, 1e-12);
+    EXPECT_NEAR(m_text.rotation(), kdtest::halfPi, 1e-12);
     EXPECT_NEAR(m_text.textHeight(), 8.0, 1e-12);
     EXPECT_NEAR(m_text.width(), 400.0, 1e-9);
     for (const KdGeMatrix3d& matrix : unevenMatrices()) EXPECT_EQ(m_text.transformBy(matrix), Kdad::eInvalidInput);

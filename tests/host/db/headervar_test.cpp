@@ -21,7 +21,7 @@ struct NumberVariable {
 };
 using Db = KdDbDatabase;
 using Header = KdDbHeaderVar;
-constexpr NumberVariable numbers[] = {
+constexpr NumberVariable numberVariables[] = {
     {L"LUNITS", &Db::lunits, &Db::setLunits, &Header::lunits, 1, 5, 2},
     {L"LUPREC", &Db::luprec, &Db::setLuprec, &Header::luprec, 0, 8, 4},
     {L"AUNITS", &Db::aunits, &Db::setAunits, &Header::aunits, 0, 4, 0},
@@ -35,7 +35,7 @@ constexpr NumberVariable numbers[] = {
 TEST(KdDbHeaderVar, keeps_what_is_in_range_and_refuses_the_rest) {
     KdDbDatabase database(false, true);
     const KdDbHeaderVar& header = KdDbSystemInternals::getImpDatabase(&database)->headerVar();
-    for (const NumberVariable& variable : numbers) {
+    for (const NumberVariable& variable : numberVariables) {
         EXPECT_EQ((database.*variable.get)(), variable.standard);
         for (int value = variable.lowest; value <= variable.highest; ++value) {
             EXPECT_EQ((database.*variable.set)(value), Kdad::eOk);
@@ -78,7 +78,7 @@ TEST(KdDbHeaderVar, measurement_tells_whether_the_drawing_is_metric) {
 class HeaderVariables : public kdtest::ApplicationTest {};
 
 TEST_F(HeaderVariables, are_host_variables_of_the_active_drawing) {
-    for (const NumberVariable& variable : numbers) {
+    for (const NumberVariable& variable : numberVariables) {
         resbuf value;
         value.restype = RTSHORT;
         value.resval.rint = static_cast<short>(variable.highest);

@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <numbers>
 
 #include "kd/db/mtext.h"
+#include "tests/support/angles.h"
 
 namespace {
-
-constexpr double kQuarter = std::numbers::pi / 2.0;
 
 TEST(MTextBox, the_height_is_kept_and_a_negative_one_refused) {
     KdDbMText text;
@@ -25,10 +23,10 @@ TEST(MTextBox, the_height_is_kept_and_a_negative_one_refused) {
 TEST(MTextBox, the_direction_is_the_rotation_told_as_a_vector) {
     KdDbMText text;
     EXPECT_TRUE(text.direction().isEqualTo({1.0, 0.0, 0.0}, 1e-12));
-    text.setRotation(kQuarter);
+    text.setRotation(kdtest::halfPi);
     EXPECT_TRUE(text.direction().isEqualTo({0.0, 1.0, 0.0}, 1e-12));
     EXPECT_EQ(text.setDirection({-3.0, 0.0, 0.0}), Kdad::eOk);
-    EXPECT_NEAR(std::abs(text.rotation()), 2.0 * kQuarter, 1e-12);
+    EXPECT_NEAR(std::abs(text.rotation()), 2.0 * kdtest::halfPi, 1e-12);
     kddbSetMtextRotation(&text, 0.25);
     EXPECT_EQ(text.rotation(), 0.25);
     kddbSetMtextRotation(nullptr, 0.25);
@@ -37,10 +35,10 @@ TEST(MTextBox, the_direction_is_the_rotation_told_as_a_vector) {
 TEST(MTextBox, only_the_part_of_a_direction_in_the_plane_counts) {
     KdDbMText text;
     EXPECT_EQ(text.setDirection({0.0, 2.0, 7.0}), Kdad::eOk);
-    EXPECT_NEAR(text.rotation(), kQuarter, 1e-12);
+    EXPECT_NEAR(text.rotation(), kdtest::halfPi, 1e-12);
     EXPECT_EQ(text.setDirection({0.0, 0.0, 1.0}), Kdad::eInvalidInput);
     EXPECT_EQ(text.setDirection({0.0, 0.0, 0.0}), Kdad::eInvalidInput);
-    EXPECT_NEAR(text.rotation(), kQuarter, 1e-12);
+    EXPECT_NEAR(text.rotation(), kdtest::halfPi, 1e-12);
 }
 
 TEST(MTextBox, in_a_turned_plane_the_direction_is_still_a_world_vector) {

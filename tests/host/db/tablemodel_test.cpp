@@ -16,7 +16,7 @@ struct ModelCell {
     int merge = 0;  ///< 0: none
 };
 
-struct Model {
+struct PlainGrid {
     std::vector<std::vector<ModelCell>> rows;
     int lastMerge = 0;
 
@@ -97,8 +97,8 @@ struct Model {
     }
 
     /// A model with rows and columns exchanged: columns are told as rows of it.
-    Model turned() const {
-        Model result;
+    PlainGrid turned() const {
+        PlainGrid result;
         result.lastMerge = lastMerge;
         result.rows.assign(static_cast<std::size_t>(columnCount()),
                            std::vector<ModelCell>(static_cast<std::size_t>(rowCount())));
@@ -135,7 +135,7 @@ std::string rangeText(const KdCellRange& range) {
 }
 
 /// Empty when table and model agree.
-std::string difference(const KdDbTable& table, const Model& model) {
+std::string difference(const KdDbTable& table, const PlainGrid& model) {
     if (table.numRows() != model.rowCount() || table.numColumns() != model.columnCount()) return "sizes";
     std::string result;
     std::map<int, KdCellRange> ranges;
@@ -251,7 +251,7 @@ private:
 
     std::mt19937 m_random;
     KdDbTable m_table;
-    Model m_model;
+    PlainGrid m_model;
 };
 
 }  // namespace

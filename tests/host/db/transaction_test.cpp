@@ -9,12 +9,14 @@
 #include "host/db/undo.h"
 #include "host/rx/faults.h"
 #include "kd/db/tablestyle.h"
+#include "tests/host/db/witness.h"
 #include "tests/support/leakguard.h"
 #include "tests/support/objects.h"
 
 namespace {
 
 using kdtest::mustOpen;
+using kdtest::Witness;
 using Names = std::vector<std::wstring>;
 
 class Transactions : public ::testing::Test {
@@ -340,12 +342,6 @@ TEST_F(Transactions, an_object_that_somebody_has_open_at_the_abort_is_put_back_u
     EXPECT_TRUE(line->isWriteEnabled());
     EXPECT_EQ(line->close(), Kdad::eOk);
 }
-
-struct Witness : KdDbObjectReactor {
-    void modified(const KdDbObject*) override { told += 'm'; }
-    void erased(const KdDbObject*, bool erasing) override { told += erasing ? 'e' : 'b'; }
-    std::string told;
-};
 
 TEST_F(Transactions, reactors_are_told_once_when_the_outermost_ends_or_aborts) {
     Witness witness;

@@ -1,16 +1,12 @@
 // Who is told of what undo puts back.
 
 #include "tests/host/db/undofixture.h"
+#include "tests/host/db/witness.h"
 
 namespace {
 
 using kdtest::Undo;
-
-struct Witness : KdDbObjectReactor {
-    void modified(const KdDbObject*) override { told += 'm'; }
-    void erased(const KdDbObject*, bool erasing) override { told += erasing ? 'e' : 'b'; }
-    std::string told;
-};
+using kdtest::Witness;
 
 TEST_F(Undo, reactors_are_told_of_what_is_put_back) {
     Witness witness;

@@ -12,6 +12,7 @@
 namespace {
 
 using namespace kdhost::draw;
+using kdtest::painted;
 
 constexpr int kWidth = 400;
 constexpr int kHeight = 300;
@@ -22,14 +23,6 @@ Options seenIn(const View& view) {
     Options options;
     options.visible = Visible{low.x, low.y, high.x, high.y, 1.0 / view.scale()};
     return options;
-}
-
-QImage painted(const Primitives& primitives, const View& view) {
-    QImage image(kWidth, kHeight, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    paintPrimitives(painter, primitives, view, {});
-    return image;
 }
 
 Primitives dashedLine(const KdGePoint3d& from, const KdGePoint3d& to) {

@@ -3,10 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
 #include <memory>
 
 #include "host/db/access.h"
+#include "host/draw/paint.h"
 #include "host/draw/primitives.h"
+#include "host/draw/view.h"
 #include "kd/db/blockreference.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"
@@ -14,6 +18,15 @@
 #include "tests/support/objects.h"
 
 namespace kdtest {
+
+/// On white paper of the view's size.
+inline QImage painted(const kdhost::draw::Primitives& primitives, const kdhost::draw::View& view) {
+    QImage image(static_cast<int>(view.widthPixels()), static_cast<int>(view.heightPixels()), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintPrimitives(painter, primitives, view, {});
+    return image;
+}
 
 /// A fresh drawing. What is added is closed at once.
 struct Drawing {

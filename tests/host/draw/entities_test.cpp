@@ -5,6 +5,8 @@
 #include "kd/db/mtext.h"
 #include "kd/db/solid.h"
 #include "tests/host/draw/drawing.h"
+#include "tests/support/angles.h"
+#include "tests/support/points.h"
 
 using namespace kdhost::draw;
 using kdtest::Drawing;
@@ -12,9 +14,10 @@ using kdtest::only;
 
 namespace {
 
+using kdtest::expectAt;
+
 constexpr Color kForeground{0, 0, 0, true};
 constexpr Color kRed{255, 0, 0, false};
-const double kPi = std::acos(-1.0);
 
 std::unique_ptr<KdDbLine> line(double x0, double y0, double x1, double y1) {
     auto result = std::make_unique<KdDbLine>(KdGePoint3d(x0, y0, 0.0), KdGePoint3d(x1, y1, 0.0));
@@ -26,11 +29,6 @@ std::unique_ptr<KdDbMText> mtext(const wchar_t* contents, double height = 10.0) 
     result->setContents(contents);
     result->setTextHeight(height);
     return result;
-}
-
-void expectAt(const KdGePoint3d& point, double x, double y) {
-    EXPECT_NEAR(point.x, x, 1e-9);
-    EXPECT_NEAR(point.y, y, 1e-9);
 }
 
 TEST(Primitives, a_line_is_a_polyline_of_two_points) {
@@ -127,7 +125,7 @@ TEST(Primitives, lines_of_a_text_follow_one_another_downwards) {
 TEST(Primitives, a_turned_text_runs_along_its_direction) {
     const auto text = mtext(L"one\\Ptwo", 3.0);
     text->setAttachment(KdDbMText::kTopLeft);
-    text->setRotation(kPi / 2);
+    text->setRotation(kdtest::pi / 2);
     const auto texts = only<Text>(primitivesOf(*text, {}));
     ASSERT_EQ(texts.size(), 2U);
     EXPECT_NEAR(texts[0].direction.x, 0.0, 1e-9);
@@ -230,7 +228,7 @@ TEST(BlockReferences, draw_their_block_moved_turned_and_scaled) {
     text->setAttachment(KdDbMText::kBottomLeft);
     drawing.add(std::move(text), block);
     auto reference = std::make_unique<KdDbBlockReference>(KdGePoint3d(10, 20, 0), block);
-    reference->setRotation(kPi / 2);
+    reference->setRotation(kdtest::pi / 2);
     reference->setScaleFactor(3.0);
     drawing.add(std::move(reference));
 
@@ -329,7 +327,7 @@ TEST(BlockReferences, draw_solids_in_their_place_and_turn) {
     drawing.add(std::move(solid), block);
     const auto reference = looseReference(drawing, block);
     reference->setPosition({10, 0, 0});
-    reference->setRotation(kPi / 2);
+    reference->setRotation(kdtest::pi / 2);
     reference->setColor(KdCmColor::fromIndex(1));
     const auto polygons = only<Polygon>(primitivesOf(*reference, {}));
     ASSERT_EQ(polygons.size(), 1U);
@@ -351,11 +349,11 @@ TEST(BlockReferences, in_a_slanting_plane_foreshorten_their_texts_as_their_lines
     drawing.add(std::move(level), block);
     auto upright = mtext(L"M8", 10.0);
     upright->setAttachment(KdDbMText::kBottomLeft);
-    upright->setRotation(kPi / 2);
+    upright->setRotation(kdtest::pi / 2);
     drawing.add(std::move(upright), block);
     const auto reference = looseReference(drawing, block);
-    const double c = std::cos(kPi / 3);
-    const double s = std::sin(kPi / 3);
+    const double c = std::cos(kdtest::pi / 3);
+    const double s = std::sin(kdtest::pi / 3);
     ASSERT_EQ(reference->transformBy(KdGeMatrix3d::alignToWorld({}, {1, 0, 0}, {0, c, s}, {0, -s, c})), Kdad::eOk);
 
     const Primitives primitives = primitivesOf(*reference, {});

@@ -8,6 +8,8 @@
 #include "kd/db/dictionary.h"
 #include "kd/db/tablestyle.h"
 #include "tests/host/draw/drawing.h"
+#include "tests/support/angles.h"
+#include "tests/support/points.h"
 
 using namespace kdhost::draw;
 using kdtest::Drawing;
@@ -15,7 +17,7 @@ using kdtest::only;
 
 namespace {
 
-const double kPi = std::acos(-1.0);
+using kdtest::expectAt;
 
 /// A table in no database: rows 20 high, columns 60 wide, at the origin.
 std::unique_ptr<KdDbTable> plainTable(int rows, int columns) {
@@ -24,11 +26,6 @@ std::unique_ptr<KdDbTable> plainTable(int rows, int columns) {
     table->setRowHeight(20.0);
     table->setColumnWidth(60.0);
     return table;
-}
-
-void expectAt(const KdGePoint3d& point, double x, double y) {
-    EXPECT_NEAR(point.x, x, 1e-9);
-    EXPECT_NEAR(point.y, y, 1e-9);
 }
 
 /// The corners of a polygon as a box.
@@ -155,8 +152,9 @@ TEST_P(TurnedTexts, keep_their_box_in_the_middle_of_the_cell) {
 }
 
 INSTANTIATE_TEST_SUITE_P(angles, TurnedTexts,
-                         ::testing::Values(TurnCase{kPi / 2, 0, 1}, TurnCase{kPi, -1, 0}, TurnCase{-kPi / 2, 0, -1},
-                                           TurnCase{kPi / 4, std::sqrt(0.5), std::sqrt(0.5)}));
+                         ::testing::Values(TurnCase{kdtest::pi / 2, 0, 1}, TurnCase{kdtest::pi, -1, 0},
+                                           TurnCase{-kdtest::pi / 2, 0, -1},
+                                           TurnCase{kdtest::pi / 4, std::sqrt(0.5), std::sqrt(0.5)}));
 
 TEST(TableFills, cover_the_cell_or_its_merge_and_come_first) {
     const auto table = plainTable(4, 3);
@@ -218,7 +216,7 @@ TEST_F(TableBlocks, with_autofit_fill_the_cell_between_its_margins) {
 
 TEST_F(TableBlocks, are_turned) {
     table->setBlockTableRecordId(2, 0, 0, block, false);
-    table->setBlockRotation(2, 0, kPi / 2);
+    table->setBlockRotation(2, 0, kdtest::pi / 2);
     table->setAlignment(2, 0, KdDb::kBottomRight);
     const Polyline line = drawn();
     expectAt(line.points[0], 58.5, -58.5);

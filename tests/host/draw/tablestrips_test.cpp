@@ -13,20 +13,13 @@
 namespace {
 
 using namespace kdhost::draw;
+using kdtest::painted;
 using kdtest::TableBuilder;
 
 Visible visibleIn(const View& view) {
     const KdGePoint3d low = view.toWorld({0.0, view.heightPixels()});
     const KdGePoint3d high = view.toWorld({view.widthPixels(), 0.0});
     return {low.x, low.y, high.x, high.y, 1.0 / view.scale()};
-}
-
-QImage painted(const Primitives& primitives, const View& view) {
-    QImage image(static_cast<int>(view.widthPixels()), static_cast<int>(view.heightPixels()), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    paintPrimitives(painter, primitives, view, {});
-    return image;
 }
 
 class SeenPart : public ::testing::Test {

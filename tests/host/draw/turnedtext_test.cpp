@@ -2,17 +2,16 @@
 
 #include <QImage>
 #include <cmath>
-#include <numbers>
 
 #include "host/draw/render.h"
 #include "kd/db/mtext.h"
 #include "tests/host/draw/drawing.h"
+#include "tests/support/angles.h"
 
 using namespace kdhost::draw;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 /// Of the pictures of `paint`, on each side.
 constexpr int kMargin = 20;
 /// Pixels by which letters keep away from the ends of their line.
@@ -52,7 +51,7 @@ void expectFilled(const Primitives& primitives, const char* what) {
 TEST(TurnedTexts, fill_their_place_at_any_angle) {
     for (int degrees = 0; degrees < 360; degrees += 15) {
         const auto text = capitals();
-        text->setRotation(degrees * kPi / 180.0);
+        text->setRotation(degrees * kdtest::pi / 180.0);
         expectFilled(primitivesOf(*text, {}), std::to_string(degrees).c_str());
     }
 }
@@ -62,7 +61,7 @@ TEST(TurnedTexts, fill_their_place_in_planes_at_a_slant) {
         for (int degrees = 0; degrees < 360; degrees += 45) {
             const auto text = capitals();
             text->setNormal(normal);
-            text->setRotation(degrees * kPi / 180.0);
+            text->setRotation(degrees * kdtest::pi / 180.0);
             expectFilled(primitivesOf(*text, {}), std::to_string(degrees).c_str());
         }
     }

@@ -19,13 +19,13 @@ std::wstring match(const wchar_t* list, const wchar_t* answer) {
     return KeywordList(list).match(answer).value_or(L"(none)");
 }
 
-struct Case {
+struct Answer {
     const wchar_t* list;
     const wchar_t* answer;
     const wchar_t* global;
 };
 
-class KeywordAnswers : public ::testing::TestWithParam<Case> {};
+class KeywordAnswers : public ::testing::TestWithParam<Answer> {};
 
 TEST_P(KeywordAnswers, select_the_word_with_their_capitals) {
     EXPECT_EQ(match(GetParam().list, GetParam().answer), GetParam().global);
@@ -33,29 +33,29 @@ TEST_P(KeywordAnswers, select_the_word_with_their_capitals) {
 
 INSTANTIATE_TEST_SUITE_P(
     Keywords, KeywordAnswers,
-    ::testing::Values(Case{kOperation, L"_Formula", L"insertFOrmula"}, Case{kOperation, L"FO", L"insertFOrmula"},
-                      Case{kOperation, L"fo", L"insertFOrmula"}, Case{kOperation, L"insertfo", L"insertFOrmula"},
-                      Case{kOperation, L"INSERTFORMULA", L"insertFOrmula"}, Case{kOperation, L"F", L"(none)"},
-                      Case{kOperation, L"insertF", L"(none)"}, Case{kOperation, L"insert", L"(none)"},
-                      Case{kOperation, L"sertFO", L"(none)"}, Case{kOperation, L"Formulas", L"(none)"},
-                      Case{kOperation, L"B", L"(none)"}, Case{kOperation, L"BO", L"BOrder"},
-                      Case{kOperation, L"ba", L"BAck"}, Case{kOperation, L"m", L"Merge"},
-                      Case{kOperation, L"", L"(none)"}, Case{kOperation, L"_", L"(none)"},
-                      Case{L"Operation Content _Operation Content", L"_Op", L"Operation"},
-                      Case{L"TL TC _TL TC", L"t", L"(none)"}, Case{L"TL TC _TL TC", L"tc", L"TC"}));
+    ::testing::Values(Answer{kOperation, L"_Formula", L"insertFOrmula"}, Answer{kOperation, L"FO", L"insertFOrmula"},
+                      Answer{kOperation, L"fo", L"insertFOrmula"}, Answer{kOperation, L"insertfo", L"insertFOrmula"},
+                      Answer{kOperation, L"INSERTFORMULA", L"insertFOrmula"}, Answer{kOperation, L"F", L"(none)"},
+                      Answer{kOperation, L"insertF", L"(none)"}, Answer{kOperation, L"insert", L"(none)"},
+                      Answer{kOperation, L"sertFO", L"(none)"}, Answer{kOperation, L"Formulas", L"(none)"},
+                      Answer{kOperation, L"B", L"(none)"}, Answer{kOperation, L"BO", L"BOrder"},
+                      Answer{kOperation, L"ba", L"BAck"}, Answer{kOperation, L"m", L"Merge"},
+                      Answer{kOperation, L"", L"(none)"}, Answer{kOperation, L"_", L"(none)"},
+                      Answer{L"Operation Content _Operation Content", L"_Op", L"Operation"},
+                      Answer{L"TL TC _TL TC", L"t", L"(none)"}, Answer{L"TL TC _TL TC", L"tc", L"TC"}));
 
 INSTANTIATE_TEST_SUITE_P(TranslatedLists, KeywordAnswers,
-                         ::testing::Values(Case{L"返回(BA) 退出(Q) _BAck Quit", L"ba", L"BAck"},
-                                           Case{L"返回(BA) 退出(Q) _BAck Quit", L"返回(BA)", L"BAck"},
-                                           Case{L"返回(BA) 退出(Q) _BAck Quit", L"返回", L"(none)"},
-                                           Case{L"返回(BA) 退出(Q) _BAck Quit", L"Quit", L"(none)"},
-                                           Case{L"返回(BA) 退出(Q) _BAck Quit", L"_quit", L"Quit"},
-                                           Case{L"返回 退出 _BAck Quit", L"退出", L"Quit"}));
+                         ::testing::Values(Answer{L"返回(BA) 退出(Q) _BAck Quit", L"ba", L"BAck"},
+                                           Answer{L"返回(BA) 退出(Q) _BAck Quit", L"返回(BA)", L"BAck"},
+                                           Answer{L"返回(BA) 退出(Q) _BAck Quit", L"返回", L"(none)"},
+                                           Answer{L"返回(BA) 退出(Q) _BAck Quit", L"Quit", L"(none)"},
+                                           Answer{L"返回(BA) 退出(Q) _BAck Quit", L"_quit", L"Quit"},
+                                           Answer{L"返回 退出 _BAck Quit", L"退出", L"Quit"}));
 
 INSTANTIATE_TEST_SUITE_P(ListsWithoutOneHalf, KeywordAnswers,
-                         ::testing::Values(Case{L"Make Set", L"m", L"Make"}, Case{L"Make Set", L"_s", L"Set"},
-                                           Case{L"_Make Set", L"set", L"Set"}, Case{L"", L"x", L"(none)"},
-                                           Case{L"One Two _First", L"t", L"Two"}));
+                         ::testing::Values(Answer{L"Make Set", L"m", L"Make"}, Answer{L"Make Set", L"_s", L"Set"},
+                                           Answer{L"_Make Set", L"set", L"Set"}, Answer{L"", L"x", L"(none)"},
+                                           Answer{L"One Two _First", L"t", L"Two"}));
 
 TEST(Keywords, the_word_written_out_goes_before_a_shortened_one) {
     EXPECT_EQ(match(L"Setup SET", L"set"), L"SET");

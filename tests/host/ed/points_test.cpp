@@ -6,12 +6,12 @@
 
 namespace {
 
-struct Case {
+struct TypedPoint {
     const wchar_t* text;
     KdGePoint3d point;
 };
 
-class TypedPoints : public ::testing::TestWithParam<Case> {};
+class TypedPoints : public ::testing::TestWithParam<TypedPoint> {};
 
 TEST_P(TypedPoints, are_read) {
     const auto point = kdhost::parsePoint(GetParam().text, {10.0, 20.0, 30.0});
@@ -20,11 +20,11 @@ TEST_P(TypedPoints, are_read) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Points, TypedPoints,
-                         ::testing::Values(Case{L"1,2", {1, 2, 0}}, Case{L"-1.5,+2e2", {-1.5, 200, 0}},
-                                           Case{L"1,2,3", {1, 2, 3}}, Case{L".5,0", {0.5, 0, 0}},
-                                           Case{L"@1,2", {11, 22, 30}}, Case{L"@1,2,3", {11, 22, 33}},
-                                           Case{L"@", {10, 20, 30}}, Case{L"5<90", {0, 5, 0}},
-                                           Case{L"@5<180", {5, 20, 30}}));
+                         ::testing::Values(TypedPoint{L"1,2", {1, 2, 0}}, TypedPoint{L"-1.5,+2e2", {-1.5, 200, 0}},
+                                           TypedPoint{L"1,2,3", {1, 2, 3}}, TypedPoint{L".5,0", {0.5, 0, 0}},
+                                           TypedPoint{L"@1,2", {11, 22, 30}}, TypedPoint{L"@1,2,3", {11, 22, 33}},
+                                           TypedPoint{L"@", {10, 20, 30}}, TypedPoint{L"5<90", {0, 5, 0}},
+                                           TypedPoint{L"@5<180", {5, 20, 30}}));
 
 class OtherTexts : public ::testing::TestWithParam<const wchar_t*> {};
 

@@ -6,14 +6,7 @@
 
 #include "kd/db/tablestyle.h"
 #include "tests/module/core/editfixture.h"
-
-inline void PrintTo(const KdGePoint3d& p, std::ostream* out) {
-    *out << '(' << p.x << ", " << p.y << ", " << p.z << ')';
-}
-
-inline void PrintTo(const KdGeVector3d& v, std::ostream* out) {
-    PrintTo(KdGePoint3d(v.x, v.y, v.z), out);
-}
+#include "tests/support/points.h"
 
 namespace kdtest {
 namespace {

@@ -19,7 +19,7 @@ struct Property {
 };
 
 const Property properties[] = {
-    {"cell style", CVqTableCommon::IsIdenticalCellStyle,
+    {"cell styleProperty", CVqTableCommon::IsIdenticalCellStyle,
      [](KdDbTable& table, int row, int column) { table.setCellStyle(row, column, L"_DATA"); },
      [](KdDbTable& table, int row, int column) { table.setCellStyle(row, column, L"_HEADER"); }},
     {"alignment", CVqTableCommon::IsIdenticalAlignment,
@@ -103,33 +103,33 @@ INSTANTIATE_TEST_SUITE_P(Properties, Likeness, ::testing::ValuesIn(properties), 
     return name;
 });
 
-const Property& style = properties[0];
-const Property& alignment = properties[1];
+const Property& styleProperty = properties[0];
+const Property& alignmentProperty = properties[1];
 
 // A merge of three rows stands in column 0. Behind it the scan of styles goes on in the merge's last row.
 const std::vector<Range> tallMerge{{0, 0, 2, 0}};
 
 TEST(IsIdenticalCellStyle, Does_not_visit_the_rows_beside_a_merge_but_its_last) {
     for (int row = 0; row < 4; ++row) {
-        const auto table = commonTable(style, 4, 3, tallMerge);
-        style.other(*table, row, 2);
+        const auto table = commonTable(styleProperty, 4, 3, tallMerge);
+        styleProperty.other(*table, row, 2);
         EXPECT_EQ(CVqTableCommon::IsIdenticalCellStyle(table.get(), {0, 0, 3, 2}), row < 2) << row;
     }
 }
 
 TEST(IsIdenticalAlignment, Visits_the_rows_beside_a_merge) {
     for (int row = 0; row < 4; ++row) {
-        const auto table = commonTable(alignment, 4, 3, tallMerge);
-        alignment.other(*table, row, 2);
+        const auto table = commonTable(alignmentProperty, 4, 3, tallMerge);
+        alignmentProperty.other(*table, row, 2);
         EXPECT_FALSE(CVqTableCommon::IsIdenticalAlignment(table.get(), {0, 0, 3, 2})) << row;
     }
 }
 
 TEST(IsIdenticalCellStyle, Follows_a_merge_out_of_the_range_to_its_last_row) {
-    const auto table = commonTable(style, 4, 3, tallMerge);
-    style.other(*table, 0, 2);
+    const auto table = commonTable(styleProperty, 4, 3, tallMerge);
+    styleProperty.other(*table, 0, 2);
     EXPECT_TRUE(CVqTableCommon::IsIdenticalCellStyle(table.get(), {0, 0, 0, 2}));
-    style.other(*table, 2, 2);
+    styleProperty.other(*table, 2, 2);
     EXPECT_FALSE(CVqTableCommon::IsIdenticalCellStyle(table.get(), {0, 0, 0, 2}));
 }
 

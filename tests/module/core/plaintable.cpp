@@ -12,7 +12,7 @@ namespace {
 
 using Range = PlainTable::Range;
 
-bool noCell(const Range& range) {
+bool isNoCell(const Range& range) {
     return range == Range{-1, -1, -1, -1};
 }
 
@@ -134,7 +134,7 @@ bool PlainTable::IsSelectMergedEqual(const Range& range) const {
 }
 
 bool PlainTable::IsMergeAndSelectEqual(const Range& range) const {
-    if (noCell(range)) return false;
+    if (isNoCell(range)) return false;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             const Range* merge = mergeAt(row, column);
@@ -192,7 +192,7 @@ bool PlainTable::IsMergeable(const Range& range) const {
 }
 
 bool PlainTable::IsMergeContentNoFirst(const Range& range) const {
-    if (noCell(range)) return false;
+    if (isNoCell(range)) return false;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             if (row == range.m_topRow && column == range.m_leftColumn) continue;
@@ -215,7 +215,7 @@ bool PlainTable::IsLastMergedCell(bool byColumn, int row, int column) const {
 }
 
 bool PlainTable::IsCellRangeAllContentLocked(const Range& range) const {
-    if (noCell(range)) return true;
+    if (isNoCell(range)) return true;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             if ((judged(row, column).state & 1) == 0) return false;
@@ -225,7 +225,7 @@ bool PlainTable::IsCellRangeAllContentLocked(const Range& range) const {
 }
 
 bool PlainTable::IsCellRangeHasContentLocked(const Range& range) const {
-    if (noCell(range)) return false;
+    if (isNoCell(range)) return false;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             if ((judged(row, column).state & 1) != 0) return true;
@@ -235,7 +235,7 @@ bool PlainTable::IsCellRangeHasContentLocked(const Range& range) const {
 }
 
 bool PlainTable::IsCellRangeAllFormatLocked(const Range& range) const {
-    if (noCell(range)) return true;
+    if (isNoCell(range)) return true;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             if ((judged(row, column).state & 16) == 0) return false;
@@ -349,7 +349,7 @@ bool PlainTable::CanMergeCells(const Range& selection) const {
 }
 
 bool PlainTable::CanUnMergeCells(const Range& selection) const {
-    if (noCell(selection) || selection.m_topRow > selection.m_bottomRow) return false;
+    if (isNoCell(selection) || selection.m_topRow > selection.m_bottomRow) return false;
     bool merged = false;
     bool editable = false;
     for (int row = selection.m_topRow; row <= selection.m_bottomRow; ++row) {
@@ -370,7 +370,7 @@ int PlainTable::CanRowSizeEqually(const Range& selection) const {
 }
 
 bool PlainTable::contentFlag(const Range& selection) const {
-    if (noCell(selection)) return false;
+    if (isNoCell(selection)) return false;
     for (int row = selection.m_topRow; row <= selection.m_bottomRow; ++row) {
         for (int column = selection.m_leftColumn; column <= selection.m_rightColumn; ++column) {
             if (at(row, column).contentEditable) return true;
@@ -380,7 +380,7 @@ bool PlainTable::contentFlag(const Range& selection) const {
 }
 
 bool PlainTable::formatFlag(const Range& selection) const {
-    if (noCell(selection)) return false;
+    if (isNoCell(selection)) return false;
     for (int row = selection.m_topRow; row <= selection.m_bottomRow; ++row) {
         for (int column = selection.m_leftColumn; column <= selection.m_rightColumn; ++column) {
             if (at(row, column).formatEditable) return true;
@@ -393,7 +393,7 @@ Range PlainTable::SearchMaxCellRange(int a, int b, const Range& range) const {
     Range w = range;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
-            if (noCell(range)) break;
+            if (isNoCell(range)) break;
             const Range* merge = mergeAt(row, column);
             if (merge == nullptr) continue;
             if (w.m_bottomRow == -1 || merge->m_bottomRow > w.m_bottomRow) w.m_bottomRow = merge->m_bottomRow;

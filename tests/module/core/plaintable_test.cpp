@@ -11,23 +11,10 @@
 #include "module/core/tablecommon.h"
 #include "module/core/tablepick.h"
 #include "tests/module/core/sampletables.h"
+#include "tests/support/random.h"
 
 namespace kdtest {
 namespace {
-
-class Random {
-public:
-    explicit Random(unsigned seed) : m_engine(seed) {}
-    int from(int least, int most) { return std::uniform_int_distribution<int>(least, most)(m_engine); }
-    bool oneIn(int n) { return from(1, n) == 1; }
-    template <class T, std::size_t n>
-    T pick(const std::array<T, n>& choices) {
-        return choices[static_cast<std::size_t>(from(0, static_cast<int>(n) - 1))];
-    }
-
-private:
-    std::mt19937 m_engine;
-};
 
 bool overlap(const Range& a, const Range& b) {
     return a.m_topRow <= b.m_bottomRow && b.m_topRow <= a.m_bottomRow && a.m_leftColumn <= b.m_rightColumn &&
@@ -36,12 +23,12 @@ bool overlap(const Range& a, const Range& b) {
 
 std::vector<Range> randomMerges(Random& random, int rows, int columns) {
     std::vector<Range> merges;
-    const int attempts = random.from(0, 8);
+    const int attempts = random.between(0, 8);
     for (int i = 0; i < attempts; ++i) {
-        const int top = random.from(0, rows - 1);
-        const int left = random.from(0, columns - 1);
-        const Range merge{top, left, std::min(rows - 1, top + random.from(0, 3)),
-                          std::min(columns - 1, left + random.from(0, 3))};
+        const int top = random.between(0, rows - 1);
+        const int left = random.between(0, columns - 1);
+        const Range merge{top, left, std::min(rows - 1, top + random.between(0, 3)),
+                          std::min(columns - 1, left + random.between(0, 3))};
         const bool single = merge.m_topRow == merge.m_bottomRow && merge.m_leftColumn == merge.m_rightColumn;
         const bool taken =
             std::any_of(merges.begin(), merges.end(), [&](const Range& other) { return overlap(merge, other); });
@@ -59,11 +46,11 @@ void fillCells(Random& random, KdDbTable& table) {
     const int rarity = random.oneIn(4) ? 40 : 4;
     for (int row = 0; row < table.numRows(); ++row) {
         for (int column = 0; column < table.numColumns(); ++column) {
-            table.setCellStyle(row, column, random.oneIn(rarity) ? random.pick(styles) : L"_DATA");
-            table.setAlignment(row, column, random.oneIn(rarity) ? random.pick(alignments) : KdDb::kTopLeft);
+            table.setCellStyle(row, column, random.oneIn(rarity) ? random.oneOf(styles) : L"_DATA");
+            table.setAlignment(row, column, random.oneIn(rarity) ? random.oneOf(alignments) : KdDb::kTopLeft);
             const bool plain = !random.oneIn(rarity);
-            table.setDataType(row, column, plain ? KdValue::kDouble : random.pick(dataTypes),
-                              plain ? KdValue::kUnitless : random.pick(unitTypes));
+            table.setDataType(row, column, plain ? KdValue::kDouble : random.oneOf(dataTypes),
+                              plain ? KdValue::kUnitless : random.oneOf(unitTypes));
             const KdCellRange merge = table.getMergeRange(row, column);
             const bool covered = merge.m_topRow != row || merge.m_leftColumn != column;
             if (!covered && random.oneIn(rarity)) table.setTextString(row, column, L"x");
@@ -74,11 +61,11 @@ void fillCells(Random& random, KdDbTable& table) {
 /// Some tables are unlocked, some wholly locked, the others mixed.
 void lockCells(Random& random, KdDbTable& table) {
     constexpr std::array<int, 6> states{0, 1, 2, 16, 17, 32};
-    const int usual = random.pick(std::array<int, 4>{0, 0, 1, 17});
-    const int rarity = random.from(3, 12);
+    const int usual = random.oneOf(std::array<int, 4>{0, 0, 1, 17});
+    const int rarity = random.between(3, 12);
     for (int row = 0; row < table.numRows(); ++row) {
         for (int column = 0; column < table.numColumns(); ++column) {
-            const int state = random.oneIn(rarity) ? random.pick(states) : usual;
+            const int state = random.oneIn(rarity) ? random.oneOf(states) : usual;
             table.setCellState(row, column, static_cast<KdDb::CellState>(state));
         }
     }
@@ -86,17 +73,17 @@ void lockCells(Random& random, KdDbTable& table) {
 
 /// Ranges in the table for the most part; a merge, a reversed range, one partly outside or no cell sometimes.
 Range randomRange(Random& random, int rows, int columns, const std::vector<Range>& merges) {
-    const int kind = random.from(1, 20);
+    const int kind = random.between(1, 20);
     if (kind == 1) return noCell;
     if (kind <= 4 && !merges.empty()) {
-        return merges[static_cast<std::size_t>(random.from(0, static_cast<int>(merges.size()) - 1))];
+        return merges[static_cast<std::size_t>(random.between(0, static_cast<int>(merges.size()) - 1))];
     }
     if (kind <= 8) {
-        return {random.from(-3, rows + 2), random.from(-3, columns + 2), random.from(-3, rows + 2),
-                random.from(-3, columns + 2)};
+        return {random.between(-3, rows + 2), random.between(-3, columns + 2), random.between(-3, rows + 2),
+                random.between(-3, columns + 2)};
     }
-    Range range{random.from(0, rows - 1), random.from(0, columns - 1), random.from(0, rows - 1),
-                random.from(0, columns - 1)};
+    Range range{random.between(0, rows - 1), random.between(0, columns - 1), random.between(0, rows - 1),
+                random.between(0, columns - 1)};
     if (kind <= 10) return range;
     if (range.m_topRow > range.m_bottomRow) std::swap(range.m_topRow, range.m_bottomRow);
     if (range.m_leftColumn > range.m_rightColumn) std::swap(range.m_leftColumn, range.m_rightColumn);
@@ -212,8 +199,8 @@ class PlainModel : public ::testing::TestWithParam<unsigned> {};
 TEST_P(PlainModel, Every_operation_agrees_on_random_tables_and_ranges) {
     Random random(GetParam());
     for (int i = 0; i < tablesPerSeed && !HasFailure(); ++i) {
-        const int rows = random.from(1, 6);
-        const int columns = random.from(1, 6);
+        const int rows = random.between(1, 6);
+        const int columns = random.between(1, 6);
         const std::vector<Range> merges = randomMerges(random, rows, columns);
         const std::unique_ptr<KdDbTable> table = makeTable(rows, columns, merges);
         fillCells(random, *table);

@@ -90,9 +90,9 @@ struct EdgeMove {
     std::pair<int, int> moved;
 };
 
-using Move = Range (*)(KdDbTable*, int, const Range&);
+using SpanMove = Range (*)(KdDbTable*, int, const Range&);
 
-void expectMoves(Move move, const std::vector<EdgeMove>& all) {
+void expectMoves(SpanMove move, const std::vector<EdgeMove>& all) {
     for (const EdgeMove& expected : all) {
         SCOPED_TRACE(expected.what);
         std::vector<Range> across;

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "tests/module/core/editfixture.h"
+#include "tests/support/random.h"
 
 namespace kdtest {
 namespace {
@@ -36,30 +37,21 @@ const GridEdit gridEdits[] = {
 #undef EDIT
 #undef ASKING
 
-class Random {
-public:
-    explicit Random(unsigned seed) : m_engine(seed) {}
-    int from(int least, int most) { return std::uniform_int_distribution<int>(least, most)(m_engine); }
-    bool oneIn(int n) { return from(1, n) == 1; }
-
-private:
-    std::mt19937 m_engine;
-};
-
 /// A rectangle in the table, of up to four rows and columns.
 KdCellRange rectangle(Random& random, int rows, int columns) {
-    const int top = random.from(0, rows - 1);
-    const int left = random.from(0, columns - 1);
-    return {top, left, std::min(rows - 1, top + random.from(0, 3)), std::min(columns - 1, left + random.from(0, 3))};
+    const int top = random.between(0, rows - 1);
+    const int left = random.between(0, columns - 1);
+    return {top, left, std::min(rows - 1, top + random.between(0, 3)),
+            std::min(columns - 1, left + random.between(0, 3))};
 }
 
 /// Content in some tables, locks in some, merges and sizes in nearly all.
 std::unique_ptr<KdDbTable> randomTable(Random& random) {
     constexpr const wchar_t* styles[] = {L"_TITLE", L"_HEADER", L"_DATA"};
-    const int rows = random.from(1, 6);
-    const int columns = random.from(1, 6);
+    const int rows = random.between(1, 6);
+    const int columns = random.between(1, 6);
     auto table = makeTable(rows, columns);
-    for (int i = random.from(0, 4); i > 0; --i) {
+    for (int i = random.between(0, 4); i > 0; --i) {
         const KdCellRange merge = rectangle(random, rows, columns);
         table->mergeCells(merge.m_topRow, merge.m_bottomRow, merge.m_leftColumn, merge.m_rightColumn);
     }
@@ -70,20 +62,20 @@ std::unique_ptr<KdDbTable> randomTable(Random& random) {
             const KdCellRange merge = table->getMergeRange(row, column);
             if (merge.m_topRow != row || merge.m_leftColumn != column) continue;
             if (filled && random.oneIn(2))
-                table->setTextString(row, column, std::to_wstring(random.from(0, 99)).c_str());
-            if (random.oneIn(3)) table->setCellStyle(row, column, styles[random.from(0, 2)]);
+                table->setTextString(row, column, std::to_wstring(random.between(0, 99)).c_str());
+            if (random.oneIn(3)) table->setCellStyle(row, column, styles[random.between(0, 2)]);
             if (locked && random.oneIn(8)) table->setCellState(row, column, KdDb::kCellStateContentLocked);
         }
-        if (random.oneIn(2)) table->setRowHeight(row, table->rowHeight(row) + random.from(0, 20));
+        if (random.oneIn(2)) table->setRowHeight(row, table->rowHeight(row) + random.between(0, 20));
     }
-    for (int column = 0; column < columns; ++column) table->setColumnWidth(column, random.from(20, 60));
+    for (int column = 0; column < columns; ++column) table->setColumnWidth(column, random.between(20, 60));
     return table;
 }
 
 /// A rectangle for the most part; else a merge, nothing, whole rows or columns, or a reversed range.
 KdCellRange randomSelection(Random& random, const SlowGrid& grid) {
     const KdCellRange range = rectangle(random, grid.rowCount(), grid.columnCount());
-    switch (random.from(1, 12)) {
+    switch (random.between(1, 12)) {
         case 1:
             return {};
         case 2:
@@ -112,7 +104,7 @@ protected:
     std::string step(Random& random, KdDbObjectId id, SlowGrid& grid) {
         grid.selection = randomSelection(random, grid);
         select(id, grid.selection);
-        const GridEdit& edit = gridEdits[random.from(0, static_cast<int>(std::size(gridEdits)) - 1)];
+        const GridEdit& edit = gridEdits[random.between(0, static_cast<int>(std::size(gridEdits)) - 1)];
         const std::string told = std::string(edit.name) + " of\n" + grid.describe();
         const bool yes = random.oneIn(2);
         int asked = 0;

@@ -7,10 +7,7 @@
 #include <ostream>
 
 #include "tests/module/core/sampletables.h"
-
-inline void PrintTo(const KdGePoint3d& p, std::ostream* out) {
-    *out << '(' << p.x << ", " << p.y << ", " << p.z << ')';
-}
+#include "tests/support/points.h"
 
 namespace kdtest {
 namespace {

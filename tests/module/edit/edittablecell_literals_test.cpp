@@ -23,6 +23,8 @@ protected:
     }
 };
 
+namespace literal {
+
 constexpr const wchar_t* pickTable = L"选择表格：";
 constexpr const wchar_t* enterCells = L"Cell or range in An:Bn format:";
 constexpr const wchar_t* mainMenu = L"[Operation/Content/Format/Style/Quit/ExecuteOneAction]:";
@@ -35,13 +37,30 @@ constexpr const wchar_t* format = L"[BAck/ALignment/BG color/Lock/Unlock/Quit]:"
 constexpr const wchar_t* alignment = L"[BAck/TL/TC/TR/ML/MC/MR/BL/BC/BR/Quit]:";
 constexpr const wchar_t* style = L"[BAck/Edit table style/New table style/edit cell Style/Quit]:";
 
+}  // namespace literal
+
 TEST_F(WithoutResources, Every_prompt_is_the_literal_one_and_that_of_the_formulas_is_empty) {
     add(TableBuilder(3, 3).fill().build());
     runCommandOn(L"A1", {L"op", L"m", L"ba", L"fo", L"BAck", L"ba", L"c", L"ba", L"f", L"al", L"ba", L"ba", L"_Style",
                          L"ba", L"datalink", L"q"});
-    const std::vector<std::wstring> expected = {pickTable, enterCells, mainMenu, operation, merge,    operation,
-                                                L"",       operation,  mainMenu, content,   mainMenu, format,
-                                                alignment, format,     mainMenu, style,     mainMenu, mainMenu};
+    const std::vector<std::wstring> expected = {literal::pickTable,
+                                                literal::enterCells,
+                                                literal::mainMenu,
+                                                literal::operation,
+                                                literal::merge,
+                                                literal::operation,
+                                                L"",
+                                                literal::operation,
+                                                literal::mainMenu,
+                                                literal::content,
+                                                literal::mainMenu,
+                                                literal::format,
+                                                literal::alignment,
+                                                literal::format,
+                                                literal::mainMenu,
+                                                literal::style,
+                                                literal::mainMenu,
+                                                literal::mainMenu};
     EXPECT_EQ(prompts, expected);
     EXPECT_TRUE(host.messages().empty());
 }

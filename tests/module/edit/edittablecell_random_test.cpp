@@ -27,8 +27,9 @@ protected:
         QObject::connect(&m_boxes, &QTimer::timeout, [this] { answerBox(); });
         m_boxes.start();
         const ResourceScope resources;
-        using namespace menutexts;
-        for (const MenuTexts* menu : {&mainMenu, &operation, &merge, &formula, &content, &format, &alignment, &style}) {
+        for (const MenuTexts* menu :
+             {&menutexts::mainMenu, &menutexts::operation, &menutexts::merge, &menutexts::formula, &menutexts::content,
+              &menutexts::format, &menutexts::alignment, &menutexts::style}) {
             m_lists.emplace_back(loadText(menu->prompt), wordsOf(loadText(menu->keywords)));
         }
     }

@@ -14,15 +14,15 @@
 
 namespace {
 
-const wchar_t* const kModule = L"TvxTable.tvx";
+const wchar_t* const kTableModule = L"TvxTable.tvx";
 const wchar_t* const kCommandStack = L"KDAD_REGISTERED_COMMANDS";
 
 class ModuleRegistrations : public kdtest::ApplicationTest {
 protected:
-    void load() { ASSERT_TRUE(kdhost::dynamicLinker().loadModule(kModule)); }
-    void unload() { ASSERT_TRUE(kdhost::dynamicLinker().unloadModule(kModule)); }
+    void load() { ASSERT_TRUE(kdhost::dynamicLinker().loadModule(kTableModule)); }
+    void unload() { ASSERT_TRUE(kdhost::dynamicLinker().unloadModule(kTableModule)); }
     void TearDown() override {
-        if (kdhost::dynamicLinker().isModuleLoaded(kModule)) unload();
+        if (kdhost::dynamicLinker().isModuleLoaded(kTableModule)) unload();
     }
 
     static KdRxDictionary& services() {
@@ -51,7 +51,7 @@ TEST_F(ModuleRegistrations, stay_single_when_message_1_comes_again) {
     const std::size_t commands = kdhost::registeredCommands().size();
     const std::size_t reactors = host.documents().reactorCount();
     const KdRxObject* service = services().at(L"TVXTABLE_SERVICE");
-    void* id = kdhost::applicationId(kModule);
+    void* id = kdhost::applicationId(kTableModule);
     EXPECT_EQ(kdhost::sendMessage(id, 1, id), 0);
     EXPECT_EQ(kdhost::registeredCommands().size(), commands);
     EXPECT_EQ(host.documents().reactorCount(), reactors);
@@ -84,7 +84,7 @@ TEST_F(ModuleRegistrations, cannot_go_without_the_command_stack) {
     EXPECT_DEATH(
         {
             kdrxSysRegistry()->remove(kCommandStack);
-            kdhost::sendMessage(kdhost::applicationId(kModule), 2);
+            kdhost::sendMessage(kdhost::applicationId(kTableModule), 2);
         },
         "");
 }
@@ -96,7 +96,7 @@ TEST_F(ModuleRegistrations, cannot_come_where_something_else_stands_for_the_comm
                 KdRxDynamicLinker& linker = kdhost::dynamicLinker();
                 kdrxSysRegistry()->remove(name);
                 kdrxSysRegistry()->atPut(name, new KdRxService);
-                linker.loadModule(kModule);
+                linker.loadModule(kTableModule);
             },
             "");
     }

@@ -10,8 +10,6 @@
 namespace kdtest::preview {
 namespace {
 
-constexpr int kByStyle = 5;  // the flow of a text's characters
-
 /// The table's values at one cell.
 Edge edgeAt(const KdDbTable& table, int row, int column, int name) {
     const KdDb::GridLineType type = edgeType(name);

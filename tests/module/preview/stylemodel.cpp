@@ -8,9 +8,6 @@
 namespace kdtest::preview {
 namespace {
 
-constexpr int kRowCount = 2;
-constexpr int kByStyle = 5;  // the flow of a text's characters
-
 /// The cell that one text is measured for: with merge all the whole row.
 CellSize room(const CellLook& look, int columns, const CellSize& cell) {
     return {look.mergeAll ? columns * cell.width : cell.width, cell.height};

@@ -9,6 +9,11 @@
 
 namespace kdtest::preview {
 
+/// Rows of a style's sample.
+inline constexpr int kRowCount = 2;
+/// The flow of a text's characters.
+inline constexpr int kByStyle = 5;
+
 struct CellSize {
     double width = 0.0;
     double height = 0.0;

@@ -9,8 +9,6 @@
 namespace kdtest::preview {
 namespace {
 
-constexpr int kRowCount = 2;
-
 class Grid {
 public:
     Grid(const CellLook& look, int columns, const CellSize& cell) : m_look(look), m_columns(columns), m_cell(cell) {}

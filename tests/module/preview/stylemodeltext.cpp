@@ -5,17 +5,16 @@
 #include <cmath>
 
 #include "tests/module/preview/stylemodel.h"
+#include "tests/support/angles.h"
 
 namespace kdtest::preview {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-
 /// An angle within 0 to two pi. Angles so large that whole turns can't be told apart count as 0.
 double reduced(double angle) {
-    const double turns = angle / (2.0 * kPi);
+    const double turns = angle / (2.0 * pi);
     if (std::abs(turns) + 1.0 == std::abs(turns)) return 0.0;
-    return 2.0 * kPi * (turns - std::floor(turns));
+    return 2.0 * pi * (turns - std::floor(turns));
 }
 
 bool isNearZero(double angle) {
@@ -156,7 +155,7 @@ constexpr std::array kSlants{firstQuadrant, secondQuadrant, thirdQuadrant, fourt
 
 /// r, pi - r, r - pi, 2 pi - r.
 double withinFirst(const Turn& turn) {
-    const std::array angles{turn.angle, kPi - turn.angle, turn.angle - kPi, 2.0 * kPi - turn.angle};
+    const std::array angles{turn.angle, pi - turn.angle, turn.angle - pi, 2.0 * pi - turn.angle};
     return angles.at(static_cast<std::size_t>(turn.quarter));
 }
 
@@ -164,7 +163,7 @@ ModelText slanted(const CellLook& look, const Turn& turn, const CellSize& cell, 
     const double angle = withinFirst(turn);
     Letters l{cell.width, cell.height, look.marginHorz, look.marginVert, look.textHeight,
               text.width, text.height, std::sin(angle), std::cos(angle), 0.0};
-    l.N = l.a * l.s + l.h * std::sin(kPi / 2.0 - angle) + 2.0 * l.v;
+    l.N = l.a * l.s + l.h * std::sin(pi / 2.0 - angle) + 2.0 * l.v;
     const SlantPlace place =
         kSlants.at(static_cast<std::size_t>(turn.quarter))(l).at(static_cast<std::size_t>(look.alignment - 1));
     return {{cell.width, l.N}, place.x, look.flow == 1 ? place.yUp : place.yDown, text.wrapWidth};
@@ -175,10 +174,10 @@ ModelText slanted(const CellLook& look, const Turn& turn, const CellSize& cell, 
 Turn turnOf(double rotation) {
     const double angle = reduced(rotation);
     if (isNearZero(rotation)) return {false, 0, angle};
-    if (isNearZero(rotation - kPi / 2.0)) return {false, 1, angle};
-    if (isNearZero(rotation - kPi) || isNearZero(kPi + rotation)) return {false, 2, angle};
-    if (isNearZero(rotation - 3.0 * kPi / 2.0)) return {false, 3, angle};
-    return {true, static_cast<int>(angle / (kPi / 2.0)), angle};
+    if (isNearZero(rotation - pi / 2.0)) return {false, 1, angle};
+    if (isNearZero(rotation - pi) || isNearZero(pi + rotation)) return {false, 2, angle};
+    if (isNearZero(rotation - 3.0 * pi / 2.0)) return {false, 3, angle};
+    return {true, static_cast<int>(angle / (pi / 2.0)), angle};
 }
 
 ModelText modelText(const CellLook& look, const CellSize& cell) {

@@ -6,12 +6,13 @@
 #include <limits>
 
 #include "module/valuetext/tableutils.h"
+#include "tests/support/angles.h"
 #include "tests/support/textmodels.h"
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double twoPi = 6.283185307179586;
+using kdtest::pi;
+using kdtest::twoPi;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 

@@ -10,17 +10,15 @@
 
 #include "kd/db/database.h"
 #include "module/valuetext/tableutils.h"
+#include "tests/support/angles.h"
 #include "tests/support/textmodels.h"
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double halfPi = 1.5707963267948966;
-constexpr double twoPi = 6.283185307179586;
-
-constexpr double degrees(double value) {
-    return value * pi / 180.0;
-}
+using kdtest::degrees;
+using kdtest::halfPi;
+using kdtest::pi;
+using kdtest::twoPi;
 
 std::wstring degreesText(double radians, int precision) {
     CStdStr<wchar_t> text;

@@ -5,17 +5,15 @@
 #include "kd/db/database.h"
 #include "module/valuetext/tableutils.h"
 #include "tests/module/valuetext/scannedtexts.h"
+#include "tests/support/angles.h"
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double halfPi = 1.5707963267948966;
-constexpr double twoPi = 6.283185307179586;
+using kdtest::degrees;
+using kdtest::halfPi;
+using kdtest::pi;
+using kdtest::twoPi;
 constexpr double untouched = 17.0;
-
-constexpr double degrees(double value) {
-    return value * pi / 180.0;
-}
 
 kdtest::Scanned degreeText(const std::wstring& text) {
     double value = untouched;

@@ -172,7 +172,7 @@ TEST_F(ListsOfStyles, Without_a_working_drawing_the_list_of_table_styles_is_empt
     EXPECT_TRUE(context.tableId().isNull());
 }
 
-std::function<void()> inCommand;
+std::function<void()> changeStyle;
 
 TEST_F(ListsOfStyles, While_the_document_cannot_be_locked_the_table_style_stays) {
     const KdDbObjectId walls = addStyle(L"Walls");
@@ -180,13 +180,13 @@ TEST_F(ListsOfStyles, While_the_document_cannot_be_locked_the_table_style_stays)
     ask(table);
     kdhost::Document& first = host.document();
     kdhost::Document& second = host.documents().openNew();
-    inCommand = [&] {
+    changeStyle = [&] {
         host.documents().activate(first);
         context.onCommand(51000);
         host.documents().activate(second);
     };
     kdhost::commandStack().addCommand(
-        L"TEST", L"CHANGESTYLE", L"CHANGESTYLE", 0, [] { inCommand(); }, nullptr, -1, nullptr, nullptr);
+        L"TEST", L"CHANGESTYLE", L"CHANGESTYLE", 0, [] { changeStyle(); }, nullptr, -1, nullptr, nullptr);
     host.run(L"CHANGESTYLE\n");
     kdhost::commandStack().removeGroup(L"TEST");
     EXPECT_EQ(look(table).tableStyle(), walls);

@@ -30,6 +30,9 @@ protected:
         return [this, count] { EXPECT_EQ(transactions().numActiveTransactions(), count); };
     }
 
+    /// The dialog that a style is edited in.
+    inline static const std::wstring kEditing = L"IDD_TABLESTYLEEDIT_DIALOG";
+
     inline static const std::wstring kList = L"IDC_TABLESTYLE_STYLE_LIST";
     inline static const std::wstring kFilter = L"IDC_TABLESTYLE_LIST_COMBOBOX";
     inline static const std::wstring kSetCurrent = L"IDC_TABLESTYLE_CURSTYLE_BUTTON";

@@ -8,7 +8,6 @@ namespace kdtest {
 namespace {
 
 const std::wstring kDirection = L"IDC_TABLESTYLEEDIT_DIRECTION_COMBOBOX";
-const std::wstring kEditing = L"IDD_TABLESTYLEEDIT_DIALOG";
 const std::wstring kManaging = L"IDD_MANAGERCELLSTYLE_DIALOG";
 
 class TableStyleDialogModify : public TableStyleDialogTest {

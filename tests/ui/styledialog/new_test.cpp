@@ -11,8 +11,6 @@ namespace {
 const std::wstring kName = L"IDC_CREATETABLESTYLE_NEWNAME_EDIT";
 const std::wstring kStart = L"IDC_CREATETABLESTYLE_STARTWITH_COMBOBOX";
 const std::wstring kNaming = L"IDD_CREATETABLESTYLE_DIALOG";
-const std::wstring kEditing = L"IDD_TABLESTYLEEDIT_DIALOG";
-
 class TableStyleDialogNew : public TableStyleDialogTest {
 protected:
     void SetUp() override {

@@ -3,18 +3,10 @@
 #include <QCheckBox>
 
 #include "tests/ui/styleedit/fixture.h"
+#include "tests/ui/stylepages/controls.h"
 
 namespace kdtest {
 namespace {
-
-constexpr const char* kFillBox = "IDC_CELLSTYLEGENERAL_FILLCOLOR_COMBOBOX";
-constexpr const char* kAlignmentBox = "IDC_CELLSTYLEGENERAL_ALIGNMENT_COMBOBOX";
-constexpr const char* kTypeBox = "IDC_CELLSTYLEGENERAL_TYPE_COMBOBOX";
-constexpr const char* kFormat = "IDC_CELLSTYLEGENERAL_FORMATSHOW_STATIC";
-constexpr const char* kFormatButton = "IDC_CELLSTYLEGENERAL_FORMAT_BUTTON";
-constexpr const char* kHorizontal = "IDC_CELLSTYLEGENERAL_HORIZONTAL_EDIT";
-constexpr const char* kVertical = "IDC_CELLSTYLEGENERAL_VERTICAL_EDIT";
-constexpr const char* kMerge = "IDC_CELLSTYLEGENERAL_MERGECELL_BUTTON";
 
 class StylePageGeneral : public StyleEditing {
 protected:
@@ -126,14 +118,14 @@ TEST_F(StylePageGeneral, Shows_and_writes_the_nine_alignments) {
 
 TEST_F(StylePageGeneral, Shows_and_writes_the_class) {
     edit([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_EQ(rows(dialog, kTypeBox), (std::vector<std::string>{"Data", "Label"}));
-        EXPECT_EQ(shown(dialog, kTypeBox), "Data");
-        choose(kTypeBox, "Label");
+        EXPECT_EQ(rows(dialog, kCellTypeBox), (std::vector<std::string>{"Data", "Label"}));
+        EXPECT_EQ(shown(dialog, kCellTypeBox), "Data");
+        choose(kCellTypeBox, "Label");
         EXPECT_EQ(style().cellClass(L"_DATA"), KdDb::kCellClassLabel);
-        choose(kTypeBox, "Data");
+        choose(kCellTypeBox, "Data");
         EXPECT_EQ(style().cellClass(L"_DATA"), KdDb::kCellClassData);
         choose(kCellStyleBox, "Header");
-        EXPECT_EQ(shown(dialog, kTypeBox), "Label");
+        EXPECT_EQ(shown(dialog, kCellTypeBox), "Label");
         cancel(dialog);
     });
 }
@@ -149,7 +141,7 @@ TEST_F(StylePageGeneral, A_class_that_the_box_does_not_list_leaves_margins_and_m
     edit([&](CVqTableStyleEditDlg& dialog) {
         choose(kCellStyleBox, "Header");
         EXPECT_EQ(shown(dialog, kAlignmentBox), "Bottom Right");
-        EXPECT_EQ(shown(dialog, kTypeBox), "Data") << "of the cell style before";
+        EXPECT_EQ(shown(dialog, kCellTypeBox), "Data") << "of the cell style before";
         EXPECT_EQ(text(dialog, kHorizontal), "1.5");
         EXPECT_EQ(text(dialog, kVertical), "1.5");
         EXPECT_FALSE(in<QCheckBox>(dialog, kMerge).isChecked());

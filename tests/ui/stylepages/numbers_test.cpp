@@ -1,14 +1,10 @@
 // The edits of numbers on the general and the text page: what is refused, and when the focus comes back.
 
 #include "tests/ui/styleedit/fixture.h"
+#include "tests/ui/stylepages/controls.h"
 
 namespace kdtest {
 namespace {
-
-constexpr const char* kHorizontal = "IDC_CELLSTYLEGENERAL_HORIZONTAL_EDIT";
-constexpr const char* kVertical = "IDC_CELLSTYLEGENERAL_VERTICAL_EDIT";
-constexpr const char* kHeight = "IDC_CELLSTYLETEXT_TEXTHEIGHT_EDIT";
-constexpr const char* kAngle = "IDC_CELLSTYLETEXT_TEXTANGLE_EDIT";
 
 /// An edit of a page, and what it writes.
 struct NumberEdit {

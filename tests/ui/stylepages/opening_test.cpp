@@ -2,14 +2,10 @@
 
 #include "kd/ui/widgets.h"
 #include "tests/ui/style/borders.h"
+#include "tests/ui/stylepages/controls.h"
 
 namespace kdtest {
 namespace {
-
-constexpr const char* kFillBox = "IDC_CELLSTYLEGENERAL_FILLCOLOR_COMBOBOX";
-constexpr const char* kAlignmentBox = "IDC_CELLSTYLEGENERAL_ALIGNMENT_COMBOBOX";
-constexpr const char* kTextColorBox = "IDC_CELLSTYLETEXT_TEXTCOLOR_COMBOBOX";
-constexpr const char* kInfo = "IDC_CELLSTYLEBORDER_BORDERINFO_STATIC";
 
 /// The samples that a box paints before its rows.
 struct BoxSamples {
@@ -86,7 +82,7 @@ TEST_F(StylePageOpening, Without_a_style_boxes_are_filled_all_the_same_and_the_r
     EXPECT_EQ(samplesOf(general, kFillBox), 0);
     EXPECT_EQ(samplesOf(texts, kTextColorBox), 0);
     EXPECT_EQ(samplesOf(borders, kWeightBox), 0);
-    EXPECT_EQ(in<QLabel>(borders, kInfo).text(), QString());
+    EXPECT_EQ(in<QLabel>(borders, "IDC_CELLSTYLEBORDER_BORDERINFO_STATIC").text(), QString());
     for (const BorderButtonEdges& each : kButtons) {
         const auto& button = in<QPushButton>(borders, each.name);
         EXPECT_FALSE(button.icon().isNull()) << each.name;

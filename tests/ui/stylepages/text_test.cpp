@@ -6,15 +6,10 @@
 #include "kd/db/symboltable.h"
 #include "module/valuetext/tableutils.h"
 #include "tests/ui/styleedit/fixture.h"
+#include "tests/ui/stylepages/controls.h"
 
 namespace kdtest {
 namespace {
-
-constexpr const char* kStyleBox = "IDC_CELLSTYLETEXT_TEXTSTYLE_COMBOBOX";
-constexpr const char* kStyleButton = "IDC_CELLSTYLETEXT_TEXTSTYLE_BUTTON";
-constexpr const char* kColorBox = "IDC_CELLSTYLETEXT_TEXTCOLOR_COMBOBOX";
-constexpr const char* kHeight = "IDC_CELLSTYLETEXT_TEXTHEIGHT_EDIT";
-constexpr const char* kAngle = "IDC_CELLSTYLETEXT_TEXTANGLE_EDIT";
 
 class StylePageText : public StyleEditing {
 protected:
@@ -46,10 +41,10 @@ TEST_F(StylePageText, Shows_all_four_values) {
         open.setRotation(std::acos(-1.0) / 4, L"_DATA");
     });
     editText([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_EQ(rows(dialog, kStyleBox), (std::vector<std::string>{"Standard", "Notes"})) << "in table order";
-        EXPECT_EQ(shown(dialog, kStyleBox), "Notes");
+        EXPECT_EQ(rows(dialog, kTextStyleBox), (std::vector<std::string>{"Standard", "Notes"})) << "in table order";
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Notes");
         EXPECT_EQ(text(dialog, kHeight), "2.5");
-        EXPECT_EQ(shown(dialog, kColorBox), "Red");
+        EXPECT_EQ(shown(dialog, kTextColorBox), "Red");
         EXPECT_EQ(text(dialog, kAngle), "45");
     });
 }
@@ -57,12 +52,12 @@ TEST_F(StylePageText, Shows_all_four_values) {
 TEST_F(StylePageText, Writes_the_text_style_and_the_colour) {
     makeTextStyles({L"Notes", L"Other"});
     EXPECT_EQ(editText([&](CVqTableStyleEditDlg& dialog) {
-                  choose(kStyleBox, "Other");
+                  choose(kTextStyleBox, "Other");
                   EXPECT_EQ(textStyle(), textStyles.find(L"Other"));
-                  choose(kStyleBox, "Notes");
-                  choose(kColorBox, 1);
+                  choose(kTextStyleBox, "Notes");
+                  choose(kTextColorBox, 1);
                   EXPECT_TRUE(style().color(L"_DATA").isByBlock());
-                  choose(kColorBox, 3);
+                  choose(kTextColorBox, 3);
                   ok(dialog);
               }),
               1);
@@ -74,7 +69,7 @@ TEST_F(StylePageText, Writes_the_text_style_and_the_colour) {
 TEST_F(StylePageText, Another_colour_is_asked_for) {
     editText([&](CVqTableStyleEditDlg& dialog) {
         next([](QWidget&) { EXPECT_EQ(kdhost::automation::color(L"1,2,3"), L""); });
-        choose(kColorBox, box(dialog, kColorBox).count() - 1);
+        choose(kTextColorBox, box(dialog, kTextColorBox).count() - 1);
         EXPECT_EQ(style().color(L"_DATA"), KdCmColor::fromRgb(1, 2, 3));
     });
 }
@@ -83,7 +78,7 @@ TEST_F(StylePageText, A_name_is_shown_by_the_first_row_that_begins_with_it_and_t
     makeTextStyles({L"Notes on doors", L"Notes"});
     change([&](KdDbTableStyle& open) { open.setTextStyle(textStyles.find(L"Notes"), L"_DATA"); });
     editText([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_EQ(shown(dialog, kStyleBox), "Notes on doors");
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Notes on doors");
         ok(dialog);
     });
     EXPECT_EQ(textStyle(), textStyles.find(L"Notes"));
@@ -118,8 +113,8 @@ TEST_F(StylePageText, A_text_style_that_is_gone_is_shown_as_the_first_one) {
     change([&](KdDbTableStyle& open) { open.setTextStyle(gone, L"_DATA"); });
     eraseTextStyle(gone);
     editText([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_EQ(rows(dialog, kStyleBox), std::vector<std::string>{"Standard"});
-        EXPECT_EQ(shown(dialog, kStyleBox), "Standard");
+        EXPECT_EQ(rows(dialog, kTextStyleBox), std::vector<std::string>{"Standard"});
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Standard");
         EXPECT_EQ(text(dialog, kHeight), "4.5");
         ok(dialog);
     });
@@ -130,7 +125,7 @@ TEST_F(StylePageText, A_drawing_without_a_text_style_to_be_read_leaves_the_rest_
     const OpenObject<KdDbTextStyleTable> table(host.database().textStyleTableId(), KdDb::kForWrite);
     const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Standard"), KdDb::kForWrite);
     editText([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_TRUE(rows(dialog, kStyleBox).empty());
+        EXPECT_TRUE(rows(dialog, kTextStyleBox).empty());
         EXPECT_EQ(text(dialog, kHeight), "");
         EXPECT_EQ(text(dialog, kAngle), "");
     });
@@ -140,8 +135,9 @@ TEST_F(StylePageText, A_text_style_that_cannot_be_read_has_no_row) {
     makeTextStyles({L"Notes"});
     const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Standard"), KdDb::kForWrite);
     editText([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_EQ(rows(dialog, kStyleBox), std::vector<std::string>{"Notes"});
-        EXPECT_EQ(shown(dialog, kStyleBox), "Notes") << "the first one, for the cell style's own that can't be read";
+        EXPECT_EQ(rows(dialog, kTextStyleBox), std::vector<std::string>{"Notes"});
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Notes")
+            << "the first one, for the cell style's own that can't be read";
         EXPECT_EQ(text(dialog, kHeight), "4.5");
     });
 }
@@ -149,8 +145,8 @@ TEST_F(StylePageText, A_text_style_that_cannot_be_read_has_no_row) {
 TEST_F(StylePageText, Without_any_text_style_the_refresh_tells_that_it_failed) {
     const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Standard"), KdDb::kForWrite);
     editText([&](CVqTableStyleEditDlg& dialog) {
-        EXPECT_TRUE(rows(dialog, kStyleBox).empty());
-        auto& page = dynamic_cast<CVqTableCellStyleTextDlg&>(*box(dialog, kStyleBox).parentWidget());
+        EXPECT_TRUE(rows(dialog, kTextStyleBox).empty());
+        auto& page = dynamic_cast<CVqTableCellStyleTextDlg&>(*box(dialog, kTextStyleBox).parentWidget());
         EXPECT_EQ(page.UpdateFormDatabaseData(), 0);
         EXPECT_EQ(text(dialog, kHeight), "");
     });
@@ -161,7 +157,7 @@ TEST_F(StylePageText, A_row_is_not_written_while_the_text_styles_cannot_be_looke
     editText([&](CVqTableStyleEditDlg&) {
         const KdDbObjectId before = textStyle();
         const OpenObject<KdDbTextStyleTable> table(host.database().textStyleTableId(), KdDb::kForWrite);
-        choose(kStyleBox, "Notes");
+        choose(kTextStyleBox, "Notes");
         EXPECT_EQ(textStyle(), before);
     });
 }
@@ -174,7 +170,7 @@ TEST_F(StylePageText, A_text_style_that_the_box_does_not_list_leaves_the_rest_as
         open->setTextHeight(77.0, L"_HEADER");
         choose(kCellStyleBox, "Header");
         EXPECT_EQ(text(dialog, kHeight), "4.5");
-        EXPECT_EQ(shown(dialog, kStyleBox), "Standard");
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Standard");
     });
 }
 
@@ -182,9 +178,9 @@ TEST_F(StylePageText, A_name_with_blanks_around_it_is_looked_up_without_them_and
     makeTextStyles({L"Padded"});
     OpenObject<KdDbTextStyleTableRecord>(textStyles.find(L"Padded"), KdDb::kForWrite)->setName(L" Padded ");
     editText([&](CVqTableStyleEditDlg& dialog) {
-        choose(kStyleBox, 1);
+        choose(kTextStyleBox, 1);
         EXPECT_TRUE(textStyle().isNull());
-        choose(kStyleBox, 0);
+        choose(kTextStyleBox, 0);
         EXPECT_EQ(textStyle(), textStyles.find(L"Standard"));
         cancel(dialog);
     });
@@ -200,9 +196,9 @@ TEST_F(StylePageText, Whatever_ends_the_text_style_dialog_the_cell_style_takes_t
                 EXPECT_EQ(in<QListWidget>(hosts, "IDC_TEXTSTYLE_LIST").currentItem()->text(), QStringLiteral("Own"));
                 confirmed ? ok(hosts) : cancel(hosts);
             });
-            press(dialog, kStyleButton);
+            press(dialog, kTextStyleButton);
             backIn(dialog);
-            EXPECT_EQ(shown(dialog, kStyleBox), "Current");
+            EXPECT_EQ(shown(dialog, kTextStyleBox), "Current");
             EXPECT_EQ(textStyle(), textStyles.find(L"Current"));
         });
         EXPECT_EQ(textStyle(), textStyles.find(L"Own"));
@@ -220,10 +216,10 @@ TEST_F(StylePageText, Text_styles_made_in_their_dialog_stand_in_the_box) {
             press(hosts, "IDC_TEXTSTYLE_SETCURRENT_BUTTON");
             ok(hosts);
         });
-        press(dialog, kStyleButton);
+        press(dialog, kTextStyleButton);
         backIn(dialog);
-        EXPECT_EQ(rows(dialog, kStyleBox), (std::vector<std::string>{"Standard", "Fresh"}));
-        EXPECT_EQ(shown(dialog, kStyleBox), "Fresh");
+        EXPECT_EQ(rows(dialog, kTextStyleBox), (std::vector<std::string>{"Standard", "Fresh"}));
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Fresh");
         EXPECT_EQ(textStyle(), textStyles.find(L"Fresh"));
         ok(dialog);
     });
@@ -237,7 +233,7 @@ TEST_F(StylePageText, A_current_text_style_that_the_box_does_not_list_is_not_tak
     editText([&](CVqTableStyleEditDlg& dialog) {
         const OpenObject<KdDbTextStyleTableRecord> record(textStyles.find(L"Current"), KdDb::kForWrite);
         next([](QWidget& hosts) { cancel(hosts); });
-        press(dialog, kStyleButton);
+        press(dialog, kTextStyleButton);
         backIn(dialog);
         EXPECT_EQ(textStyle(), textStyles.find(L"Own"));
     });
@@ -248,7 +244,7 @@ TEST_F(StylePageText, Without_its_own_text_style_the_cell_style_gets_no_dialog) 
     change([&](KdDbTableStyle& open) { open.setTextStyle(textStyles.find(L"Gone"), L"_DATA"); });
     eraseTextStyle(textStyle());
     editText([&](CVqTableStyleEditDlg& dialog) {
-        press(dialog, kStyleButton);
+        press(dialog, kTextStyleButton);
         EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
     });
 }

@@ -19,7 +19,7 @@ int align(KdDbObjectId table) {
     return CVqTableCommon::SetSelectionAlignment(table, KdDb::kBottomRight);
 }
 
-const ButtonCase kCases[] = {
+const ButtonCase kButtons[] = {
     {"rows_above", "IDC_TABLEDIT_TOPINSERT", CVqTableCommon::InsertRowByAbove, "B2:C3", nullptr},
     {"a_row_above_a_merge", "IDC_TABLEDIT_TOPINSERT", CVqTableCommon::InsertRowByAbove, "B2:C4", "B2:C4"},
     {"rows_below", "IDC_TABLEDIT_BOTTOMINSERT", CVqTableCommon::InsertRowByBelow, "B2:C3", nullptr},
@@ -68,7 +68,7 @@ TEST_P(ToolbarButton, does_nothing_where_the_layer_is_locked) {
     EXPECT_TRUE(isShown());
 }
 
-INSTANTIATE_TEST_SUITE_P(Makes, ToolbarButton, ::testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Makes, ToolbarButton, ::testing::ValuesIn(kButtons),
                          [](const auto& info) { return std::string(info.param.name); });
 
 class ToolbarButtons : public ToolbarTest {};

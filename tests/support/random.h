@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-namespace endurance {
+namespace kdtest {
 
 class Random {
 public:
@@ -15,6 +15,7 @@ public:
     /// 0 to `limit` - 1; `limit` is positive. The distributions of the library differ between machines.
     int below(int limit) { return static_cast<int>(m_engine() % static_cast<std::uint64_t>(limit)); }
     int between(int least, int most) { return least + below(most - least + 1); }
+    bool oneIn(int n) { return below(n) == 0; }
     bool chance(int percent) { return below(100) < percent; }
 
     template <class List>
@@ -27,4 +28,4 @@ private:
     std::mt19937_64 m_engine;
 };
 
-}  // namespace endurance
+}  // namespace kdtest
