@@ -1,39 +1,60 @@
 // The text of a cell: shared by the copies of the cell until one of them gets another text.
 #pragma once
 
-#include <string>
+#include <cwchar>
+#include <new>
+#include <string_view>
 #include <utility>
-
-#include "host/db/tablecow.h"
 
 namespace kdhost {
 
 /// As small as a pointer, and as cheap to copy: a step of undo keeps copies of whole rows. An empty text holds
-/// nothing.
+/// nothing; any other one lies in one piece of memory with the count of its holders. A database belongs to one thread,
+/// so that the count is a plain number.
 class SharedText {
 public:
     SharedText() = default;
-    SharedText& operator=(std::wstring text) {
-        m_text = text.empty() ? CopyOnWrite<std::wstring>() : CopyOnWrite<std::wstring>(std::move(text));
+    SharedText(const SharedText& other) : m_node(other.m_node) {
+        if (m_node != nullptr) ++m_node->holders;
+    }
+    SharedText(SharedText&& other) noexcept : m_node(std::exchange(other.m_node, nullptr)) {}
+    SharedText& operator=(SharedText other) noexcept {
+        std::swap(m_node, other.m_node);
         return *this;
     }
-    SharedText& operator=(const wchar_t* text) { return *this = std::wstring(text); }
-
-    const std::wstring& str() const {
-        static const std::wstring none;
-        return m_text ? *m_text : none;
+    SharedText& operator=(std::wstring_view text) { return *this = SharedText(text); }
+    ~SharedText() {
+        if (m_node != nullptr && --m_node->holders == 0) ::operator delete(m_node);
     }
-    operator const std::wstring&() const { return str(); }
-    const wchar_t* c_str() const { return str().c_str(); }
-    bool empty() const { return !m_text; }
-    void clear() { m_text = {}; }
+
+    std::wstring_view view() const { return {c_str(), m_node == nullptr ? 0 : m_node->length}; }
+    operator std::wstring_view() const { return view(); }
+    /// Ends with a null; valid while any holder keeps this text.
+    const wchar_t* c_str() const { return m_node == nullptr ? L"" : m_node->characters(); }
+    bool empty() const { return m_node == nullptr; }
+    void clear() { *this = SharedText(); }
 
     friend bool operator==(const SharedText& a, const SharedText& b) {
-        return a.m_text.shares(b.m_text) || a.str() == b.str();
+        return a.m_node == b.m_node || a.view() == b.view();
     }
 
 private:
-    CopyOnWrite<std::wstring> m_text;
+    /// Its characters follow it, and a null.
+    struct Node {
+        std::size_t holders;
+        std::size_t length;
+
+        wchar_t* characters() { return reinterpret_cast<wchar_t*>(this + 1); }
+    };
+
+    explicit SharedText(std::wstring_view text) {
+        if (text.empty()) return;
+        m_node = new (::operator new(sizeof(Node) + (text.size() + 1) * sizeof(wchar_t))) Node{1, text.size()};
+        std::wmemcpy(m_node->characters(), text.data(), text.size());
+        m_node->characters()[text.size()] = L'\0';
+    }
+
+    Node* m_node = nullptr;
 };
 
 }  // namespace kdhost

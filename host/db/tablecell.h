@@ -95,6 +95,8 @@ struct TableRow {
     /// Lowest height that the row's own text allows, as last worked out under `stamp`; 0 for never.
     mutable double minimumHeight = 0.0;
     mutable std::uint64_t minimumStamp = 0;
+    /// Under which the row's own content was found to fit into the columns; 0 for never.
+    mutable std::uint64_t fitsStamp = 0;
 };
 
 }  // namespace kdhost

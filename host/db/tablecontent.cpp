@@ -64,7 +64,7 @@ KdString KdDbTable::textString(int row, int column, int content) const {
     const Cell* cell = content == 0 ? visibleContent(tableState(*this), row, column) : nullptr;
     if (cell == nullptr) return {};
     if (cell->hasField()) return KdString(shownField(*this, *cell));
-    return cell->text.empty() ? KdString() : KdString(cell->text);
+    return cell->text.empty() ? KdString() : KdString(std::wstring(cell->text.view()));
 }
 
 void KdDbTable::setTextString(int row, int column, const wchar_t* text) {

@@ -29,6 +29,8 @@ public:
 
     double rowMinimum(int row);
     double columnMinimum(int column);
+    /// Whether no column has to widen for what the row holds.
+    bool fits(int row);
     /// What the cell's content needs, its merge taken as one cell.
     double heightOf(int row, int column);
 
@@ -46,9 +48,10 @@ private:
         return which.in(m_state.styles.lastRecord(cell.style).format);
     }
     const Face& face(KdDbObjectId textStyle);
-    bool surelyOneLine(const std::wstring& text, const Face& face, double room) const;
-    double textHeightOf(const Cell& cell, const std::wstring& text, double width);
+    bool surelyOneLine(std::wstring_view text, const Face& face, double room) const;
+    double textHeightOf(const Cell& cell, std::wstring_view text, double width);
     double widthOf(const Cell& cell);
+    double widthNeeded(int row, int column);
     double sumOfHeights(int first, int last) const;
     double sumOfWidths(int first, int last) const;
 
@@ -85,7 +88,7 @@ const Measure::Face& Measure::face(KdDbObjectId textStyle) {
 }
 
 /// True for a plain text that fits into one line of `room` text heights; false says nothing.
-bool Measure::surelyOneLine(const std::wstring& text, const Face& face, double room) const {
+bool Measure::surelyOneLine(std::wstring_view text, const Face& face, double room) const {
     double width = 0.0;
     for (const wchar_t character : text) {
         const bool plain = character >= L' ' && character < 0x7F && character != L'\\' && character != L'{' &&
@@ -96,7 +99,7 @@ bool Measure::surelyOneLine(const std::wstring& text, const Face& face, double r
     return width * face.font->widthFactor <= room;
 }
 
-double Measure::textHeightOf(const Cell& cell, const std::wstring& text, double width) {
+double Measure::textHeightOf(const Cell& cell, std::wstring_view text, double width) {
     const double height = value(cell, property::textHeight);
     const double marginVert = value(cell, property::marginVert);
     const double line = heightOfLines(1, height, marginVert);
@@ -107,7 +110,7 @@ double Measure::textHeightOf(const Cell& cell, const std::wstring& text, double 
     const bool level = std::abs(std::sin(angle)) < 1e-6;
     if (level && surelyOneLine(text, used, room / height)) return line;
     // Text at a slant doesn't wrap: it runs on, and the row makes room for it.
-    const text::Layout layout = text::layout(text, *used.font, height, level ? room : 0.0);
+    const text::Layout layout = text::layout(std::wstring(text), *used.font, height, level ? room : 0.0);
     const double high = std::max(height, layout.height) + height / 3.0;
     if (level) return 2.0 * marginVert + high;
     return 2.0 * marginVert + std::abs(layout.width * std::sin(angle)) + std::abs(high * std::cos(angle));
@@ -171,16 +174,33 @@ double Measure::widthOf(const Cell& cell) {
     return margins + std::max(height, text::widestWord(text, *used.font, height));
 }
 
+/// What the cell asks of its column. A merge asks its last column for what the others leave, in its first row.
+double Measure::widthNeeded(int row, int column) {
+    const MergeLink& merge = m_state.cell(row, column).merge;
+    if (merge.up != 0 || (merge.merged() && merge.left != merge.columns - 1)) return 0.0;
+    const int left = column - merge.left;
+    const double others = column > left ? sumOfWidths(left, column - 1) : 0.0;
+    return widthOf(m_state.cell(row, left)) - others;
+}
+
 double Measure::columnMinimum(int column) {
     double minimum = 0.0;
-    for (int row = 0; row < m_state.rowCount(); ++row) {
-        const MergeLink& merge = m_state.cell(row, column).merge;
-        if (merge.up != 0 || (merge.merged() && merge.left != merge.columns - 1)) continue;
-        const int left = column - merge.left;
-        const double others = column > left ? sumOfWidths(left, column - 1) : 0.0;
-        minimum = std::max(minimum, widthOf(m_state.cell(row, left)) - others);
-    }
+    for (int row = 0; row < m_state.rowCount(); ++row) minimum = std::max(minimum, widthNeeded(row, column));
     return minimum;
+}
+
+bool Measure::fits(int row) {
+    const TableRow& line = m_state.rows[row];
+    const std::uint64_t stamp = m_state.layoutStamp;
+    if (line.fitsStamp == stamp) return true;
+    bool alone = true;  // the result depends on the row's own cells only
+    for (int column = 0; column < m_state.columnCount(); ++column) {
+        if (widthNeeded(row, column) > m_state.columnWidths[static_cast<std::size_t>(column)]) return false;
+        const Cell& cell = m_state.cell(row, column);
+        if (!cell.field().isNull() || !cell.block().isNull()) alone = false;
+    }
+    if (alone) line.fitsStamp = stamp;
+    return true;
 }
 
 double Measure::sumOfHeights(int first, int last) const {
@@ -237,6 +257,14 @@ void settleGrowth(const KdDbTable& table) {
 
 void growAllColumns(const KdDbTable& table, TableState& state) {
     Measure measure(table);
+    // Mostly nothing has to widen, and only rows written since the last look are to be asked. Their blocks aren't
+    // settled by that: the heights are still to follow.
+    bool fits = true;
+    state.rows.visitUnsettled(state.layoutStamp, [&](int row) {
+        fits = fits && measure.fits(row);
+        return false;
+    });
+    if (fits) return;
     // From left to right: a merge finds its other columns as wide as they will be.
     for (int column = 0; column < state.columnCount(); ++column) {
         double& width = state.columnWidths[static_cast<std::size_t>(column)];
@@ -251,7 +279,8 @@ void growAllRows(const KdDbTable& table, const TableState& state) {
     Measure measure(table);
     state.rows.visitUnsettled(state.layoutStamp, [&](int row) {
         growRow(state, row, measure.rowMinimum(row));
-        return state.rows[row].minimumStamp == state.layoutStamp;
+        const TableRow& line = state.rows[row];
+        return line.minimumStamp == state.layoutStamp && line.fitsStamp == state.layoutStamp;
     });
 }
 

@@ -175,7 +175,7 @@ public:
         const KdDbField* field = childOf(peek<KdDbField>(m_formula.field), child);
         if (field == nullptr) return Value::error();
         const auto known = m_engine.m_formulaOf.find(field->objectId());
-        if (known == m_engine.m_formulaOf.end()) return valueOfText(evaluatedText(*field));
+        if (known == m_engine.m_formulaOf.end()) return valueOfText(evaluatedText(*field).c_str());
         return m_engine.m_formulas[static_cast<std::size_t>(known->second)].value;
     }
 
@@ -198,7 +198,7 @@ Value Engine::valueOfMixed(const CellField& cellField) {
     for (const int part : cellField.formulas) {
         if (m_formulas[static_cast<std::size_t>(part)].value.kind == ValueKind::error) return Value::error();
     }
-    return valueOfText(evaluatedText(*field));
+    return valueOfText(evaluatedText(*field).c_str());
 }
 
 // ---- texts
@@ -266,7 +266,7 @@ public:
         constexpr std::size_t kDeepest = 100;
         const KdDbField* field = childOf(m_path.back(), child);
         if (field == nullptr || m_path.size() > kDeepest) return Value::error();
-        if (!stateOf<KdDbFieldState>(*field).isFollowed()) return valueOfText(evaluatedText(*field));
+        if (!stateOf<KdDbFieldState>(*field).isFollowed()) return valueOfText(evaluatedText(*field).c_str());
         std::vector<const KdDbField*> path = m_path;
         path.push_back(field);
         return m_engine.valueInMemory(path, nullptr);

@@ -96,7 +96,7 @@ Slot Engine::slotOf(const Cell& cell) {
     if (cell.merge.covered()) return {};
     if (!cell.field().isNull()) return {SlotKind::field, cellFieldOf(cell.field()), 0.0};
     if (cell.text.empty()) return {};
-    const Value value = valueOfText(cell.text);
+    const Value value = valueOfText(cell.text.c_str());
     switch (value.kind) {
         case ValueKind::empty:
             return {};

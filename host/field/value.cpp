@@ -35,8 +35,10 @@ Value Value::of(double number) {
     return {ValueKind::number, number, {}};
 }
 
-Value valueOfText(const std::wstring& contents) {
-    return text::isPlain(contents) ? valueOfPlain(contents) : valueOfPlain(text::strip(contents));
+Value valueOfText(const wchar_t* contents) {
+    const int length = text::plainLength(contents);
+    if (length < 0) return valueOfPlain(text::strip(contents));
+    return valueOfPlain({contents, static_cast<std::size_t>(length)});
 }
 
 std::wstring asContents(const std::wstring& text) {

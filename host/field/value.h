@@ -19,7 +19,7 @@ struct Value {
 
 /// What a cell's text, formatting codes and all, comes to. A text that reads as a number is one, with a per
 /// cent sign behind it a hundredth of it; blanks around it don't count. "####" is an error.
-Value valueOfText(const std::wstring& contents);
+Value valueOfText(const wchar_t* contents);
 
 /// A text as the contents of a cell: what would be read as a formatting code is written so that it isn't.
 std::wstring asContents(const std::wstring& text);

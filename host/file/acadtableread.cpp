@@ -155,7 +155,7 @@ private:
         cell.type = static_cast<std::uint8_t>(read.type);
         if (read.formats != nullptr) cell.overrides = overrides(read.formats);
         if (m_at != m_tags.last && m_at->code == kValueBegin) value(cell, read.text);
-        if (read.objects.field.isNull()) cell.text = std::move(read.text);
+        if (read.objects.field.isNull()) cell.text = read.text;
         std::erase_if(read.objects.attributes, [](const BlockAttribute& each) { return each.definition.isNull(); });
         if (read.objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(read.objects);
         m_spans.push_back(read.span);

@@ -113,7 +113,7 @@ int wordsOf(const TableState& table, int row, const Cell& cell) {
 void writeContent(SaveContext& context, const Cell& cell) {
     const CellObjects objects = cell.objects ? *cell.objects : CellObjects();
     context.out.integer(90, cell.type);
-    context.out.longText(2, 1, cell.text.str());
+    context.out.longText(2, 1, cell.text);
     context.out.handle(330, context.handleOf(objects.block));
     context.out.real(40, objects.blockScale);
     context.out.real(40, objects.blockRotation);

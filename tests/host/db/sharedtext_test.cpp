@@ -16,10 +16,10 @@ TEST(SharedText, copies_have_the_same_characters_until_one_gets_another_text) {
     SharedText copy = first;
     EXPECT_EQ(first.c_str(), copy.c_str());
     copy = L"washer";
-    EXPECT_EQ(first.str(), L"bolt");
-    EXPECT_EQ(copy.str(), L"washer");
+    EXPECT_EQ(first.view(), L"bolt");
+    EXPECT_EQ(copy.view(), L"washer");
     copy.clear();
-    EXPECT_EQ(first.str(), L"bolt");
+    EXPECT_EQ(first.view(), L"bolt");
 }
 
 TEST(SharedText, an_empty_text_is_empty_however_it_became_so) {
@@ -32,7 +32,7 @@ TEST(SharedText, an_empty_text_is_empty_however_it_became_so) {
     cleared.clear();
     for (const SharedText& text : {fresh, emptied, cleared}) {
         EXPECT_TRUE(text.empty());
-        EXPECT_EQ(text.str(), L"");
+        EXPECT_EQ(text.view(), L"");
         EXPECT_EQ(*text.c_str(), L'\0');
         EXPECT_EQ(text, fresh);
     }
@@ -54,14 +54,14 @@ TEST(SharedText, equals_a_text_with_the_same_characters_shared_or_not) {
 TEST(SharedText, takes_its_own_text_and_that_of_a_copy) {
     SharedText text;
     text = L"a text too long to lie in the record itself";
-    const std::wstring expected = text.str();
-    text = text.str();
-    EXPECT_EQ(text.str(), expected);
+    const std::wstring expected(text.view());
+    text = text.view();
+    EXPECT_EQ(text.view(), expected);
     const SharedText copy = text;
     text = copy;
-    EXPECT_EQ(text.str(), expected);
+    EXPECT_EQ(text.view(), expected);
     text = copy.c_str();
-    EXPECT_EQ(text.str(), expected);
+    EXPECT_EQ(text.view(), expected);
 }
 
 TEST(SharedText, costs_a_cell_no_more_than_a_pointer) {
@@ -89,7 +89,7 @@ TEST(SharedText, any_order_of_copies_and_writes_agrees_with_plain_strings) {
                 plain[to].clear();
         }
         for (std::size_t place = 0; place < places; ++place) {
-            ASSERT_EQ(shared[place].str(), plain[place]);
+            ASSERT_EQ(shared[place].view(), plain[place]);
             ASSERT_EQ(shared[place] == shared[to], plain[place] == plain[to]);
         }
     }

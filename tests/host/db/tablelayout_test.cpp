@@ -5,11 +5,13 @@
 #include <cmath>
 #include <numbers>
 
+#include "host/db/opening.h"
 #include "host/text/layout.h"
 #include "kd/db/database.h"
 #include "kd/db/line.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/tablestyle.h"
+#include "tests/support/random.h"
 #include "tests/support/tablebuilder.h"
 
 using kdtest::TableBuilder;
@@ -175,6 +177,68 @@ TEST(TableLayout, what_was_measured_is_measured_again_after_every_change_it_depe
     EXPECT_LT(table->minimumRowHeight(2), narrow);
     table->unmergeCells(2, 2, 0, 1);
     EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), narrow);
+}
+
+// Two tables take the same random changes. One forgets what it has measured before each layout, the other one keeps it.
+TEST(TableLayout, what_a_layout_remembers_of_the_one_before_never_shows) {
+    constexpr int kSteps = 400;
+    KdDbDatabase database;
+    KdDbObjectId styleId;
+    auto* style = new KdDbTableStyle;
+    ASSERT_EQ(style->postTableStyleToDb(&database, L"Changing", styleId), Kdad::eOk);
+    style->close();
+    kdtest::Random random(12);
+    const std::wstring texts[] = {L"x", L"Understandable", L"two lines\\Pof words", kLong, L""};
+    std::vector<std::unique_ptr<KdDbTable>> tables;
+    for (int i = 0; i < 2; ++i) {
+        tables.push_back(TableBuilder(150, 4).build());  // rows of two blocks
+        tables.back()->setTableStyle(styleId);
+    }
+    const auto change = [&](auto act) {
+        for (const auto& table : tables) act(*table);
+    };
+    for (int step = 0; step < kSteps; ++step) {
+        const int row = random.below(tables[0]->numRows());
+        const int column = random.below(tables[0]->numColumns());
+        const double size = random.between(2, 9);
+        switch (random.below(10)) {
+            case 0:
+                change([&](KdDbTable& table) { table.setColumnWidth(column, 3.0 * size); });
+                break;
+            case 1:
+                change([&](KdDbTable& table) { table.setTextHeight(row, column, size); });
+                break;
+            case 2:
+                change([&](KdDbTable& table) { table.mergeCells(row, row + 2, column, column + 1); });
+                break;
+            case 3:
+                change([&](KdDbTable& table) { table.unmergeCells(row, row, 0, table.numColumns() - 1); });
+                break;
+            case 4:
+                change([&](KdDbTable& table) { table.insertRowsAndInherit(row, row, 3); });
+                break;
+            case 5:
+                change([&](KdDbTable& table) { table.deleteRows(row, 2); });
+                break;
+            case 6:
+                ASSERT_EQ(kdhost::openAs(style, styleId, KdDb::kForWrite), Kdad::eOk);
+                style->setTextHeight(size, L"_DATA");
+                style->close();
+                break;
+            default: {
+                const std::wstring& text = random.oneOf(texts);
+                change([&](KdDbTable& table) { table.setTextString(row, column, text.c_str()); });
+            }
+        }
+        tables[1]->setColumnWidth(0, tables[1]->columnWidth(0));
+        change([](KdDbTable& table) { table.generateLayout(); });
+        for (int each = 0; each < tables[0]->numColumns(); ++each) {
+            ASSERT_EQ(tables[0]->columnWidth(each), tables[1]->columnWidth(each)) << "step " << step;
+        }
+        for (int each = 0; each < tables[0]->numRows(); ++each) {
+            ASSERT_EQ(tables[0]->rowHeight(each), tables[1]->rowHeight(each)) << "step " << step << ", row " << each;
+        }
+    }
 }
 
 TEST(TableLayout, text_at_a_slant_runs_on_and_the_row_makes_room) {

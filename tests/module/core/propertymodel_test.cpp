@@ -162,7 +162,7 @@ private:
         EXPECT_EQ(table.alignment(row, column), shown.alignment.value_or(style->alignment(name)));
         EXPECT_EQ(table.backgroundColor(row, column), shown.background.value_or(style->backgroundColor(name)));
         EXPECT_EQ(kdhost::tableState(table).cell(row, column).state, at(row, column).state);
-        EXPECT_EQ(kdhost::tableState(table).cell(row, column).text.str(), at(row, column).text);
+        EXPECT_EQ(kdhost::tableState(table).cell(row, column).text.view(), at(row, column).text);
     }
 
     int m_rows;
