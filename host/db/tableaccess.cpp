@@ -2,6 +2,8 @@
 
 #include "host/db/tableaccess.h"
 
+#include <algorithm>
+
 #include "host/db/tablelayout.h"
 
 namespace kdhost {
@@ -19,6 +21,12 @@ bool spanOf(int place, int count, int& first, int& last) {
 
 TableState* editTable(KdDbTable& table) {
     settleGrowth(table);
+    return writableStateOf<TableState>(table);
+}
+
+TableState* editSizeOfCell(KdDbTable& table, int row, int column) {
+    const PendingGrowth::Place first{std::max(row, 0), std::max(column, 0)};
+    if (!tableState(table).pendingGrowth.liesBefore(first)) settleGrowth(table);
     return writableStateOf<TableState>(table);
 }
 

@@ -24,6 +24,15 @@ struct KdDbTableTransient {
     std::map<KdDbObjectId, std::wstring> fieldTexts;   ///< given out as pointers
     std::map<KdDbObjectId, kdhost::text::Font> fonts;  ///< that rows were measured with, by text style
     kdhost::OverrideMemo overrideMemo;
+
+    /// The last change of a cell's style, good while the styles stay: cells mostly come from one style.
+    struct StyleChange {
+        std::uint64_t revision = 0;
+        const kdhost::CellStyleRecord* from = nullptr;
+        const kdhost::CellStyleRecord* to = nullptr;
+        bool measuresOtherwise = false;  ///< texts may need other rooms in the one and in the other
+    };
+    StyleChange styleChange;
 };
 
 struct KdDbTableAccess {
@@ -39,6 +48,10 @@ inline const TableState& tableState(const KdDbTable& table) {
 /// The state for a change; null when the table may not be written now. Row heights that still follow from
 /// texts written earlier are settled first, so that they don't depend on the change.
 TableState* editTable(KdDbTable& table);
+
+/// The same for a change that one cell alone is measured by. While a walk changes cell after cell, the growth of those
+/// behind it doesn't depend on what it changes next, so that their heights stay to be settled together.
+TableState* editSizeOfCell(KdDbTable& table, int row, int column);
 
 /// Holds the selection inside the table when rows or columns went since it was made.
 void clampSelection(const KdDbTable& table);

@@ -8,11 +8,6 @@ using namespace kdhost;
 
 namespace {
 
-/// Texts pile up before anyone asks for heights, so that writing many costs no layout in between.
-TableState* editText(KdDbTable& table) {
-    return writableStateOf<TableState>(table);
-}
-
 /// A covered cell shows nothing, whatever it holds.
 inline const Cell* visibleContent(const TableState& state, int row, int column) {
     const Cell* cell = contentCell(state, row, column);
@@ -68,6 +63,7 @@ KdString KdDbTable::textString(int row, int column, int content) const {
 }
 
 void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
+    const auto gate = [&](KdDbTable& table) { return editSizeOfCell(table, row, column); };
     const auto write = [&](TableState& state, int r, int c) {
         Cell& cell = state.rows.writeCell(r, c);
         cell.objects = {};
@@ -75,7 +71,7 @@ void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
         cell.text = text == nullptr ? L"" : text;
         noteGrowth(state, r, c);
     };
-    changeCells(*this, row, column, contentEditable, write, editText);
+    changeCells(*this, row, column, contentEditable, write, gate);
 }
 
 KdDbObjectId KdDbTable::fieldId(int row, int column) const {

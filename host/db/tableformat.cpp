@@ -1,7 +1,7 @@
 // The looks of cells: the effective values that getters give, the overrides that setters make.
 
-#include <optional>
 #include <tuple>
+#include <utility>
 
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
@@ -45,19 +45,28 @@ void override(KdDbTable& table, int row, int column, const FormatProperty<T>& wh
 template <class T>
 void overrideSize(KdDbTable& table, int row, int column, const FormatProperty<T>& which, const T& value) {
     OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
-    changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
+    const auto gate = [&](KdDbTable& gated) { return editSizeOfCell(gated, row, column); };
+    const auto change = [&](TableState& state, int r, int c) {
         memo.set(state.rows.writeCell(r, c), Override{which, value});
         noteGrowth(state, r, c);
-    });
+    };
+    changeCells(table, row, column, formatEditable, change, gate);
 }
 
 /// Whether texts may need other rooms in cells of the one style and of the other.
-bool measuresOtherwise(const CellFormat& a, const CellFormat& b) {
-    const auto measures = [](const CellFormat& format) {
+bool measuresOtherwise(const KdDbTable& table, const CellStylePool& styles, std::uint16_t before, std::uint16_t after) {
+    KdDbTableTransient::StyleChange& last = KdDbTableAccess::transient(table).styleChange;
+    const std::uint64_t revision = styles.revision();
+    const CellStyleRecord* from = &styles.lastRecord(before);
+    const CellStyleRecord* to = &styles.lastRecord(after);
+    if (last.revision == revision && last.from == from && last.to == to) return last.measuresOtherwise;
+    const auto measures = [](const CellStyleRecord* record) {
+        const CellFormat& format = record->format;
         return std::tie(format.textStyle, format.textHeight, format.rotation, format.marginHorz, format.marginVert,
                         format.dataType, format.unitType, format.format);
     };
-    return measures(a) != measures(b);
+    last = {revision, from, to, measures(from) != measures(to)};
+    return last.measuresOtherwise;
 }
 
 }  // namespace
@@ -145,22 +154,15 @@ const wchar_t* KdDbTable::cellStyle(int row, int column) const {
 void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
     if (name == nullptr || *name == L'\0') return;
     std::uint16_t place = 0;
-    // Cells mostly come from one style: the two are compared once for a run of such cells.
-    std::optional<std::uint16_t> compared;
-    bool mayGrow = false;
     const auto gate = [&](KdDbTable& table) {
-        TableState* state = editTable(table);
+        TableState* state = editSizeOfCell(table, row, column);
         if (state != nullptr) place = state->styles.place(name);
         return state;
     };
     const auto change = [&](TableState& state, int r, int c) {
         Cell& cell = state.rows.writeCell(r, c);
-        if (compared != cell.style) {
-            compared = cell.style;
-            mayGrow = measuresOtherwise(state.styles.record(cell.style).format, state.styles.record(place).format);
-        }
-        cell.style = place;
-        if (mayGrow && !cell.empty()) noteGrowth(state, r, c);
+        const std::uint16_t before = std::exchange(cell.style, place);
+        if (!cell.empty() && measuresOtherwise(*this, state.styles, before, place)) noteGrowth(state, r, c);
         // The style of a whole row is the row's own too: it tells the row's type.
         if (column == -1) state.rows.write(r).style = place;
     };

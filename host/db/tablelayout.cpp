@@ -107,7 +107,7 @@ double Measure::textHeightOf(const Cell& cell, std::wstring_view text, double wi
     const double room = std::max(0.0, width - 2.0 * value(cell, property::marginHorz));
     const double angle = value(cell, property::rotation);
     const Face& used = face(value(cell, property::textStyle));
-    const bool level = std::abs(std::sin(angle)) < 1e-6;
+    const bool level = angle == 0.0 || std::abs(std::sin(angle)) < 1e-6;
     if (level && surelyOneLine(text, used, room / height)) return line;
     // Text at a slant doesn't wrap: it runs on, and the row makes room for it.
     const text::Layout layout = text::layout(std::wstring(text), *used.font, height, level ? room : 0.0);
@@ -238,15 +238,15 @@ double minimumColumnWidth(const KdDbTable& table, int column) {
 }
 
 void noteGrowth(TableState& state, int row, int column) {
-    state.pendingGrowth.emplace_back(row, column);
+    state.pendingGrowth.note({row, column});
 }
 
 void settleGrowth(const KdDbTable& table) {
     const TableState& state = tableState(table);
-    if (state.pendingGrowth.empty()) return;
-    const std::vector<std::pair<int, int>> pending = std::exchange(state.pendingGrowth, {});
+    if (state.pendingGrowth.places.empty()) return;
+    const PendingGrowth pending = std::exchange(state.pendingGrowth, {});
     Measure measure(table);
-    for (const auto& [row, column] : pending) {
+    for (const auto& [row, column] : pending.places) {
         const KdCellRange merge = state.mergeOf(row, column);
         if (merge.m_topRow != row || merge.m_leftColumn != column) continue;
         double needed = measure.heightOf(row, column);

@@ -4,6 +4,7 @@
 // of locks or opens, which the table asks first.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -26,6 +27,21 @@ constexpr double heightOfLines(int lines, double textHeight, double marginVert) 
 
 /// A number that no other moment of the process has.
 std::uint64_t newStamp();
+
+/// Cells that their rows may have to grow for, in the order in which they were written.
+struct PendingGrowth {
+    using Place = std::pair<int, int>;  ///< row and column
+
+    void note(Place place) {
+        places.push_back(place);
+        furthest = std::max(furthest, place);
+    }
+    /// Whether a walk by rows comes to that place after all of these.
+    bool liesBefore(Place place) const { return furthest < place; }
+
+    std::vector<Place> places;
+    Place furthest{-1, -1};
+};
 
 struct TableState : KdDbBlockReferenceState {
     /// One row and one column.
@@ -94,7 +110,7 @@ struct TableState : KdDbBlockReferenceState {
     // Text written to a cell makes its row grow, once somebody asks for heights: until then the places stand
     // here. Settling them changes nothing that could be seen from outside, so it may happen under const.
     mutable TableRows rows;
-    mutable std::vector<std::pair<int, int>> pendingGrowth;
+    mutable PendingGrowth pendingGrowth;
     mutable std::uint64_t geometryStamp = 0;
     mutable std::uint64_t layoutStamp = 0;
     mutable std::uint64_t layoutRevision = 0;  ///< of the styles under `layoutStamp`

@@ -64,8 +64,9 @@ void CellStylePool::mapTableStyle(const IdMapper& map) {
 
 std::uint16_t CellStylePool::place(std::wstring_view name) {
     refresh();
+    if (m_entries[m_lastPlace].name == name) return m_lastPlace;
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        if (sameName(m_entries[i].name, name)) return static_cast<std::uint16_t>(i);
+        if (sameName(m_entries[i].name, name)) return m_lastPlace = static_cast<std::uint16_t>(i);
     }
     m_entries.push_back({std::wstring(name), 0, nullptr});
     bind(m_entries.back(), style());

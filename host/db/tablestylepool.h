@@ -76,6 +76,7 @@ private:
     static void bind(Entry& entry, const TableStyleState& style);
 
     KdDbObjectId m_tableStyle;
+    std::uint16_t m_lastPlace = 0;  ///< that was asked for by name: cell after cell is given one style
     // What the entries say of the style is remembered, not held: it follows the style under const too.
     mutable std::vector<Entry> m_entries;
     mutable std::vector<const CellStyleRecord*> m_records;  ///< of the entries

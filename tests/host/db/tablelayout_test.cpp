@@ -128,6 +128,37 @@ TEST(TableLayout, a_merge_over_several_rows_counts_for_its_last_row) {
     EXPECT_DOUBLE_EQ(table->minimumRowHeight(2), dataHeight(1));
 }
 
+// Two tables take the same random changes of single cells. One is asked for a height after each, the other one now and
+// then.
+TEST(TableLayout, growth_that_is_worked_out_late_is_the_same_in_any_order_of_changes) {
+    constexpr int kRows = 6;
+    constexpr int kColumns = 3;
+    constexpr int kRuns = 300;
+    kdtest::Random random(7);
+    const std::wstring texts[] = {L"x", kLong, L"two lines\\Pof words", L"one\\Ptwo\\Pthree", L""};
+    for (int run = 0; run < kRuns; ++run) {
+        auto late = TableBuilder(kRows, kColumns).merge("B3:B5").build();
+        auto atOnce = TableBuilder(kRows, kColumns).merge("B3:B5").build();
+        for (int step = random.between(1, 12); step > 0; --step) {
+            const int row = random.between(-1, kRows - 1);
+            const int column = random.between(row == -1 ? 0 : -1, kColumns - 1);
+            const double size = random.between(2, 9);
+            const int kind = random.below(3);
+            const std::wstring& text = random.oneOf(texts);
+            const wchar_t* style = random.oneIn(2) ? L"_TITLE" : L"_DATA";
+            for (KdDbTable* table : {late.get(), atOnce.get()}) {
+                if (kind == 0) table->setTextString(row, column, text.c_str());
+                if (kind == 1) table->setTextHeight(row, column, size);
+                if (kind == 2) table->setCellStyle(row, column, style);
+            }
+            atOnce->rowHeight(0);
+        }
+        for (int row = 0; row < kRows; ++row) {
+            ASSERT_EQ(late->rowHeight(row), atOnce->rowHeight(row)) << "run " << run << ", row " << row;
+        }
+    }
+}
+
 TEST(TableLayout, generateLayout_makes_every_row_grow_and_none_shrink) {
     auto table = TableBuilder(4, 1).text("A3", kLong).rowHeight(3, 55.0).build();
     table->setColumnWidth(0, 30.0);
