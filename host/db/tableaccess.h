@@ -87,7 +87,7 @@ inline const Cell* contentCell(const TableState& state, int row, int column) {
 inline bool unlocked(const TableState& state, int row, int column, unsigned locks) {
     const Cell& cell = state.cell(row, column);
     if ((cell.state & locks) != 0) return false;
-    return !cell.merge.covered() || (state.owner(row, column).state & locks) == 0;
+    return !cell.isCovered || (state.owner(row, column).state & locks) == 0;
 }
 inline bool contentEditable(const TableState& state, int row, int column) {
     return unlocked(state, row, column, KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly);

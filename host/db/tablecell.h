@@ -1,7 +1,8 @@
 // A cell and a row of a table.
 //
 // A cell is small: its text, and what it rarely has (overrides of its format, a block, a field), lie apart and are
-// shared until written. Cells formatted alike share one record of overrides.
+// shared until written. Cells formatted alike share one record of overrides. Places in merges stand beside the cells,
+// in rows that have merges.
 #pragma once
 
 #include <cstdint>
@@ -57,10 +58,11 @@ struct Cell {
     SharedText text;
     CopyOnWrite<FormatOverrides> overrides;
     CopyOnWrite<CellObjects> objects;
-    MergeLink merge;
     std::uint16_t style = 0;  ///< place in the table's pool of cell styles
     std::uint8_t type = KdDb::kTextCell;
     std::uint8_t state = KdDb::kCellStateNone;
+    bool isMerged = false;   ///< is in a merge: the row's link tells its place there
+    bool isCovered = false;  ///< by the merge's owner
 
     FormatBits own() const { return overrides ? overrides->own : 0; }
     /// The cell's own value of a property; null where it overrides none.
@@ -81,9 +83,11 @@ struct Cell {
     }
     /// Everything of the other cell but its place in a merge.
     void takeOver(const Cell& other) {
-        const MergeLink own = merge;
+        const bool merged = isMerged;
+        const bool covered = isCovered;
         *this = other;
-        merge = own;
+        isMerged = merged;
+        isCovered = covered;
     }
 };
 
@@ -91,6 +95,24 @@ struct TableRow {
     double height = 0.0;
     std::uint16_t style = 0;  ///< of the row itself; new columns begin with it
     std::vector<Cell> cells;
+    std::vector<MergeLink> links;  ///< of the cells; none while no cell of the row was merged
+
+    void setLink(int column, const MergeLink& link) {
+        const auto place = static_cast<std::size_t>(column);
+        cells[place].isMerged = link.merged();
+        cells[place].isCovered = link.covered();
+        if (links.empty() && !link.merged()) return;
+        links.resize(cells.size());
+        links[place] = link;
+    }
+    void insertCells(int at, int count, const Cell& cell) {
+        cells.insert(cells.begin() + at, static_cast<std::size_t>(count), cell);
+        if (!links.empty()) links.insert(links.begin() + at, static_cast<std::size_t>(count), MergeLink{});
+    }
+    void eraseCells(int first, int behind) {
+        cells.erase(cells.begin() + first, cells.begin() + behind);
+        if (!links.empty()) links.erase(links.begin() + first, links.begin() + behind);
+    }
 
     /// Lowest height that the row's own text allows, as last worked out under `stamp`; 0 for never.
     mutable double minimumHeight = 0.0;

@@ -11,7 +11,7 @@ namespace {
 /// A covered cell shows nothing, whatever it holds.
 inline const Cell* visibleContent(const TableState& state, int row, int column) {
     const Cell* cell = contentCell(state, row, column);
-    return cell != nullptr && cell->merge.covered() ? nullptr : cell;
+    return cell != nullptr && cell->isCovered ? nullptr : cell;
 }
 
 CellObjects objectsOf(const Cell& cell) {

@@ -120,7 +120,7 @@ private:
     }
 
     void put(TableState& state, int row, int column, const CopiedCell& from) {
-        const bool content = contentEditable(state, row, column) && !state.cell(row, column).merge.covered();
+        const bool content = contentEditable(state, row, column) && !state.cell(row, column).isCovered;
         const bool format = formatEditable(state, row, column);
         if (!content && !format) return;
         const std::uint16_t style = format ? placeOf(from.cell.style, state.styles) : std::uint16_t{0};

@@ -75,7 +75,7 @@ T read(const KdDbTable& table, int row, int column, KdDb::GridLineType edges, co
 /// The cells that share the line on a side of a cell: of a merge's owner along the merge's whole side; of a
 /// covered cell its own neighbour, where that lies outside the merge.
 KdCellRange neighboursOf(const TableState& state, int row, int column, const Side& side) {
-    const bool covered = state.cell(row, column).merge.covered();
+    const bool covered = state.cell(row, column).isCovered;
     const KdCellRange merge = state.mergeOf(row, column);
     const KdCellRange cells = facing(covered ? KdCellRange{row, column, row, column} : merge, side);
     const bool insideMerge = covered && cells.m_topRow >= merge.m_topRow && cells.m_topRow <= merge.m_bottomRow &&

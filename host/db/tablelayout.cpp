@@ -146,7 +146,7 @@ double Measure::rowMinimum(int row) {
     double minimum = 0.0;
     bool alone = true;  // the result depends on the row's own cells only
     for (int column = 0; column < m_state.columnCount(); ++column) {
-        const MergeLink& merge = m_state.cell(row, column).merge;
+        const MergeLink& merge = m_state.mergeLink(row, column);
         if (merge.rows > 1) {
             if (merge.up != merge.rows - 1 || merge.left != 0) continue;
             alone = false;
@@ -176,7 +176,7 @@ double Measure::widthOf(const Cell& cell) {
 
 /// What the cell asks of its column. A merge asks its last column for what the others leave, in its first row.
 double Measure::widthNeeded(int row, int column) {
-    const MergeLink& merge = m_state.cell(row, column).merge;
+    const MergeLink& merge = m_state.mergeLink(row, column);
     if (merge.up != 0 || (merge.merged() && merge.left != merge.columns - 1)) return 0.0;
     const int left = column - merge.left;
     const double others = column > left ? sumOfWidths(left, column - 1) : 0.0;

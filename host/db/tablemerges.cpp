@@ -11,7 +11,7 @@
 namespace kdhost {
 
 KdCellRange TableState::mergeOf(int row, int column) const {
-    const MergeLink& merge = cell(row, column).merge;
+    const MergeLink& merge = mergeLink(row, column);
     if (!merge.merged()) return {row, column, row, column};
     const int top = row - merge.up;
     const int left = column - merge.left;
@@ -40,7 +40,7 @@ std::vector<KdCellRange> TableState::mergesIn(const KdCellRange& range) const {
     std::vector<KdCellRange> found;
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
-            const MergeLink& merge = cell(row, column).merge;
+            const MergeLink& merge = mergeLink(row, column);
             if (!merge.merged()) continue;
             // Met first at the corner where the merge and the range begin to overlap.
             const bool firstRow = merge.up == 0 || row == range.m_topRow;
@@ -57,9 +57,8 @@ void TableState::link(const KdCellRange& range) {
     const bool single = height == 1 && width == 1;
     for (int row = 0; row < height; ++row) {
         TableRow& line = rows.write(range.m_topRow + row);
-        auto cell = line.cells.begin() + range.m_leftColumn;
-        for (int column = 0; column < width; ++column, ++cell) {
-            cell->merge = single ? MergeLink{} : MergeLink{row, column, height, width};
+        for (int column = 0; column < width; ++column) {
+            line.setLink(range.m_leftColumn + column, single ? MergeLink{} : MergeLink{row, column, height, width});
         }
     }
 }
@@ -84,7 +83,7 @@ void TableState::unmerge(const KdCellRange& merge) {
     for (int row = merge.m_topRow; row <= merge.m_bottomRow; ++row) {
         TableRow& line = rows.write(row);
         for (int column = merge.m_leftColumn; column <= merge.m_rightColumn; ++column) {
-            line.cells[static_cast<std::size_t>(column)].merge = {};
+            line.setLink(column, {});
         }
     }
     touchGeometry();
@@ -111,21 +110,25 @@ void TableState::assertValid() const {
     for (int row = 0; row < rowCount(); ++row) {
         require(rows[row].cells.size() == columnWidths.size(), "a row's length differs from the number of columns");
         for (int column = 0; column < columnCount(); ++column) {
-            const MergeLink& merge = cell(row, column).merge;
+            const MergeLink& merge = mergeLink(row, column);
             if (!merge.merged()) {
-                require(merge == MergeLink{}, "a cell in no merge has a place in one");
+                const std::vector<MergeLink>& links = rows[row].links;
+                require(links.empty() || links[static_cast<std::size_t>(column)] == MergeLink{},
+                        "a cell in no merge has a place in one");
+                require(!cell(row, column).isCovered, "a cell in no merge is covered");
                 continue;
             }
+            require(cell(row, column).isCovered == merge.covered(), "a cell that isn't covered as its merge has it");
             require(merge.rows * merge.columns > 1, "a merge of a single cell");
             require(merge.up >= 0 && merge.left >= 0 && merge.up < merge.rows && merge.left < merge.columns,
                     "a cell outside its merge");
             const KdCellRange range = mergeOf(row, column);
             require(contains(range), "a merge outside the table");
-            const MergeLink& owner = cell(range.m_topRow, range.m_leftColumn).merge;
+            const MergeLink& owner = mergeLink(range.m_topRow, range.m_leftColumn);
             require(owner == MergeLink{0, 0, merge.rows, merge.columns}, "a merge without its owner");
             // The neighbours inside the merge know the same merge, so that all of its cells do.
             const auto follows = [&](int r, int c) {
-                return cell(r, c).merge ==
+                return mergeLink(r, c) ==
                        MergeLink{r - range.m_topRow, c - range.m_leftColumn, merge.rows, merge.columns};
             };
             require(column == range.m_rightColumn || follows(row, column + 1), "a merge with a hole");

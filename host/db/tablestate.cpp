@@ -137,9 +137,9 @@ void TableState::insertColumns(int at, int inheritFrom, int count) {
     std::erase_if(split, [&](const KdCellRange& merge) { return merge.m_leftColumn == at; });
     const double width = inherit ? columnWidths[static_cast<std::size_t>(inheritFrom)] : kDefaultColumnWidth;
     for (int row = 0; row < rowCount(); ++row) {
-        std::vector<Cell>& cells = rows.write(row).cells;
-        const Cell cell = inherit ? pattern(cells[static_cast<std::size_t>(inheritFrom)]) : styledCell(rows[row].style);
-        cells.insert(cells.begin() + at, static_cast<std::size_t>(count), cell);
+        TableRow& line = rows.write(row);
+        const auto source = static_cast<std::size_t>(inheritFrom);
+        line.insertCells(at, count, inherit ? pattern(line.cells[source]) : styledCell(line.style));
     }
     columnWidths.insert(columnWidths.begin() + at, static_cast<std::size_t>(count), width);
     m_columnCount += count;
@@ -188,10 +188,7 @@ void TableState::eraseColumns(int first, int count) {
         const Cell owner = cell(merge.m_topRow, merge.m_leftColumn);
         rows.writeCell(merge.m_topRow, behind).takeOver(owner);
     }
-    for (int row = 0; row < rowCount(); ++row) {
-        std::vector<Cell>& cells = rows.write(row).cells;
-        cells.erase(cells.begin() + first, cells.begin() + behind);
-    }
+    for (int row = 0; row < rowCount(); ++row) rows.write(row).eraseCells(first, behind);
     columnWidths.erase(columnWidths.begin() + first, columnWidths.begin() + behind);
     m_columnCount -= count;
     for (KdCellRange& merge : cut) {

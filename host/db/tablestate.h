@@ -68,7 +68,15 @@ struct TableState : KdDbBlockReferenceState {
     /// The owner of the cell's merge, else the cell itself.
     const Cell& owner(int row, int column) const {
         const Cell& named = cell(row, column);
-        return named.merge.covered() ? cell(row - named.merge.up, column - named.merge.left) : named;
+        if (!named.isCovered) [[likely]]
+            return named;
+        const MergeLink& link = mergeLink(row, column);
+        return cell(row - link.up, column - link.left);
+    }
+    /// The cell's place in its merge.
+    const MergeLink& mergeLink(int row, int column) const {
+        static constexpr MergeLink kNone;
+        return cell(row, column).isMerged ? rows[row].links[static_cast<std::size_t>(column)] : kNone;
     }
 
     void setRowCount(int count);

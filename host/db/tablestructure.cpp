@@ -95,7 +95,7 @@ void KdDbTable::unmergeCells(int top, int bottom, int left, int right) {
 bool KdDbTable::isMergedCell(int row, int column, int* top, int* bottom, int* left, int* right) const {
     const TableState& state = tableState(*this);
     if (!toFirstCell(state, row, column)) return false;
-    const MergeLink& merge = state.cell(row, column).merge;
+    const MergeLink& merge = state.mergeLink(row, column);
     if (!merge.merged()) return false;
     const int firstRow = row - merge.up;
     const int firstColumn = column - merge.left;

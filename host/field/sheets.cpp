@@ -12,7 +12,7 @@ namespace {
 
 /// Whether formulas see the same in both; what only formats a text counts for cells whose text has several parts.
 bool looksTheSame(const Cell& a, const Cell& b) {
-    if (a.text != b.text || a.field() != b.field() || a.merge.covered() != b.merge.covered()) return false;
+    if (a.text != b.text || a.field() != b.field() || a.isCovered != b.isCovered) return false;
     return a.field().isNull() || (a.overrides.shares(b.overrides) && a.style == b.style);
 }
 
@@ -93,7 +93,7 @@ void Engine::lookAtCell(Sheet& sheet, const Cell& cell, int row, int column) {
 }
 
 Slot Engine::slotOf(const Cell& cell) {
-    if (cell.merge.covered()) return {};
+    if (cell.isCovered) return {};
     if (!cell.field().isNull()) return {SlotKind::field, cellFieldOf(cell.field()), 0.0};
     if (cell.text.empty()) return {};
     const Value value = valueOfText(cell.text.c_str());

@@ -272,8 +272,7 @@ private:
             for (int column = 0; column < columns; ++column) {
                 const Span span =
                     m_spans[static_cast<std::size_t>(row) * m_widths.size() + static_cast<std::size_t>(column)];
-                const MergeLink known = cellAt(row, column).merge;
-                if (known.covered()) continue;
+                if (cellAt(row, column).isCovered) continue;
                 require(!span.covered, "a covered cell is in no merge");
                 if (span.rows <= 1 && span.columns <= 1) continue;
                 const int high = std::max(1, span.rows);
@@ -281,18 +280,16 @@ private:
                 require(high <= rowCount - row && wide <= columns - column, "a merge reaches out of its table");
                 for (int down = 0; down < high; ++down) {
                     for (int right = 0; right < wide; ++right) {
-                        MergeLink& link = cellAt(row + down, column + right).merge;
-                        require(!link.merged(), "two merges lie across each other");
-                        link = {down, right, high, wide};
+                        require(!cellAt(row + down, column + right).isMerged, "two merges lie across each other");
+                        rowAt(row + down).setLink(column + right, {down, right, high, wide});
                     }
                 }
             }
         }
     }
 
-    Cell& cellAt(int row, int column) {
-        return m_loaded.rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)];
-    }
+    TableRow& rowAt(int row) { return m_loaded.rows[static_cast<std::size_t>(row)]; }
+    Cell& cellAt(int row, int column) { return rowAt(row).cells[static_cast<std::size_t>(column)]; }
 
     void extras() {
         for (std::size_t row = 0; row < m_loaded.rows.size(); ++row) {

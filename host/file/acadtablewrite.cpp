@@ -93,7 +93,7 @@ private:
 
     void cells() {
         for (int row = 0; row < m_state.rowCount(); ++row) {
-            for (const Cell& each : m_state.rows[row].cells) cell(each);
+            for (int column = 0; column < m_state.columnCount(); ++column) cell(row, column);
         }
     }
 
@@ -104,15 +104,17 @@ private:
         m_out.integer(281, m_state.headerSuppressed ? 1 : 0);
     }
 
-    void cell(const Cell& cell) {
+    void cell(int row, int column) {
+        const Cell& cell = m_state.cell(row, column);
+        const MergeLink& merge = m_state.mergeLink(row, column);
         const bool isBlock = cell.type == KdDb::kBlockCell;
-        const bool isOwner = cell.merge.merged() && !cell.merge.covered();
+        const bool isOwner = cell.isMerged && !cell.isCovered;
         m_out.integer(171, isBlock ? 2 : 1);
         m_out.integer(172, 0);
-        m_out.integer(173, cell.merge.covered() ? 1 : 0);
+        m_out.integer(173, cell.isCovered ? 1 : 0);
         m_out.integer(174, cell.objects && cell.objects->autoFit ? 1 : 0);
-        m_out.integer(175, isOwner ? cell.merge.columns : 1);
-        m_out.integer(176, isOwner ? cell.merge.rows : 1);
+        m_out.integer(175, isOwner ? merge.columns : 1);
+        m_out.integer(176, isOwner ? merge.rows : 1);
         const std::int64_t mask = maskOf(cell);
         m_out.integer(91, mask);
         m_out.integer(178, 0);

@@ -79,7 +79,7 @@ private:
     void forEachCell(Draw draw) {
         for (int row = 0; row < m_state.rowCount(); ++row) {
             for (int column = 0; column < m_state.columnCount(); ++column) {
-                if (m_state.cell(row, column).merge.covered()) continue;
+                if (m_state.cell(row, column).isCovered) continue;
                 const KdCellRange range = m_state.mergeOf(row, column);
                 const double ends[] = {y(range.m_topRow), y(range.m_bottomRow + 1)};
                 draw(row, column,
@@ -180,7 +180,7 @@ private:
         const int column = ofRows ? place : line - (atEnd ? 1 : 0);
         const KdDb::GridLineType edge =
             ofRows ? (atEnd ? KdDb::kHorzBottom : KdDb::kHorzTop) : (atEnd ? KdDb::kVertRight : KdDb::kVertLeft);
-        const MergeLink& merge = m_state.cell(row, column).merge;
+        const MergeLink& merge = m_state.mergeLink(row, column);
         if (!atEnd && (ofRows ? merge.up : merge.left) != 0) return std::nullopt;
         if (m_table.gridVisibility(row, column, edge) != KdDb::kVisible) return std::nullopt;
         const bool isDouble = m_table.gridLineStyle(row, column, edge) == KdDb::kGridLineStyleDouble;
