@@ -105,8 +105,7 @@ void TableState::assertValid() const {
     // grows with the square of its size.
     constexpr int kLargeTable = 10'000;
     constexpr unsigned kChangesBetweenLooks = 64;
-    static unsigned changes = 0;
-    if (rowCount() * columnCount() > kLargeTable && ++changes % kChangesBetweenLooks != 0) return;
+    if (rowCount() * columnCount() > kLargeTable && ++m_changes % kChangesBetweenLooks != 0) return;
     for (int row = 0; row < rowCount(); ++row) {
         require(rows[row].cells.size() == columnWidths.size(), "a row's length differs from the number of columns");
         for (int column = 0; column < columnCount(); ++column) {

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QSpinBox>
 #include <QTimer>
+#include <optional>
 
 #include "host/ed/display.h"
 #include "host/ui/automation/automation.h"
@@ -52,6 +53,18 @@ protected:
                 *shown = dialog.findChild<kdhost::ColorPalette*>(QStringLiteral("IDC_COLOR_PALETTE"))->index();
             EXPECT_EQ(automation::color(QString::fromLatin1(answer).toStdWString()), L"");
         });
+    }
+
+    /// Of the cells of the first row; any unit where none is given.
+    static void expectDataType(const KdDbTable& table, KdValue::DataType type,
+                               std::optional<KdValue::UnitType> unit = std::nullopt) {
+        for (int column = 0; column < table.numColumns(); ++column) {
+            auto found = KdValue::kUnknown;
+            auto foundUnit = KdValue::kUnitless;
+            table.getDataType(0, column, found, foundUnit);
+            EXPECT_EQ(found, type) << column;
+            EXPECT_EQ(foundUnit, unit.value_or(foundUnit)) << column;
+        }
     }
 
     KdDbObjectId addTable(TableBuilder& builder) { return add(builder.style(host.database().tablestyle())); }
@@ -179,12 +192,8 @@ TEST_F(AskingEdits, SetDataFormat_gives_type_unit_and_format_to_the_selected_cel
         EXPECT_EQ(automation::click(L"IDOK"), L"");
     });
     EXPECT_EQ(Common::SetDataFormat(table), 1);
+    expectDataType(look(table), KdValue::kDouble, KdValue::kCurrency);
     for (int column = 0; column < 2; ++column) {
-        auto type = KdValue::kUnknown;
-        auto unit = KdValue::kUnitless;
-        look(table).getDataType(0, column, type, unit);
-        EXPECT_EQ(type, KdValue::kDouble);
-        EXPECT_EQ(unit, KdValue::kCurrency);
         EXPECT_STRNE(look(table).format(0, column), L"");
         EXPECT_STREQ(look(table).format(1, column), L"");
     }
@@ -254,13 +263,7 @@ TEST_F(AskingEdits, SetDataFormat_starts_from_the_unit_of_the_cells) {
         Common::SetDataType(table, KdValue::kDouble, kept);
         next([](QWidget&) { EXPECT_EQ(automation::click(L"IDOK"), L""); });
         EXPECT_EQ(Common::SetDataFormat(table), 1);
-        for (int column = 0; column < 2; ++column) {
-            auto type = KdValue::kUnknown;
-            auto unit = KdValue::kUnitless;
-            look(table).getDataType(0, column, type, unit);
-            EXPECT_EQ(type, KdValue::kDouble);
-            EXPECT_EQ(unit, kept);
-        }
+        expectDataType(look(table), KdValue::kDouble, kept);
     }
 }
 
@@ -281,12 +284,7 @@ TEST_F(AskingEdits, SetDataFormat_gives_cells_of_different_types_one_type_when_t
         EXPECT_EQ(automation::click(L"IDOK"), L"");
     });
     EXPECT_EQ(Common::SetDataFormat(table), 1);
-    for (int column = 0; column < 3; ++column) {
-        auto type = KdValue::kUnknown;
-        auto unit = KdValue::kUnitless;
-        look(table).getDataType(0, column, type, unit);
-        EXPECT_EQ(type, KdValue::kString) << column;
-    }
+    expectDataType(look(table), KdValue::kString);
 }
 
 TEST_F(AskingEdits, SetDataFormat_cancelled_changes_nothing) {
