@@ -129,7 +129,7 @@ private:
     void relink(const std::vector<KdCellRange>& merges);
 
     mutable unsigned m_changes = 0;  ///< that assertValid() was told of while the table is large
-    int m_columnCount = 1;  ///< the length of `columnWidths`, asked for before every look at a cell
+    int m_columnCount = 1;           ///< the length of `columnWidths`, asked for before every look at a cell
 };
 
 }  // namespace kdhost
