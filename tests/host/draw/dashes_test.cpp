@@ -1,7 +1,6 @@
 // Dash patterns begin where the line does, whatever part of it is seen.
 
 #include <QImage>
-#include <QPainter>
 
 #include "host/draw/entitydrawing.h"
 #include "host/draw/paint.h"

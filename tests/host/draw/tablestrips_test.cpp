@@ -3,7 +3,6 @@
 #include "host/draw/tablestrips.h"
 
 #include <QImage>
-#include <QPainter>
 
 #include "host/draw/paint.h"
 #include "host/draw/view.h"

@@ -6,7 +6,6 @@
 
 #include <array>
 #include <functional>
-#include <random>
 
 #include "module/core/tablecommon.h"
 #include "module/core/tablepick.h"
