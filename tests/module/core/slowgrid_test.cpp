@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "tests/module/core/editfixture.h"
 #include "tests/support/random.h"
 
