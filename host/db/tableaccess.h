@@ -64,7 +64,6 @@ bool targetOf(const TableState& state, int row, int column, KdCellRange& target)
 bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cells);
 
 /// Lets a getter's row and column name the first cell of what they stand for; false outside the table.
-/// Getters are asked for every cell of large tables, so that their way to a cell is short and inline.
 inline bool toFirstCell(const TableState& state, int& row, int& column) {
     if (state.contains(row, column)) [[likely]]
         return true;
@@ -83,6 +82,34 @@ inline const Cell* contentCell(const TableState& state, int row, int column) {
     return toFirstCell(state, row, column) ? &state.cell(row, column) : nullptr;
 }
 
+// Getters are asked for every cell of large tables, so that their way to a cell near the last one is short and
+// always inline. Every other way is a call that they end with: they keep no registers for it.
+
+template <const Cell* find(const TableState&, int, int), class Read>
+[[gnu::noinline]] decltype(auto) readFar(const TableState& state, int row, int column, Read read) {
+    return read(find(state, row, column));
+}
+
+/// What `read(cell)` gives for the cell that formatCell() finds.
+template <class Read>
+[[gnu::always_inline]] inline decltype(auto) readFormatCell(const TableState& state, int row, int column, Read read) {
+    const Cell* cell = state.nearCell(row, column);
+    if (cell == nullptr || cell->isCovered) [[unlikely]]
+        return readFar<formatCell>(state, row, column, read);
+    return read(cell);
+}
+/// The same for the cell that contentCell() finds.
+template <class Read>
+[[gnu::always_inline]] inline decltype(auto) readContentCell(const TableState& state, int row, int column, Read read) {
+    const Cell* cell = state.nearCell(row, column);
+    if (cell == nullptr) [[unlikely]]
+        return readFar<contentCell>(state, row, column, read);
+    return read(cell);
+}
+
+inline constexpr unsigned kContentLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly;
+inline constexpr unsigned kFormatLocks = KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly;
+
 /// None of the locks is set, in the cell or in its merge's owner.
 inline bool unlocked(const TableState& state, int row, int column, unsigned locks) {
     const Cell& cell = state.cell(row, column);
@@ -90,10 +117,10 @@ inline bool unlocked(const TableState& state, int row, int column, unsigned lock
     return !cell.isCovered || (state.owner(row, column).state & locks) == 0;
 }
 inline bool contentEditable(const TableState& state, int row, int column) {
-    return unlocked(state, row, column, KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly);
+    return unlocked(state, row, column, kContentLocks);
 }
 inline bool formatEditable(const TableState& state, int row, int column) {
-    return unlocked(state, row, column, KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly);
+    return unlocked(state, row, column, kFormatLocks);
 }
 /// Whether the content of some cell of the range is not editable.
 bool hasContentLock(const TableState& state, const KdCellRange& cells);

@@ -12,6 +12,7 @@
 #include "host/db/cellformat.h"
 #include "host/db/sharedtext.h"
 #include "host/db/tablecow.h"
+#include "kd/db/cellrange.h"
 
 namespace kdhost {
 
@@ -25,6 +26,12 @@ struct MergeLink {
 
     bool merged() const { return rows != 0; }
     bool covered() const { return up != 0 || left != 0; }
+    /// The rectangle of the merge that the cell of that place is in.
+    KdCellRange rangeAt(int row, int column) const {
+        const int top = row - up;
+        const int first = column - left;
+        return {top, first, top + rows - 1, first + columns - 1};
+    }
     friend bool operator==(const MergeLink&, const MergeLink&) = default;
 };
 

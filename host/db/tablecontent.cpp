@@ -8,10 +8,25 @@ using namespace kdhost;
 
 namespace {
 
-/// A covered cell shows nothing, whatever it holds.
-inline const Cell* visibleContent(const TableState& state, int row, int column) {
-    const Cell* cell = contentCell(state, row, column);
-    return cell != nullptr && cell->isCovered ? nullptr : cell;
+/// What `read(cell)` gives for a cell whose content shows; `nothing` for a place outside, and for a covered cell, which
+/// shows nothing whatever it holds.
+template <class T, class Read>
+T readContent(const KdDbTable& table, int row, int column, T nothing, Read read) {
+    return readContentCell(tableState(table), row, column, [=](const Cell* cell) -> T {
+        return cell == nullptr || cell->isCovered ? nothing : read(*cell);
+    });
+}
+
+[[gnu::noinline]] bool isFarUnlocked(const TableState& state, int row, int column, unsigned locks) {
+    return toFirstCell(state, row, column) && unlocked(state, row, column, locks);
+}
+
+/// False outside the table.
+bool isUnlocked(const TableState& state, int row, int column, unsigned locks) {
+    const Cell* cell = state.nearCell(row, column);
+    if (cell == nullptr || cell->isCovered) [[unlikely]]
+        return isFarUnlocked(state, row, column, locks);
+    return (cell->state & locks) == 0;
 }
 
 CellObjects objectsOf(const Cell& cell) {
@@ -26,8 +41,9 @@ void setBlockPart(KdDbTable& table, int row, int column, double CellObjects::*pa
 }  // namespace
 
 KdDb::CellType KdDbTable::cellType(int row, int column) const {
-    const Cell* cell = contentCell(tableState(*this), row, column);
-    return cell == nullptr ? KdDb::kTextCell : static_cast<KdDb::CellType>(cell->type);
+    return readContentCell(tableState(*this), row, column, [](const Cell* cell) {
+        return cell == nullptr ? KdDb::kTextCell : static_cast<KdDb::CellType>(cell->type);
+    });
 }
 
 void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
@@ -51,15 +67,15 @@ void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
 }
 
 const wchar_t* KdDbTable::textString(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return cell == nullptr ? L"" : shownText(*this, *cell);
+    return readContent(*this, row, column, L"", [this](const Cell& cell) { return shownText(*this, cell); });
 }
 
 KdString KdDbTable::textString(int row, int column, int content) const {
-    const Cell* cell = content == 0 ? visibleContent(tableState(*this), row, column) : nullptr;
-    if (cell == nullptr) return {};
-    if (cell->hasField()) return KdString(shownField(*this, *cell));
-    return cell->text.empty() ? KdString() : KdString(std::wstring(cell->text.view()));
+    if (content != 0) return {};
+    return readContent(*this, row, column, KdString(), [this](const Cell& cell) {
+        if (cell.hasField()) return KdString(shownField(*this, cell));
+        return cell.text.empty() ? KdString() : KdString(std::wstring(cell.text.view()));
+    });
 }
 
 void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
@@ -75,8 +91,7 @@ void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
 }
 
 KdDbObjectId KdDbTable::fieldId(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return cell == nullptr ? KdDbObjectId::kNull : cell->field();
+    return readContent(*this, row, column, KdDbObjectId(), [](const Cell& cell) { return cell.field(); });
 }
 
 void KdDbTable::setFieldId(int row, int column, const KdDbObjectId& field) {
@@ -91,8 +106,7 @@ void KdDbTable::setFieldId(int row, int column, const KdDbObjectId& field) {
 }
 
 KdDbObjectId KdDbTable::blockTableRecordId(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return cell == nullptr ? KdDbObjectId::kNull : cell->block();
+    return readContent(*this, row, column, KdDbObjectId(), [](const Cell& cell) { return cell.block(); });
 }
 
 KdDbObjectId KdDbTable::blockTableRecordId(int row, int column, int content) const {
@@ -115,13 +129,13 @@ void KdDbTable::setBlockTableRecordId(int row, int column, int content, const Kd
 }
 
 bool KdDbTable::isAutoScale(int row, int column, int content) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return content == 0 && cell != nullptr && cell->objects && cell->objects->autoFit;
+    return content == 0 && readContent(*this, row, column, false,
+                                       [](const Cell& cell) { return cell.objects && cell.objects->autoFit; });
 }
 
 double KdDbTable::blockScale(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return cell != nullptr && cell->objects ? cell->objects->blockScale : 1.0;
+    return readContent(*this, row, column, 1.0,
+                       [](const Cell& cell) { return cell.objects ? cell.objects->blockScale : 1.0; });
 }
 
 void KdDbTable::setBlockScale(int row, int column, double scale) {
@@ -129,8 +143,8 @@ void KdDbTable::setBlockScale(int row, int column, double scale) {
 }
 
 double KdDbTable::blockRotation(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return cell != nullptr && cell->objects ? cell->objects->blockRotation : 0.0;
+    return readContent(*this, row, column, 0.0,
+                       [](const Cell& cell) { return cell.objects ? cell.objects->blockRotation : 0.0; });
 }
 
 void KdDbTable::setBlockRotation(int row, int column, double angle) {
@@ -138,11 +152,11 @@ void KdDbTable::setBlockRotation(int row, int column, double angle) {
 }
 
 int KdDbTable::contentType(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    if (cell == nullptr) return KdDb::kCellContentTypeValue;
-    if (cell->hasField()) return KdDb::kCellContentTypeField;
-    if (cell->type == KdDb::kBlockCell || !cell->block().isNull()) return KdDb::kCellContentTypeBlock;
-    return KdDb::kCellContentTypeValue;
+    return readContent(*this, row, column, KdDb::kCellContentTypeValue, [](const Cell& cell) {
+        if (cell.hasField()) return KdDb::kCellContentTypeField;
+        const bool isBlock = cell.type == KdDb::kBlockCell || !cell.block().isNull();
+        return isBlock ? KdDb::kCellContentTypeBlock : KdDb::kCellContentTypeValue;
+    });
 }
 
 int KdDbTable::contentType(int row, int column, int content) const {
@@ -150,8 +164,7 @@ int KdDbTable::contentType(int row, int column, int content) const {
 }
 
 bool KdDbTable::isEmpty(int row, int column) const {
-    const Cell* cell = visibleContent(tableState(*this), row, column);
-    return cell == nullptr || cell->empty();
+    return readContent(*this, row, column, true, [](const Cell& cell) { return cell.empty(); });
 }
 
 void KdDbTable::deleteContent(const KdCellRange& range) {
@@ -166,18 +179,17 @@ void KdDbTable::deleteContent(const KdCellRange& range) {
 }
 
 bool KdDbTable::isContentEditable(int row, int column) const {
-    const TableState& state = tableState(*this);
-    return toFirstCell(state, row, column) && contentEditable(state, row, column);
+    return isUnlocked(tableState(*this), row, column, kContentLocks);
 }
 
 bool KdDbTable::isFormatEditable(int row, int column) const {
-    const TableState& state = tableState(*this);
-    return toFirstCell(state, row, column) && formatEditable(state, row, column);
+    return isUnlocked(tableState(*this), row, column, kFormatLocks);
 }
 
 KdDb::CellState KdDbTable::cellState(int row, int column) const {
-    const Cell* cell = formatCell(tableState(*this), row, column);
-    return cell == nullptr ? KdDb::kCellStateNone : static_cast<KdDb::CellState>(cell->state);
+    return readFormatCell(tableState(*this), row, column, [](const Cell* cell) {
+        return cell == nullptr ? KdDb::kCellStateNone : static_cast<KdDb::CellState>(cell->state);
+    });
 }
 
 // A lock must not lock itself in: the state may always be set.

@@ -14,20 +14,21 @@ namespace {
 template <class Read>
 [[gnu::noinline]] decltype(auto) readAnew(const TableState& state, int row, int column, Read read) {
     state.styles.refresh();
-    return read(state, formatCell(state, row, column));
+    return read(formatCell(state, row, column));
 }
 
 /// What `read(state, cell)` gives for the cell whose format a getter reads, with its style as it is now.
 template <class Read>
-decltype(auto) readFormat(const KdDbTable& table, int row, int column, Read read) {
+[[gnu::always_inline]] inline decltype(auto) readFormat(const KdDbTable& table, int row, int column, Read read) {
     const TableState& state = tableState(table);
+    const auto readCell = [&state, read](const Cell* cell) -> decltype(auto) { return read(state, cell); };
     if (!state.styles.isFresh()) [[unlikely]]
-        return readAnew(state, row, column, read);
-    return read(state, formatCell(state, row, column));
+        return readAnew(state, row, column, readCell);
+    return readFormatCell(state, row, column, readCell);
 }
 
 template <class T>
-const T& read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
+[[gnu::always_inline]] inline const T& read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
     return readFormat(table, row, column, [&](const TableState& state, const Cell* cell) -> const T& {
         return effective(lastStyleFormat(state, cell), cell, which);
     });

@@ -12,10 +12,7 @@ namespace kdhost {
 
 KdCellRange TableState::mergeOf(int row, int column) const {
     const MergeLink& merge = mergeLink(row, column);
-    if (!merge.merged()) return {row, column, row, column};
-    const int top = row - merge.up;
-    const int left = column - merge.left;
-    return {top, left, top + merge.rows - 1, left + merge.columns - 1};
+    return merge.merged() ? merge.rangeAt(row, column) : KdCellRange{row, column, row, column};
 }
 
 KdCellRange TableState::grownToMerges(KdCellRange range) const {

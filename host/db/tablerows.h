@@ -41,6 +41,11 @@ public:
         return *m_near.rows[row - m_near.first];
     }
     const Cell& cell(int row, int column) const { return (*this)[row].cells[static_cast<std::size_t>(column)]; }
+    /// The same where the row stands in the block looked at last, else null.
+    const Cell* nearCell(int row, int column) const {
+        const unsigned place = static_cast<unsigned>(row - m_near.first);
+        return place < m_near.count ? m_near.rows[place]->cells.data() + column : nullptr;
+    }
     /// Whether nothing was written in either since one was copied from the other.
     bool shares(const TableRows& other) const { return m_list.shares(other.m_list); }
 

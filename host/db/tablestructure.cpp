@@ -16,6 +16,28 @@ bool removable(int first, int count, int total) {
     return first >= 0 && count > 0 && count < total && first <= total - count;
 }
 
+/// Where the edges of a merge go; any may be null.
+struct MergeEdges {
+    int* top;
+    int* bottom;
+    int* left;
+    int* right;
+};
+
+/// The edges of the merge that the cell belongs to; false, and nothing told, when it belongs to none. Apart, as with
+/// readFar().
+[[gnu::noinline]] bool tellMerge(const TableState& state, int row, int column, const MergeEdges& edges) {
+    if (!toFirstCell(state, row, column)) return false;
+    const MergeLink& link = state.mergeLink(row, column);
+    if (!link.merged()) return false;
+    const KdCellRange merge = link.rangeAt(row, column);
+    if (edges.top != nullptr) *edges.top = merge.m_topRow;
+    if (edges.bottom != nullptr) *edges.bottom = merge.m_bottomRow;
+    if (edges.left != nullptr) *edges.left = merge.m_leftColumn;
+    if (edges.right != nullptr) *edges.right = merge.m_rightColumn;
+    return true;
+}
+
 /// Carries out `change` by `work(state)`.
 template <class Work>
 void restructure(KdDbTable& table, const StructureChange& change, Work work) {
@@ -94,16 +116,10 @@ void KdDbTable::unmergeCells(int top, int bottom, int left, int right) {
 
 bool KdDbTable::isMergedCell(int row, int column, int* top, int* bottom, int* left, int* right) const {
     const TableState& state = tableState(*this);
-    if (!toFirstCell(state, row, column)) return false;
-    const MergeLink& merge = state.mergeLink(row, column);
-    if (!merge.merged()) return false;
-    const int firstRow = row - merge.up;
-    const int firstColumn = column - merge.left;
-    if (top != nullptr) *top = firstRow;
-    if (bottom != nullptr) *bottom = firstRow + merge.rows - 1;
-    if (left != nullptr) *left = firstColumn;
-    if (right != nullptr) *right = firstColumn + merge.columns - 1;
-    return true;
+    const Cell* cell = state.nearCell(row, column);
+    if (cell != nullptr && !cell->isMerged) [[likely]]
+        return false;
+    return tellMerge(state, row, column, {top, bottom, left, right});
 }
 
 KdCellRange KdDbTable::getMergeRange(int row, int column) const {
