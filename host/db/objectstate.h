@@ -26,7 +26,7 @@ struct ForeignTags;
 
 /// Moves on whenever what one object remembers of another's state may be stale: an object left memory, an
 /// object got another state whole, the cell styles of a table style changed.
-[[gnu::visibility("hidden")]] extern std::uint64_t stateEpoch;
+extern std::uint64_t stateEpoch;
 
 }  // namespace kdhost
 

@@ -28,7 +28,8 @@ template <class Read>
 }
 
 template <class T>
-[[gnu::always_inline]] inline const T& read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
+[[gnu::always_inline]] inline const T& read(const KdDbTable& table, int row, int column,
+                                            const FormatProperty<T>& which) {
     return readFormat(table, row, column, [&](const TableState& state, const Cell* cell) -> const T& {
         return effective(lastStyleFormat(state, cell), cell, which);
     });

@@ -67,7 +67,8 @@ struct TableState : KdDbBlockReferenceState {
     const Cell& cell(int row, int column) const { return rows.cell(row, column); }
     /// The same where it stands in the block of rows that was looked at last; else, and outside the table, null.
     const Cell* nearCell(int row, int column) const {
-        return static_cast<unsigned>(column) < static_cast<unsigned>(m_columnCount) ? rows.nearCell(row, column) : nullptr;
+        return static_cast<unsigned>(column) < static_cast<unsigned>(m_columnCount) ? rows.nearCell(row, column)
+                                                                                    : nullptr;
     }
     /// The owner of the cell's merge, else the cell itself.
     const Cell& owner(int row, int column) const {

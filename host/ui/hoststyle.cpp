@@ -110,6 +110,13 @@ public:
             return kdhost::paintedIcon(
                 [&picture](QPainter& painter, const QRect& rect) { paintMessagePicture(painter, rect, picture); });
         }
+        // A menu bar asks for its "more" at once and shows it only where it has no room for its menus. Until then
+        // none of the plug-ins that read pictures are looked for.
+        if (name == SP_ToolBarHorizontalExtensionButton || name == SP_ToolBarVerticalExtensionButton) {
+            return kdhost::paintedIcon([this, name](QPainter& painter, const QRect& rect) {
+                QProxyStyle::standardIcon(name).paint(&painter, rect);
+            });
+        }
         return QProxyStyle::standardIcon(name, option, widget);
     }
 

@@ -8,44 +8,17 @@
 #include <memory>
 #include <random>
 #include "tests/support/places.h"
+#include "tests/support/xdisplay.h"
 
 namespace {
 
 constexpr int kPatience = 30000;  ///< milliseconds; a peer answers at once
 constexpr const char* kNoAnswer = "no answer";
 
-/// An X server without a screen to look at.
-class Display {
-public:
-    Display() {
-        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        // The server chooses a free number and tells it.
-        m_server.start(
-            QStringLiteral("Xvfb"),
-            {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
-             QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("320x200x24")});
-        while (m_server.waitForStarted(kPatience) && !m_server.canReadLine()) {
-            if (!m_server.waitForReadyRead(kPatience)) break;
-        }
-        m_name = ':' + m_server.readLine().trimmed();
-    }
-    ~Display() {
-        m_server.terminate();
-        if (!m_server.waitForFinished(kPatience)) m_server.kill();
-    }
-
-    bool runs() const { return m_server.state() == QProcess::Running && m_name.size() > 1; }
-    QString name() const { return QString::fromLatin1(m_name); }
-
-private:
-    QProcess m_server;
-    QByteArray m_name;
-};
-
 /// One running program with its clipboard.
 class Peer {
 public:
-    explicit Peer(const Display& display) {
+    explicit Peer(const kdtest::XDisplay& display) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("DISPLAY"), display.name());
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
@@ -95,7 +68,7 @@ protected:
     }
 
 private:
-    Display m_display;
+    kdtest::XDisplay m_display;
 
 protected:
     std::unique_ptr<Peer> one;
