@@ -53,6 +53,11 @@ bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cel
     return true;
 }
 
+bool unlockedFar(const TableState& state, int row, int column, unsigned locks) {
+    if (!toFirstCell(state, row, column)) return false;
+    return ((state.cell(row, column).state | state.owner(row, column).state) & locks) == 0;
+}
+
 bool hasContentLock(const TableState& state, const KdCellRange& cells) {
     for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
         for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {

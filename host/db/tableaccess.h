@@ -110,18 +110,20 @@ template <class Read>
 inline constexpr unsigned kContentLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly;
 inline constexpr unsigned kFormatLocks = KdDb::kCellStateFormatLocked | KdDb::kCellStateFormatReadOnly;
 
-/// None of the locks is set, in the cell or in its merge's owner.
+/// None of the locks is set, in the cell or in its merge's owner. False outside the table.
+bool unlockedFar(const TableState& state, int row, int column, unsigned locks);
 inline bool unlocked(const TableState& state, int row, int column, unsigned locks) {
-    const Cell& cell = state.cell(row, column);
-    if ((cell.state & locks) != 0) return false;
-    return !cell.isCovered || (state.owner(row, column).state & locks) == 0;
+    const Cell* cell = state.nearCell(row, column);
+    if (cell == nullptr || cell->isCovered) [[unlikely]]
+        return unlockedFar(state, row, column, locks);
+    return (cell->state & locks) == 0;
 }
-inline bool contentEditable(const TableState& state, int row, int column) {
+inline constexpr auto contentEditable = [](const TableState& state, int row, int column) {
     return unlocked(state, row, column, kContentLocks);
-}
-inline bool formatEditable(const TableState& state, int row, int column) {
+};
+inline constexpr auto formatEditable = [](const TableState& state, int row, int column) {
     return unlocked(state, row, column, kFormatLocks);
-}
+};
 /// Whether the content of some cell of the range is not editable.
 bool hasContentLock(const TableState& state, const KdCellRange& cells);
 
@@ -147,10 +149,9 @@ const T& effective(const TableState& state, const Cell* cell, const FormatProper
     return effective(styleFormat(state, cell), cell, which);
 }
 
-/// Calls `change(state, row, column)` for each cell that the row and column stand for and `may(state, row,
-/// column)` allows. Without such a cell the table isn't touched.
-template <class May, class Change, class Gate = TableState* (*)(KdDbTable&)>
-void changeCells(KdDbTable& table, int row, int column, May may, Change change, Gate gate = editTable) {
+/// changeCells() for whole rows and columns. Apart, since setters are mostly called cell by cell.
+template <class May, class Change, class Gate>
+[[gnu::noinline]] void changeLines(KdDbTable& table, int row, int column, May& may, Change& change, Gate& gate) {
     KdCellRange target;
     if (!targetOf(tableState(table), row, column, target)) return;
     TableState* state = nullptr;
@@ -162,6 +163,16 @@ void changeCells(KdDbTable& table, int row, int column, May may, Change change, 
             change(*state, r, c);
         }
     }
+}
+
+/// Calls `change(state, row, column)` for each cell that the row and column stand for and `may(state, row,
+/// column)` allows. Without such a cell the table isn't touched.
+template <class May, class Change, class Gate = TableState* (*)(KdDbTable&)>
+void changeCells(KdDbTable& table, int row, int column, May may, Change change, Gate gate = editTable) {
+    const TableState& before = tableState(table);
+    if (!before.contains(row, column)) return changeLines(table, row, column, may, change, gate);
+    if (!may(before, row, column)) return;
+    if (TableState* state = gate(table)) change(*state, row, column);
 }
 
 }  // namespace kdhost

@@ -17,18 +17,6 @@ T readContent(const KdDbTable& table, int row, int column, T nothing, Read read)
     });
 }
 
-[[gnu::noinline]] bool isFarUnlocked(const TableState& state, int row, int column, unsigned locks) {
-    return toFirstCell(state, row, column) && unlocked(state, row, column, locks);
-}
-
-/// False outside the table.
-bool isUnlocked(const TableState& state, int row, int column, unsigned locks) {
-    const Cell* cell = state.nearCell(row, column);
-    if (cell == nullptr || cell->isCovered) [[unlikely]]
-        return isFarUnlocked(state, row, column, locks);
-    return (cell->state & locks) == 0;
-}
-
 CellObjects objectsOf(const Cell& cell) {
     return cell.objects ? *cell.objects : CellObjects{};
 }
@@ -179,11 +167,11 @@ void KdDbTable::deleteContent(const KdCellRange& range) {
 }
 
 bool KdDbTable::isContentEditable(int row, int column) const {
-    return isUnlocked(tableState(*this), row, column, kContentLocks);
+    return contentEditable(tableState(*this), row, column);
 }
 
 bool KdDbTable::isFormatEditable(int row, int column) const {
-    return isUnlocked(tableState(*this), row, column, kFormatLocks);
+    return formatEditable(tableState(*this), row, column);
 }
 
 KdDb::CellState KdDbTable::cellState(int row, int column) const {

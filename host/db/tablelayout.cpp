@@ -241,9 +241,8 @@ void noteGrowth(TableState& state, int row, int column) {
     state.pendingGrowth.note({row, column});
 }
 
-void settleGrowth(const KdDbTable& table) {
+void growNotedRows(const KdDbTable& table) {
     const TableState& state = tableState(table);
-    if (state.pendingGrowth.places.empty()) return;
     const PendingGrowth pending = std::exchange(state.pendingGrowth, {});
     Measure measure(table);
     for (const auto& [row, column] : pending.places) {

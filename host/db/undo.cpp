@@ -100,7 +100,12 @@ void UndoHistory::finishStep() {
 ChangeRecord* UndoHistory::recording() {
     if (!m_transactions.empty()) return &m_transactions.back()->changes();
     if (m_told != nullptr) return m_told;
-    if (m_step) return &m_step->changes;
+    if (m_step) [[likely]]
+        return &m_step->changes;
+    return recordingOutsideSteps();
+}
+
+[[gnu::noinline]] ChangeRecord* UndoHistory::recordingOutsideSteps() {
     m_changedOutsideSteps = true;
     m_redo.clear();
     return m_undo.empty() ? nullptr : &m_undo.back().changes;

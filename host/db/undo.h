@@ -100,6 +100,7 @@ private:
     void finishStep();
     /// Null for changes that are older than every step.
     ChangeRecord* recording();
+    ChangeRecord* recordingOutsideSteps();
     Kdad::ErrorStatus take(Steps& from, Steps& to);
     static std::wstring titleOfLast(const Steps& steps);
     /// 0 without a step.
