@@ -28,9 +28,8 @@ template <class Read>
 }
 
 template <class T>
-[[gnu::always_inline]] inline const T& read(const KdDbTable& table, int row, int column,
-                                            const FormatProperty<T>& which) {
-    return readFormat(table, row, column, [&](const TableState& state, const Cell* cell) -> const T& {
+[[gnu::always_inline]] inline T read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
+    return readFormat(table, row, column, [&](const TableState& state, const Cell* cell) {
         return effective(lastStyleFormat(state, cell), cell, which);
     });
 }
@@ -115,7 +114,9 @@ void KdDbTable::setTextHeight(int row, int column, double height) {
 }
 
 const wchar_t* KdDbTable::format(int row, int column) const {
-    return read(*this, row, column, property::format).c_str();
+    return readFormat(*this, row, column, [](const TableState& state, const Cell* cell) {
+        return effective(lastStyleFormat(state, cell), cell, property::format).c_str();
+    });
 }
 
 void KdDbTable::setDataFormat(int row, int column, const wchar_t* format) {

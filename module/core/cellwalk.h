@@ -62,6 +62,25 @@ inline bool mergeOfCell(const KdDbTable& table, int row, int column, CVqTableCel
                               &merge.m_rightColumn);
 }
 
+/// Whether some cell of the range is merged. A merge that reaches out of the range has a cell on its rim, and any
+/// other one covers fields of both colours of a chess board: those of one colour and the rim are enough.
+template <class Range>
+bool anyMerge(const KdDbTable& table, const Range& range) {
+    if (isNoCell(range)) return false;
+    const Lines rows = worthVisiting(range.m_topRow, range.m_bottomRow, table.numRows());
+    const Lines columns = worthVisiting(range.m_leftColumn, range.m_rightColumn, table.numColumns());
+    if (columns.first > columns.last) return false;
+    for (int row = rows.first; row <= rows.last; ++row) {
+        if (table.isMergedCell(row, columns.first) || table.isMergedCell(row, columns.last)) return true;
+        const bool isRim = row == rows.first || row == rows.last;
+        const int firstField = isRim ? 1 : 1 + (row - rows.first) % 2;
+        for (int column = columns.first + firstField; column < columns.last; column += isRim ? 1 : 2) {
+            if (table.isMergedCell(row, column)) return true;
+        }
+    }
+    return false;
+}
+
 /// Where a walk by blocks goes on behind a merged cell: always in the column behind the merge, in the row
 /// that it was in or in the merge's last row.
 enum class BehindMerge { SameRow, LastRow };

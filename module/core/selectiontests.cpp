@@ -28,13 +28,9 @@ bool CVqTableCommon::CanMergeCells(const KdDbTable* table) {
 
 bool CVqTableCommon::CanUnMergeCells(const KdDbTable* table) {
     if (table == nullptr) return false;
-    bool merged = false;
-    bool editable = false;
-    return anyCell(*table, table->getSubSelection(), [&](int row, int column) {
-        merged = merged || table->isMergedCell(row, column);
-        editable = editable || table->isContentEditable(row, column);
-        return merged && editable;
-    });
+    const KdCellRange selection = table->getSubSelection();
+    const auto isEditable = [&](int row, int column) { return table->isContentEditable(row, column); };
+    return cellwalk::anyMerge(*table, selection) && anyCell(*table, selection, isEditable);
 }
 
 int CVqTableCommon::CanColumnSizeEqually(const KdDbTable* table) {
