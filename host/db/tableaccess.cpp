@@ -55,7 +55,7 @@ bool cellsOf(const TableState& state, const KdCellRange& range, KdCellRange& cel
 
 bool unlockedFar(const TableState& state, int row, int column, unsigned locks) {
     if (!toFirstCell(state, row, column)) return false;
-    return ((state.cell(row, column).state | state.owner(row, column).state) & locks) == 0;
+    return ((state.look(row, column).state | state.ownerLook(row, column).state) & locks) == 0;
 }
 
 bool hasContentLock(const TableState& state, const KdCellRange& cells) {

@@ -74,37 +74,42 @@ inline bool toFirstCell(const TableState& state, int& row, int& column) {
 
 /// The cell whose format a getter reads: of whole rows and columns the first, of a covered cell its owner;
 /// null outside the table.
-inline const Cell* formatCell(const TableState& state, int row, int column) {
-    return toFirstCell(state, row, column) ? &state.owner(row, column) : nullptr;
+inline const CellLook* formatCell(const TableState& state, int row, int column) {
+    return toFirstCell(state, row, column) ? &state.ownerLook(row, column) : nullptr;
 }
-/// The same for content, which each cell has to itself.
-inline const Cell* contentCell(const TableState& state, int row, int column) {
-    return toFirstCell(state, row, column) ? &state.cell(row, column) : nullptr;
+/// The same for content, which each cell has to itself. A covered cell shows nothing, whatever it holds: null too.
+inline const CellContent* shownContent(const TableState& state, int row, int column) {
+    if (!toFirstCell(state, row, column) || state.look(row, column).isCovered) return nullptr;
+    return &state.content(row, column);
 }
 
 // Getters are asked for every cell of large tables, so that their way to a cell near the last one is short and
 // always inline. Every other way is a call that they end with: they keep no registers for it.
 
-template <const Cell* find(const TableState&, int, int), class Read>
+template <auto find, class Read>
 [[gnu::noinline]] decltype(auto) readFar(const TableState& state, int row, int column, Read read) {
     return read(find(state, row, column));
 }
 
-/// What `read(cell)` gives for the cell that formatCell() finds.
+/// What `read(look)` gives for the cell that formatCell() finds.
 template <class Read>
 [[gnu::always_inline]] inline decltype(auto) readFormatCell(const TableState& state, int row, int column, Read read) {
-    const Cell* cell = state.nearCell(row, column);
-    if (cell == nullptr || cell->isCovered) [[unlikely]]
+    const TableRow* near = state.nearRow(row, column);
+    if (near == nullptr) [[unlikely]]
         return readFar<formatCell>(state, row, column, read);
-    return read(cell);
+    const CellLook& look = near->looks[static_cast<std::size_t>(column)];
+    if (look.isCovered) [[unlikely]]
+        return readFar<formatCell>(state, row, column, read);
+    return read(&look);
 }
-/// The same for the cell that contentCell() finds.
+/// What `read(content)` gives for the one that shownContent() finds.
 template <class Read>
-[[gnu::always_inline]] inline decltype(auto) readContentCell(const TableState& state, int row, int column, Read read) {
-    const Cell* cell = state.nearCell(row, column);
-    if (cell == nullptr) [[unlikely]]
-        return readFar<contentCell>(state, row, column, read);
-    return read(cell);
+[[gnu::always_inline]] inline decltype(auto) readShownContent(const TableState& state, int row, int column, Read read) {
+    const TableRow* near = state.nearRow(row, column);
+    if (near == nullptr) [[unlikely]]
+        return readFar<shownContent>(state, row, column, read);
+    const auto place = static_cast<std::size_t>(column);
+    return read(near->looks[place].isCovered ? nullptr : &near->content(place));
 }
 
 inline constexpr unsigned kContentLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly;
@@ -113,10 +118,13 @@ inline constexpr unsigned kFormatLocks = KdDb::kCellStateFormatLocked | KdDb::kC
 /// None of the locks is set, in the cell or in its merge's owner. False outside the table.
 bool unlockedFar(const TableState& state, int row, int column, unsigned locks);
 inline bool unlocked(const TableState& state, int row, int column, unsigned locks) {
-    const Cell* cell = state.nearCell(row, column);
-    if (cell == nullptr || cell->isCovered) [[unlikely]]
+    const TableRow* near = state.nearRow(row, column);
+    if (near == nullptr) [[unlikely]]
         return unlockedFar(state, row, column, locks);
-    return (cell->state & locks) == 0;
+    const CellLook& look = near->looks[static_cast<std::size_t>(column)];
+    if (look.isCovered) [[unlikely]]
+        return unlockedFar(state, row, column, locks);
+    return (look.state & locks) == 0;
 }
 inline constexpr auto contentEditable = [](const TableState& state, int row, int column) {
     return unlocked(state, row, column, kContentLocks);
@@ -128,24 +136,24 @@ inline constexpr auto formatEditable = [](const TableState& state, int row, int 
 bool hasContentLock(const TableState& state, const KdCellRange& cells);
 
 /// A place outside the table has the format of a fresh cell of style "_DATA".
-inline std::uint16_t stylePlace(const Cell* cell) {
+inline std::uint16_t stylePlace(const CellLook* cell) {
     return cell == nullptr ? CellStylePool::kData : cell->style;
 }
-inline const CellFormat& styleFormat(const TableState& state, const Cell* cell) {
+inline const CellFormat& styleFormat(const TableState& state, const CellLook* cell) {
     return state.styles.record(stylePlace(cell)).format;
 }
 /// The same as the last look at the table style found it.
-inline const CellFormat& lastStyleFormat(const TableState& state, const Cell* cell) {
+inline const CellFormat& lastStyleFormat(const TableState& state, const CellLook* cell) {
     return state.styles.lastRecord(stylePlace(cell)).format;
 }
 
 template <class T>
-const T& effective(const CellFormat& inherited, const Cell* cell, const FormatProperty<T>& which) {
+const T& effective(const CellFormat& inherited, const CellLook* cell, const FormatProperty<T>& which) {
     const T* own = cell == nullptr ? nullptr : cell->ownValue(which);
     return own != nullptr ? *own : which.in(inherited);
 }
 template <class T>
-const T& effective(const TableState& state, const Cell* cell, const FormatProperty<T>& which) {
+const T& effective(const TableState& state, const CellLook* cell, const FormatProperty<T>& which) {
     return effective(styleFormat(state, cell), cell, which);
 }
 

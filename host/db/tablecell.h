@@ -1,8 +1,9 @@
 // A cell and a row of a table.
 //
-// A cell is small: its text, and what it rarely has (overrides of its format, a block, a field), lie apart and are
-// shared until written. Cells formatted alike share one record of overrides. Places in merges stand beside the cells,
-// in rows that have merges.
+// A cell is in two places of its row: what it looks like, and what it holds. Formats are edited and asked for many
+// cells at a time, so that looks are small and lie side by side; contents are shared between states of a row until one
+// of them is written. What a cell rarely has (overrides of its format, a block, a field) lies apart, and cells
+// formatted alike share one record of overrides. Places in merges stand beside the looks, in rows that have merges.
 #pragma once
 
 #include <cstdint>
@@ -61,12 +62,9 @@ struct CellObjects {
     friend bool operator==(const CellObjects&, const CellObjects&) = default;
 };
 
-struct Cell {
-    SharedText text;
+struct CellLook {
     CopyOnWrite<FormatOverrides> overrides;
-    CopyOnWrite<CellObjects> objects;
     std::uint16_t style = 0;  ///< place in the table's pool of cell styles
-    std::uint8_t type = KdDb::kTextCell;
     std::uint8_t state = KdDb::kCellStateNone;
     bool isMerged = false;   ///< is in a merge: the row's link tells its place there
     bool isCovered = false;  ///< by the merge's owner
@@ -78,18 +76,8 @@ struct Cell {
         const FormatOverrides* held = overrides.get();
         return held != nullptr && (held->own & which.bit) != 0 ? &which.in(held->format) : nullptr;
     }
-    bool hasField() const { return objects && !objects->field.isNull(); }
-    KdDbObjectId field() const { return objects ? objects->field : KdDbObjectId::kNull; }
-    KdDbObjectId block() const { return objects ? objects->block : KdDbObjectId::kNull; }
-    bool empty() const { return text.empty() && field().isNull() && block().isNull(); }
-    /// Back to an empty text cell; style, overrides and locks stay.
-    void clearContent() {
-        text.clear();
-        objects = {};
-        type = KdDb::kTextCell;
-    }
     /// Everything of the other cell but its place in a merge.
-    void takeOver(const Cell& other) {
+    void takeOver(const CellLook& other) {
         const bool merged = isMerged;
         const bool covered = isCovered;
         *this = other;
@@ -98,26 +86,54 @@ struct Cell {
     }
 };
 
+struct CellContent {
+    SharedText text;
+    CopyOnWrite<CellObjects> objects;
+    std::uint8_t type = KdDb::kTextCell;
+
+    bool hasField() const { return objects && !objects->field.isNull(); }
+    KdDbObjectId field() const { return objects ? objects->field : KdDbObjectId::kNull; }
+    KdDbObjectId block() const { return objects ? objects->block : KdDbObjectId::kNull; }
+    bool empty() const { return text.empty() && field().isNull() && block().isNull(); }
+    /// Back to an empty text cell.
+    void clear() { *this = {}; }
+};
+
 struct TableRow {
     double height = 0.0;
     std::uint16_t style = 0;  ///< of the row itself; new columns begin with it
-    std::vector<Cell> cells;
-    std::vector<MergeLink> links;  ///< of the cells; none while no cell of the row was merged
+    std::vector<CellLook> looks;
+    CopyOnWrite<std::vector<CellContent>> contents;  ///< as many as looks; never without a value while there are any
+    std::vector<MergeLink> links;                    ///< of the cells; none while no cell of the row was merged
+
+    std::size_t size() const { return looks.size(); }
+    void resize(std::size_t count) {
+        looks.resize(count);
+        contents.write().resize(count);
+    }
+    const CellContent& content(std::size_t column) const { return (*contents)[column]; }
+    CellContent& writeContent(std::size_t column) { return contents.write()[column]; }
 
     void setLink(int column, const MergeLink& link) {
         const auto place = static_cast<std::size_t>(column);
-        cells[place].isMerged = link.merged();
-        cells[place].isCovered = link.covered();
+        looks[place].isMerged = link.merged();
+        looks[place].isCovered = link.covered();
         if (links.empty() && !link.merged()) return;
-        links.resize(cells.size());
+        links.resize(looks.size());
         links[place] = link;
     }
-    void insertCells(int at, int count, const Cell& cell) {
-        cells.insert(cells.begin() + at, static_cast<std::size_t>(count), cell);
-        if (!links.empty()) links.insert(links.begin() + at, static_cast<std::size_t>(count), MergeLink{});
+    /// New cells hold nothing.
+    void insertCells(int at, int count, const CellLook& look) {
+        const auto added = static_cast<std::size_t>(count);
+        looks.insert(looks.begin() + at, added, look);
+        std::vector<CellContent>& held = contents.write();
+        held.insert(held.begin() + at, added, CellContent{});
+        if (!links.empty()) links.insert(links.begin() + at, added, MergeLink{});
     }
     void eraseCells(int first, int behind) {
-        cells.erase(cells.begin() + first, cells.begin() + behind);
+        looks.erase(looks.begin() + first, looks.begin() + behind);
+        std::vector<CellContent>& held = contents.write();
+        held.erase(held.begin() + first, held.begin() + behind);
         if (!links.empty()) links.erase(links.begin() + first, links.begin() + behind);
     }
 

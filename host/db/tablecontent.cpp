@@ -8,37 +8,35 @@ using namespace kdhost;
 
 namespace {
 
-/// What `read(cell)` gives for a cell whose content shows; `nothing` for a place outside, and for a covered cell, which
-/// shows nothing whatever it holds.
+/// What `read(content)` gives for a cell that shows its content, else `nothing`.
 template <class T, class Read>
 T readContent(const KdDbTable& table, int row, int column, T nothing, Read read) {
-    return readContentCell(tableState(table), row, column, [=](const Cell* cell) -> T {
-        return cell == nullptr || cell->isCovered ? nothing : read(*cell);
-    });
+    return readShownContent(tableState(table), row, column,
+                            [=](const CellContent* cell) -> T { return cell == nullptr ? nothing : read(*cell); });
 }
 
-CellObjects objectsOf(const Cell& cell) {
+CellObjects objectsOf(const CellContent& cell) {
     return cell.objects ? *cell.objects : CellObjects{};
 }
 
 void setBlockPart(KdDbTable& table, int row, int column, double CellObjects::*part, double value) {
     changeCells(table, row, column, contentEditable,
-                [&](TableState& state, int r, int c) { state.rows.writeCell(r, c).objects.write().*part = value; });
+                [&](TableState& state, int r, int c) { state.rows.writeContent(r, c).objects.write().*part = value; });
 }
 
 }  // namespace
 
 KdDb::CellType KdDbTable::cellType(int row, int column) const {
-    return readContentCell(tableState(*this), row, column, [](const Cell* cell) {
-        return cell == nullptr ? KdDb::kTextCell : static_cast<KdDb::CellType>(cell->type);
-    });
+    const TableState& state = tableState(*this);
+    if (!toFirstCell(state, row, column)) return KdDb::kTextCell;
+    return static_cast<KdDb::CellType>(state.content(row, column).type);
 }
 
 void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
     if (type < KdDb::kTextCell || type > KdDb::kMultipleContentCell) return;
     // Content of a kind that the new type can't show goes.
     changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
-        Cell& cell = state.rows.writeCell(r, c);
+        CellContent& cell = state.rows.writeContent(r, c);
         CellObjects kept = objectsOf(cell);
         if (type == KdDb::kTextCell) {
             const KdDbObjectId field = kept.field;
@@ -55,12 +53,12 @@ void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
 }
 
 const wchar_t* KdDbTable::textString(int row, int column) const {
-    return readContent(*this, row, column, L"", [this](const Cell& cell) { return shownText(*this, cell); });
+    return readContent(*this, row, column, L"", [this](const CellContent& cell) { return shownText(*this, cell); });
 }
 
 KdString KdDbTable::textString(int row, int column, int content) const {
     if (content != 0) return {};
-    return readContent(*this, row, column, KdString(), [this](const Cell& cell) {
+    return readContent(*this, row, column, KdString(), [this](const CellContent& cell) {
         if (cell.hasField()) return KdString(shownField(*this, cell));
         return cell.text.empty() ? KdString() : KdString(std::wstring(cell.text.view()));
     });
@@ -69,7 +67,7 @@ KdString KdDbTable::textString(int row, int column, int content) const {
 void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
     const auto gate = [&](KdDbTable& table) { return editSizeOfCell(table, row, column); };
     const auto write = [&](TableState& state, int r, int c) {
-        Cell& cell = state.rows.writeCell(r, c);
+        CellContent& cell = state.rows.writeContent(r, c);
         cell.objects = {};
         cell.type = KdDb::kTextCell;
         cell.text = text == nullptr ? L"" : text;
@@ -79,13 +77,13 @@ void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
 }
 
 KdDbObjectId KdDbTable::fieldId(int row, int column) const {
-    return readContent(*this, row, column, KdDbObjectId(), [](const Cell& cell) { return cell.field(); });
+    return readContent(*this, row, column, KdDbObjectId(), [](const CellContent& cell) { return cell.field(); });
 }
 
 void KdDbTable::setFieldId(int row, int column, const KdDbObjectId& field) {
     changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
-        Cell& cell = state.rows.writeCell(r, c);
-        cell.clearContent();
+        CellContent& cell = state.rows.writeContent(r, c);
+        cell.clear();
         if (field.isNull()) return;
         cell.objects.write().field = field;
         noteGrowth(state, r, c);
@@ -94,7 +92,7 @@ void KdDbTable::setFieldId(int row, int column, const KdDbObjectId& field) {
 }
 
 KdDbObjectId KdDbTable::blockTableRecordId(int row, int column) const {
-    return readContent(*this, row, column, KdDbObjectId(), [](const Cell& cell) { return cell.block(); });
+    return readContent(*this, row, column, KdDbObjectId(), [](const CellContent& cell) { return cell.block(); });
 }
 
 KdDbObjectId KdDbTable::blockTableRecordId(int row, int column, int content) const {
@@ -104,7 +102,7 @@ KdDbObjectId KdDbTable::blockTableRecordId(int row, int column, int content) con
 void KdDbTable::setBlockTableRecordId(int row, int column, int content, const KdDbObjectId& block, bool autoFit) {
     if (content != 0) return;
     changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
-        Cell& cell = state.rows.writeCell(r, c);
+        CellContent& cell = state.rows.writeContent(r, c);
         CellObjects objects = objectsOf(cell);
         objects.field.setNull();
         if (block != objects.block) objects.attributes.clear();
@@ -118,12 +116,12 @@ void KdDbTable::setBlockTableRecordId(int row, int column, int content, const Kd
 
 bool KdDbTable::isAutoScale(int row, int column, int content) const {
     return content == 0 && readContent(*this, row, column, false,
-                                       [](const Cell& cell) { return cell.objects && cell.objects->autoFit; });
+                                       [](const CellContent& cell) { return cell.objects && cell.objects->autoFit; });
 }
 
 double KdDbTable::blockScale(int row, int column) const {
     return readContent(*this, row, column, 1.0,
-                       [](const Cell& cell) { return cell.objects ? cell.objects->blockScale : 1.0; });
+                       [](const CellContent& cell) { return cell.objects ? cell.objects->blockScale : 1.0; });
 }
 
 void KdDbTable::setBlockScale(int row, int column, double scale) {
@@ -132,7 +130,7 @@ void KdDbTable::setBlockScale(int row, int column, double scale) {
 
 double KdDbTable::blockRotation(int row, int column) const {
     return readContent(*this, row, column, 0.0,
-                       [](const Cell& cell) { return cell.objects ? cell.objects->blockRotation : 0.0; });
+                       [](const CellContent& cell) { return cell.objects ? cell.objects->blockRotation : 0.0; });
 }
 
 void KdDbTable::setBlockRotation(int row, int column, double angle) {
@@ -140,7 +138,7 @@ void KdDbTable::setBlockRotation(int row, int column, double angle) {
 }
 
 int KdDbTable::contentType(int row, int column) const {
-    return readContent(*this, row, column, KdDb::kCellContentTypeValue, [](const Cell& cell) {
+    return readContent(*this, row, column, KdDb::kCellContentTypeValue, [](const CellContent& cell) {
         if (cell.hasField()) return KdDb::kCellContentTypeField;
         const bool isBlock = cell.type == KdDb::kBlockCell || !cell.block().isNull();
         return isBlock ? KdDb::kCellContentTypeBlock : KdDb::kCellContentTypeValue;
@@ -152,7 +150,7 @@ int KdDbTable::contentType(int row, int column, int content) const {
 }
 
 bool KdDbTable::isEmpty(int row, int column) const {
-    return readContent(*this, row, column, true, [](const Cell& cell) { return cell.empty(); });
+    return readContent(*this, row, column, true, [](const CellContent& cell) { return cell.empty(); });
 }
 
 void KdDbTable::deleteContent(const KdCellRange& range) {
@@ -161,7 +159,7 @@ void KdDbTable::deleteContent(const KdCellRange& range) {
     for (int row = cells.m_topRow; row <= cells.m_bottomRow; ++row) {
         for (int column = cells.m_leftColumn; column <= cells.m_rightColumn; ++column) {
             changeCells(*this, row, column, contentEditable,
-                        [](TableState& state, int r, int c) { state.rows.writeCell(r, c).clearContent(); });
+                        [](TableState& state, int r, int c) { state.rows.writeContent(r, c).clear(); });
         }
     }
 }
@@ -175,7 +173,7 @@ bool KdDbTable::isFormatEditable(int row, int column) const {
 }
 
 KdDb::CellState KdDbTable::cellState(int row, int column) const {
-    return readFormatCell(tableState(*this), row, column, [](const Cell* cell) {
+    return readFormatCell(tableState(*this), row, column, [](const CellLook* cell) {
         return cell == nullptr ? KdDb::kCellStateNone : static_cast<KdDb::CellState>(cell->state);
     });
 }
@@ -184,7 +182,7 @@ KdDb::CellState KdDbTable::cellState(int row, int column) const {
 void KdDbTable::setCellState(int row, int column, KdDb::CellState lock) {
     const auto always = [](const TableState&, int, int) { return true; };
     changeCells(*this, row, column, always, [&](TableState& state, int r, int c) {
-        state.rows.writeCell(r, c).state = static_cast<std::uint8_t>(lock);
+        state.rows.writeLook(r, c).state = static_cast<std::uint8_t>(lock);
     });
 }
 

@@ -65,7 +65,8 @@ KdDbObjectId fieldFor(const KdDbTable& target, KdDbObjectId field, CellPlace fro
 
 /// The source cells, taken before the target changes: it may be the same table.
 struct CopiedCell {
-    Cell cell;
+    CellLook look;
+    CellContent content;
     CellPlace place;
 };
 
@@ -77,10 +78,10 @@ public:
         m_cells.reserve(static_cast<std::size_t>(m_rows) * static_cast<std::size_t>(m_columns));
         for (int row = from.m_topRow; row <= from.m_bottomRow; ++row) {
             for (int column = from.m_leftColumn; column <= from.m_rightColumn; ++column) {
-                const Cell& cell = state.cell(row, column);
-                m_cells.push_back({cell, {row, column}});
-                if (m_styles.contains(cell.style)) continue;
-                m_styles.emplace(cell.style, StyleName{state.styles.name(cell.style), std::nullopt});
+                const CellLook& look = state.look(row, column);
+                m_cells.push_back({look, state.content(row, column), {row, column}});
+                if (m_styles.contains(look.style)) continue;
+                m_styles.emplace(look.style, StyleName{state.styles.name(look.style), std::nullopt});
             }
         }
         for (KdCellRange merge : state.mergesIn(from)) {
@@ -120,19 +121,18 @@ private:
     }
 
     void put(TableState& state, int row, int column, const CopiedCell& from) {
-        const bool content = contentEditable(state, row, column) && !state.cell(row, column).isCovered;
+        const bool content = contentEditable(state, row, column) && !state.look(row, column).isCovered;
         const bool format = formatEditable(state, row, column);
         if (!content && !format) return;
-        const std::uint16_t style = format ? placeOf(from.cell.style, state.styles) : std::uint16_t{0};
-        Cell& cell = state.rows.writeCell(row, column);
         if (format) {
-            cell.style = style;
-            cell.overrides = from.cell.overrides;
+            const std::uint16_t style = placeOf(from.look.style, state.styles);
+            CellLook& look = state.rows.writeLook(row, column);
+            look.style = style;
+            look.overrides = from.look.overrides;
         }
         if (!content) return;
-        cell.text = from.cell.text;
-        cell.objects = from.cell.objects;
-        cell.type = from.cell.type;
+        CellContent& cell = state.rows.writeContent(row, column);
+        cell = from.content;
         if (!cell.field().isNull()) {
             cell.objects.write().field = fieldFor(m_table, cell.field(), from.place, {row, column});
         }
@@ -198,9 +198,9 @@ namespace {
 void copyFields(KdDbTable& table, TableState& state) {
     for (int row = 0; row < state.rowCount(); ++row) {
         for (int column = 0; column < state.columnCount(); ++column) {
-            const KdDbObjectId field = state.cell(row, column).field();
+            const KdDbObjectId field = state.content(row, column).field();
             if (field.isNull()) continue;
-            state.rows.writeCell(row, column).objects.write().field =
+            state.rows.writeContent(row, column).objects.write().field =
                 fieldFor(table, field, {row, column}, {row, column});
         }
     }

@@ -21,7 +21,7 @@ template <class Read>
 template <class Read>
 [[gnu::always_inline]] inline decltype(auto) readFormat(const KdDbTable& table, int row, int column, Read read) {
     const TableState& state = tableState(table);
-    const auto readCell = [&state, read](const Cell* cell) -> decltype(auto) { return read(state, cell); };
+    const auto readCell = [&state, read](const CellLook* cell) -> decltype(auto) { return read(state, cell); };
     if (!state.styles.isFresh()) [[unlikely]]
         return readAnew(state, row, column, readCell);
     return readFormatCell(state, row, column, readCell);
@@ -29,7 +29,7 @@ template <class Read>
 
 template <class T>
 [[gnu::always_inline]] inline T read(const KdDbTable& table, int row, int column, const FormatProperty<T>& which) {
-    return readFormat(table, row, column, [&](const TableState& state, const Cell* cell) {
+    return readFormat(table, row, column, [&](const TableState& state, const CellLook* cell) {
         return effective(lastStyleFormat(state, cell), cell, which);
     });
 }
@@ -38,7 +38,7 @@ template <class T>
 void override(KdDbTable& table, int row, int column, const FormatProperty<T>& which, const T& value) {
     OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
     changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
-        memo.set(state.rows.writeCell(r, c), Override{which, value});
+        memo.set(state.rows.writeLook(r, c), Override{which, value});
     });
 }
 
@@ -48,7 +48,7 @@ void overrideSize(KdDbTable& table, int row, int column, const FormatProperty<T>
     OverrideMemo& memo = KdDbTableAccess::transient(table).overrideMemo;
     const auto gate = [&](KdDbTable& gated) { return editSizeOfCell(gated, row, column); };
     const auto change = [&](TableState& state, int r, int c) {
-        memo.set(state.rows.writeCell(r, c), Override{which, value});
+        memo.set(state.rows.writeLook(r, c), Override{which, value});
         noteGrowth(state, r, c);
     };
     changeCells(table, row, column, formatEditable, change, gate);
@@ -114,7 +114,7 @@ void KdDbTable::setTextHeight(int row, int column, double height) {
 }
 
 const wchar_t* KdDbTable::format(int row, int column) const {
-    return readFormat(*this, row, column, [](const TableState& state, const Cell* cell) {
+    return readFormat(*this, row, column, [](const TableState& state, const CellLook* cell) {
         return effective(lastStyleFormat(state, cell), cell, property::format).c_str();
     });
 }
@@ -124,7 +124,7 @@ void KdDbTable::setDataFormat(int row, int column, const wchar_t* format) {
 }
 
 void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, KdValue::UnitType& unitType) const {
-    readFormat(*this, row, column, [&](const TableState& state, const Cell* cell) {
+    readFormat(*this, row, column, [&](const TableState& state, const CellLook* cell) {
         const CellFormat& inherited = lastStyleFormat(state, cell);
         dataType = effective(inherited, cell, property::dataType);
         unitType = effective(inherited, cell, property::unitType);
@@ -134,7 +134,7 @@ void KdDbTable::getDataType(int row, int column, KdValue::DataType& dataType, Kd
 void KdDbTable::setDataType(int row, int column, KdValue::DataType dataType, KdValue::UnitType unitType) {
     OverrideMemo& memo = KdDbTableAccess::transient(*this).overrideMemo;
     changeCells(*this, row, column, formatEditable, [&](TableState& state, int r, int c) {
-        memo.set(state.rows.writeCell(r, c), Override{property::dataType, dataType},
+        memo.set(state.rows.writeLook(r, c), Override{property::dataType, dataType},
                  Override{property::unitType, unitType});
     });
 }
@@ -149,7 +149,7 @@ bool KdDbTable::isMergeAllEnabled(int row, int column) const {
 }
 
 const wchar_t* KdDbTable::cellStyle(int row, int column) const {
-    return readFormat(*this, row, column, [](const TableState& state, const Cell* cell) {
+    return readFormat(*this, row, column, [](const TableState& state, const CellLook* cell) {
         return state.styles.lastName(stylePlace(cell)).c_str();
     });
 }
@@ -163,9 +163,9 @@ void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
         return state;
     };
     const auto change = [&](TableState& state, int r, int c) {
-        Cell& cell = state.rows.writeCell(r, c);
-        const std::uint16_t before = std::exchange(cell.style, place);
-        if (!cell.empty() && measuresOtherwise(*this, state.styles, before, place)) noteGrowth(state, r, c);
+        const std::uint16_t before = std::exchange(state.rows.writeLook(r, c).style, place);
+        if (!state.content(r, c).empty() && measuresOtherwise(*this, state.styles, before, place))
+            noteGrowth(state, r, c);
         // The style of a whole row is the row's own too: it tells the row's type.
         if (column == -1) state.rows.write(r).style = place;
     };
@@ -174,7 +174,7 @@ void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
 
 void KdDbTable::clearCellOverrides(int row, int column) {
     changeCells(*this, row, column, formatEditable,
-                [](TableState& state, int r, int c) { state.rows.writeCell(r, c).overrides = {}; });
+                [](TableState& state, int r, int c) { state.rows.writeLook(r, c).overrides = {}; });
 }
 
 void KdDbTable::clearTableStyleOverrides(int) {

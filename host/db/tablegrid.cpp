@@ -56,7 +56,7 @@ int styleEdge(const TableState& state, const KdCellRange& cell, int edge) {
     const int row = neighbours.m_topRow;
     const int column = neighbours.m_leftColumn;
     if (!state.contains(row, column)) return edge;
-    const bool sameStyle = state.owner(row, column).style == state.cell(cell.m_topRow, cell.m_leftColumn).style;
+    const bool sameStyle = state.ownerLook(row, column).style == state.look(cell.m_topRow, cell.m_leftColumn).style;
     return sameStyle ? side->inside : edge;
 }
 
@@ -66,7 +66,7 @@ T read(const KdDbTable& table, int row, int column, KdDb::GridLineType edges, co
     const int edge = std::max(0, edgeIndex(edges));
     KdCellRange target;
     if (!targetOf(state, row, column, target)) return part.at(edge).in(styleFormat(state, nullptr));
-    const Cell& cell = state.owner(target.m_topRow, target.m_leftColumn);
+    const CellLook& cell = state.ownerLook(target.m_topRow, target.m_leftColumn);
     if (const T* own = cell.ownValue(part.at(edge))) return *own;
     const KdCellRange whole = state.mergeOf(target.m_topRow, target.m_leftColumn);
     return part.at(styleEdge(state, whole, edge)).in(styleFormat(state, &cell));
@@ -75,7 +75,7 @@ T read(const KdDbTable& table, int row, int column, KdDb::GridLineType edges, co
 /// The cells that share the line on a side of a cell: of a merge's owner along the merge's whole side; of a
 /// covered cell its own neighbour, where that lies outside the merge.
 KdCellRange neighboursOf(const TableState& state, int row, int column, const Side& side) {
-    const bool covered = state.cell(row, column).isCovered;
+    const bool covered = state.look(row, column).isCovered;
     const KdCellRange merge = state.mergeOf(row, column);
     const KdCellRange cells = facing(covered ? KdCellRange{row, column, row, column} : merge, side);
     const bool insideMerge = covered && cells.m_topRow >= merge.m_topRow && cells.m_topRow <= merge.m_bottomRow &&
@@ -91,13 +91,13 @@ void override(KdDbTable& table, int row, int column, KdDb::GridLineType edges, c
     changeCells(table, row, column, formatEditable, [&](TableState& state, int r, int c) {
         for (int edge = 0; edge < kEdgeCount; ++edge) {
             if ((edges & kEdges[static_cast<std::size_t>(edge)]) == 0) continue;
-            memo.set(state.rows.writeCell(r, c), Override{part.at(edge), value});
+            memo.set(state.rows.writeLook(r, c), Override{part.at(edge), value});
             const Side* side = sideOf(edge);
             if (side == nullptr) continue;
             const KdCellRange neighbours = neighboursOf(state, r, c, *side);
             for (int nr = neighbours.m_topRow; nr <= neighbours.m_bottomRow; ++nr) {
                 for (int nc = neighbours.m_leftColumn; nc <= neighbours.m_rightColumn; ++nc) {
-                    memo.set(state.rows.writeCell(nr, nc), Override{part.at(side->opposite), value});
+                    memo.set(state.rows.writeLook(nr, nc), Override{part.at(side->opposite), value});
                 }
             }
         }

@@ -43,14 +43,14 @@ private:
     void checkFonts();
     void checkStyles();
     template <class T>
-    const T& value(const Cell& cell, const FormatProperty<T>& which) const {
+    const T& value(const CellLook& cell, const FormatProperty<T>& which) const {
         if (const T* own = cell.ownValue(which)) return *own;
         return which.in(m_state.styles.lastRecord(cell.style).format);
     }
     const Face& face(KdDbObjectId textStyle);
     bool surelyOneLine(std::wstring_view text, const Face& face, double room) const;
-    double textHeightOf(const Cell& cell, std::wstring_view text, double width);
-    double widthOf(const Cell& cell);
+    double textHeightOf(const CellLook& cell, std::wstring_view text, double width);
+    double widthOf(int row, int column);
     double widthNeeded(int row, int column);
     double sumOfHeights(int first, int last) const;
     double sumOfWidths(int first, int last) const;
@@ -99,7 +99,7 @@ bool Measure::surelyOneLine(std::wstring_view text, const Face& face, double roo
     return width * face.font->widthFactor <= room;
 }
 
-double Measure::textHeightOf(const Cell& cell, std::wstring_view text, double width) {
+double Measure::textHeightOf(const CellLook& cell, std::wstring_view text, double width) {
     const double height = value(cell, property::textHeight);
     const double marginVert = value(cell, property::marginVert);
     const double line = heightOfLines(1, height, marginVert);
@@ -117,7 +117,7 @@ double Measure::textHeightOf(const Cell& cell, std::wstring_view text, double wi
 }
 
 /// Width and height of the cell's block as it is drawn; nothing for one that is fitted into its cell.
-std::pair<double, double> blockSize(const Cell& cell) {
+std::pair<double, double> blockSize(const CellContent& cell) {
     if (!cell.objects || cell.objects->autoFit) return {0.0, 0.0};
     const KdDbExtents extents = extentsOfEntities(cell.block());
     if (!extents.isValid()) return {0.0, 0.0};
@@ -128,15 +128,16 @@ std::pair<double, double> blockSize(const Cell& cell) {
 }
 
 double Measure::heightOf(int row, int column) {
-    const Cell& cell = m_state.cell(row, column);
+    const CellLook& look = m_state.look(row, column);
+    const CellContent& content = m_state.content(row, column);
     const KdCellRange merge = m_state.mergeOf(row, column);
-    if (!cell.block().isNull()) {
-        const double marginVert = value(cell, property::marginVert);
-        return std::max(textHeightOf(cell, {}, 0.0), blockSize(cell).second + 2.0 * marginVert);
+    if (!content.block().isNull()) {
+        const double marginVert = value(look, property::marginVert);
+        return std::max(textHeightOf(look, {}, 0.0), blockSize(content).second + 2.0 * marginVert);
     }
     const double width = sumOfWidths(merge.m_leftColumn, merge.m_rightColumn);
-    if (cell.field().isNull()) return textHeightOf(cell, cell.text, width);
-    return textHeightOf(cell, shownText(m_table, cell), width);
+    if (content.field().isNull()) return textHeightOf(look, content.text, width);
+    return textHeightOf(look, shownText(m_table, content), width);
 }
 
 double Measure::rowMinimum(int row) {
@@ -153,7 +154,7 @@ double Measure::rowMinimum(int row) {
             const int top = row - merge.up;
             minimum = std::max(minimum, heightOf(top, column) - sumOfHeights(top, row - 1));
         } else if (merge.left == 0) {
-            if (!m_state.cell(row, column).field().isNull()) alone = false;
+            if (!m_state.content(row, column).field().isNull()) alone = false;
             minimum = std::max(minimum, heightOf(row, column));
         }
     }
@@ -164,13 +165,15 @@ double Measure::rowMinimum(int row) {
     return minimum;
 }
 
-double Measure::widthOf(const Cell& cell) {
-    const double height = value(cell, property::textHeight);
-    const double margins = 2.0 * value(cell, property::marginHorz);
-    if (!cell.block().isNull()) return margins + std::max(height, blockSize(cell).first);
-    const std::wstring text = shownText(m_table, cell);
+double Measure::widthOf(int row, int column) {
+    const CellLook& look = m_state.look(row, column);
+    const CellContent& content = m_state.content(row, column);
+    const double height = value(look, property::textHeight);
+    const double margins = 2.0 * value(look, property::marginHorz);
+    if (!content.block().isNull()) return margins + std::max(height, blockSize(content).first);
+    const std::wstring text = shownText(m_table, content);
     if (text.empty()) return margins + height;
-    const Face& used = face(value(cell, property::textStyle));
+    const Face& used = face(value(look, property::textStyle));
     return margins + std::max(height, text::widestWord(text, *used.font, height));
 }
 
@@ -180,7 +183,7 @@ double Measure::widthNeeded(int row, int column) {
     if (merge.up != 0 || (merge.merged() && merge.left != merge.columns - 1)) return 0.0;
     const int left = column - merge.left;
     const double others = column > left ? sumOfWidths(left, column - 1) : 0.0;
-    return widthOf(m_state.cell(row, left)) - others;
+    return widthOf(row, left) - others;
 }
 
 double Measure::columnMinimum(int column) {
@@ -196,7 +199,7 @@ bool Measure::fits(int row) {
     bool alone = true;  // the result depends on the row's own cells only
     for (int column = 0; column < m_state.columnCount(); ++column) {
         if (widthNeeded(row, column) > m_state.columnWidths[static_cast<std::size_t>(column)]) return false;
-        const Cell& cell = m_state.cell(row, column);
+        const CellContent& cell = m_state.content(row, column);
         if (!cell.field().isNull() || !cell.block().isNull()) alone = false;
     }
     if (alone) line.fitsStamp = stamp;
@@ -283,7 +286,7 @@ void growAllRows(const KdDbTable& table, const TableState& state) {
     });
 }
 
-const wchar_t* shownField(const KdDbTable& table, const Cell& cell) {
+const wchar_t* shownField(const KdDbTable& table, const CellContent& cell) {
     std::wstring& kept = KdDbTableAccess::transient(table).fieldTexts[cell.field()];
     const auto* field = peek<KdDbField>(cell.field());
     std::wstring now = field == nullptr ? std::wstring() : field->getFieldCode(KdDbField::kEvaluatedText).str();

@@ -27,9 +27,9 @@ void growAllColumns(const KdDbTable& table, TableState& state);
 void growAllRows(const KdDbTable& table, const TableState& state);
 
 /// The evaluated text of the cell's field.
-const wchar_t* shownField(const KdDbTable& table, const Cell& cell);
+const wchar_t* shownField(const KdDbTable& table, const CellContent& cell);
 /// The text that a cell shows: its own, or its field's. Valid until the next change of the table.
-inline const wchar_t* shownText(const KdDbTable& table, const Cell& cell) {
+inline const wchar_t* shownText(const KdDbTable& table, const CellContent& cell) {
     return cell.hasField() ? shownField(table, cell) : cell.text.c_str();
 }
 

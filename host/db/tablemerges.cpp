@@ -69,7 +69,7 @@ void TableState::merge(const KdCellRange& range) {
         TableRow& line = rows.write(row);
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             const bool owner = row == range.m_topRow && column == range.m_leftColumn;
-            if (!owner) line.cells[static_cast<std::size_t>(column)].clearContent();
+            if (!owner) line.writeContent(static_cast<std::size_t>(column)).clear();
         }
     }
     link(range);
@@ -104,17 +104,18 @@ void TableState::assertValid() const {
     constexpr unsigned kChangesBetweenLooks = 64;
     if (rowCount() * columnCount() > kLargeTable && ++m_changes % kChangesBetweenLooks != 0) return;
     for (int row = 0; row < rowCount(); ++row) {
-        require(rows[row].cells.size() == columnWidths.size(), "a row's length differs from the number of columns");
+        require(rows[row].size() == columnWidths.size() && rows[row].contents->size() == columnWidths.size(),
+                "a row's length differs from the number of columns");
         for (int column = 0; column < columnCount(); ++column) {
             const MergeLink& merge = mergeLink(row, column);
             if (!merge.merged()) {
                 const std::vector<MergeLink>& links = rows[row].links;
                 require(links.empty() || links[static_cast<std::size_t>(column)] == MergeLink{},
                         "a cell in no merge has a place in one");
-                require(!cell(row, column).isCovered, "a cell in no merge is covered");
+                require(!look(row, column).isCovered, "a cell in no merge is covered");
                 continue;
             }
-            require(cell(row, column).isCovered == merge.covered(), "a cell that isn't covered as its merge has it");
+            require(look(row, column).isCovered == merge.covered(), "a cell that isn't covered as its merge has it");
             require(merge.rows * merge.columns > 1, "a merge of a single cell");
             require(merge.up >= 0 && merge.left >= 0 && merge.up < merge.rows && merge.left < merge.columns,
                     "a cell outside its merge");

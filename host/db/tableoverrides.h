@@ -14,7 +14,7 @@ struct Override {
     const FormatProperty<T>& which;
     const T& value;
 
-    bool isMadeIn(const Cell& cell) const {
+    bool isMadeIn(const CellLook& cell) const {
         const T* own = cell.ownValue(which);
         return own != nullptr && *own == value;
     }
@@ -33,7 +33,7 @@ class OverrideMemo {
 public:
     /// Makes one or more overrides in a cell at once.
     template <class... T>
-    void set(Cell& cell, const Override<T>&... made) {
+    void set(CellLook& cell, const Override<T>&... made) {
         if ((made.isMadeIn(cell) && ...)) return;
         const FormatBits bits = (made.which.bit | ...);
         for (const Step& step : m_steps) {

@@ -183,11 +183,14 @@ void scaleSizes(TableState& state, OverrideMemo& memo, double factor) {
     for (double& width : state.columnWidths) width *= factor;
     for (int row = 0; row < state.rowCount(); ++row) {
         state.rows.setHeight(row, state.rows[row].height * factor);
-        for (Cell& cell : state.rows.write(row).cells) {
+        TableRow& line = state.rows.write(row);
+        for (CellLook& cell : line.looks) {
             for (const auto& size : {property::textHeight, property::marginHorz, property::marginVert}) {
                 memo.set(cell, Override{size, effective(state, &cell, size) * factor});
             }
-            if (cell.objects) cell.objects.write().blockScale *= factor;
+        }
+        for (std::size_t column = 0; column < line.size(); ++column) {
+            if (line.content(column).objects) line.writeContent(column).objects.write().blockScale *= factor;
         }
     }
     state.touchLayout();

@@ -40,11 +40,14 @@ public:
         blockOf(row);
         return *m_near.rows[row - m_near.first];
     }
-    const Cell& cell(int row, int column) const { return (*this)[row].cells[static_cast<std::size_t>(column)]; }
-    /// The same where the row stands in the block looked at last, else null.
-    const Cell* nearCell(int row, int column) const {
+    const CellLook& look(int row, int column) const { return (*this)[row].looks[static_cast<std::size_t>(column)]; }
+    const CellContent& content(int row, int column) const {
+        return (*this)[row].content(static_cast<std::size_t>(column));
+    }
+    /// The row where it stands in the block looked at last, else null.
+    const TableRow* nearRow(int row) const {
         const unsigned place = static_cast<unsigned>(row - m_near.first);
-        return place < m_near.count ? m_near.rows[place]->cells.data() + column : nullptr;
+        return place < m_near.count ? m_near.rows[place].get() : nullptr;
     }
     /// Whether nothing was written in either since one was copied from the other.
     bool shares(const TableRows& other) const { return m_list.shares(other.m_list); }
@@ -62,7 +65,8 @@ public:
         makeOwn(row);
         m_own->height = height;
     }
-    Cell& writeCell(int row, int column) { return write(row).cells[static_cast<std::size_t>(column)]; }
+    CellLook& writeLook(int row, int column) { return write(row).looks[static_cast<std::size_t>(column)]; }
+    CellContent& writeContent(int row, int column) { return write(row).writeContent(static_cast<std::size_t>(column)); }
 
     /// Calls `visit(row)` for each row that isn't shared with the one at the same place of another state with as many
     /// rows. Blocks that both share cost one look.

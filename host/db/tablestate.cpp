@@ -8,30 +8,28 @@
 namespace kdhost {
 namespace {
 
+/// The cell's format, without its locks and its place in a merge.
+CellLook pattern(const CellLook& source) {
+    CellLook look;
+    look.style = source.style;
+    look.overrides = source.overrides;
+    return look;
+}
+
 /// The row as a pattern for new ones: its looks, none of its content, locks or merges.
 TableRow pattern(const TableRow& source) {
     TableRow row;
     row.height = source.height;
     row.style = source.style;
-    row.cells.resize(source.cells.size());
-    for (std::size_t i = 0; i < row.cells.size(); ++i) {
-        row.cells[i].style = source.cells[i].style;
-        row.cells[i].overrides = source.cells[i].overrides;
-    }
+    row.resize(source.size());
+    for (std::size_t column = 0; column < row.size(); ++column) row.looks[column] = pattern(source.looks[column]);
     return row;
 }
 
-Cell pattern(const Cell& source) {
-    Cell cell;
-    cell.style = source.style;
-    cell.overrides = source.overrides;
-    return cell;
-}
-
-Cell styledCell(std::uint16_t style) {
-    Cell cell;
-    cell.style = style;
-    return cell;
+CellLook styledCell(std::uint16_t style) {
+    CellLook look;
+    look.style = style;
+    return look;
 }
 
 /// Where a span of a merge stands after `count` places went from `first` on; empty (last before first) when
@@ -63,14 +61,16 @@ void TableState::mapIds(const IdMapper& map) {
     std::map<const void*, CopyOnWrite<FormatOverrides>> mapped;
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
-            const Cell& cell = rows.cell(row, column);
-            if (cell.objects) {
-                CellObjects objects = *cell.objects;
+            if (rows.content(row, column).objects) {
+                CellObjects objects = *rows.content(row, column).objects;
                 objects.field = map(objects.field, IdRole::owned);
                 objects.block = map(objects.block, IdRole::pointer);
                 for (BlockAttribute& each : objects.attributes) each.definition = map(each.definition, IdRole::pointer);
-                if (objects != *cell.objects) rows.writeCell(row, column).objects = CopyOnWrite<CellObjects>(objects);
+                if (objects != *rows.content(row, column).objects) {
+                    rows.writeContent(row, column).objects = CopyOnWrite<CellObjects>(objects);
+                }
             }
+            const CellLook& cell = rows.look(row, column);
             if (!cell.overrides) continue;
             auto [known, made] = mapped.try_emplace(&*cell.overrides, cell.overrides);
             if (made) {
@@ -78,7 +78,7 @@ void TableState::mapIds(const IdMapper& map) {
                 mapFormatIds(format, [&](KdDbObjectId id) { return map(id, IdRole::pointer); });
                 if (format != cell.overrides->format) known->second.write().format = format;
             }
-            if (!known->second.shares(cell.overrides)) rows.writeCell(row, column).overrides = known->second;
+            if (!known->second.shares(cell.overrides)) rows.writeLook(row, column).overrides = known->second;
         }
     }
     touchLayout();
@@ -89,7 +89,8 @@ TableRow TableState::defaultRow(int row) const {
     made.style = row == 0 ? CellStylePool::kTitle : row == 1 ? CellStylePool::kHeader : CellStylePool::kData;
     const CellFormat& format = styles.record(made.style).format;
     made.height = heightOfLines(1, format.textHeight, format.marginVert);
-    made.cells.assign(columnWidths.size(), styledCell(made.style));
+    made.resize(columnWidths.size());
+    made.looks.assign(columnWidths.size(), styledCell(made.style));
     return made;
 }
 
@@ -139,13 +140,20 @@ void TableState::insertColumns(int at, int inheritFrom, int count) {
     for (int row = 0; row < rowCount(); ++row) {
         TableRow& line = rows.write(row);
         const auto source = static_cast<std::size_t>(inheritFrom);
-        line.insertCells(at, count, inherit ? pattern(line.cells[source]) : styledCell(line.style));
+        line.insertCells(at, count, inherit ? pattern(line.looks[source]) : styledCell(line.style));
     }
     columnWidths.insert(columnWidths.begin() + at, static_cast<std::size_t>(count), width);
     m_columnCount += count;
     for (KdCellRange& merge : split) merge.m_rightColumn += count;
     relink(split);
     touchLayout();
+}
+
+void TableState::copyCell(int row, int column, int toRow, int toColumn) {
+    const CellLook look = this->look(row, column);
+    const CellContent content = this->content(row, column);
+    rows.writeLook(toRow, toColumn).takeOver(look);
+    rows.writeContent(toRow, toColumn) = content;
 }
 
 void TableState::eraseRows(int first, int count) {
@@ -161,8 +169,7 @@ void TableState::eraseRows(int first, int count) {
     }
     for (const KdCellRange& merge : cut) {
         if (merge.m_topRow < first || merge.m_bottomRow < behind) continue;
-        const Cell owner = cell(merge.m_topRow, merge.m_leftColumn);
-        rows.writeCell(behind, merge.m_leftColumn).takeOver(owner);
+        copyCell(merge.m_topRow, merge.m_leftColumn, behind, merge.m_leftColumn);
     }
     rows.erase(first, count);
     for (KdCellRange& merge : cut) {
@@ -185,8 +192,7 @@ void TableState::eraseColumns(int first, int count) {
     }
     for (const KdCellRange& merge : cut) {
         if (merge.m_leftColumn < first || merge.m_rightColumn < behind) continue;
-        const Cell owner = cell(merge.m_topRow, merge.m_leftColumn);
-        rows.writeCell(merge.m_topRow, behind).takeOver(owner);
+        copyCell(merge.m_topRow, merge.m_leftColumn, merge.m_topRow, behind);
     }
     for (int row = 0; row < rowCount(); ++row) rows.write(row).eraseCells(first, behind);
     columnWidths.erase(columnWidths.begin() + first, columnWidths.begin() + behind);

@@ -64,24 +64,24 @@ struct TableState : KdDbBlockReferenceState {
     }
     KdCellRange whole() const { return {0, 0, rowCount() - 1, columnCount() - 1}; }
 
-    const Cell& cell(int row, int column) const { return rows.cell(row, column); }
-    /// The same where it stands in the block of rows that was looked at last; else, and outside the table, null.
-    const Cell* nearCell(int row, int column) const {
-        return static_cast<unsigned>(column) < static_cast<unsigned>(m_columnCount) ? rows.nearCell(row, column)
-                                                                                    : nullptr;
+    const CellLook& look(int row, int column) const { return rows.look(row, column); }
+    const CellContent& content(int row, int column) const { return rows.content(row, column); }
+    /// The row of the cell where it is near the last one that was looked at; else, and outside the table, null.
+    const TableRow* nearRow(int row, int column) const {
+        return static_cast<unsigned>(column) < static_cast<unsigned>(m_columnCount) ? rows.nearRow(row) : nullptr;
     }
-    /// The owner of the cell's merge, else the cell itself.
-    const Cell& owner(int row, int column) const {
-        const Cell& named = cell(row, column);
+    /// The look of the cell's owner in its merge, else of the cell itself.
+    const CellLook& ownerLook(int row, int column) const {
+        const CellLook& named = look(row, column);
         if (!named.isCovered) [[likely]]
             return named;
         const MergeLink& link = mergeLink(row, column);
-        return cell(row - link.up, column - link.left);
+        return look(row - link.up, column - link.left);
     }
     /// The cell's place in its merge.
     const MergeLink& mergeLink(int row, int column) const {
         static constexpr MergeLink kNone;
-        return cell(row, column).isMerged ? rows[row].links[static_cast<std::size_t>(column)] : kNone;
+        return look(row, column).isMerged ? rows[row].links[static_cast<std::size_t>(column)] : kNone;
     }
 
     void setRowCount(int count);
@@ -130,6 +130,8 @@ struct TableState : KdDbBlockReferenceState {
 
 private:
     TableRow defaultRow(int row) const;
+    /// Everything of the cell but its place in a merge.
+    void copyCell(int row, int column, int toRow, int toColumn);
     void link(const KdCellRange& merge);
     void relink(const std::vector<KdCellRange>& merges);
 

@@ -45,7 +45,7 @@ void rememberFormulas(const KdDbTable& table) {
     const TableState& state = tableState(table);
     for (int row = 0; row < state.rowCount(); ++row) {
         for (int column = 0; column < state.columnCount(); ++column) {
-            forEachFieldIn(state.cell(row, column).field(),
+            forEachFieldIn(state.content(row, column).field(),
                            [&](const KdDbField& field) { remember(field, row, column); });
         }
     }

@@ -129,7 +129,7 @@ private:
 
     /// Whether the cell itself, not its style, tells if the edge is visible.
     bool isSetByCell(const Side& side) const {
-        const Cell& cell = tableState(m_drawing.table).cell(side.row, side.column);
+        const CellLook& cell = tableState(m_drawing.table).look(side.row, side.column);
         return cell.ownValue(property::visibility.at(edgeIndex(side.edge))) != nullptr;
     }
 

@@ -163,7 +163,7 @@ Value Calculation::valueAt(const Sheet& sheet, int row, int column) const {
         case SlotKind::field:
             return m_operands.valueOfField(slot.cellField);
         default:
-            return valueOfText(sheet.seen.cell(row, column).text.c_str());
+            return valueOfText(sheet.seen.content(row, column).text.c_str());
     }
 }
 

@@ -249,7 +249,7 @@ CellWriting Engine::writingOf(const Place& place) const {
     if (table == nullptr) return {};
     const TableState& state = tableState(*table);
     if (!state.contains(place.row, place.column)) return {};
-    const Cell& cell = state.owner(place.row, place.column);
+    const CellLook& cell = state.ownerLook(place.row, place.column);
     const CellFormat& inherited = styleFormat(state, &cell);
     return {effective(inherited, &cell, property::dataType), effective(inherited, &cell, property::unitType),
             effective(inherited, &cell, property::format)};

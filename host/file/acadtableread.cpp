@@ -123,10 +123,10 @@ private:
         for (std::size_t row = 0; row < m_heights.size(); ++row) {
             TableRow& made = m_loaded.rows[row];
             made.height = m_heights[row];
-            made.cells.resize(m_widths.size());
-            for (Cell& cell : made.cells) {
+            made.resize(m_widths.size());
+            for (std::size_t column = 0; column < m_widths.size(); ++column) {
                 require(m_at != m_tags.last && m_at->code == kCellBegin, "a table has fewer cells than it counts");
-                this->cell(cell);
+                cell(made.looks[column], made.writeContent(column));
             }
         }
     }
@@ -146,18 +146,18 @@ private:
         TagIterator formats = nullptr;  ///< where its overrides begin
     };
 
-    void cell(Cell& cell) {
+    void cell(CellLook& look, CellContent& content) {
         ReadCell read;
         const TagIterator first = m_at;
         while (m_at != m_tags.last && (m_at == first || m_at->code != kCellBegin) && m_at->code != kValueBegin) {
             take(read, m_at++);
         }
-        cell.type = static_cast<std::uint8_t>(read.type);
-        if (read.formats != nullptr) cell.overrides = overrides(read.formats);
-        if (m_at != m_tags.last && m_at->code == kValueBegin) value(cell, read.text);
-        if (read.objects.field.isNull()) cell.text = read.text;
+        content.type = static_cast<std::uint8_t>(read.type);
+        if (read.formats != nullptr) look.overrides = overrides(read.formats);
+        if (m_at != m_tags.last && m_at->code == kValueBegin) value(look, read.text);
+        if (read.objects.field.isNull()) content.text = read.text;
         std::erase_if(read.objects.attributes, [](const BlockAttribute& each) { return each.definition.isNull(); });
-        if (read.objects != CellObjects()) cell.objects = CopyOnWrite<CellObjects>(read.objects);
+        if (read.objects != CellObjects()) content.objects = CopyOnWrite<CellObjects>(read.objects);
         m_spans.push_back(read.span);
     }
 
@@ -239,7 +239,7 @@ private:
     }
 
     /// From the begin of a cell's value to its end.
-    void value(Cell& cell, std::wstring& text) {
+    void value(CellLook& look, std::wstring& text) {
         ReadValue value;
         for (++m_at;; ++m_at) {
             require(m_at != m_tags.last && m_at->code != kCellBegin, "a cell's value has no end");
@@ -247,7 +247,7 @@ private:
             value.take(*m_at);
         }
         ++m_at;
-        value.giveType(cell);
+        value.giveType(look);
         if (value.type == KdValue::kString || text.empty()) text = value.asText();
     }
 
@@ -272,7 +272,7 @@ private:
             for (int column = 0; column < columns; ++column) {
                 const Span span =
                     m_spans[static_cast<std::size_t>(row) * m_widths.size() + static_cast<std::size_t>(column)];
-                if (cellAt(row, column).isCovered) continue;
+                if (lookAt(row, column).isCovered) continue;
                 require(!span.covered, "a covered cell is in no merge");
                 if (span.rows <= 1 && span.columns <= 1) continue;
                 const int high = std::max(1, span.rows);
@@ -280,7 +280,7 @@ private:
                 require(high <= rowCount - row && wide <= columns - column, "a merge reaches out of its table");
                 for (int down = 0; down < high; ++down) {
                     for (int right = 0; right < wide; ++right) {
-                        require(!cellAt(row + down, column + right).isMerged, "two merges lie across each other");
+                        require(!lookAt(row + down, column + right).isMerged, "two merges lie across each other");
                         rowAt(row + down).setLink(column + right, {down, right, high, wide});
                     }
                 }
@@ -289,14 +289,14 @@ private:
     }
 
     TableRow& rowAt(int row) { return m_loaded.rows[static_cast<std::size_t>(row)]; }
-    Cell& cellAt(int row, int column) { return rowAt(row).cells[static_cast<std::size_t>(column)]; }
+    const CellLook& lookAt(int row, int column) { return rowAt(row).looks[static_cast<std::size_t>(column)]; }
 
     void extras() {
         for (std::size_t row = 0; row < m_loaded.rows.size(); ++row) {
             const std::uint16_t style =
                 usualRowStyle(static_cast<int>(row), m_state.titleSuppressed, m_state.headerSuppressed);
             m_loaded.rows[row].style = style;
-            for (Cell& cell : m_loaded.rows[row].cells) cell.style = style;
+            for (CellLook& look : m_loaded.rows[row].looks) look.style = style;
         }
         m_whole.giveTo(m_loaded.rows);
         const TagSpan record = extrasOf(m_context, m_object);
@@ -316,7 +316,7 @@ private:
         for (int row = 0; row < count; ++row) {
             TableRow& made = m_loaded.rows[static_cast<std::size_t>(row)];
             made.style = places[made.style];
-            for (Cell& cell : made.cells) cell.style = places[cell.style];
+            for (CellLook& look : made.looks) look.style = places[look.style];
             m_state.rows.write(row) = std::move(made);
         }
         m_state.touchLayout();

@@ -105,33 +105,34 @@ private:
     }
 
     void cell(int row, int column) {
-        const Cell& cell = m_state.cell(row, column);
+        const CellLook& look = m_state.look(row, column);
+        const CellContent& content = m_state.content(row, column);
         const MergeLink& merge = m_state.mergeLink(row, column);
-        const bool isBlock = cell.type == KdDb::kBlockCell;
-        const bool isOwner = cell.isMerged && !cell.isCovered;
+        const bool isBlock = content.type == KdDb::kBlockCell;
+        const bool isOwner = look.isMerged && !look.isCovered;
         m_out.integer(171, isBlock ? 2 : 1);
         m_out.integer(172, 0);
-        m_out.integer(173, cell.isCovered ? 1 : 0);
-        m_out.integer(174, cell.objects && cell.objects->autoFit ? 1 : 0);
+        m_out.integer(173, look.isCovered ? 1 : 0);
+        m_out.integer(174, content.objects && content.objects->autoFit ? 1 : 0);
         m_out.integer(175, isOwner ? merge.columns : 1);
         m_out.integer(176, isOwner ? merge.rows : 1);
-        const std::int64_t mask = maskOf(cell);
+        const std::int64_t mask = maskOf(look);
         m_out.integer(91, mask);
         m_out.integer(178, 0);
-        m_out.angle(145, cell.objects ? cell.objects->blockRotation : 0.0);
-        const std::uint64_t field = m_context.handleOf(cell.field());
+        m_out.angle(145, content.objects ? content.objects->blockRotation : 0.0);
+        const std::uint64_t field = m_context.handleOf(content.field());
         if (isBlock) {
-            m_out.handle(340, m_context.handleOf(cell.block()));
-            m_out.real(144, cell.objects ? cell.objects->blockScale : 1.0);
-            attributes(cell);
+            m_out.handle(340, m_context.handleOf(content.block()));
+            m_out.real(144, content.objects ? content.objects->blockScale : 1.0);
+            attributes(content);
         }
         if (field != 0) m_out.handle(344, field);
-        if (mask != 0) overrides(cell, mask);
+        if (mask != 0) overrides(look, mask);
         m_out.integer(92, 0);
-        value(isBlock ? L"" : shownText(m_table, cell), cell);
+        value(isBlock ? L"" : shownText(m_table, content), look);
     }
 
-    void attributes(const Cell& cell) {
+    void attributes(const CellContent& cell) {
         std::vector<BlockAttribute> written;
         if (cell.objects) written = cell.objects->attributes;
         std::erase_if(written, [&](const BlockAttribute& each) { return m_context.handleOf(each.definition) == 0; });
@@ -143,11 +144,11 @@ private:
     }
 
     template <class T>
-    static bool isWritten(const Cell& cell, const FormatProperty<T>& which) {
+    static bool isWritten(const CellLook& cell, const FormatProperty<T>& which) {
         return cell.ownValue(which) != nullptr;
     }
 
-    static std::int64_t maskOf(const Cell& cell) {
+    static std::int64_t maskOf(const CellLook& cell) {
         namespace prop = kdhost::property;
         if ((cell.own() & standardProperties()) == 0) return 0;
         std::int64_t mask = 0;
@@ -166,7 +167,7 @@ private:
         return mask;
     }
 
-    void overrides(const Cell& cell, std::int64_t mask) {
+    void overrides(const CellLook& cell, std::int64_t mask) {
         const CellFormat& format = cell.overrides->format;
         const auto has = [&](std::int64_t bit) { return (mask & bit) != 0; };
         if (has(kAlignmentBit)) m_out.integer(170, format.alignment);
@@ -189,7 +190,7 @@ private:
         }
     }
 
-    void value(const wchar_t* shown, const Cell& cell) {
+    void value(const wchar_t* shown, const CellLook& cell) {
         constexpr int kNothing = 0;
         namespace prop = kdhost::property;
         const std::wstring_view text = shown == nullptr ? L"" : shown;

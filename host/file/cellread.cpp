@@ -34,7 +34,7 @@ void ReadOverrides::finish() {
     if (!fills) set(prop::background, KdCmColor::none());
 }
 
-void addOverrides(Cell& cell, const FormatOverrides& others) {
+void addOverrides(CellLook& cell, const FormatOverrides& others) {
     FormatOverrides& own = cell.overrides.write();
     forEachProperty([&](const auto& property) {
         if ((others.own & ~own.own & property.bit) != 0) property.in(own.format) = property.in(others.format);
@@ -80,7 +80,7 @@ std::wstring ReadValue::asText() const {
     return type == KdValue::kDouble ? std::to_wstring(real) : std::wstring();
 }
 
-void ReadValue::giveType(Cell& cell) const {
+void ReadValue::giveType(CellLook& cell) const {
     const bool isNumber =
         type == KdValue::kLong || type == KdValue::kDouble || type == KdValue::kDate || type == KdValue::kPoint;
     if (!isNumber && unit == 0 && format.empty()) return;

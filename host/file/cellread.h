@@ -23,7 +23,7 @@ struct ReadOverrides {
 };
 
 /// Overrides that count where a cell has none of its own.
-void addOverrides(Cell& cell, const FormatOverrides& others);
+void addOverrides(CellLook& cell, const FormatOverrides& others);
 
 /// The value of a cell, of whatever type.
 struct ReadValue {
@@ -31,7 +31,7 @@ struct ReadValue {
     /// As a text cell has it: the text itself, else what is shown, else the number.
     std::wstring asText() const;
     /// Units, formats and the types of numbers are the cell's own where its value has them.
-    void giveType(Cell& cell) const;
+    void giveType(CellLook& cell) const;
 
     int type = 0;
     int unit = 0;

@@ -79,7 +79,7 @@ private:
     void forEachCell(Draw draw) {
         for (int row = 0; row < m_state.rowCount(); ++row) {
             for (int column = 0; column < m_state.columnCount(); ++column) {
-                if (m_state.cell(row, column).isCovered) continue;
+                if (m_state.look(row, column).isCovered) continue;
                 const KdCellRange range = m_state.mergeOf(row, column);
                 const double ends[] = {y(range.m_topRow), y(range.m_bottomRow + 1)};
                 draw(row, column,
@@ -113,7 +113,7 @@ private:
     }
 
     void content(int row, int column, const Box& box) {
-        const Cell& cell = m_state.cell(row, column);
+        const CellContent& cell = m_state.content(row, column);
         const double horizontal = m_table.margin(row, column, KdDb::kCellMarginLeft);
         const double vertical = m_table.margin(row, column, KdDb::kCellMarginTop);
         const Box free{box.left + horizontal, box.right - horizontal, box.bottom + vertical, box.top - vertical};
@@ -142,7 +142,7 @@ private:
         m_out.integer(44, 1);
     }
 
-    void insertion(const Cell& cell, int row, int column, const Box& free) {
+    void insertion(const CellContent& cell, int row, int column, const Box& free) {
         const std::string& name = m_context.nameOf(cell.block());
         const auto* block = peek<KdDbBlockTableRecord>(cell.block());
         if (block == nullptr || name.empty()) return;

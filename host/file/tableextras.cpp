@@ -35,7 +35,7 @@ void writeRows(SaveContext& context, const TableState& table, std::map<std::uint
 }
 
 /// Content that is more than a text, a field or a block.
-bool isPlainContent(const Cell& cell) {
+bool isPlainContent(const CellContent& cell) {
     if (!cell.objects) return cell.type == KdDb::kTextCell;
     const CellObjects& objects = *cell.objects;
     if (cell.type == KdDb::kBlockCell) return cell.text.empty() && objects.field.isNull();
@@ -44,7 +44,7 @@ bool isPlainContent(const Cell& cell) {
 }
 
 /// Whether the standard codes tell the overrides to the last bit.
-bool isStandardFormat(const Cell& cell) {
+bool isStandardFormat(const CellLook& cell) {
     namespace prop = kdhost::property;
     if ((cell.own() & ~standardProperties()) != 0) return false;
     const auto isIndexed = [](const KdCmColor* color) { return color == nullptr || !color->isByColor(); };
@@ -60,7 +60,7 @@ bool isStandardFormat(const Cell& cell) {
 std::vector<const KdDbField*> formulasAsWritten(const TableState& table) {
     std::vector<const KdDbField*> formulas;
     for (int row = 0; row < table.rowCount(); ++row) {
-        for (const Cell& cell : table.rows[row].cells) {
+        for (const CellContent& cell : *table.rows[row].contents) {
             forEachFieldIn(cell.field(), [&](const KdDbField& field) {
                 if (stateOf<KdDbFieldState>(field).asWritten != nullptr) formulas.push_back(&field);
             });
@@ -105,12 +105,13 @@ void readFormulas(LoadContext& context, ExtrasReader& reader) {
     }
 }
 
-int wordsOf(const TableState& table, int row, const Cell& cell) {
-    return (cell.style != table.rows[row].style ? kStyle : 0) | (cell.state != KdDb::kCellStateNone ? kLocks : 0) |
-           (isStandardFormat(cell) ? 0 : kFormat) | (isPlainContent(cell) ? 0 : kContent);
+int wordsOf(const TableRow& row, std::size_t column) {
+    const CellLook& look = row.looks[column];
+    return (look.style != row.style ? kStyle : 0) | (look.state != KdDb::kCellStateNone ? kLocks : 0) |
+           (isStandardFormat(look) ? 0 : kFormat) | (isPlainContent(row.content(column)) ? 0 : kContent);
 }
 
-void writeContent(SaveContext& context, const Cell& cell) {
+void writeContent(SaveContext& context, const CellContent& cell) {
     const CellObjects objects = cell.objects ? *cell.objects : CellObjects();
     context.out.integer(90, cell.type);
     context.out.longText(2, 1, cell.text);
@@ -120,7 +121,7 @@ void writeContent(SaveContext& context, const Cell& cell) {
     context.out.integer(90, objects.autoFit ? 1 : 0);
 }
 
-void readContent(LoadContext& context, ExtrasReader& reader, Cell& cell) {
+void readContent(LoadContext& context, ExtrasReader& reader, CellContent& cell) {
     cell.type = static_cast<std::uint8_t>(reader.index(90, KdDb::kMultipleContentCell + 1));
     cell.text = reader.longText(2, 1);
     CellObjects objects;
@@ -154,18 +155,21 @@ void readCell(LoadContext& context, ExtrasReader& reader, const Formats& formats
     const int column = static_cast<int>(reader.integer(90));
     const std::int64_t print = reader.integer(160);
     const int words = static_cast<int>(reader.integer(90));
-    const std::size_t columns = table.rows.front().cells.size();
+    const std::size_t columns = table.rows.front().size();
     const bool isThere = row >= 0 && static_cast<std::size_t>(row) < table.rows.size() && column >= 0 &&
                          static_cast<std::size_t>(column) < columns;
-    Cell other;
     const bool holds =
         isThere && prints.cells[static_cast<std::size_t>(row) * columns + static_cast<std::size_t>(column)] == print;
     // What is said of a cell that another program has changed is passed over.
-    Cell& cell = holds ? table.rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)] : other;
-    if ((words & kStyle) != 0) cell.style = static_cast<std::uint16_t>(reader.index(90, table.styles.size()));
-    if ((words & kLocks) != 0) cell.state = static_cast<std::uint8_t>(reader.index(90, 256));
-    if ((words & kFormat) != 0) cell.overrides = formats[static_cast<std::size_t>(reader.index(90, formats.size()))];
-    if ((words & kContent) != 0) readContent(context, reader, cell);
+    CellLook otherLook;
+    CellContent otherContent;
+    TableRow* line = holds ? &table.rows[static_cast<std::size_t>(row)] : nullptr;
+    CellLook& look = holds ? line->looks[static_cast<std::size_t>(column)] : otherLook;
+    CellContent& content = holds ? line->writeContent(static_cast<std::size_t>(column)) : otherContent;
+    if ((words & kStyle) != 0) look.style = static_cast<std::uint16_t>(reader.index(90, table.styles.size()));
+    if ((words & kLocks) != 0) look.state = static_cast<std::uint8_t>(reader.index(90, 256));
+    if ((words & kFormat) != 0) look.overrides = formats[static_cast<std::size_t>(reader.index(90, formats.size()))];
+    if ((words & kContent) != 0) readContent(context, reader, content);
 }
 
 }  // namespace
@@ -218,8 +222,8 @@ bool needsExtras(const TableState& table) {
     for (int row = 0; row < table.rowCount(); ++row) {
         const TableRow& each = table.rows[row];
         if (each.style != usualRowStyle(row, table.titleSuppressed, table.headerSuppressed)) return true;
-        for (const Cell& cell : each.cells) {
-            if (wordsOf(table, row, cell) != 0) return true;
+        for (std::size_t column = 0; column < each.size(); ++column) {
+            if (wordsOf(each, column) != 0) return true;
         }
     }
     return !formulasAsWritten(table).empty();
@@ -236,13 +240,15 @@ void writeTableExtras(SaveContext& context, const TableState& table, const Table
     std::vector<const FormatOverrides*> formatList;
     int count = 0;
     for (int row = 0; row < table.rowCount(); ++row) {
-        for (const Cell& cell : table.rows[row].cells) {
-            const int words = wordsOf(table, row, cell);
+        const TableRow& line = table.rows[row];
+        for (std::size_t column = 0; column < line.size(); ++column) {
+            const CellLook& look = line.looks[column];
+            const int words = wordsOf(line, column);
             count += words == 0 ? 0 : 1;
-            if ((words & kStyle) != 0) styles.try_emplace(cell.style, static_cast<int>(styles.size()));
+            if ((words & kStyle) != 0) styles.try_emplace(look.style, static_cast<int>(styles.size()));
             const bool isNew = (words & kFormat) != 0 &&
-                               formats.try_emplace(cell.overrides.get(), static_cast<int>(formats.size())).second;
-            if (isNew) formatList.push_back(cell.overrides.get());
+                               formats.try_emplace(look.overrides.get(), static_cast<int>(formats.size())).second;
+            if (isNew) formatList.push_back(look.overrides.get());
         }
     }
     std::vector<const std::wstring*> names(styles.size());
@@ -261,17 +267,17 @@ void writeTableExtras(SaveContext& context, const TableState& table, const Table
     std::size_t at = 0;
     for (int row = 0; row < table.rowCount(); ++row) {
         for (int column = 0; column < table.columnCount(); ++column, ++at) {
-            const Cell& cell = table.cell(row, column);
-            const int words = wordsOf(table, row, cell);
+            const CellLook& look = table.look(row, column);
+            const int words = wordsOf(table.rows[row], static_cast<std::size_t>(column));
             if (words == 0) continue;
             out.integer(90, row);
             out.integer(90, column);
             out.integer(160, prints.cells[at]);
             out.integer(90, words);
-            if ((words & kStyle) != 0) out.integer(90, styles.at(cell.style));
-            if ((words & kLocks) != 0) out.integer(90, cell.state);
-            if ((words & kFormat) != 0) out.integer(90, formats.at(cell.overrides.get()));
-            if ((words & kContent) != 0) writeContent(context, cell);
+            if ((words & kStyle) != 0) out.integer(90, styles.at(look.style));
+            if ((words & kLocks) != 0) out.integer(90, look.state);
+            if ((words & kFormat) != 0) out.integer(90, formats.at(look.overrides.get()));
+            if ((words & kContent) != 0) writeContent(context, table.content(row, column));
         }
     }
     writeFormulas(context, table);
@@ -294,7 +300,7 @@ void readTableExtras(LoadContext& context, TagSpan tags, const TablePrints& prin
             const auto behind = row + static_cast<std::size_t>(rows.index(90, table.rows.size() - row + 1));
             for (; row < behind; ++row) {
                 table.rows[row].style = static_cast<std::uint16_t>(style);
-                for (Cell& cell : table.rows[row].cells) cell.style = static_cast<std::uint16_t>(style);
+                for (CellLook& look : table.rows[row].looks) look.style = static_cast<std::uint16_t>(style);
             }
         }
         require(row == table.rows.size(), "the styles of rows are not those of the table");

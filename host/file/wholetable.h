@@ -36,7 +36,7 @@ private:
     /// Of a cell in that kind of row; bits tell which of its edges are outer ones.
     const CopyOnWrite<FormatOverrides>& edgesOf(std::uint16_t kind, unsigned outer);
     void setMargin(const FormatProperty<double>& which, double margin);
-    static void give(Cell& cell, const CopyOnWrite<FormatOverrides>& overrides);
+    static void give(CellLook& cell, const CopyOnWrite<FormatOverrides>& overrides);
 
     LoadContext& m_context;
     std::int64_t m_overrides = 0;

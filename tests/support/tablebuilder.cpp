@@ -52,7 +52,7 @@ std::string shown(const Value& value) {
 }
 
 /// The properties that a cell overrides itself.
-std::string ownProperties(const kdhost::Cell& cell) {
+std::string ownProperties(const kdhost::CellLook& cell) {
     std::string list;
     kdhost::forEachProperty([&](const auto& property) {
         if ((cell.own() & property.bit) == 0) return;
@@ -65,8 +65,9 @@ std::string ownProperties(const kdhost::Cell& cell) {
 
 void describeCell(const KdDbTable& table, int row, int column, std::ostream& out) {
     const kdhost::TableState& state = kdhost::tableState(table);
-    const kdhost::Cell& cell = state.cell(row, column);
-    out << nameOf(row, column) << ' ' << narrow(state.styles.name(cell.style).c_str());
+    const kdhost::CellLook& look = state.look(row, column);
+    const kdhost::CellContent& cell = state.content(row, column);
+    out << nameOf(row, column) << ' ' << narrow(state.styles.name(look.style).c_str());
     if (cell.type != KdDb::kTextCell) out << " type=" << int(cell.type);
     if (!cell.text.empty()) out << " \"" << narrow(cell.text.c_str()) << '"';
     if (!cell.field().isNull()) out << " field=\"" << narrow(table.textString(row, column)) << '"';
@@ -74,8 +75,8 @@ void describeCell(const KdDbTable& table, int row, int column, std::ostream& out
         out << " block=#" << cell.block().asInteger() << " scale=" << cell.objects->blockScale
             << " turn=" << cell.objects->blockRotation << " fit=" << cell.objects->autoFit;
     }
-    if (cell.state != 0) out << " locks=" << int(cell.state);
-    out << ownProperties(cell) << '\n';
+    if (look.state != 0) out << " locks=" << int(look.state);
+    out << ownProperties(look) << '\n';
 }
 
 }  // namespace

@@ -56,13 +56,13 @@ std::string styleName(const KdDbTable& table) {
 }
 
 /// With the codes of the fields within, so that the dump tells the formula.
-Json fieldCode(const Cell& cell) {
+Json fieldCode(const CellContent& cell) {
     const auto* field = peek<KdDbField>(cell.field());
     if (field == nullptr) return nullptr;
     return toUtf8(field->getFieldCode(KdDbField::kAddChildren).str());
 }
 
-Json block(const Cell& cell) {
+Json block(const CellContent& cell) {
     if (cell.block().isNull()) return nullptr;
     const CellObjects& objects = *cell.objects;
     return {{"name", recordName(objects.block)},
@@ -89,12 +89,13 @@ GridLook edgeOf(const KdDbTable& table, int row, int column, int index) {
 
 Json cell(const KdDbTable& table, int row, int column) {
     const TableState& state = tableState(table);
-    const Cell& own = state.cell(row, column);
-    const Cell* formatted = formatCell(state, row, column);
+    const CellContent& held = state.content(row, column);
+    const FormatBits own = state.look(row, column).own();
+    const CellLook* formatted = formatCell(state, row, column);
     Json json = {{"text", toUtf8(table.textString(row, column))},
                  {"type", static_cast<int>(table.cellType(row, column))},
                  {"content", table.contentType(row, column)},
-                 {"field", fieldCode(own)},
+                 {"field", fieldCode(held)},
                  {"style", toUtf8(table.cellStyle(row, column))}};
     const auto add = [&](const auto&... which) {
         ((json[which.name] = valueIn(table.database(), effective(state, formatted, which))), ...);
@@ -103,9 +104,9 @@ Json cell(const KdDbTable& table, int row, int column) {
     json["state"] = static_cast<int>(table.cellState(row, column));
     add(prop::dataType, prop::unitType, prop::format, prop::background, prop::color, prop::textHeight, prop::textStyle,
         prop::rotation);
-    json["block"] = block(own);
-    json["own"] = ownProperties(own.own());
-    if ((own.own() & kGridBits) != 0) {
+    json["block"] = block(held);
+    json["own"] = ownProperties(own);
+    if ((own & kGridBits) != 0) {
         json["grid"] = grid([&](int edge) { return edgeOf(table, row, column, edge); });
     }
     return json;

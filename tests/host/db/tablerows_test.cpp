@@ -16,7 +16,7 @@ using kdhost::TableRows;
 TableRow rowOf(int number) {
     TableRow row;
     row.height = number;
-    row.cells.resize(1);
+    row.resize(1);
     return row;
 }
 
@@ -95,7 +95,7 @@ TEST(TableRows, Lose_what_was_worked_out_about_a_row_by_every_write_but_that_of_
     TableRows rows = numbered(3);
     for (int row = 0; row < 3; ++row) rows[row].minimumStamp = 9;
     rows.setHeight(0, 50.0);
-    rows.writeCell(1, 0).style = 3;
+    rows.writeLook(1, 0).style = 3;
     EXPECT_EQ(rows[0].height, 50.0);
     EXPECT_EQ(rows[0].minimumStamp, 9U);
     EXPECT_EQ(rows[1].minimumStamp, 0U);

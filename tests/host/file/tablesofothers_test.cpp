@@ -64,7 +64,7 @@ protected:
     }
     static const std::vector<kdhost::BlockAttribute>& attributesOf(const KdDbTable& table, int row, int column) {
         static const std::vector<kdhost::BlockAttribute> none;
-        const auto& objects = kdhost::tableState(table).cell(row, column).objects;
+        const auto& objects = kdhost::tableState(table).content(row, column).objects;
         return objects ? objects->attributes : none;
     }
 

@@ -92,9 +92,9 @@ public:
         const kdhost::TableState& state = kdhost::tableState(table);
         for (int row = 0; row < m_rows; ++row) {
             for (int column = 0; column < m_columns; ++column) {
-                const kdhost::Cell& cell = state.cell(row, column);
+                const kdhost::CellLook& cell = state.look(row, column);
                 ModelCell& own = m_cells.emplace_back();
-                own.text = cell.text;
+                own.text = state.content(row, column).text;
                 own.style = state.styles.name(cell.style);
                 own.state = cell.state;
                 if (const auto* value = cell.ownValue(kdhost::property::alignment)) own.alignment = *value;
@@ -161,8 +161,8 @@ private:
         EXPECT_EQ(table.cellStyle(row, column), shown.style);
         EXPECT_EQ(table.alignment(row, column), shown.alignment.value_or(style->alignment(name)));
         EXPECT_EQ(table.backgroundColor(row, column), shown.background.value_or(style->backgroundColor(name)));
-        EXPECT_EQ(kdhost::tableState(table).cell(row, column).state, at(row, column).state);
-        EXPECT_EQ(kdhost::tableState(table).cell(row, column).text.view(), at(row, column).text);
+        EXPECT_EQ(kdhost::tableState(table).look(row, column).state, at(row, column).state);
+        EXPECT_EQ(kdhost::tableState(table).content(row, column).text.view(), at(row, column).text);
     }
 
     int m_rows;

@@ -50,8 +50,8 @@ SlowGrid::SlowGrid(const KdDbTable& table) : selection(table.getSubSelection()) 
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < columnCount(); ++column) {
             SlowCell& cell = at(row, column);
-            const kdhost::Cell& kept = state.cell(row, column);
-            cell.text = kept.text;
+            const kdhost::CellLook& kept = state.look(row, column);
+            cell.text = state.content(row, column).text;
             cell.style = state.styles.name(kept.style);
             cell.state = kept.state;
             const KdCellRange merge = table.getMergeRange(row, column);
