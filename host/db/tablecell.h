@@ -6,6 +6,7 @@
 // formatted alike share one record of overrides. Places in merges stand beside the looks, in rows that have merges.
 #pragma once
 
+#include <QVarLengthArray>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -86,6 +87,25 @@ struct CellLook {
     }
 };
 
+/// The looks of a row's cells. Those of a narrow row lie in the row itself: a walk by rows finds them where it is.
+class LookList {
+public:
+    std::size_t size() const { return static_cast<std::size_t>(m_looks.size()); }
+    const CellLook& operator[](std::size_t place) const { return m_looks.constData()[place]; }
+    CellLook& operator[](std::size_t place) { return m_looks.data()[place]; }
+    const CellLook* begin() const { return m_looks.begin(); }
+    const CellLook* end() const { return m_looks.end(); }
+    CellLook* begin() { return m_looks.begin(); }
+    CellLook* end() { return m_looks.end(); }
+    void resize(std::size_t count) { m_looks.resize(static_cast<int>(count)); }
+    void insert(int at, int count, const CellLook& look) { m_looks.insert(at, count, look); }
+    void erase(int first, int behind) { m_looks.erase(m_looks.begin() + first, m_looks.begin() + behind); }
+
+private:
+    static constexpr int kNarrow = 8;
+    QVarLengthArray<CellLook, kNarrow> m_looks;
+};
+
 struct CellContent {
     SharedText text;
     CopyOnWrite<CellObjects> objects;
@@ -102,7 +122,7 @@ struct CellContent {
 struct TableRow {
     double height = 0.0;
     std::uint16_t style = 0;  ///< of the row itself; new columns begin with it
-    std::vector<CellLook> looks;
+    LookList looks;
     CopyOnWrite<std::vector<CellContent>> contents;  ///< as many as looks; never without a value while there are any
     std::vector<MergeLink> links;                    ///< of the cells; none while no cell of the row was merged
 
@@ -125,15 +145,13 @@ struct TableRow {
     /// New cells hold nothing.
     void insertCells(int at, int count, const CellLook& look) {
         const auto added = static_cast<std::size_t>(count);
-        looks.insert(looks.begin() + at, added, look);
-        std::vector<CellContent>& held = contents.write();
-        held.insert(held.begin() + at, added, CellContent{});
+        looks.insert(at, count, look);
+        putContents(at, added, at);
         if (!links.empty()) links.insert(links.begin() + at, added, MergeLink{});
     }
     void eraseCells(int first, int behind) {
-        looks.erase(looks.begin() + first, looks.begin() + behind);
-        std::vector<CellContent>& held = contents.write();
-        held.erase(held.begin() + first, held.begin() + behind);
+        looks.erase(first, behind);
+        putContents(first, 0, behind);
         if (!links.empty()) links.erase(links.begin() + first, links.begin() + behind);
     }
 
@@ -142,6 +160,18 @@ struct TableRow {
     mutable std::uint64_t minimumStamp = 0;
     /// Under which the row's own content was found to fit into the columns; 0 for never.
     mutable std::uint64_t fitsStamp = 0;
+
+private:
+    /// Those before `first`, `added` empty ones, and those from `rest` on: made at once, since they are mostly shared.
+    void putContents(int first, std::size_t added, int rest) {
+        const std::vector<CellContent>& held = *contents;
+        std::vector<CellContent> made;
+        made.reserve(looks.size());
+        made.insert(made.end(), held.begin(), held.begin() + first);
+        made.resize(made.size() + added);
+        made.insert(made.end(), held.begin() + rest, held.end());
+        contents = CopyOnWrite<std::vector<CellContent>>(std::move(made));
+    }
 };
 
 }  // namespace kdhost

@@ -90,7 +90,7 @@ TableRow TableState::defaultRow(int row) const {
     const CellFormat& format = styles.record(made.style).format;
     made.height = heightOfLines(1, format.textHeight, format.marginVert);
     made.resize(columnWidths.size());
-    made.looks.assign(columnWidths.size(), styledCell(made.style));
+    for (CellLook& look : made.looks) look.style = made.style;
     return made;
 }
 

@@ -120,7 +120,7 @@ void WholeTable::giveEdges(std::vector<TableRow>& rows, std::size_t row) {
     if (m_edges[kind].own == 0) return;
     const bool isFirst = row == 0 || rows[row - 1].style != kind;
     const bool isLast = row + 1 == rows.size() || rows[row + 1].style != kind;
-    std::vector<CellLook>& cells = rows[row].looks;
+    LookList& cells = rows[row].looks;
     for (std::size_t column = 0; column < cells.size(); ++column) {
         const bool isOuter[] = {isFirst, isLast, column == 0, column + 1 == cells.size()};
         unsigned outer = 0;
