@@ -1,10 +1,22 @@
 // Values that are shared until one of their holders writes.
 #pragma once
 
-#include <memory_resource>
+#include <cstddef>
 #include <utility>
 
 namespace kdhost {
+
+// Nodes of one size lie side by side, and not between what they point at: a walk over many of them, row after row, then
+// runs through memory, where the processor reads ahead.
+void* allocateNode(std::size_t size);
+void freeNode(void* node, std::size_t size);
+
+/// Bytes of all nodes together, without what they point at, and of the heap that was taken for them.
+struct NodeMemory {
+    std::size_t inUse = 0;
+    std::size_t taken = 0;
+};
+NodeMemory nodeMemory();
 
 /// Holds a T; copies share it until one of them writes. A database belongs to one thread, so that the count
 /// of holders is a plain number. Without a value until made with one.
@@ -51,23 +63,8 @@ private:
         int holders;
         T value;
 
-#ifndef __SANITIZE_ADDRESS__
-        // Nodes of one kind lie side by side, and not between what they point at: a walk over many of them, row after
-        // row, then runs through memory, where the processor reads ahead. The sanitizer is to see each by itself.
-        static void* operator new(std::size_t size) {
-            return pool().allocate(size, alignof(Node));
-        }
-        static void operator delete(void* node, std::size_t size) {
-            pool().deallocate(node, size, alignof(Node));
-        }
-
-    private:
-        /// Never freed: values that live as long as the program may go after it.
-        static std::pmr::memory_resource& pool() {
-            static auto* const kept = new std::pmr::unsynchronized_pool_resource();
-            return *kept;
-        }
-#endif
+        static void* operator new(std::size_t size) { return allocateNode(size); }
+        static void operator delete(void* node, std::size_t size) { freeNode(node, size); }
     };
     Node* m_node = nullptr;
 };
