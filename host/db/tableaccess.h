@@ -91,16 +91,22 @@ template <auto find, class Read>
     return read(find(state, row, column));
 }
 
+/// What formatCell() finds, where that is the cell itself and near; else null.
+[[gnu::always_inline]] inline const CellLook* nearLook(const TableState& state, int row, int column) {
+    const TableRow* near = state.nearRow(row, column);
+    if (near == nullptr) [[unlikely]]
+        return nullptr;
+    const CellLook& look = near->looks[static_cast<std::size_t>(column)];
+    return look.isCovered ? nullptr : &look;
+}
+
 /// What `read(look)` gives for the cell that formatCell() finds.
 template <class Read>
 [[gnu::always_inline]] inline decltype(auto) readFormatCell(const TableState& state, int row, int column, Read read) {
-    const TableRow* near = state.nearRow(row, column);
-    if (near == nullptr) [[unlikely]]
+    const CellLook* look = nearLook(state, row, column);
+    if (look == nullptr) [[unlikely]]
         return readFar<formatCell>(state, row, column, read);
-    const CellLook& look = near->looks[static_cast<std::size_t>(column)];
-    if (look.isCovered) [[unlikely]]
-        return readFar<formatCell>(state, row, column, read);
-    return read(&look);
+    return read(look);
 }
 /// What `read(content)` gives for the one that shownContent() finds.
 template <class Read>
@@ -118,13 +124,10 @@ inline constexpr unsigned kFormatLocks = KdDb::kCellStateFormatLocked | KdDb::kC
 /// None of the locks is set, in the cell or in its merge's owner. False outside the table.
 bool unlockedFar(const TableState& state, int row, int column, unsigned locks);
 inline bool unlocked(const TableState& state, int row, int column, unsigned locks) {
-    const TableRow* near = state.nearRow(row, column);
-    if (near == nullptr) [[unlikely]]
+    const CellLook* look = nearLook(state, row, column);
+    if (look == nullptr) [[unlikely]]
         return unlockedFar(state, row, column, locks);
-    const CellLook& look = near->looks[static_cast<std::size_t>(column)];
-    if (look.isCovered) [[unlikely]]
-        return unlockedFar(state, row, column, locks);
-    return (look.state & locks) == 0;
+    return (look->state & locks) == 0;
 }
 inline constexpr auto contentEditable = [](const TableState& state, int row, int column) {
     return unlocked(state, row, column, kContentLocks);
