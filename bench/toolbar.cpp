@@ -63,7 +63,9 @@ void BM_state_of_the_buttons(benchmark::State& state) {
 
 void BM_peer_enabling_actions(benchmark::State& state) {
     std::vector<std::unique_ptr<QAction>> actions;
-    for (int i = 0; i < 15; ++i) actions.push_back(std::make_unique<QAction>(QStringLiteral("Action")));
+    constexpr int kButtons = 15;
+    actions.reserve(kButtons);
+    for (int i = 0; i < kButtons; ++i) actions.push_back(std::make_unique<QAction>(QStringLiteral("Action")));
     bool odd = false;
     for (auto _ : state) {
         odd = !odd;

@@ -184,12 +184,11 @@ void scaleSizes(TableState& state, OverrideMemo& memo, double factor) {
     for (int row = 0; row < state.rowCount(); ++row) {
         state.rows.setHeight(row, state.rows[row].height * factor);
         TableRow& line = state.rows.write(row);
-        for (CellLook& cell : line.looks) {
-            for (const auto& size : {property::textHeight, property::marginHorz, property::marginVert}) {
-                memo.set(cell, Override{size, effective(state, &cell, size) * factor});
-            }
-        }
         for (std::size_t column = 0; column < line.size(); ++column) {
+            CellLook& look = line.looks[column];
+            for (const auto& size : {property::textHeight, property::marginHorz, property::marginVert}) {
+                memo.set(look, Override{size, effective(state, &look, size) * factor});
+            }
             if (line.content(column).objects) line.writeContent(column).objects.write().blockScale *= factor;
         }
     }

@@ -72,10 +72,11 @@ struct TableState : KdDbBlockReferenceState {
     }
     /// The look of the cell's owner in its merge, else of the cell itself.
     const CellLook& ownerLook(int row, int column) const {
-        const CellLook& named = look(row, column);
-        if (!named.isCovered) [[likely]]
-            return named;
-        const MergeLink& link = mergeLink(row, column);
+        const TableRow& line = rows[row];
+        const auto place = static_cast<std::size_t>(column);
+        if (!line.looks[place].isCovered) [[likely]]
+            return line.looks[place];
+        const MergeLink& link = line.links[place];
         return look(row - link.up, column - link.left);
     }
     /// The cell's place in its merge.
