@@ -1,5 +1,7 @@
 #include "tests/support/xdisplay.h"
 
+#include <cstdio>
+
 namespace kdtest {
 namespace {
 
@@ -18,6 +20,7 @@ XDisplay::XDisplay() {
         if (!m_server.waitForReadyRead(kPatience)) break;
     }
     m_name = ':' + m_server.readLine().trimmed();
+    if (!runs()) std::fputs("Xvfb, which packages.txt names, did not start\n", stderr);
 }
 
 XDisplay::~XDisplay() {

@@ -13,7 +13,7 @@ public:
     XDisplay(const XDisplay&) = delete;
     XDisplay& operator=(const XDisplay&) = delete;
 
-    /// False where Xvfb, which packages.txt names, could not be started.
+    /// False where Xvfb could not be started, which has then been told.
     bool runs() const { return m_server.state() == QProcess::Running && m_name.size() > 1; }
     /// For the environment variable DISPLAY.
     QString name() const { return QString::fromLatin1(m_name); }

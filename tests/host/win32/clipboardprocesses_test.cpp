@@ -62,7 +62,7 @@ private:
 class ClipboardOfTwoPrograms : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(m_display.runs()) << "Xvfb, which packages.txt names, did not start";
+        ASSERT_TRUE(m_display.runs());
         one = std::make_unique<Peer>(m_display);
         other = std::make_unique<Peer>(m_display);
     }
