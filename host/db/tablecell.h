@@ -6,7 +6,8 @@
 // formatted alike share one record of overrides. Places in merges stand beside the looks, in rows that have merges.
 #pragma once
 
-#include <QVarLengthArray>
+#include <absl/container/inlined_vector.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -88,23 +89,7 @@ struct CellLook {
 };
 
 /// The looks of a row's cells. Those of a narrow row lie in the row itself: a walk by rows finds them where it is.
-class LookList {
-public:
-    std::size_t size() const { return static_cast<std::size_t>(m_looks.size()); }
-    const CellLook& operator[](std::size_t place) const { return m_looks.constData()[place]; }
-    CellLook& operator[](std::size_t place) { return m_looks.data()[place]; }
-    const CellLook* begin() const { return m_looks.begin(); }
-    const CellLook* end() const { return m_looks.end(); }
-    CellLook* begin() { return m_looks.begin(); }
-    CellLook* end() { return m_looks.end(); }
-    void resize(std::size_t count) { m_looks.resize(static_cast<int>(count)); }
-    void insert(int at, int count, const CellLook& look) { m_looks.insert(at, count, look); }
-    void erase(int first, int behind) { m_looks.erase(m_looks.begin() + first, m_looks.begin() + behind); }
-
-private:
-    static constexpr int kNarrow = 8;
-    QVarLengthArray<CellLook, kNarrow> m_looks;
-};
+using LookList = absl::InlinedVector<CellLook, 8>;
 
 struct CellContent {
     SharedText text;
@@ -120,11 +105,29 @@ struct CellContent {
 };
 
 struct TableRow {
+    static constexpr double kNotMeasured = -1.0;
+
     double height = 0.0;
-    std::uint16_t style = 0;  ///< of the row itself; new columns begin with it
+    // What was last worked out of the row's own cells, and for which layout of the table; 0 for none.
+    mutable std::uint64_t measuredLayout = 0;
+    mutable double minimumHeight = kNotMeasured;  ///< that the cells allow
+    mutable bool fits = false;                    ///< they are known to fit into the columns
+    std::uint16_t style = 0;                      ///< of the row itself; new columns begin with it
     LookList looks;
     CopyOnWrite<std::vector<CellContent>> contents;  ///< as many as looks; never without a value while there are any
-    std::vector<MergeLink> links;                    ///< of the cells; none while no cell of the row was merged
+    CopyOnWrite<std::vector<MergeLink>> links;       ///< of the cells; none while no cell of the row was merged
+
+    /// The row as measured for that layout; what is known of another one is forgotten.
+    const TableRow& measuredFor(std::uint64_t layout) const {
+        if (measuredLayout != layout) forgetMeasures();
+        measuredLayout = layout;
+        return *this;
+    }
+    void forgetMeasures() const {
+        measuredLayout = 0;
+        minimumHeight = kNotMeasured;
+        fits = false;
+    }
 
     std::size_t size() const { return looks.size(); }
     void resize(std::size_t count) {
@@ -138,28 +141,23 @@ struct TableRow {
         const auto place = static_cast<std::size_t>(column);
         looks[place].isMerged = link.merged();
         looks[place].isCovered = link.covered();
-        if (links.empty() && !link.merged()) return;
-        links.resize(looks.size());
-        links[place] = link;
+        if (!links && !link.merged()) return;
+        std::vector<MergeLink>& own = links.write();
+        own.resize(looks.size());
+        own[place] = link;
     }
     /// New cells hold nothing.
     void insertCells(int at, int count, const CellLook& look) {
         const auto added = static_cast<std::size_t>(count);
-        looks.insert(at, count, look);
+        looks.insert(looks.begin() + at, added, look);
         putContents(at, added, at);
-        if (!links.empty()) links.insert(links.begin() + at, added, MergeLink{});
+        if (links) links.write().insert(links->begin() + at, added, MergeLink{});
     }
     void eraseCells(int first, int behind) {
-        looks.erase(first, behind);
+        looks.erase(looks.begin() + first, looks.begin() + behind);
         putContents(first, 0, behind);
-        if (!links.empty()) links.erase(links.begin() + first, links.begin() + behind);
+        if (links) links.write().erase(links->begin() + first, links->begin() + behind);
     }
-
-    /// Lowest height that the row's own text allows, as last worked out under `stamp`; 0 for never.
-    mutable double minimumHeight = 0.0;
-    mutable std::uint64_t minimumStamp = 0;
-    /// Under which the row's own content was found to fit into the columns; 0 for never.
-    mutable std::uint64_t fitsStamp = 0;
 
 private:
     /// Those before `first`, `added` empty ones, and those from `rest` on: made at once, since they are mostly shared.

@@ -143,7 +143,7 @@ double Measure::heightOf(int row, int column) {
 double Measure::rowMinimum(int row) {
     const TableRow& line = m_state.rows[row];
     const std::uint64_t stamp = m_state.layoutStamp;
-    if (line.minimumStamp == stamp) return line.minimumHeight;
+    if (line.measuredFor(stamp).minimumHeight != TableRow::kNotMeasured) return line.minimumHeight;
     double minimum = 0.0;
     bool alone = true;  // the result depends on the row's own cells only
     for (int column = 0; column < m_state.columnCount(); ++column) {
@@ -158,10 +158,7 @@ double Measure::rowMinimum(int row) {
             minimum = std::max(minimum, heightOf(row, column));
         }
     }
-    if (alone) {
-        line.minimumHeight = minimum;
-        line.minimumStamp = stamp;
-    }
+    if (alone) line.measuredFor(stamp).minimumHeight = minimum;
     return minimum;
 }
 
@@ -195,14 +192,14 @@ double Measure::columnMinimum(int column) {
 bool Measure::fits(int row) {
     const TableRow& line = m_state.rows[row];
     const std::uint64_t stamp = m_state.layoutStamp;
-    if (line.fitsStamp == stamp) return true;
+    if (line.measuredFor(stamp).fits) return true;
     bool alone = true;  // the result depends on the row's own cells only
     for (int column = 0; column < m_state.columnCount(); ++column) {
         if (widthNeeded(row, column) > m_state.columnWidths[static_cast<std::size_t>(column)]) return false;
         const CellContent& cell = m_state.content(row, column);
         if (!cell.field().isNull() || !cell.block().isNull()) alone = false;
     }
-    if (alone) line.fitsStamp = stamp;
+    if (alone) line.measuredFor(stamp).fits = true;
     return true;
 }
 
@@ -281,8 +278,8 @@ void growAllRows(const KdDbTable& table, const TableState& state) {
     Measure measure(table);
     state.rows.visitUnsettled(state.layoutStamp, [&](int row) {
         growRow(state, row, measure.rowMinimum(row));
-        const TableRow& line = state.rows[row];
-        return line.minimumStamp == state.layoutStamp && line.fitsStamp == state.layoutStamp;
+        const TableRow& line = state.rows[row].measuredFor(state.layoutStamp);
+        return line.minimumHeight != TableRow::kNotMeasured && line.fits;
     });
 }
 

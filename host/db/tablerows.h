@@ -56,7 +56,7 @@ public:
     TableRow& write(int row) {
         if (row != m_ownRow) [[unlikely]]
             makeOwn(row);
-        m_own->minimumStamp = m_own->fitsStamp = 0;
+        m_own->forgetMeasures();
         return *m_own;
     }
     /// A height is no part of what the row's own text asks for.

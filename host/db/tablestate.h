@@ -76,13 +76,13 @@ struct TableState : KdDbBlockReferenceState {
         const auto place = static_cast<std::size_t>(column);
         if (!line.looks[place].isCovered) [[likely]]
             return line.looks[place];
-        const MergeLink& link = line.links[place];
+        const MergeLink& link = (*line.links)[place];
         return look(row - link.up, column - link.left);
     }
     /// The cell's place in its merge.
     const MergeLink& mergeLink(int row, int column) const {
         static constexpr MergeLink kNone;
-        return look(row, column).isMerged ? rows[row].links[static_cast<std::size_t>(column)] : kNone;
+        return look(row, column).isMerged ? (*rows[row].links)[static_cast<std::size_t>(column)] : kNone;
     }
 
     void setRowCount(int count);

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace kdtest {
@@ -93,13 +95,97 @@ TEST(TableRows, That_one_state_writes_again_stay_as_they_were_in_the_copy_made_b
 
 TEST(TableRows, Lose_what_was_worked_out_about_a_row_by_every_write_but_that_of_its_height) {
     TableRows rows = numbered(3);
-    for (int row = 0; row < 3; ++row) rows[row].minimumStamp = 9;
+    for (int row = 0; row < 3; ++row) rows[row].measuredFor(9).minimumHeight = 4.0;
     rows.setHeight(0, 50.0);
     rows.writeLook(1, 0).style = 3;
     EXPECT_EQ(rows[0].height, 50.0);
-    EXPECT_EQ(rows[0].minimumStamp, 9U);
-    EXPECT_EQ(rows[1].minimumStamp, 0U);
-    EXPECT_EQ(rows[2].minimumStamp, 9U);
+    EXPECT_EQ(rows[0].measuredFor(9).minimumHeight, 4.0);
+    EXPECT_EQ(rows[1].measuredFor(9).minimumHeight, TableRow::kNotMeasured);
+    EXPECT_EQ(rows[2].measuredFor(9).minimumHeight, 4.0);
+}
+
+TEST(TableRow, Forgets_what_it_was_measured_for_when_asked_for_another_layout) {
+    TableRow row = rowOf(1);
+    row.measuredFor(9).minimumHeight = 4.0;
+    row.measuredFor(9).fits = true;
+    EXPECT_TRUE(row.measuredFor(9).fits);
+    EXPECT_FALSE(row.measuredFor(10).fits);
+    EXPECT_EQ(row.measuredFor(9).minimumHeight, TableRow::kNotMeasured);
+}
+
+/// A cell of a row that is known by every one of its parts.
+struct KnownCell {
+    int style = 0;
+    std::wstring text;
+    int mergedColumns = 0;
+
+    friend bool operator==(const KnownCell&, const KnownCell&) = default;
+};
+
+std::vector<KnownCell> cellsOf(const TableRow& row) {
+    std::vector<KnownCell> all;
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        const bool merged = row.looks[column].isMerged;
+        all.push_back({row.looks[column].style, std::wstring(row.content(column).text.view()),
+                       merged ? (*row.links)[column].columns : 0});
+    }
+    return all;
+}
+
+// Looks of up to eight cells lie in the row itself: rows cross that width both ways, while copies of them stand.
+TEST(TableRow, Keeps_its_cells_through_any_changes_of_its_width_and_leaves_its_copies_alone) {
+    std::mt19937 random(41);
+    const auto below = [&](std::size_t bound) { return static_cast<int>(random() % bound); };
+    struct Stand {
+        TableRow row;
+        std::vector<KnownCell> expected;
+    };
+    Stand now;
+    now.row.resize(3);
+    now.expected.resize(3);
+    std::vector<Stand> kept;
+    int crossings = 0;
+    for (int change = 1; change <= 4000; ++change) {
+        const std::size_t size = now.row.size();
+        const bool wide = size > 8;
+        switch (below(4)) {
+            case 0: {
+                const int at = below(size + 1);
+                const int count = 1 + below(5);
+                kdhost::CellLook look;
+                look.style = static_cast<std::uint16_t>(change);
+                if (size + static_cast<std::size_t>(count) > 14) break;
+                now.row.insertCells(at, count, look);
+                now.expected.insert(now.expected.begin() + at, static_cast<std::size_t>(count),
+                                    KnownCell{change, {}, 0});
+                break;
+            }
+            case 1: {
+                const int first = below(size);
+                const int behind = first + 1 + below(std::min<std::size_t>(5, size - static_cast<std::size_t>(first)));
+                if (behind - first == static_cast<int>(size)) break;
+                now.row.eraseCells(first, behind);
+                now.expected.erase(now.expected.begin() + first, now.expected.begin() + behind);
+                break;
+            }
+            case 2: {
+                const auto column = static_cast<std::size_t>(below(size));
+                now.row.writeContent(column).text = now.expected[column].text = std::to_wstring(change);
+                break;
+            }
+            default: {
+                const int column = below(size);
+                now.row.setLink(column, {0, 0, 1, change});
+                now.expected[static_cast<std::size_t>(column)].mergedColumns = change;
+            }
+        }
+        if (wide != (now.row.size() > 8)) ++crossings;
+        ASSERT_EQ(cellsOf(now.row), now.expected) << "change " << change;
+        if (below(20) == 0) kept.push_back(now);
+        if (below(40) == 0 && !kept.empty()) now = kept[static_cast<std::size_t>(below(kept.size()))];
+    }
+    for (const Stand& stand : kept) ASSERT_EQ(cellsOf(stand.row), stand.expected);
+    EXPECT_GT(crossings, 300);
 }
 
 /// A state of the rows and what it must hold.
