@@ -37,6 +37,8 @@ void KdDbObjectState::takePlaceOf(const KdDbObjectState& previous) {
     attached = previous.attached;
 }
 
+void KdDbObjectState::settle(const KdDbObject&) const {}
+
 void KdDbObjectState::wasPutBack(KdDbObject&) const {}
 
 void KdDbObjectAccess::giveState(KdDbObject& object, std::unique_ptr<KdDbObjectState> state) {

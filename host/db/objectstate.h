@@ -65,6 +65,10 @@ struct KdDbObjectState {
     /// The object has just got its place in a database; what hangs on it in memory follows it there.
     virtual void enterDatabase(KdDbObject& self);
 
+    /// Nobody has the object open any more: what was put off while it was written is done now, before anything else
+    /// changes that it depends on.
+    virtual void settle(const KdDbObject& self) const;
+
     /// An undo, a redo or an abort has just put this state, or the object's erasure, back.
     virtual void wasPutBack(KdDbObject& self) const;
 

@@ -158,6 +158,7 @@ void endOpen(KdDbObject& object) {
     KdDbOpenRecord& record = KdDbObjectAccess::openRecord(object);
     theRegister().open.erase(record.id);
     record.command.clear();
+    KdDbObjectAccess::state(object).settle(object);
     const bool changed = std::exchange(record.changed, false);
     const bool erasureChanged = std::exchange(record.erasureChanged, false);
     if (changed || erasureChanged) tellChange(object, changed, erasureChanged);

@@ -264,6 +264,10 @@ bool KdDbTable::hasSubSelection() const {
     return currentSelection(*this) != kNothing;
 }
 
+void TableState::settle(const KdDbObject& self) const {
+    settleGrowth(static_cast<const KdDbTable&>(self));
+}
+
 void TableState::wasPutBack(KdDbObject& self) const {
     clampSelection(static_cast<const KdDbTable&>(self));
 }

@@ -105,6 +105,9 @@ struct TableState : KdDbBlockReferenceState {
     /// The merges that touch the range, each once.
     std::vector<KdCellRange> mergesIn(const KdCellRange& range) const;
 
+    /// Rows grow by the styles that texts were written under.
+    void settle(const KdDbObject& self) const override;
+
     /// Sizes or structure have changed.
     void touchGeometry() { geometryStamp = newStamp(); }
     /// Something has changed that row heights depend on beyond a row's own cells.

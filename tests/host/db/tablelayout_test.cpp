@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "host/db/access.h"
 #include "host/db/opening.h"
 #include "host/text/layout.h"
 #include "kd/db/database.h"
@@ -106,6 +107,43 @@ TEST(TableLayout, growth_belongs_to_the_moment_of_writing) {
     gone->setTextString(2, 0, L"one\\Ptwo\\Pthree");
     gone->deleteRows(2, 1);
     EXPECT_DOUBLE_EQ(gone->rowHeight(2), dataHeight(1));
+}
+
+TEST(TableLayout, rows_grow_by_the_styles_that_their_texts_were_written_under_whoever_looks_when) {
+    KdDbDatabase database;
+    const KdDbObjectId style = addStyle(database, [](KdDbTableStyle&) {});
+    const auto inDatabase = [&](KdDbTable* table) {
+        table->setTableStyle(style);
+        KdDbBlockTableRecord* space = nullptr;
+        EXPECT_EQ(kdhost::openAs(space, database.modelSpaceId(), KdDb::kForWrite), Kdad::eOk);
+        KdDbObjectId id;
+        EXPECT_EQ(space->appendKdDbEntity(id, table), Kdad::eOk);
+        space->close();
+        return id;
+    };
+    KdDbTable* written = TableBuilder(4, 2).build().release();
+    const KdDbObjectId id = inDatabase(written);
+    written->close();
+    ASSERT_EQ(kdhost::openAs(written, id, KdDb::kForWrite), Kdad::eOk);
+    written->setTextString(2, 0, L"one\\Ptwo");
+    written->close();
+    KdDbTable* filled = TableBuilder(4, 2).build().release();
+    filled->setTextString(2, 0, L"one\\Ptwo");
+    const KdDbObjectId filledId = inDatabase(filled);
+    filled->close();
+
+    KdDbTableStyle* open = nullptr;
+    ASSERT_EQ(kdhost::openAs(open, style, KdDb::kForWrite), Kdad::eOk);
+    open->setTextHeight(60.0, L"_DATA");
+    open->close();
+    for (const KdDbObjectId table : {id, filledId}) {
+        EXPECT_NEAR(kdhost::peek<KdDbTable>(table)->rowHeight(2), dataHeight(2), 1e-9);
+    }
+    ASSERT_EQ(kdhost::openAs(written, id, KdDb::kForWrite), Kdad::eOk);
+    written->setTextString(3, 0, L"x");
+    EXPECT_NEAR(written->rowHeight(2), dataHeight(2), 1e-9) << "another row's text is none of its own";
+    EXPECT_NEAR(written->rowHeight(3), 3.0 + 80.0, 1e-9);
+    written->close();
 }
 
 TEST(TableLayout, a_merge_wraps_at_its_whole_width) {
