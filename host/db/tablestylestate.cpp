@@ -2,8 +2,9 @@
 
 #include "host/db/tablestylestate.h"
 
-#include <QChar>
 #include <algorithm>
+
+#include "host/db/names.h"
 
 namespace kdhost {
 namespace {
@@ -31,7 +32,7 @@ std::uint64_t newRevision() {
 
 bool sameName(std::wstring_view a, std::wstring_view b) {
     return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
-               return x == y || QChar::toCaseFolded(static_cast<uint>(x)) == QChar::toCaseFolded(static_cast<uint>(y));
+               return x == y || foldedCharacter(x) == foldedCharacter(y);
            });
 }
 

@@ -66,8 +66,11 @@ TEST_F(Dictionaries, names_are_found_without_regard_to_case_and_keep_their_case)
     EXPECT_EQ(kdhost::peekObject(id)->ownerId(), m_dictionary->objectId());
 }
 
-TEST_F(Dictionaries, letters_beyond_ascii_fold_too) {
-    put(L"Ärger");
+TEST_F(Dictionaries, letters_beyond_ascii_have_no_case_as_modules_compare_them) {
+    const KdDbObjectId capital = put(L"Ärger");
+    EXPECT_TRUE(m_dictionary->has(L"ÄRGER"));
+    EXPECT_FALSE(m_dictionary->has(L"ärger"));
+    EXPECT_NE(put(L"ärger"), capital);
     EXPECT_TRUE(m_dictionary->has(L"äRGER"));
 }
 

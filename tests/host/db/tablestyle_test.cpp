@@ -183,6 +183,8 @@ TEST(TableStyle, refuses_names_with_their_statuses) {
     EXPECT_EQ(names(style), L"_TITLE _HEADER _DATA A B ");
     EXPECT_EQ(style.renameCellStyle(L"A", L"a"), Kdad::eOk) << "its own name in another case";
     EXPECT_EQ(names(style), L"_TITLE _HEADER _DATA a B ");
+    EXPECT_EQ(style.createCellStyle(L"Ä", L"_DATA"), Kdad::eOk);
+    EXPECT_EQ(style.createCellStyle(L"ä", L"_DATA"), Kdad::eOk) << "the letters A to Z alone have a case";
 }
 
 TEST(TableStyle, a_copy_holds_what_the_original_held_and_goes_its_own_way) {
