@@ -18,11 +18,11 @@ constexpr Words kCellNeeded{L"\nPick a cell, or type the coordinates of a point 
                             L"\n请拾取单元，或输入其中一点的坐标。"};
 constexpr Words kOneTable{L"\nBoth corners must lie in one table.", L"\n两个角点必须在同一表格中。"};
 
-/// One answer: cells dragged over, or the cell at a point picked or typed. `wasDragged` tells which. None when
-/// the user cancels, answers with nothing, or points where no cell is.
-std::optional<CellsOfTable> askForCells(Editor& editor, const Words& prompt, bool& wasDragged) {
+/// One answer: the cell at a point picked or typed, or, to a prompt for several, cells dragged over. `wasDragged` tells
+/// which. None when the user cancels, answers with nothing, or points where no cell is.
+std::optional<CellsOfTable> askForCells(Editor& editor, PromptKind kind, const Words& prompt, bool& wasDragged) {
     for (;;) {
-        const Answer answer = editor.ask(PromptKind::Cells, prompt.text());
+        const Answer answer = editor.ask(kind, prompt.text());
         wasDragged = answer.kind == Answer::Kind::Cells;
         if (wasDragged) return answer.cells;
         if (answer.isPick()) return cellAt(editor, answer.point);
@@ -35,10 +35,10 @@ std::optional<CellsOfTable> askForCells(Editor& editor, const Words& prompt, boo
 
 std::optional<CellsOfTable> askForRectangle(Editor& editor) {
     bool wasDragged = false;
-    const auto first = askForCells(editor, kFirstCorner, wasDragged);
+    const auto first = askForCells(editor, PromptKind::Cells, kFirstCorner, wasDragged);
     if (!first || wasDragged) return first;
     for (;;) {
-        const auto second = askForCells(editor, kOtherCorner, wasDragged);
+        const auto second = askForCells(editor, PromptKind::Cells, kOtherCorner, wasDragged);
         if (!second || wasDragged) return second;
         if (second->table == first->table) return CellsOfTable{first->table, joined(first->range, second->range)};
         commandLine().write(kOneTable.text());
@@ -52,8 +52,8 @@ bool kdadSelectTableUnits(bool singleCell, KdDbObjectId& table, KdCellRange& ran
     kdhost::Editor* editor = kdhost::currentEditor();
     if (editor == nullptr) return false;
     bool wasDragged = false;
-    const auto cells =
-        singleCell ? kdhost::askForCells(*editor, kdhost::kCell, wasDragged) : kdhost::askForRectangle(*editor);
+    const auto cells = singleCell ? kdhost::askForCells(*editor, kdhost::PromptKind::Cell, kdhost::kCell, wasDragged)
+                                  : kdhost::askForRectangle(*editor);
     if (!cells) return false;
     table = cells->table;
     range = cells->range;

@@ -16,7 +16,7 @@ class KdDbDatabase;
 
 namespace kdhost {
 
-enum class PromptKind { Command, Keyword, Text, Point, Entity, Objects, Cells, Drag };
+enum class PromptKind { Command, Keyword, Text, Point, Entity, Objects, Cell, Cells, Drag };
 
 /// What the user answered to a prompt.
 struct Answer {

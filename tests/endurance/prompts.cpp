@@ -75,8 +75,8 @@ struct Habit {
 constexpr std::array habits = {
     Habit{PromptKind::Keyword, chooseWord},  Habit{PromptKind::Text, giveText},
     Habit{PromptKind::Point, givePlace},     Habit{PromptKind::Entity, giveEntity},
-    Habit{PromptKind::Objects, giveObjects}, Habit{PromptKind::Cells, giveCells},
-    Habit{PromptKind::Drag, drag},
+    Habit{PromptKind::Objects, giveObjects}, Habit{PromptKind::Cell, giveCells},
+    Habit{PromptKind::Cells, giveCells},     Habit{PromptKind::Drag, drag},
 };
 
 }  // namespace

@@ -406,6 +406,19 @@ TEST_F(WaitingPrompt, for_a_cell_takes_the_cell_clicked) {
     EXPECT_EQ(range, cells("B2"));
 }
 
+TEST_F(WaitingPrompt, for_a_cell_takes_the_cell_pressed_wherever_the_button_comes_up) {
+    actions.push_back([&] {
+        mouse.press(at(50, -25));
+        mouse.move(at(30, -15));
+        mouse.release(at(30, -15));
+    });
+    KdDbObjectId id;
+    KdCellRange range;
+    EXPECT_TRUE(kdadSelectTableUnits(true, id, range));
+    EXPECT_EQ(range, cells("C3"));
+    EXPECT_EQ(selection(), none);
+}
+
 TEST_F(WaitingPrompt, for_a_cell_ends_with_a_click_beside_every_table) {
     actions.push_back([&] {
         mouse.press(at(85, 5));
