@@ -35,6 +35,10 @@ TEST(AngleEqual, compares_up_to_whole_turns) {
         {twoPi, 0.0, true},
         {10.0 * twoPi, twoPi, true},
         {-pi, pi, true},
+        // A negative angle is taken from a whole turn, so that negative whole turns are a whole turn and not 0.
+        {-twoPi, 0.0, false},
+        {-3.0 * twoPi, twoPi, false},
+        {-twoPi, -3.0 * twoPi, true},
         // Angles just below a whole turn and just above 0 are far apart in one turn.
         {0.0, twoPi - 1e-12, false},
         {0.0, -1e-12, false},
@@ -62,6 +66,8 @@ TEST(NormalAngle, brings_one_angle_into_a_turn) {
         {-5e-11, -5e-11, true},
         {twoPi - 5e-11, -5e-11, true},
         {twoPi, 0.0, true},
+        {1e6, 1e6 - 159154.0 * twoPi, true},
+        {-1e6, 159155.0 * twoPi - 1e6, true},
         {1e6 + 1.0, 0.0, true},
         {-1e7, 0.0, true},
         {infinity, 0.0, false},
@@ -108,6 +114,10 @@ TEST(NormalAngle, puts_the_second_angle_behind_the_first) {
         {0.0, twoPi - 5e-11, 0.0, twoPi - 5e-11, false},
         {0.0, twoPi + 5e-11, 0.0, twoPi + 5e-11, true},
         {0.0, twoPi + 2e-10, 0.0, 2e-10, false},
+        // And so does one a hair below 0, or above it.
+        {-8e-11, -5e-11, -8e-11, -5e-11, true},
+        {0.0, 0.0, 0.0, 0.0, true},
+        {0.0, 5e-11, 0.0, 5e-11, true},
     };
     for (const Row& row : rows) {
         double a = row.a;
@@ -147,6 +157,16 @@ TEST(ProcessAngle, applies_base_and_direction_unless_told_not_to) {
         double out = 99.0;
         EXPECT_TRUE(CVqTableUtils::ProcessAngle(row.flags, base, row.direction, angle, out));
         EXPECT_NEAR(out, row.wanted, 1e-12) << "flags " << row.flags << " direction " << row.direction;
+    }
+}
+
+TEST(ProcessAngle, gives_a_whole_turn_for_0_in_the_other_direction) {
+    for (const double angle : {0.0, twoPi, -twoPi}) {
+        double out = 99.0;
+        EXPECT_TRUE(CVqTableUtils::ProcessAngle(1, 1.0, 1, angle, out));
+        EXPECT_NEAR(out, twoPi, 1e-12) << angle;
+        EXPECT_TRUE(CVqTableUtils::ProcessAngle(5, 1.0, 1, angle, out));
+        EXPECT_NEAR(out, 0.0, 1e-12) << angle;
     }
 }
 

@@ -201,6 +201,25 @@ TEST(AngleToStringConvert, suppresses_a_leading_zero_by_moving_a_quarter_of_the_
     }
 }
 
+TEST(AngleToStringConvert, suppresses_no_less_below_zero_where_it_keeps_negative_angles) {
+    struct Row {
+        int precision;
+        int dimzin;
+        double degrees;
+        const wchar_t* text;
+    };
+    constexpr Row rows[] = {
+        {2, 4, -0.5, L".0.50"}, {2, 4, -1.0, L".1.00"},      {2, 4, -1.5, L".1.50"},     {2, 12, -1.5, L".1.5"},
+        {2, 8, -1.5, L"-1.5"},  {3, 4, -12.125, L".12.125"}, {6, 4, -1.5, L".5.500000"}, {0, 4, -12.2, L"-12"},
+    };
+    for (const Row& row : rows) {
+        Drawing drawing(0, row.precision);
+        drawing.database.setDimzin(row.dimzin);
+        EXPECT_EQ(drawing.text(degrees(row.degrees), 8), row.text)
+            << row.degrees << " precision " << row.precision << " dimzin " << row.dimzin;
+    }
+}
+
 TEST(AngleToStringConvert, keeps_turns_by_its_flags) {
     struct Row {
         int flags;

@@ -137,6 +137,7 @@ TEST(ConvertStringWithDimzin, never_completes_where_a_leading_zero_would_go_behi
     for (const int dimzin : {4, 7, 12, 15}) {
         CStdStr<wchar_t> text;
         EXPECT_THROW(CVqTableUtils::ConvertStringWithDimzin(-0.5, 2, dimzin, text), std::out_of_range) << dimzin;
+        EXPECT_EQ(text, L".50") << "it was cut before, dimzin " << dimzin;
     }
 }
 

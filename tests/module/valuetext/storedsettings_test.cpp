@@ -34,7 +34,7 @@ protected:
 
 TEST_F(StoredSettings, lie_below_the_current_profile) {
     EXPECT_EQ(CVqTableUtils::GetRegistryProfilesRoot(0), root);
-    EXPECT_EQ(CVqTableUtils::GetRegistryProfilesRoot(1), key);
+    for (const int withTail : {1, 2, -1}) EXPECT_EQ(CVqTableUtils::GetRegistryProfilesRoot(withTail), key) << withTail;
 }
 
 TEST_F(StoredSettings, lie_below_the_profile_Default_when_none_is_told) {
@@ -107,6 +107,20 @@ TEST_F(StoredSettings, are_not_stored_while_a_level_of_the_key_is_missing) {
     EXPECT_EQ(CVqTableUtils::RegeditSetValue(L"Width", 5.0), 0);
     EXPECT_EQ(CVqTableUtils::RegeditSetValue(L"Rows", 5U), 0);
     EXPECT_FALSE(exists(key));
+}
+
+TEST_F(StoredSettings, tell_that_their_key_opened_not_that_they_were_written) {
+    CVqTableUtils::IsRegeditOpenKey();
+    // A folder in the place of the lock's file lets keys open and nothing be written.
+    const QString lock = config.hostFolder() + QStringLiteral("/registry.lock");
+    ASSERT_TRUE(QFile::remove(lock));
+    ASSERT_TRUE(QDir().mkdir(lock));
+    EXPECT_EQ(CVqTableUtils::RegeditSetValue(L"Columns", 5), 1);
+    EXPECT_EQ(CVqTableUtils::RegeditSetValue(L"Width", 5.0), 1);
+    EXPECT_EQ(CVqTableUtils::RegeditSetValue(L"Rows", 5U), 1);
+    int columns = 7;
+    EXPECT_EQ(CVqTableUtils::RegeditQueryValue(L"Columns", columns), 0);
+    EXPECT_EQ(columns, 7);
 }
 
 TEST_F(StoredSettings, get_whatever_level_of_their_key_is_missing) {
