@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <utility>
 
 #include "host/ed/lispfunctions.h"
@@ -21,23 +22,40 @@
 
 namespace {
 
-KdRxClass* parentClass() {
-    static KdRxClass description(L"FrameTestParent", KdRxObject::desc());
-    return &description;
+bool inClassDictionary(const wchar_t* name) {
+    auto* classes = KdRxObject::cast<KdRxDictionary>(kdrxSysRegistry()->at(L"ClassDictionary"));
+    return classes != nullptr && classes->has(name);
 }
 
-KdRxClass* childClass() {
-    static KdRxClass description(L"FrameTestChild", parentClass());
-    return &description;
-}
+/// Classes of a test's own, made anew by each: one that was taken out of the dictionary doesn't come back.
+class Generations {
+public:
+    Generations() {
+        classes = {&m_first, &m_second, &m_third};
+        seenWithoutParent = false;
+    }
+
+    /// The frame asks for descriptions between one removal and the next.
+    template <std::size_t generation>
+    static KdRxClass* description() {
+        for (std::size_t i = 1; i < classes.size(); ++i) {
+            const bool parentStands = inClassDictionary(classes[i - 1]->name());
+            if (inClassDictionary(classes[i]->name()) && !parentStands) seenWithoutParent = true;
+        }
+        return classes[generation];
+    }
+
+    static inline std::array<KdRxClass*, 3> classes{};
+    static inline bool seenWithoutParent = false;
+
+private:
+    KdRxClass m_first{L"FrameTestFirst", KdRxObject::desc()};
+    KdRxClass m_second{L"FrameTestSecond", &m_first};
+    KdRxClass m_third{L"FrameTestThird", &m_second};
+};
 
 int initialised = 0;
-void initialiseParent() {
-    parentClass();
-    ++initialised;
-}
-void initialiseChild() {
-    childClass();
+void initialise() {
     ++initialised;
 }
 
@@ -52,11 +70,6 @@ public:
     void RegisterServerComponents() override { ++serverComponents; }
     int serverComponents = 0;
 };
-
-bool inClassDictionary(const wchar_t* name) {
-    auto* classes = KdRxObject::cast<KdRxDictionary>(kdrxSysRegistry()->at(L"ClassDictionary"));
-    return classes != nullptr && classes->has(name);
-}
 
 /// The module's own commands stay out of these tests. LISP-side functions belong to a drawing.
 class FrameTables : public kdtest::ApplicationTest {
@@ -75,28 +88,41 @@ private:
     KdArray<_TVXCOMMAND_ENTRY*> m_commands;
 };
 
-TEST_F(FrameTables, Classes_are_registered_at_message_1_and_gone_after_message_2) {
-    _DBX_REGISTER_OBJECT_ENTRY parent{parentClass, initialiseParent, false};
-    _DBX_REGISTER_OBJECT_ENTRY child{childClass, initialiseChild, false};
-    classTable().append(&parent);
-    classTable().append(nullptr);
-    classTable().append(&child);
+TEST_F(FrameTables, Classes_are_registered_at_message_1_and_go_at_message_2_after_their_descendants) {
+    const Generations generations;
+    _DBX_REGISTER_OBJECT_ENTRY rows[] = {
+        {Generations::description<0>, initialise, false},
+        {Generations::description<1>, initialise, false},
+        {Generations::description<2>, initialise, false},
+    };
+    for (_DBX_REGISTER_OBJECT_ENTRY& row : rows) {
+        classTable().append(&row);
+        classTable().append(nullptr);
+    }
     initialised = 0;
 
     Application application;
     EXPECT_EQ(application.On_kInitAppMsg(nullptr), 0);
-    EXPECT_EQ(initialised, 2);
+    EXPECT_EQ(initialised, 3);
     EXPECT_EQ(application.serverComponents, 1);
-    EXPECT_TRUE(parent.registered);
-    EXPECT_TRUE(child.registered);
-    EXPECT_TRUE(inClassDictionary(L"FrameTestParent"));
-    EXPECT_TRUE(inClassDictionary(L"FrameTestChild"));
+    for (const _DBX_REGISTER_OBJECT_ENTRY& row : rows) EXPECT_TRUE(row.registered);
+    for (const KdRxClass* cls : Generations::classes) EXPECT_TRUE(inClassDictionary(cls->name())) << cls->name();
 
     EXPECT_EQ(application.On_kUnloadAppMsg(nullptr), 0);
-    EXPECT_FALSE(parent.registered);
-    EXPECT_FALSE(child.registered);
-    EXPECT_FALSE(inClassDictionary(L"FrameTestParent"));
-    EXPECT_FALSE(inClassDictionary(L"FrameTestChild"));
+    for (const _DBX_REGISTER_OBJECT_ENTRY& row : rows) EXPECT_FALSE(row.registered);
+    for (const KdRxClass* cls : Generations::classes) EXPECT_FALSE(inClassDictionary(cls->name())) << cls->name();
+    EXPECT_FALSE(Generations::seenWithoutParent);
+    EXPECT_EQ(classTable().length(), 0);
+}
+
+TEST_F(FrameTables, A_class_that_message_1_did_not_register_stays_at_message_2) {
+    const Generations generations;
+    kdrxBuildClassHierarchy();
+    _DBX_REGISTER_OBJECT_ENTRY row{Generations::description<0>, initialise, false};
+    classTable().append(&row);
+    Application application;
+    EXPECT_EQ(application.On_kUnloadAppMsg(nullptr), 0);
+    EXPECT_TRUE(inClassDictionary(L"FrameTestFirst"));
     EXPECT_EQ(classTable().length(), 0);
 }
 
@@ -133,17 +159,21 @@ TEST_F(FrameTables, Lisp_functions_are_offered_with_a_drawing_and_withdrawn_with
 }
 
 TEST_F(FrameTables, A_lisp_function_is_called_directly_where_its_row_registers_it) {
-    _KFSSYMBOL_ENTRY direct{L"FRAMETEST", lispFunction, 1, 0};
-    _KFSSYMBOL_ENTRY byMessage{L"FRAMETEST2", lispFunction, 0, 0};
-    lispFunctionTable().append(&direct);
-    lispFunctionTable().append(&byMessage);
-    called = 0;
+    _KFSSYMBOL_ENTRY rows[] = {
+        {L"FRAMETEST", lispFunction, 1, 0},
+        {L"FRAMETEST2", lispFunction, 2, 0},
+        {L"FRAMETEST3", lispFunction, -1, 0},
+        {L"FRAMETEST4", lispFunction, 0, 0},
+    };
+    for (_KFSSYMBOL_ENTRY& row : rows) lispFunctionTable().append(&row);
     Application application;
     application.On_kLoadDwgMsg(nullptr);
-    EXPECT_TRUE(kdhost::runLispFunction(L"FRAMETEST"));
-    EXPECT_EQ(called, 1);
-    EXPECT_TRUE(kdhost::runLispFunction(L"FRAMETEST2"));
-    EXPECT_EQ(called, 1) << "the application of this test hears no messages";
+    for (const _KFSSYMBOL_ENTRY& row : rows) {
+        called = 0;
+        EXPECT_TRUE(kdhost::runLispFunction(row.name));
+        // The application of this test hears no messages.
+        EXPECT_EQ(called, row.registerFunction != 0 ? 1 : 0) << row.registerFunction;
+    }
     application.On_kUnloadDwgMsg(nullptr);
 }
 
@@ -165,13 +195,17 @@ public:
     std::intptr_t received(std::uint32_t message, void* argument) override {
         if (message == KdRx::kLoadDwgMsg) return m_application.On_kLoadDwgMsg(argument);
         if (message == KdRx::kUnloadDwgMsg) return m_application.On_kUnloadDwgMsg(argument);
-        return message == KdRx::kInvkSubrMsg ? m_application.On_kInvkSubrMsg(argument) : 0;
+        if (message != KdRx::kInvkSubrMsg) return 0;
+        return m_answers.emplace_back(m_application.On_kInvkSubrMsg(argument));
     }
+    /// To the calls so far.
+    const std::vector<int>& answers() const { return m_answers; }
 
 private:
     static constexpr const wchar_t* kModule = L"LinkerProbe.tvx";
     const std::string m_pluginFolder = kdhost::pluginFolder();
     Application m_application;
+    std::vector<int> m_answers;
 };
 
 TEST_F(FrameTables, A_lisp_function_that_its_row_doesnt_register_is_called_by_a_message_with_its_code) {
@@ -191,6 +225,7 @@ TEST_F(FrameTables, A_lisp_function_that_its_row_doesnt_register_is_called_by_a_
         EXPECT_EQ(called, 1);
         EXPECT_EQ(calledOther, 1);
         EXPECT_EQ(kdedGetFunCode(), -1) << "the code stands only while the message does";
+        EXPECT_EQ(heard.answers(), (std::vector<int>{0, 0})) << "whatever the functions give";
     }
     EXPECT_FALSE(kdhost::runLispFunction(L"FRAMETEST")) << "gone with the module";
 }
@@ -223,6 +258,11 @@ protected:
         }
         return records;
     }
+    static std::vector<std::wstring> registeredNames() {
+        std::vector<std::wstring> names;
+        for (const kdhost::CommandRecord& record : registered()) names.push_back(record.localName);
+        return names;
+    }
 
     kdtest::ResourceModule resources;
     Application application;
@@ -230,12 +270,14 @@ protected:
 
 constexpr const wchar_t* kGroup = L"FRAMETEST_GROUP";
 constexpr int kTextOfTableStyle = 2002;
+constexpr int kTextOfMerging = 2099;
+constexpr int kTextOfEditWords = 6217;
 constexpr int kNoText = 1;
 void command() {}
 
 TEST_F(FrameTexts, A_command_is_registered_as_its_row_has_it) {
     int context = 0;
-    constexpr int apart = 1 << 21;
+    constexpr int apart = 1 << 21 | 6;
     _TVXCOMMAND_ENTRY own{kGroup, L"FRAMETEST", L"FRAMETEST_LOCAL", 5, command, &context, kTextOfTableStyle};
     _TVXCOMMAND_ENTRY text{kGroup, L"FRAMETEST2", nullptr, 0, command, nullptr, kTextOfTableStyle};
     _TVXCOMMAND_ENTRY without{kGroup, L"FRAMETEST3", L"FRAMETEST3_LOCAL", apart, command, nullptr, 0};
@@ -274,10 +316,30 @@ TEST_F(FrameTexts, A_command_without_its_text_is_known_by_the_text_loaded_last) 
     };
     for (_TVXCOMMAND_ENTRY& row : rows) commandTable().append(&row);
     application.On_kInitAppMsg(nullptr);
-    std::vector<std::wstring> names;
-    for (const kdhost::CommandRecord& record : registered()) names.push_back(record.localName);
-    EXPECT_EQ(names, (std::vector<std::wstring>{L"", L"TABLESTYLE", L"FRAMETEST3_LOCAL", L"TABLESTYLE"}));
+    EXPECT_EQ(registeredNames(), (std::vector<std::wstring>{L"", L"TABLESTYLE", L"FRAMETEST3_LOCAL", L"TABLESTYLE"}));
     application.On_kUnloadAppMsg(nullptr);
+}
+
+TEST_F(FrameTexts, A_command_goes_by_the_first_131_characters_of_its_text_in_the_hosts_language) {
+    constexpr std::size_t longest = 131;
+    _TVXCOMMAND_ENTRY rows[] = {
+        {kGroup, L"FRAMETEST", nullptr, 0, command, nullptr, kTextOfMerging},
+        {kGroup, L"FRAMETEST2", nullptr, 0, command, nullptr, kTextOfEditWords},
+    };
+    for (const auto language : {kdhost::Language::English, kdhost::Language::Chinese}) {
+        kdhost::setLanguage(language);
+        std::vector<std::wstring> texts;
+        for (_TVXCOMMAND_ENTRY& row : rows) {
+            commandTable().append(&row);
+            texts.push_back(*kdhost::moduleText(resources.handle(), static_cast<unsigned>(row.localNameResource)));
+        }
+        EXPECT_GT(texts.back().size(), longest);
+        for (std::wstring& text : texts) text = text.substr(0, longest);
+        application.On_kInitAppMsg(nullptr);
+        EXPECT_EQ(registeredNames(), texts);
+        application.On_kUnloadAppMsg(nullptr);
+    }
+    kdhost::setLanguage(kdhost::Language::English);
 }
 
 TEST_F(FrameTexts, A_lisp_function_without_a_name_goes_by_its_text) {

@@ -6,8 +6,12 @@
 #include <QApplication>
 #include <QTimer>
 #include <QWidget>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "host/ed/editor.h"
 #include "host/ed/uicontext.h"
 #include "host/rx/commandstack.h"
 #include "host/rx/dynamiclinker.h"
@@ -20,6 +24,7 @@
 #include "mfc/resource.h"
 #include "tests/support/application.h"
 #include "tests/support/places.h"
+#include "tests/support/resourcemodule.h"
 
 namespace {
 
@@ -207,34 +212,73 @@ TEST_F(ModuleLifecycle, A_missing_linker_stops_the_process) {
         "");
 }
 
-TEST_F(ModuleLifecycle, Each_command_leaves_the_resource_handle_as_it_found_it) {
+/// Keeps the resource handle that is in place while a command waits for the user: at a prompt, or in a dialog, which
+/// it closes.
+class HandlesAtWork : kdhost::PromptListener {
+public:
+    HandlesAtWork() {
+        kdhost::setPromptListener(this);
+        QObject::connect(&m_closing, &QTimer::timeout, [this] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            if (dialog == nullptr) return;
+            m_seen.push_back(AfxGetResourceHandle());
+            dialog->close();
+        });
+        m_closing.start();
+    }
+    ~HandlesAtWork() override { kdhost::setPromptListener(nullptr); }
+    HandlesAtWork(const HandlesAtWork&) = delete;
+    HandlesAtWork& operator=(const HandlesAtWork&) = delete;
+
+    std::vector<HINSTANCE> take() { return std::exchange(m_seen, {}); }
+
+private:
+    void prompted(const kdhost::Editor& editor) override {
+        if (editor.promptKind() != kdhost::PromptKind::Command) m_seen.push_back(AfxGetResourceHandle());
+    }
+
+    std::vector<HINSTANCE> m_seen;
+    QTimer m_closing;
+};
+
+TEST_F(ModuleLifecycle, Each_command_works_with_the_modules_resources_and_leaves_the_handle_as_it_found_it) {
     load();
-    HINSTANCE marker = LoadResourceDll(L"TvxTableRes.dll");
-    ASSERT_NE(marker, nullptr);
-    HINSTANCE before = AfxGetResourceHandle();
+    const kdtest::ResourceModule resources;
+    const auto marker = reinterpret_cast<HINSTANCE>(std::uintptr_t{1});
     AfxSetResourceHandle(marker);
-    QTimer cancelDialogs;
-    QObject::connect(&cancelDialogs, &QTimer::timeout, [] {
-        if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
-    });
-    cancelDialogs.start();
-    for (const wchar_t* command : {L"-TABLE\n", L"TABLE\n", L"TABLESTYLE\n", L"TABLEDIT\n", L"EDITTABLECELL\n"}) {
+    HandlesAtWork handles;
+    for (const wchar_t* command : {L"TABLE\n", L"TABLESTYLE\n", L"TABLEDIT\n", L"TABLEEXPORT\n", L"EDITTABLECELL\n"}) {
         host.run(command);
+        EXPECT_EQ(handles.take(), std::vector<HINSTANCE>{resources.handle()}) << std::wstring(command);
         EXPECT_EQ(AfxGetResourceHandle(), marker) << std::wstring(command);
     }
-    host.run(L"TABLEEXPORT\n\x1b");
+    host.run(L"-TABLE\n");
+    EXPECT_TRUE(handles.take().empty()) << "it asks nothing";
     EXPECT_EQ(AfxGetResourceHandle(), marker);
-    AfxSetResourceHandle(before);
-    FreeLibrary(marker);
 }
 
-TEST_F(ModuleLifecycle, Commands_answer_to_their_local_names_in_Chinese_too) {
-    kdhost::setLanguage(kdhost::Language::Chinese);
-    load();
-    for (const wchar_t* name : {L"_TABLE", L"_TABLESTYLE", L"_TABLEDIT", L"_TABLEEXPORT", L"_EDITTABLECELL"}) {
-        EXPECT_TRUE(kdhost::findCommand(name).has_value()) << std::wstring(name);
+TEST_F(ModuleLifecycle, Commands_answer_to_their_names_among_the_texts_of_the_hosts_language) {
+    struct Row {
+        std::wstring command;
+        unsigned name;
+    };
+    const std::vector<Row> rows = {
+        {L"TABLESTYLE", 2002},  {L"TABLE", 2005},         {L"TABLEDIT", 2101},
+        {L"TABLEEXPORT", 2052}, {L"EDITTABLECELL", 6206}, {L"-TABLE", 2009},
+    };
+    for (const auto language : {kdhost::Language::English, kdhost::Language::Chinese}) {
+        kdhost::setLanguage(language);
+        load();
+        EXPECT_EQ(moduleCommands().size(), rows.size());
+        const kdtest::ResourceModule resources;
+        for (const Row& row : rows) {
+            const std::wstring name = *kdhost::moduleText(resources.handle(), row.name);
+            const std::optional<kdhost::CommandRecord> found = kdhost::findCommand(name);
+            EXPECT_EQ(found ? found->globalName : L"", row.command);
+            EXPECT_EQ(found ? found->localName : L"", name) << row.command;
+        }
+        unload();
     }
-    unload();
     kdhost::setLanguage(kdhost::Language::English);
 }
 
