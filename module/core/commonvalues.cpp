@@ -1,4 +1,5 @@
-// What the selected cells have in common: the values that menus check and the toolbar shows.
+// What the selected cells have in common: the values that menus check and the toolbar shows. Without a selection the
+// table's first cell answers for alignment, locks and fill, as it does for a row and a column of -1 everywhere.
 
 #include "module/core/cellwalk.h"
 #include "module/core/tablecommon.h"
@@ -48,7 +49,6 @@ bool CVqTableCommon::GetDataType(const KdDbTable* table, KdValue::DataType& type
 bool CVqTableCommon::GetCellAlignment(const KdDbTable* table, KdDb::CellAlignment& alignment) {
     if (table == nullptr) return false;
     const KdCellRange selection = table->getSubSelection();
-    if (cellwalk::isNoCell(selection)) return false;
     alignment = table->alignment(selection.m_topRow, selection.m_leftColumn);
     return !someCellDiffers(*table, selection, alignment,
                             [&](int row, int column) { return table->alignment(row, column); });
@@ -57,7 +57,6 @@ bool CVqTableCommon::GetCellAlignment(const KdDbTable* table, KdDb::CellAlignmen
 bool CVqTableCommon::GetCellState(const KdDbTable* table, KdDb::CellState& state) {
     if (table == nullptr) return false;
     const KdCellRange selection = table->getSubSelection();
-    if (cellwalk::isNoCell(selection)) return false;
     const auto locks = [&](int row, int column) { return table->cellState(row, column) & kLocks; };
     const int common = locks(selection.m_topRow, selection.m_leftColumn);
     if (someCellDiffers(*table, selection, common, locks)) return false;
@@ -68,7 +67,6 @@ bool CVqTableCommon::GetCellState(const KdDbTable* table, KdDb::CellState& state
 bool CVqTableCommon::GetBackgroundColor(const KdDbTable* table, KdCmColor& color) {
     if (table == nullptr) return false;
     const KdCellRange selection = table->getSubSelection();
-    if (cellwalk::isNoCell(selection)) return false;
     color = table->backgroundColor(selection.m_topRow, selection.m_leftColumn);
     const auto isCovered = [&](int row, int column) {
         CVqTableCellRange merge;

@@ -191,6 +191,19 @@ TEST_F(ToolbarMenus, check_what_the_selected_cells_have_in_common) {
     EXPECT_EQ(checked("IDC_TABLEDIT_ALIGNMENT"), "");
 }
 
+TEST_F(ToolbarMenus, check_what_the_first_cell_has_while_none_is_selected_and_change_nothing) {
+    const KdDbObjectId table = showOver(
+        TableBuilder(2, 2).align("A1", KdDb::kBottomRight).lock("A1").align("B2", KdDb::kTopLeft).select("B2"));
+    OpenObject<KdDbTable>(table, KdDb::kForRead)->clearSubSelection();
+    const std::string before = describe(look(table));
+    EXPECT_EQ(checked("IDC_TABLEDIT_ALIGNMENT"), "IDR_ALIGNMENT_BOTTOMRIGHT ");
+    EXPECT_EQ(checked("IDC_TABLEDIT_LOCKING"), "IDR_LOCKING_CONTENTLOCKED ");
+    EXPECT_EQ(checked("IDC_TABLEDIT_DATAFORMAT"), "");
+    choose("IDC_TABLEDIT_ALIGNMENT", "IDR_ALIGNMENT_MIDDLELEFT");
+    choose("IDC_TABLEDIT_LOCKING", "IDR_LOCKING_FORMATLOCKED");
+    EXPECT_EQ(describe(look(table)), before);
+}
+
 TEST_F(ToolbarMenus, a_read_only_lock_disables_its_item) {
     showOver(TableBuilder(3, 3).lock("A1", KdDb::kCellStateContentReadOnly).select("A1"));
     std::string disabled;
