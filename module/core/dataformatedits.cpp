@@ -48,7 +48,9 @@ int CVqTableCommon::SetDataFormatMenu(unsigned menuId, KdDbObjectId table) {
     return markedEdit(propertymark::kDataFormatMenu, [&] {
         KdValue::DataType type = KdValue::kUnknown;
         KdValue::UnitType unit = KdValue::kUnitless;
-        if (GetDataFormat(static_cast<int>(menuId), type, unit)) SetDataType(table, type, unit);
+        // The number of no format takes the type off.
+        GetDataFormat(static_cast<int>(menuId), type, unit);
+        SetDataType(table, type, unit);
     });
 }
 

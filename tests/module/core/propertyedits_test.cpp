@@ -288,13 +288,17 @@ TEST_F(PropertyEdits, SetDataFormatMenu_sets_type_and_unit_of_its_nine_commands)
     }
 }
 
-TEST_F(PropertyEdits, SetDataFormatMenu_passes_over_a_number_that_is_no_format) {
+TEST_F(PropertyEdits, SetDataFormatMenu_takes_the_type_off_by_every_other_number) {
     const KdDbObjectId table = addTable(TableBuilder(2, 2).select("A1:B1"));
-    Common::SetDataFormatMenu(1824, table);
-    const std::string before = described(table);
+    const auto kept = read(table, [](const KdDbTable& open) { return dataType(open, 1, 0); });
     for (const unsigned command : {0U, 1822U, 1832U, 0xFFFFFFFFU}) {
+        Common::SetDataFormatMenu(1824, table);
         EXPECT_EQ(Common::SetDataFormatMenu(command, table), 1);
-        EXPECT_EQ(described(table), before);
+        read(table, [&](const KdDbTable& open) {
+            EXPECT_EQ(dataType(open, 0, 0), std::pair(0, 0)) << command;
+            EXPECT_EQ(dataType(open, 0, 1), std::pair(0, 0)) << command;
+            EXPECT_EQ(dataType(open, 1, 0), kept);
+        });
     }
 }
 
