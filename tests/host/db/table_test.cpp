@@ -218,6 +218,17 @@ TEST(TableSelection, is_held_inside_the_table_after_rows_or_columns_went) {
     EXPECT_FALSE(table->hasSubSelection());
 }
 
+TEST(TableSelection, stays_as_it_was_held_when_as_many_rows_or_columns_come_back) {
+    auto rows = TableBuilder(5, 5).select("D4:E5").build();
+    rows->deleteRows(3, 2);
+    rows->insertRowsAndInherit(3, 2, 2);
+    EXPECT_EQ(rows->getSubSelection(), (KdCellRange{2, 3, 2, 4}));
+    auto columns = TableBuilder(5, 5).select("D4:E5").build();
+    columns->deleteColumns(3, 2);
+    columns->insertColumnsAndInherit(3, 2, 2);
+    EXPECT_EQ(columns->getSubSelection(), (KdCellRange{3, 2, 4, 2}));
+}
+
 TEST(TableSelection, stays_where_it_is_when_rows_come) {
     auto table = TableBuilder(3, 3).select("B2").build();
     table->insertRowsAndInherit(0, 0, 2);

@@ -105,6 +105,18 @@ TEST(CellContent, is_deleted_in_ranges_and_looks_stay) {
     EXPECT_EQ(kdtest::texts(*table), "||||\n||||\n||||\n");
 }
 
+TEST(CellContent, leaves_a_text_cell_when_it_is_deleted) {
+    for (const KdDb::CellType type : {KdDb::kBlockCell, KdDb::kMultipleContentCell}) {
+        KdDbTable table;
+        table.setCellType(0, 0, type);
+        if (type == KdDb::kBlockCell) table.setBlockTableRecordId(0, 0, 0, KdDbObjectId(5), false);
+        table.deleteContent({0, 0, 0, 0});
+        EXPECT_TRUE(table.isEmpty(0, 0));
+        EXPECT_EQ(table.cellType(0, 0), KdDb::kTextCell) << type;
+        EXPECT_EQ(table.contentType(0, 0), KdDb::kCellContentTypeValue) << type;
+    }
+}
+
 TEST(CellContent, is_deleted_from_no_range_outside_reversed_or_empty) {
     auto table = TableBuilder(2, 2).fill().build();
     const std::string before = describe(*table);
@@ -263,6 +275,14 @@ TEST(CellLooks, clearing_keeps_content_style_name_locks_and_merges) {
     EXPECT_EQ(table->cellState(2, 2), KdDb::kCellStateContentLocked);
     EXPECT_TRUE(table->isMergedCell(1, 0));
     EXPECT_EQ(table->alignment(1, 0), KdDb::kMiddleCenter);
+}
+
+TEST(CellLooks, whether_a_cell_merges_its_row_is_told_by_its_own_style) {
+    auto table = TableBuilder(3, 2).cellStyle("A1", L"_DATA").cellStyle("A3", L"_TITLE").build();
+    EXPECT_FALSE(table->isMergeAllEnabled(0, 0));
+    EXPECT_TRUE(table->isMergeAllEnabled(0, 1));
+    EXPECT_TRUE(table->isMergeAllEnabled(2, 0));
+    EXPECT_FALSE(table->isMergeAllEnabled(2, 1));
 }
 
 TEST(CellLooks, are_apart_in_cells_that_were_set_alike) {

@@ -46,6 +46,15 @@ TEST(TableCopy, of_one_cell_fills_the_whole_target) {
     EXPECT_EQ(out, cells("C1:C3"));
 }
 
+TEST(TableCopy, makes_rows_as_high_as_what_comes_into_them_needs) {
+    auto source = TableBuilder(1, 1).text("A1", L"one\\Ptwo\\Pthree").build();
+    auto target = TableBuilder(3, 2).build();
+    const double before = target->rowHeight(2);
+    ASSERT_EQ(copyCells(*target, *source, "A1", "B3"), Kdad::eOk);
+    EXPECT_GT(target->rowHeight(2), before);
+    EXPECT_DOUBLE_EQ(target->rowHeight(2), target->minimumRowHeight(2));
+}
+
 TEST(TableCopy, does_the_same_under_the_options_of_a_paste) {
     auto source = TableBuilder(2, 2).fill().align("A1", KdDb::kBottomLeft).build();
     for (const auto& [option, from, to] : {std::tuple{64, "A1:B2", "B2:C3"}, {0x20040, "A1", "B2:C3"}}) {

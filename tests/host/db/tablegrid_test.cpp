@@ -191,6 +191,16 @@ TEST(TableGrid, a_covered_cell_keeps_its_own_and_reaches_the_neighbour_outside_i
     EXPECT_EQ(table->gridLineWeight(0, 1, KdDb::kHorzBottom), KdDb::kLnWtByBlock);
 }
 
+TEST(TableGrid, a_locked_neighbour_shares_the_line_all_the_same) {
+    for (const SideCase& side : kSides) {
+        auto table = TableBuilder(3, 3).lock("A1:C3", KdDb::kCellStateFormatLocked).build();
+        table->setCellState(1, 1, KdDb::kCellStateNone);
+        table->setGridLineWeight(1, 1, side.side, KdDb::kLnWt100);
+        EXPECT_EQ(table->gridLineWeight(1, 1, side.side), KdDb::kLnWt100);
+        EXPECT_EQ(table->gridLineWeight(1 + side.down, 1 + side.right, side.facing), KdDb::kLnWt100) << side.side;
+    }
+}
+
 TEST(TableGrid, is_refused_by_the_lock_of_the_cell_named) {
     auto table = TableBuilder(2, 2).lock("A1", KdDb::kCellStateFormatLocked).build();
     const std::string before = kdtest::describe(*table);

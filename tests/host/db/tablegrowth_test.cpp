@@ -5,6 +5,7 @@
 #include <random>
 
 #include "kd/db/table.h"
+#include "tests/support/objects.h"
 
 namespace {
 
@@ -62,6 +63,26 @@ TEST(TableGrowth, rows_are_high_enough_after_any_changes_and_a_layout) {
                 << "round " << round << ", row " << row;
         }
     }
+}
+
+TEST(TableGrowth, a_row_is_high_enough_for_a_field_as_soon_as_it_stands_there) {
+    KdDbDatabase database;
+    auto* child = new KdDbField;
+    child->setFieldCode(L"a text that is far too long for one line of its column, and for two");
+    KdDbField* field = kdtest::fieldAround(child, L"%<\\_FldIdx 0>%");
+    ASSERT_EQ(field->postInDatabase(&database), Kdad::eOk);
+    const KdDbObjectId fieldId = field->objectId();
+    field->close();
+    auto made = std::make_unique<KdDbTable>();
+    made->setSize(3, columns);
+    const KdDbObjectId id = kdtest::append(database, made.release());
+
+    auto* table = kdtest::mustOpen<KdDbTable>(id, KdDb::kForWrite);
+    const double before = table->rowHeight(2);
+    table->setFieldId(2, 1, fieldId);
+    EXPECT_GT(table->rowHeight(2), before);
+    EXPECT_DOUBLE_EQ(table->rowHeight(2), table->minimumRowHeight(2));
+    table->close();
 }
 
 }  // namespace

@@ -156,6 +156,20 @@ TEST(TableHit, an_aperture_reaches_half_its_size_beyond_the_border) {
     EXPECT_EQ(hitCell(*table, 161, 181.5, 2.0, 1.0).column, 2);
 }
 
+TEST(TableHit, an_aperture_reaches_beyond_the_border_for_parts_of_the_table_too) {
+    auto table = placedTable();
+    int row = 7, column = 7, content = 7;
+    KdDb::TableHitItem item = KdDb::kTableHitNone;
+    EXPECT_FALSE(table->hitTest({161, 181.5, 0}, {0, 0, 1}, 1.9, 1.0, row, column, content, item));
+    EXPECT_FALSE(table->hitTest({161, 181.5, 0}, {0, 0, 1}, 2.0, 0.9, row, column, content, item));
+    EXPECT_EQ(row, 7);
+    ASSERT_TRUE(table->hitTest({161, 181.5, 0}, {0, 0, 1}, 2.0, 1.0, row, column, content, item));
+    EXPECT_EQ(row, 2);
+    EXPECT_EQ(column, 2);
+    EXPECT_EQ(content, 0);
+    EXPECT_EQ(item, KdDb::kTableHitCell);
+}
+
 TEST(TableHit, indicators_are_bands_of_twice_the_data_text_height) {
     auto table = placedTable();
     struct Case {
