@@ -130,7 +130,7 @@ TEST(CellGeometry, Directions_are_those_in_the_tables_plane) {
 
 TEST(CellGeometry, The_transform_goes_from_the_tables_own_coordinates_to_the_world) {
     for (const Turn& turn : turns) {
-        for (const int flow : {0, 1}) {
+        for (const int flow : {0, 1, 2, -1}) {
             SCOPED_TRACE(std::string(turn.what) + ", flow " + std::to_string(flow));
             auto table = makeSizedTable(flow);
             table->setDirection(turn.direction);
@@ -237,7 +237,9 @@ TEST_F(TextGeometry, Margins_are_told_of_a_cell_and_of_a_style) {
 
 TEST_F(TextGeometry, A_text_stands_by_its_alignment) {
     setMargins(2.0, 0.5, L"_DATA");
+    setMargins(7.0, 3.0, L"_HEADER");
     auto table = makeStyled(3, 2);
+    table->setCellStyle(2, 0, L"_HEADER");  // the margins of its neighbour don't matter to a cell
     // Width 40, height 10; x, and y with flow 0 and flow 1.
     struct Case {
         int alignment;
@@ -328,6 +330,17 @@ TEST_F(TextGeometry, GetTableMinHeight_takes_the_vertical_margin_of_the_first_co
     double height = 0.0;
     CVqTableCommon::GetTableMinHeight(table.get(), 1, 1, height);
     EXPECT_DOUBLE_EQ(height, 4.0 + 6.0);
+}
+
+TEST_F(TextGeometry, GetTableMinHeight_takes_the_margin_of_each_row) {
+    setMargins(1.0, 1.0, L"_TITLE");
+    setMargins(1.0, 2.0, L"_HEADER");
+    setMargins(1.0, 5.0, L"_DATA");
+    auto table = makeStyled(3, 2);
+    table->setTextHeight(-1, -1, 3.0);
+    double height = 0.0;
+    CVqTableCommon::GetTableMinHeight(table.get(), 3, 1, height);
+    EXPECT_DOUBLE_EQ(height, (2.0 + 4.0) + (4.0 + 4.0) + (10.0 + 4.0));
 }
 
 }  // namespace

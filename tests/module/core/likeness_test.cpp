@@ -143,7 +143,7 @@ TEST(IsIdenticalCellStyle, Compares_names_not_their_places_in_memory) {
 }
 
 TEST(IsIdenticalLocking, Compares_all_bits_of_the_state) {
-    for (const int bit : {1, 2, 16, 32}) {
+    for (const int bit : {1, 2, 4, 8, 16, 32, 64, 128}) {
         const auto table = makeTable(1, 2);
         table->setCellState(0, 1, static_cast<KdDb::CellState>(bit));
         EXPECT_FALSE(CVqTableCommon::IsIdenticalLocking(table.get(), {0, 0, 0, 1})) << bit;

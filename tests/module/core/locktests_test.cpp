@@ -96,6 +96,13 @@ TEST(IsRowHasText, Answers_whether_the_row_is_free_of_text) {
     EXPECT_TRUE(CVqTableCommon::IsRowHasText(table.get(), 2));
 }
 
+TEST(IsRowHasText, Takes_a_block_for_no_text) {
+    const auto table = makeTable(1, 2);
+    table->setBlockTableRecordId(0, 1, 0, KdDbObjectId(5), false);
+    ASSERT_FALSE(table->isEmpty(0, 1));
+    EXPECT_TRUE(CVqTableCommon::IsRowHasText(table.get(), 0));
+}
+
 TEST(IsRowHasText, Is_true_in_a_table_without_columns) {
     const auto table = makeTable(2, 0);
     ASSERT_EQ(table->numColumns(), 0);

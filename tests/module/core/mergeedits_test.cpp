@@ -4,6 +4,7 @@
 
 #include <QMessageBox>
 
+#include "host/ed/display.h"
 #include "host/win32/modules.h"
 #include "kd/ad/mainapp.h"
 #include "mfc/messagebox.h"
@@ -82,6 +83,19 @@ TEST_F(MergeEdits, MergeAll_after_a_no_leaves_everything_and_no_step_of_undo) {
         EXPECT_EQ(answers.count(), 1);
         EXPECT_EQ(describe(look(id)), before);
         EXPECT_TRUE(steps().empty());
+    }
+}
+
+TEST_F(MergeEdits, Each_updates_the_display_after_a_no_as_after_a_yes) {
+    for (const Edit edit : {CVqTableCommon::MergeAll, CVqTableCommon::MergeByRow, CVqTableCommon::MergeByColumn}) {
+        for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
+            const KdDbObjectId id = add(TableBuilder(2, 2).text("B2", L"there").select("A1:B2"));
+            BoxAnswers answers({answer});
+            answers.setLook([&] { kdhost::queueForRedraw(id); });
+            edit(id);
+            EXPECT_EQ(answers.count(), 1);
+            EXPECT_TRUE(kdhost::queuedForRedraw().empty());
+        }
     }
 }
 

@@ -138,6 +138,9 @@ TEST(MergeTests, IsMergeContentNoFirst_passes_over_the_top_left_cell_alone) {
     table->setTextString(1, 1, L"last");
     EXPECT_TRUE(CVqTableCommon::IsMergeContentNoFirst(table.get(), range));
     EXPECT_FALSE(CVqTableCommon::IsMergeContentNoFirst(table.get(), {1, 1, 1, 1}));
+    table->setBlockTableRecordId(1, 1, 0, KdDbObjectId(5), false);
+    ASSERT_FALSE(table->isEmpty(1, 1));
+    EXPECT_FALSE(CVqTableCommon::IsMergeContentNoFirst(table.get(), range)) << "a block is no text";
 }
 
 struct AtEnd {

@@ -69,6 +69,17 @@ TEST_F(Navigation, SelectNextCell_goes_on_behind_a_selection_of_several_cells) {
     }
 }
 
+TEST_F(Navigation, SelectNextCell_of_a_selection_from_right_to_left_begins_at_its_left_column) {
+    const KdDbObjectId id = addSized(TableBuilder(3, 4));
+    const std::pair<KdCellRange, const char*> all[] = {
+        {{0, 2, 0, 0}, "C1"}, {{1, 3, 2, 1}, "D2"}, {{0, 3, 0, 2}, "D1"}};
+    for (const auto& [selected, next] : all) {
+        select(id, selected);
+        EXPECT_TRUE(CVqTableCommon::SelectNextCell(id));
+        EXPECT_EQ(selection(id), cells(next));
+    }
+}
+
 TEST_F(Navigation, SelectNextCell_begins_at_the_first_cell_when_nothing_is_selected) {
     const KdDbObjectId id = addSized(TableBuilder(2, 2));
     EXPECT_TRUE(CVqTableCommon::SelectNextCell(id));
@@ -142,8 +153,11 @@ TEST_F(Navigation, SelectTopCell_and_SelectBottomCell_go_to_the_ends_of_the_colu
 
 TEST_F(Navigation, Moves_along_a_column_are_false_without_a_column) {
     const KdDbObjectId id = addSized(TableBuilder(3, 3));
-    for (const Move move : {CVqTableCommon::SelectUpperCell, CVqTableCommon::SelectLowerCell,
-                            CVqTableCommon::SelectTopCell, CVqTableCommon::SelectBottomCell}) {
+    const std::pair<Move, const char*> moves[] = {{CVqTableCommon::SelectUpperCell, "C1"},
+                                                  {CVqTableCommon::SelectLowerCell, "C1"},
+                                                  {CVqTableCommon::SelectTopCell, "C1"},
+                                                  {CVqTableCommon::SelectBottomCell, "C3"}};
+    for (const auto& [move, fromWholeColumn] : moves) {
         for (const KdCellRange& range : {KdCellRange{}, KdCellRange{1, -1, 1, -1}}) {
             select(id, range);
             EXPECT_FALSE(move(id));
@@ -151,7 +165,7 @@ TEST_F(Navigation, Moves_along_a_column_are_false_without_a_column) {
         }
         select(id, {-1, 2, -1, 2});
         EXPECT_TRUE(move(id)) << "whole columns have one";
-        EXPECT_EQ(selection(id).m_leftColumn, 2);
+        EXPECT_EQ(selection(id), cells(fromWholeColumn));
     }
 }
 

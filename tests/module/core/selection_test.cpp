@@ -173,6 +173,15 @@ TEST_F(TableInDrawing, GetSubSelection_gives_no_cell_when_the_open_fails) {
     EXPECT_EQ(CVqTableCommon::GetSubSelection(table), KdCellRange{});
 }
 
+TEST_F(TableInDrawing, GetSubSelection_reads_it_beside_others_and_on_a_locked_layer) {
+    OpenObject<KdDbTable>(table, KdDb::kForWrite)->setSubSelection({0, 1, 1, 2});
+    lockLayer(true);
+    EXPECT_EQ(CVqTableCommon::GetSubSelection(table), (KdCellRange{0, 1, 1, 2}));
+    lockLayer(false);
+    const OpenObject<KdDbTable> reader(table, KdDb::kForRead);
+    EXPECT_EQ(CVqTableCommon::GetSubSelection(table), (KdCellRange{0, 1, 1, 2}));
+}
+
 TEST_F(TableInDrawing, IsTableLocking_tells_whether_its_layer_is_locked) {
     EXPECT_FALSE(CVqTableCommon::IsTableLocking(table));
     lockLayer(true);

@@ -78,6 +78,14 @@ TEST_F(ToolbarLife, stands_in_the_middle_of_the_screen_with_its_title_and_no_but
     EXPECT_TRUE(window()->testAttribute(Qt::WA_InputMethodEnabled));
 }
 
+TEST_F(ToolbarLife, comes_up_without_becoming_the_active_window) {
+    const KdDbObjectId table = showOver(TableBuilder(3, 3).select("B2"));
+    EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
+    showTableToolBar(table, false);
+    showTableToolBar(table, true);
+    EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating)) << "nor does it when it comes again";
+}
+
 TEST_F(ToolbarLife, follows_the_selection_of_its_table) {
     const KdDbObjectId table = showOver(TableBuilder(3, 3).select("B2"));
     EXPECT_FALSE(button("IDC_TABLEDIT_MERGECELL").isEnabled());
@@ -266,6 +274,10 @@ TEST_F(ToolbarLife, GetSelectRange_answers_for_the_toolbars_table_alone) {
         const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
         EXPECT_FALSE(CVqTableCommon::GetSelectRange(range));
     }
+    lockLayerOf(table);
+    select(table, "A1:B2");
+    EXPECT_TRUE(CVqTableCommon::GetSelectRange(range)) << "nothing is written";
+    EXPECT_EQ(range, cells("A1:B2"));
     showTableToolBar(table, false);
     EXPECT_FALSE(CVqTableCommon::GetSelectRange(range));
 }
