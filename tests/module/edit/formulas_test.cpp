@@ -112,9 +112,9 @@ TEST_F(Formulas, of_a_cell_of_another_table_name_it_by_its_decimal_id) {
     EXPECT_EQ(openedWith(), (Words{L"=Table(" + numberOf(other) + L").B1"}));
 }
 
-TEST_F(Formulas, of_one_of_several_selected_cells_name_the_first) {
-    host.editor().input().put({table, cells("A2:B3")});
-    EXPECT_TRUE(run(Common::InsertCellFormula, {}));
+TEST_F(Formulas, of_a_cell_that_is_merged_name_the_first_of_its_merge) {
+    change(table, [](KdDbTable& open) { open.mergeCells(1, 2, 0, 1); });
+    EXPECT_TRUE(run(Common::InsertCellFormula, {L"25,-25"}));
     EXPECT_EQ(openedWith(), (Words{L"=A2"}));
 }
 
@@ -247,6 +247,19 @@ TEST_F(Formulas, without_an_id_are_those_of_the_toolbars_table) {
         EXPECT_TRUE(insert());
         EXPECT_EQ(openedWith(), formula);
     }
+}
+
+TEST_F(Formulas, with_an_id_are_of_that_table_whatever_the_toolbar_shows) {
+    select(other, "A1");
+    Common::ShowTableToolbar(other, true);
+    EXPECT_TRUE(run(Common::InsertSumFormula, {L"1,-1", L"25,-1"}));
+    EXPECT_EQ(openedWith(), (Words{L"=Sum(A1:B1)"}));
+    EXPECT_EQ(codeOf(table, 2, 2), L"\\AcExpr (Sum(A1:B1))");
+    EXPECT_STREQ(look(other).textString(0, 0), L"40");
+    Common::ShowTableToolbar(other, true);
+    EXPECT_TRUE(run(Common::InsertEquation, {}));
+    EXPECT_STREQ(look(table).textString(2, 2), L"=");
+    EXPECT_STREQ(look(other).textString(0, 0), L"40");
 }
 
 TEST_F(Formulas, work_by_the_id_without_a_toolbar_and_not_without_both) {

@@ -15,6 +15,7 @@
 #include "kd/db/database.h"
 #include "kd/db/dictionary.h"
 #include "kd/db/table.h"
+#include "kd/db/tablestyle.h"
 #include "module/core/resources.h"
 #include "tests/support/virtualslots.h"
 #include "tvx/exports.h"
@@ -148,18 +149,40 @@ TEST_F(TableIoCsv, Empty_fields_that_are_there_have_the_height_of_an_import_too)
     EXPECT_NE(info.table->textHeight(2, 1), 6.0);
 }
 
-TEST_F(TableIoCsv, The_table_lies_at_the_origin_in_style_Standard_and_in_no_drawing) {
+TEST_F(TableIoCsv, The_table_lies_at_the_origin_in_style_Standard_whatever_is_current_and_in_no_drawing) {
+    KdDbDictionary* styles = nullptr;
+    ASSERT_EQ(host.workingDatabase()->getTableStyleDictionary(styles, KdDb::kForWrite), Kdad::eOk);
+    KdDbObjectId standard;
+    EXPECT_EQ(styles->getAt(L"Standard", standard), Kdad::eOk);
+    auto* mine = new KdDbTableStyle;
+    KdDbObjectId current;
+    EXPECT_EQ(styles->setAt(L"Mine", mine, current), Kdad::eOk);
+    mine->close();
+    styles->close();
+    host.workingDatabase()->setTablestyle(current);
+    ASSERT_EQ(host.workingDatabase()->tablestyle(), current);
     importText("a\n");
     ASSERT_EQ(info.status, 0);
     EXPECT_EQ(info.table->position(), KdGePoint3d());
     EXPECT_TRUE(info.table->objectId().isNull());
-    KdDbDictionary* styles = nullptr;
-    ASSERT_EQ(host.workingDatabase()->getTableStyleDictionary(styles), Kdad::eOk);
-    KdDbObjectId standard;
-    EXPECT_EQ(styles->getAt(L"Standard", standard), Kdad::eOk);
-    styles->close();
     EXPECT_EQ(info.table->tableStyle(), standard);
     EXPECT_EQ(info.table->layerId(), host.workingDatabase()->clayer());
+}
+
+TEST_F(TableIoCsv, A_reader_keeps_to_the_drawing_that_was_worked_on_when_it_was_made) {
+    const KdDbObjectId style = host.workingDatabase()->tablestyle();
+    const KdDbObjectId layer = host.workingDatabase()->clayer();
+    KdDbDatabase later;
+    host.setWorkingDatabase(&later);
+    importText("a\n");
+    ASSERT_EQ(info.status, 0);
+    EXPECT_EQ(info.table->tableStyle(), style);
+    EXPECT_EQ(info.table->layerId(), layer);
+    host.setWorkingDatabase(nullptr);
+    delete std::exchange(info.table, nullptr);
+    importText("a\n");
+    ASSERT_EQ(info.status, 0);
+    EXPECT_EQ(info.table->tableStyle(), style);
 }
 
 TEST_F(TableIoCsv, A_line_that_does_not_count_still_widens_the_table) {
@@ -259,12 +282,14 @@ TEST_F(TableIoCsv, A_refused_file_takes_no_table_of_an_earlier_one_along) {
     EXPECT_STREQ(earlier->textString(0, 0), L"a");
 }
 
-TEST_F(TableIoCsv, Without_table_styles_the_user_is_told) {
+TEST_F(TableIoCsv, Without_table_styles_the_user_is_told_and_no_table_of_an_earlier_file_taken_along) {
+    KdDbTable earlier;
+    info.table = &earlier;
     kdhost::faults().noTableStyleDictionary = true;
     importText("a\n");
     kdhost::faults() = {};
     EXPECT_EQ(info.status, 1);
-    EXPECT_EQ(info.table, nullptr);
+    EXPECT_EQ(std::exchange(info.table, nullptr), nullptr);
     const ResourceScope resources;
     EXPECT_FALSE(loadText(6054).IsEmpty());
     EXPECT_FALSE(loadText(6060).IsEmpty());
@@ -405,7 +430,10 @@ protected:
         info.handle = &throwing;
         info.status = 0;
         info.error = L"as before";
+        KdDbTable earlier;
+        info.table = &earlier;
         EXPECT_EQ(function(&info), 0);
+        EXPECT_EQ(std::exchange(info.table, nullptr), &earlier) << "the record's table stays";
         return {info.status, info.error};
     }
 
@@ -467,7 +495,6 @@ TEST_F(OtherReaders, Anything_else_thrown_is_status_1_without_a_word) {
         EXPECT_EQ(after(std::runtime_error("narrow"), function), (std::pair<int, std::wstring>(1, L"as before")));
         EXPECT_EQ(after(42, function), (std::pair<int, std::wstring>(1, L"as before")));
     }
-    EXPECT_EQ(info.table, nullptr);
 }
 
 TEST_F(OtherReaders, The_inner_function_lets_no_exception_out_either) {
@@ -476,6 +503,12 @@ TEST_F(OtherReaders, The_inner_function_lets_no_exception_out_either) {
     info.handle = &throwing;
     EXPECT_NO_THROW(tvxtableImportTableFromExlSE(&info));
     EXPECT_EQ(info.status, 1);
+    EXPECT_EQ(info.error, L"as before");
+    throwing.thrower = [] { throw std::wstring(L"string"); };
+    info.status = 0;
+    EXPECT_NO_THROW(tvxtableImportTableFromExlSE(&info));
+    EXPECT_EQ(info.status, 1);
+    EXPECT_EQ(info.error, L"string");
 }
 
 }  // namespace

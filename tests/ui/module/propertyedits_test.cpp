@@ -19,7 +19,10 @@
 #include "module/core/cellstylewalk.h"
 #include "module/edit/edittablecell.h"
 #include "tests/module/core/editfixture.h"
+#include "tests/support/configfolder.h"
 #include "tests/support/modalacts.h"
+#include "tests/support/objects.h"
+#include "win32/registry.h"
 
 namespace kdtest {
 namespace {
@@ -133,6 +136,27 @@ TEST_F(AskingEdits, The_colour_of_the_cells_never_reaches_the_dialog_which_start
     EXPECT_EQ(color, KdCmColor::fromIndex(77)) << "the caller's colour is lost";
 }
 
+TEST_F(AskingEdits, The_dialog_starts_from_the_colour_of_the_current_layer_whatever_layer_that_is) {
+    setLayerColor(KdCmColor::fromIndex(77));
+    const auto makeGreen = [](KdDbLayerTableRecord& layer) { layer.setColor(KdCmColor::fromIndex(42)); };
+    host.database().setClayer(addRecord<KdDbLayerTableRecord>(host.database().layerTableId(), L"Walls", makeGreen));
+    int shown = 0;
+    nextColor("CANCEL", &shown);
+    Common::SetBackgroundColorFormMenu(addTable(TableBuilder(1, 1).select("A1")));
+    EXPECT_EQ(shown, 42);
+}
+
+TEST_F(AskingEdits, Cells_without_a_fill_offer_by_layer_where_the_layer_cannot_be_opened) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 1).select("A1"));
+    const OpenObject<KdDbLayerTableRecord> writer(host.database().clayer(), KdDb::kForWrite);
+    next([](QWidget&) {
+        EXPECT_EQ(automation::expect(L"IDC_COLOR_NAME_STATIC", L"text", L"By layer"), L"");
+        EXPECT_EQ(automation::click(L"IDOK"), L"");
+    });
+    EXPECT_EQ(Common::SetBackgroundColorFormMenu(table), 1);
+    EXPECT_TRUE(look(table).backgroundColor(0, 0).isByLayer());
+}
+
 TEST_F(AskingEdits, The_colour_given_reaches_the_dialog_just_when_the_layer_cannot_be_opened) {
     setLayerColor(KdCmColor::fromIndex(77));
     const OpenObject<KdDbLayerTableRecord> writer(host.database().clayer(), KdDb::kForWrite);
@@ -166,6 +190,22 @@ TEST_F(AskingEdits, SetTableIndicator_keeps_the_colour_chosen_and_offers_no_meta
     EXPECT_TRUE(Common::SetTableIndicator(KdDbObjectId::kNull)) << "it is one colour for all tables";
     EXPECT_EQ(kept(), KdCmColor::fromRgb(11, 22, 33));
     vqcadMainAppService()->setTableIndicatorColor(before);
+}
+
+TEST_F(AskingEdits, SetTableIndicator_asks_nothing_where_the_colour_cannot_be_read) {
+    const ConfigFolder folder;
+    vqcadMainAppService()->setTableIndicatorColor(KdCmColor::fromIndex(5));
+    HKEY key = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\KdHost\\Profiles\\Default", 0, KEY_WRITE, &key),
+              ERROR_SUCCESS);
+    const BYTE text[] = {65, 0, 0, 0};
+    EXPECT_EQ(RegSetValueExW(key, L"TableIndicatorColor", 0, REG_SZ, text, sizeof text), ERROR_SUCCESS);
+    RegCloseKey(key);
+    KdCmColor color;
+    ASSERT_FALSE(vqcadMainAppService()->tableIndicatorColor(color));
+    expectNoDialog();
+    EXPECT_FALSE(Common::SetTableIndicator(KdDbObjectId::kNull));
+    QApplication::processEvents();
 }
 
 /// What the data format dialog shows.
@@ -227,12 +267,12 @@ TEST_F(AskingEdits, SetDataFormat_shows_the_sample_of_each_type_and_unit) {
 }
 
 TEST_F(AskingEdits, SetDataFormat_starts_from_the_first_cells_format) {
-    const KdDbObjectId table = addTable(TableBuilder(1, 2).select("A1:B1"));
+    const KdDbObjectId table = addTable(TableBuilder(2, 2).select("A1:B2"));
     {
         const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
-        open->setDataType(0, -1, KdValue::kDouble, KdValue::kUnitless);
+        open->setDataType(-1, -1, KdValue::kDouble, KdValue::kUnitless);
+        open->setDataFormat(-1, -1, L"%lu2%pr1");
         open->setDataFormat(0, 0, L"%lu2%pr4");
-        open->setDataFormat(0, 1, L"%lu2%pr1");
     }
     next([](QWidget& dialog) {
         EXPECT_EQ(dialog.findChild<QSpinBox*>(QStringLiteral("IDC_DATAFORMAT_PRECISION_SPIN"))->value(), 4);
@@ -240,6 +280,27 @@ TEST_F(AskingEdits, SetDataFormat_starts_from_the_first_cells_format) {
     });
     EXPECT_EQ(Common::SetDataFormat(table), 1);
     EXPECT_STREQ(look(table).format(0, 1), L"%lu2%pr4");
+    EXPECT_STREQ(look(table).format(1, 0), L"%lu2%pr4");
+}
+
+TEST_F(AskingEdits, SetDataFormat_shows_the_sample_in_the_units_of_the_drawing) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 1).select("A1"));
+    {
+        const OpenObject<KdDbTable> open(table, KdDb::kForWrite);
+        open->setDataType(0, 0, KdValue::kDouble, KdValue::kUnitless);
+        open->setDataFormat(0, 0, L"%pr2");
+    }
+    const std::pair<int, const char*> units[] = {{1, "8.45E+02"}, {2, "845.35"}};
+    for (const auto& [unit, sample] : units) {
+        ASSERT_EQ(host.database().setLunits(unit), Kdad::eOk);
+        QString shown;
+        next([&](QWidget& dialog) {
+            shown = shownFormat(dialog).sample;
+            EXPECT_EQ(automation::click(L"IDCANCEL"), L"");
+        });
+        EXPECT_EQ(Common::SetDataFormat(table), 1);
+        EXPECT_EQ(shown, QString::fromLatin1(sample));
+    }
 }
 
 TEST_F(AskingEdits, SetDataFormat_leaves_the_display_to_the_host_and_colours_update_it) {
