@@ -60,12 +60,6 @@ Form formOf(const KdDbField& field, const KdDbTable& table, KdDbObjectId textSty
     return takeApart(whole.str()) ? Form::Formula : Form::Text;
 }
 
-LoadedField loadFormula(KdDbMText& text, const KdDbField& field) {
-    const BracketedCode code = *takeApart(field.getFieldCode(KdDbField::kAddChildren).str());
-    text.setContents((L'=' + code.inner).c_str());
-    return {code.behind, field.objectId()};
-}
-
 /// The text owns the copy once it has taken it. False, with the copy gone, when it doesn't.
 bool attach(KdDbMText& text, std::unique_ptr<KdDbField> copy) {
     const bool isTaken = text.setField(textField, copy.get()) == Kdad::eOk;
@@ -75,9 +69,9 @@ bool attach(KdDbMText& text, std::unique_ptr<KdDbField> copy) {
 
 /// Attaches a copy of the field, each of its children copied anew. From one that can't be read on they stay those that
 /// came with the copy: each further one would take the place before its own.
-LoadedField loadText(KdDbMText& text, const KdDbField& field) {
+void loadText(KdDbMText& text, const KdDbField& field) {
     KdDbField* copy = field.clone();
-    if (!attach(text, std::unique_ptr<KdDbField>(copy))) return {};
+    if (!attach(text, std::unique_ptr<KdDbField>(copy))) return;
     for (int i = 0; i < field.childCount(); ++i) {
         KdDbField* child = nullptr;
         if (field.getChild(i, child, KdDb::kForRead) != Kdad::eOk) break;
@@ -86,7 +80,17 @@ LoadedField loadText(KdDbMText& text, const KdDbField& field) {
         if (copy->setField(L"", anew.get()) != Kdad::eOk) break;
         static_cast<void>(anew.release());
     }
-    return {};
+}
+
+/// A formula without an expression is shown as its field shows, and typed over it stays that field.
+LoadedField loadFormula(KdDbMText& text, const KdDbField& field) {
+    const BracketedCode code = *takeApart(field.getFieldCode(KdDbField::kAddChildren).str());
+    if (code.inner.empty()) {
+        loadText(text, field);
+    } else {
+        text.setContents((L'=' + code.inner).c_str());
+    }
+    return {code.behind, field.objectId()};
 }
 
 /// Takes off the end of `text` as many characters as there are in `measure`.
@@ -125,7 +129,8 @@ LoadedField loadCellField(KdDbMText& text, KdDbObjectId id, const KdDbTable& tab
     if (!field) return {};
     switch (formOf(*field, table, text.textStyle())) {
         case Form::Text:
-            return loadText(text, *field);
+            loadText(text, *field);
+            return {};
         case Form::Formula:
             return loadFormula(text, *field);
         case Form::FormulaOfFields:

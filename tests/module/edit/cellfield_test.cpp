@@ -12,9 +12,17 @@
 #include "module/edit/celledit.h"
 #include "tests/module/edit/commandrun.h"
 #include "tests/module/edit/typist.h"
+#include "tests/support/objects.h"
 
 namespace kdtest {
 namespace {
+
+/// A field that stands for one child of the inner code.
+KdDbField* fieldOver(const wchar_t* inner, const wchar_t* code = firstChildMark) {
+    auto* inside = new KdDbField;
+    inside->setFieldCode(inner);
+    return fieldAround(inside, code);
+}
 
 /// Gives a field that code, over one child of the inner one.
 void setCodeOver(KdDbField& field, const std::wstring& code, const wchar_t* inner) {
@@ -74,6 +82,11 @@ protected:
     }
     KdDbObjectId fieldAt(int row, int column) const { return look(table).fieldId(row, column); }
     std::wstring shown(int row, int column) const { return look(table).textString(row, column); }
+    KdDbObjectId ownerAt(int row, int column) const {
+        const OpenObject<KdDbField> field(fieldAt(row, column), KdDb::kForRead);
+        EXPECT_TRUE(field);
+        return field ? field->ownerId() : KdDbObjectId();
+    }
     std::wstring code(KdDbObjectId id, KdDbField::FieldCodeFlag flag = KdDbField::kAddChildren) const {
         const OpenObject<KdDbField> field(id, KdDb::kForRead);
         return field ? field->getFieldCode(flag).str() : L"(no field)";
@@ -104,6 +117,34 @@ TEST_F(CellFields, a_formulas_tail_is_kept_behind_the_new_expression) {
     EXPECT_EQ(edit(2, 0, {L"=A2/A1+0.001", 0}), L"=A1/A2");
     EXPECT_EQ(code(id), L"\\AcExpr (A2/A1+0.001) \\f \"%lu2%pr2%zs0\"");
     EXPECT_EQ(shown(2, 0), L"1.40");
+}
+
+/// What counts is what stands behind the bracket in the code of the whole field, formatting codes too: that is a rule.
+TEST_F(CellFields, the_tail_of_a_formula_is_what_stands_behind_it_in_its_field) {
+    const KdDbObjectId id = put(2, 0, L"{\\C1;%<\\_FldIdx 0>%}", {L"\\AcExpr (A1+A2)"});
+    EXPECT_EQ(edit(2, 0, {L"=A1", 0}), L"=A1+A2");
+    EXPECT_EQ(fieldAt(2, 0), id);
+    EXPECT_EQ(code(id), L"{\\C1;\\AcExpr (A1)}}");
+}
+
+TEST_F(CellFields, a_formula_without_an_expression_shows_marks_and_left_as_it_is_stays_a_field_of_the_table) {
+    for (const wchar_t* typed : {L"==", L"= "}) {
+        edit(2, 1, {typed, 0});
+        ASSERT_EQ(code(fieldAt(2, 1)), L"\\AcExpr ()");
+        EXPECT_EQ(edit(2, 1, leave(0)), L"####");
+        EXPECT_EQ(code(fieldAt(2, 1)), L"\\AcExpr ()");
+        EXPECT_EQ(ownerAt(2, 1), table);
+        EXPECT_EQ(shown(2, 1), L"####");
+        edit(2, 1, {L"", 0});
+    }
+}
+
+TEST_F(CellFields, a_formula_typed_over_one_without_an_expression_goes_into_its_field_before_its_tail) {
+    const KdDbObjectId id = put(2, 0, firstChildMark, {L"\\AcExpr () \\f \"%lu2%pr2%zs0\""});
+    EXPECT_EQ(edit(2, 0, {L"=A1/A2", 0}), L"####");
+    EXPECT_EQ(fieldAt(2, 0), id);
+    EXPECT_EQ(code(id), L"\\AcExpr (A1/A2) \\f \"%lu2%pr2%zs0\"");
+    EXPECT_EQ(shown(2, 0), L"0.71");
 }
 
 TEST_F(CellFields, a_formula_left_as_it_is_is_written_back_unchanged) {
@@ -141,6 +182,15 @@ TEST_F(CellFields, a_field_of_several_children_is_a_text_with_copied_fields) {
     EXPECT_EQ(shown(2, 0), L"5/7");
     change(table, [](KdDbTable& open) { open.setTextString(0, 0, L"6"); });
     EXPECT_EQ(shown(2, 0), L"6/7") << "the copies are fields of the cell";
+}
+
+TEST_F(CellFields, a_formula_typed_over_a_text_with_fields_is_a_field_of_its_own) {
+    const KdDbObjectId id = put(2, 0, L"%<\\_FldIdx 0>%/%<\\_FldIdx 1>%", {L"\\AcExpr (A1)", L"\\AcExpr (A2)"});
+    EXPECT_EQ(edit(2, 0, {L"=A1+100", 0}), L"5/7");
+    EXPECT_NE(fieldAt(2, 0), id);
+    EXPECT_EQ(code(id), L"\\AcExpr (A1)/\\AcExpr (A2)");
+    EXPECT_EQ(code(fieldAt(2, 0)), L"\\AcExpr (A1+100)");
+    EXPECT_EQ(shown(2, 0), L"105");
 }
 
 TEST_F(CellFields, a_field_without_children_is_copied_whole) {
@@ -209,6 +259,14 @@ TEST_F(CellFields, a_formula_over_fields_takes_its_tail_from_the_end_of_its_expr
     EXPECT_EQ(code(fieldAt(2, 0)), L"\\AcExpr (\\AcExpr (A1+1)*22)");
 }
 
+TEST_F(CellFields, equals_signs_and_blanks_before_a_formula_over_fields_are_taken_off) {
+    edit(2, 1, {std::nullopt, 0, [](KdDbMText& text) {
+                    text.setField(textField, fieldOver(L"\\AcExpr (A1+1)", L"= =%<\\_FldIdx 0>%*2"));
+                }});
+    EXPECT_EQ(code(fieldAt(2, 1)), L"\\AcExpr (\\AcExpr (A1+1)*2)");
+    EXPECT_EQ(shown(2, 1), L"12");
+}
+
 TEST_F(CellFields, a_text_whose_fields_are_edited_away_is_a_text) {
     putFormulaOfFields(2, 0);
     edit(2, 0, {L"plain", 0});
@@ -225,14 +283,27 @@ TEST_F(CellFields, a_formula_over_fields_that_is_typed_anew_stays_its_field) {
 }
 
 TEST_F(CellFields, a_field_put_into_a_plain_cell_is_posted_and_belongs_to_the_table_if_it_is_a_formula) {
-    edit(2, 1, {std::nullopt, 0, [](KdDbMText& text) {
-                    auto* field = new KdDbField;
-                    field->setFieldCode(L"\\AcExpr (A1+A2)");
-                    text.setField(L"TEXT", field);
-                }});
-    ASSERT_FALSE(fieldAt(2, 1).isNull());
-    EXPECT_EQ(OpenObject<KdDbField>(fieldAt(2, 1), KdDb::kForRead)->ownerId(), table);
-    EXPECT_EQ(shown(2, 1), L"12");
+    struct Put {
+        std::function<KdDbField*()> make;
+        const wchar_t* shown;
+        bool isFormula;
+    };
+    const auto single = [](const wchar_t* code) {
+        auto* field = new KdDbField;
+        field->setFieldCode(code);
+        return field;
+    };
+    for (const Put& put :
+         {Put{[&] { return single(L"\\AcExpr (A1+A2)"); }, L"12", true},
+          Put{[] { return fieldOver(L"\\AcExpr (A1*A2)"); }, L"35", true},
+          Put{[&] { return single(L"just text"); }, L"just text", false},
+          Put{[] { return fieldOver(L"\\AcExpr (A1)", L"total %<\\_FldIdx 0>%"); }, L"total 5", false}}) {
+        edit(2, 1, {std::nullopt, 0, [&](KdDbMText& text) { text.setField(textField, put.make()); }});
+        ASSERT_FALSE(fieldAt(2, 1).isNull());
+        EXPECT_EQ(shown(2, 1), put.shown);
+        EXPECT_EQ(ownerAt(2, 1), put.isFormula ? table : KdDbObjectId()) << code(fieldAt(2, 1)).c_str();
+        edit(2, 1, {L"", 0});
+    }
 }
 
 TEST_F(CellFields, a_field_that_does_not_open_leaves_the_editor_empty) {
