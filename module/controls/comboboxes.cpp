@@ -36,10 +36,14 @@ CStdStr<wchar_t> selectedText(const CComboBox& box) {
     return text;
 }
 
-void finishColorChoice(CKdUiMRUComboBox& box) {
+bool finishColorChoice(CKdUiMRUComboBox& box) {
     box.clearDropFlags(kDropFlags);
+    const int row = box.GetCurSel();
+    const bool asks = row >= 0 && row == box.FindOtherItem(box.GetOtherName());
+    const bool isChosen = !asks || box.SelectOther(1);
     box.OnSelEndOk();
     box.OnCloseUp();
+    return isChosen;
 }
 
 void showSamples(const CComboBox& box, BoxSamples samples) {

@@ -11,8 +11,9 @@ void showRow(CComboBox& box, int row);
 /// Empty when no row is selected.
 CStdStr<wchar_t> selectedText(const CComboBox& box);
 /// What a dialog does first when a row of a colour box was chosen: the list closes and the choice is final, that of
-/// the entry for other colours after the host has asked for one.
-void finishColorChoice(CKdUiMRUComboBox& box);
+/// the entry for other colours after the host has asked for one. False when the user cancelled that; the row before is
+/// selected again.
+bool finishColorChoice(CKdUiMRUComboBox& box);
 
 /// The samples that a box paints before the texts of its rows; see KdUiComboBox::setComboBoxStyle.
 enum BoxSamples : int { kLinetypeSamples = 1, kWeightSamples = 2, kColorSamples = 3 };

@@ -68,11 +68,8 @@ void CVqTableditMiniFrameWnd::OnInsertFormulas() {
 
 void CVqTableditMiniFrameWnd::OnBackgroundColor() {
     const ResourceScope resources;
-    const int before = m_colorCombo.GetLastSelection();
-    const bool asks = m_colorCombo.GetCurSel() == m_colorCombo.FindOtherItem(m_colorCombo.GetOtherName());
-    finishColorChoice(m_colorCombo);
     // Cancelling the colour dialog changes no cell, and the list shows what it showed.
-    if (asks && m_colorCombo.GetCurSel() == before) return UpdateToolBar();
+    if (!finishColorChoice(m_colorCombo)) return UpdateToolBar();
 
     KdCmColor color;
     if (!m_colorCombo.GetCurrentItemColor(color)) return;

@@ -114,6 +114,21 @@ TEST_F(ToolbarColors, change_nothing_when_asking_is_cancelled) {
     EXPECT_TRUE(steps().empty());
 }
 
+TEST_F(ToolbarColors, empty_cells_of_different_fills_in_one_step_when_asking_is_answered_by_no_fill) {
+    const KdDbObjectId table = showOver(TableBuilder(3, 3).select("A1:B2"));
+    fill(table, "B2", KdCmColor::fromIndex(1));
+    nextColor(L"none");
+    chooseRow(kColorComboName, other());
+    for (const auto& [row, column] : {std::pair{0, 0}, {0, 1}, {1, 0}, {1, 1}}) {
+        EXPECT_TRUE(look(table).backgroundColor(row, column).isNone()) << row << ", " << column;
+    }
+    EXPECT_EQ(steps(), std::vector<std::wstring>{L"BackgroundFill"});
+    EXPECT_EQ(colors().currentIndex(), 0);
+    EXPECT_EQ(undoHistory().undo(), Kdad::eOk);
+    EXPECT_EQ(look(table).backgroundColor(1, 1), KdCmColor::fromIndex(1));
+    EXPECT_EQ(colors().currentIndex(), -1);
+}
+
 class ToolbarCellStyles : public ToolbarTest {
 protected:
     static std::wstring text(unsigned number) {
@@ -182,6 +197,13 @@ TEST_F(ToolbarCellStyles, choosing_the_row_at_the_line_opens_the_list_again) {
     EXPECT_TRUE(styles().view()->isVisible());
     styles().hidePopup();
     EXPECT_EQ(describe(look(table)), before);
+    setMode(0);
+    showTableToolBar(table, false);
+    setMode(1);
+    showTableToolBar(table, true);
+    EXPECT_EQ(rows().size(), 6U);
+    EXPECT_LE(styles().currentIndex(), 0) << "it is no choice to be shown again";
+    chooseRow(kCellStyleComboName, L"#1");
     chooseFirst();
 }
 

@@ -101,6 +101,14 @@ TEST_P(ToolbarDialogLooks, every_control_has_its_size_and_is_told_to_the_user) {
     keep(*window(), "toolbar");
 }
 
+TEST_P(ToolbarDialogLooks, its_images_are_drawn_for_the_scale_of_the_screen) {
+    showOver(TableBuilder(4, 4).select("B2:C3"));
+    const int times = std::clamp(static_cast<int>(kdadGetDPIScale()), 1, 3);
+    const QPixmap unscaled(QStringLiteral(":/TvxTableRes/TvxTableRes/IDR_TABLEDIT_BAR"));
+    ASSERT_GT(unscaled.height(), 0);
+    EXPECT_EQ(window()->findChild<QToolBar*>()->iconSize(), QSize(1, 1) * times * unscaled.height());
+}
+
 TEST_P(ToolbarDialogLooks, disabled_controls_and_other_fills_look_so) {
     const KdDbObjectId table = showOver(TableBuilder(4, 4).lock("B2").align("A1:D4", KdDb::kBottomRight).select("B2"));
     CVqTableCommon::SetBackgroundColor(table, KdCmColor::fromRgb(200, 220, 255));
