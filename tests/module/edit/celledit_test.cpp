@@ -131,6 +131,17 @@ TEST_F(CellEdit, a_block_cell_gets_neither_editor_nor_word) {
     EXPECT_EQ(host.messages().size(), words);
 }
 
+TEST_F(CellEdit, a_block_cell_whose_content_is_locked_gets_the_word) {
+    const KdDbObjectId id = add(TableBuilder(2, 2).build());
+    change(id, [&](KdDbTable& table) {
+        table.setBlockTableRecordId(0, 0, 0, host.database().modelSpaceId(), true);
+        table.setCellState(0, 0, KdDb::kCellStateContentLocked);
+    });
+    EXPECT_FALSE(edit(id, 0, 0));
+    EXPECT_TRUE(typist.opened.empty());
+    EXPECT_EQ(L"\n" + host.lastMessage(), text(2220));
+}
+
 TEST_F(CellEdit, a_cell_outside_the_table_is_refused_without_a_prompt) {
     const KdDbObjectId id = add(TableBuilder(2, 2).build());
     for (const auto& [row, column] : {std::pair(-1, 0), {0, -1}, {2, 0}, {0, 2}}) EXPECT_FALSE(edit(id, row, column));

@@ -5,6 +5,7 @@
 #include "kd/ed/resbuf.h"
 #include "tests/module/edit/commandrun.h"
 #include "tests/module/edit/typist.h"
+#include "tests/support/modalacts.h"
 
 namespace kdtest {
 namespace {
@@ -325,10 +326,32 @@ TEST_F(Menus, Edittablestyle_Newtablestyle_and_the_border_ask_no_line) {
     EXPECT_EQ(runMenu(operation, KdDbObjectId::kNull, {L"BOrder", L"BAck"}), RTNORM);
 }
 
+TEST_F(Menus, Edittablestyle_manages_the_cell_styles_and_Newtablestyle_makes_one) {
+    const KdDbObjectId id = addSample();
+    for (const auto& [word, control] : {std::pair(L"Edittablestyle", "IDC_MANAGERCELLSTYLE_CELLSTYLE_LIST"),
+                                        {L"Newtablestyle", "IDC_CREATECELLSTYLE_NEWNAME_EDIT"}}) {
+        ModalActs dialogs;
+        dialogs.next([control = control](QWidget& dialog) {
+            EXPECT_NE(dialog.findChild<QWidget*>(QLatin1String(control)), nullptr) << control;
+            dialog.close();
+        });
+        EXPECT_EQ(runMenu(style, id, {word, L"BAck"}), RTNORM);
+        dialogs.expectAllCame();
+    }
+}
+
 TEST_F(Menus, The_name_of_a_cell_style_may_have_blanks) {
     const KdDbObjectId id = addEmpty();
     runMenu(style, id, {L"editcellStyle", L"No such style", L"BAck"});
     change(id, [](KdDbTable& table) { EXPECT_STREQ(table.cellStyle(1, 1), L"No such style"); });
+}
+
+TEST_F(Menus, An_empty_name_of_a_cell_style_is_handed_on_like_any_other) {
+    const KdDbObjectId id = addEmpty();
+    const std::string before = describeTable(id);
+    const int opens = opensOf(style.menu, id, {L"editcellStyle", L""});
+    EXPECT_EQ(describeTable(id), before) << "it names no style";
+    EXPECT_EQ(opens, opensOf(style.menu, id, {L"editcellStyle", L"Title"}));
 }
 
 TEST_F(Menus, Esc_at_the_name_of_a_cell_style_sets_none) {
@@ -343,7 +366,7 @@ TEST_F(Menus, After_Format_BGcolor_and_any_text_no_cell_has_changed) {
     const KdDbObjectId id = addSample();
     const std::string before = describeTable(id);
     runCommandOn(L"B2:C3", {L"Format", L"BGcolor", L"7", L"BGcolor", L"255,0,0", L"BGcolor", L"", L"BGcolor", L"BAck",
-                            L"_BG", esc, L"BAck", L"Quit"});
+                            L"BGcolor", L"dark Lock", L"_BG", esc, L"BAck", L"Quit"});
     EXPECT_EQ(describeTable(id), before);
 }
 
