@@ -117,6 +117,18 @@ TEST_F(CellCopies, keep_merges_and_what_is_left_of_those_cut) {
     EXPECT_STREQ(copied().textString(1, 1), L"B2");
 }
 
+TEST_F(CellCopies, suppress_the_header_as_the_last_title_or_header_row_among_them_says) {
+    const KdDbObjectId id =
+        add(table(3, 3).fill().rowStyle(0, L"_TITLE").rowStyle(1, L"_HEADER").rowStyle(2, L"_DATA"));
+    OpenObject<KdDbTable>(id, KdDb::kForWrite)->suppressHeaderRow(true);
+    ASSERT_FALSE(look(id).isTitleSuppressed());
+    for (const auto& [range, suppressed] :
+         {std::pair{"A1:C1", false}, {"A2:C2", true}, {"A1:C2", true}, {"A3:C3", true}}) {
+        ASSERT_EQ(copy(id, range), 1);
+        EXPECT_EQ(copied().isHeaderSuppressed(), suppressed) << range;
+    }
+}
+
 TEST_F(CellCopies, hold_locked_cells_too) {
     const KdDbObjectId id = add(table(4, 4).fill().lock("A1:D4"));
     ASSERT_EQ(copy(id, "B2:C3"), 1);

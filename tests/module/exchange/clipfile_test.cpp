@@ -55,6 +55,15 @@ TEST_F(CellFiles, are_named_in_the_folder_for_temporary_files) {
     EXPECT_FALSE(QFile::exists(QString::fromStdWString(plain)));
 }
 
+TEST_F(CellFiles, are_named_in_folders_with_dots_too) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("version 1.2.d")));
+    const QString dotted = folder.filePath(QStringLiteral("version 1.2.d"));
+    qputenv("TMPDIR", QFile::encodeName(dotted));
+    const std::wstring name = newName();
+    EXPECT_TRUE(name.starts_with(dotted.toStdWString() + L"/")) << QString::fromStdWString(name).toStdString();
+    EXPECT_TRUE(name.ends_with(L".DWG"));
+}
+
 TEST_F(CellFiles, begin_with_what_the_environment_tells) {
     qputenv("TMPFILEXT", "cel");
     EXPECT_NE(newName().find(L"/cel"), std::wstring::npos);

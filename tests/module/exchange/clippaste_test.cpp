@@ -226,13 +226,15 @@ TEST_F(CellPastes, that_stick_out_of_the_table_are_refused_and_told) {
 }
 
 TEST_F(CellPastes, over_locked_cells_are_refused_and_told) {
-    const KdDbObjectId id = add(table(5, 5).fill().lock("B4"));
-    ASSERT_EQ(copy(id, "A1:C2"), 1);
-    expectMessage(id, "A3", locked);
-    expectMessage(id, "A4", locked);
-    expectMessage(id, "B4", locked);
-    ASSERT_EQ(copy(id, "A1"), 1);
-    expectMessage(id, "A4:C4", locked);
+    for (const KdDb::CellState state : {KdDb::kCellStateContentLocked, KdDb::kCellStateContentReadOnly}) {
+        const KdDbObjectId id = add(table(5, 5).fill().lock("B4", state));
+        ASSERT_EQ(copy(id, "A1:C2"), 1);
+        expectMessage(id, "A3", locked);
+        expectMessage(id, "A4", locked);
+        expectMessage(id, "B4", locked);
+        ASSERT_EQ(copy(id, "A1"), 1);
+        expectMessage(id, "A4:C4", locked);
+    }
 }
 
 TEST_F(CellPastes, over_locked_cells_of_the_last_column_leave_these_as_they_are) {
@@ -290,6 +292,14 @@ TEST_F(CellPastes, that_the_host_refuses_fail_without_a_word) {
     EXPECT_EQ(paste(id, "B2"), 0) << "the merge in the last row isn't looked at, and would be torn";
     EXPECT_EQ(describe(look(id)), before);
     EXPECT_EQ(steps().size(), stepsBefore);
+}
+
+TEST_F(CellPastes, whose_merges_differ_in_the_last_column_alone_take_the_place_of_the_targets) {
+    const KdDbObjectId id = add(table(5, 4).merge("D3:D4").fill());
+    ASSERT_EQ(copy(id, "A1:B2"), 1);
+    const BoxAnswers boxes;
+    EXPECT_EQ(paste(id, "C3"), 1);
+    EXPECT_EQ(texts(look(id)), "|A1|B1|C1|D1|\n|A2|B2|C2|D2|\n|A3|B3|A1|B1|\n|A4|B4|A2|B2|\n|A5|B5|C5|D5|\n");
 }
 
 // Three refusals have a message; a locked layer is none of them, as with every edit of a table.
@@ -430,6 +440,8 @@ TEST_F(CellPastes, can_be_tested_before) {
     EXPECT_EQ(canPaste(id, "A5"), 0);
     EXPECT_EQ(canPaste(id, "A4"), 0);
     EXPECT_EQ(canPaste(id, "D1"), 0);
+    EXPECT_EQ(canPaste(id, "D1:D3"), 0) << "as many rows are not enough";
+    EXPECT_EQ(canPaste(id, "A4:C4"), 0) << "nor are as many columns";
     EXPECT_EQ(canPaste(id, "A1:E5"), 1);
     select(id, KdCellRange{3, 3, 5, 5});
     EXPECT_EQ(CVqTableClipDataMgr().CanPasteTableCell(&look(id)), 1) << "of one size, wherever it ends";

@@ -56,6 +56,8 @@ TEST_F(TextPastes, leave_locked_cells_alone) {
 TEST_F(TextPastes, without_text_on_the_clipboard_do_nothing_and_succeed) {
     const KdDbObjectId id = add(table(1, 2).fill());
     EXPECT_EQ(paste(id, "A1:B1"), 1);
+    OpenObject<KdDbTable>(id, KdDb::kForRead)->clearSubSelection();
+    EXPECT_EQ(CVqTableCommon::PasteTableCells(id), 1) << "without a selection, too";
     EXPECT_EQ(texts(look(id)), "|A1|B1|\n");
 }
 
@@ -72,6 +74,38 @@ TEST_F(TextPastes, that_begin_with_an_equals_sign_are_formulas_in_every_cell) {
     OpenObject<KdDbTable>(id, KdDb::kForWrite)->setTextString(0, 0, L"5");
     EXPECT_STREQ(look(id).textString(2, 2), L"15");
     EXPECT_EQ(underWay(), 0);
+}
+
+/// Notes at each close of a changed table whether a clipboard operation is told to be under way.
+class CloseWatch : public kdhost::DatabaseListener {
+public:
+    CloseWatch(KdDbObjectId table, std::function<int()> underWay) : m_table(table), m_underWay(std::move(underWay)) {
+        kdhost::addDatabaseListener(this);
+    }
+    ~CloseWatch() override { kdhost::removeDatabaseListener(this); }
+    CloseWatch(const CloseWatch&) = delete;
+    CloseWatch& operator=(const CloseWatch&) = delete;
+    void objectChanged(KdDbObjectId id) override {
+        if (id == m_table) seen.push_back(m_underWay());
+    }
+    std::vector<int> seen;
+
+private:
+    KdDbObjectId m_table;
+    std::function<int()> m_underWay;
+};
+
+TEST_F(TextPastes, of_formulas_are_over_when_the_table_closes_and_those_of_text_are_under_way) {
+    const KdDbObjectId id = numbers();
+    select(id, "C3");
+    for (const auto& [text, underWayAtClose] : {std::pair{"=1+2", 0}, {"text", 1}}) {
+        putPlain(text);
+        const CloseWatch watch(id, underWay);
+        EXPECT_EQ(CVqTableCommon::PasteTableCells(id), 1);
+        ASSERT_FALSE(watch.seen.empty());
+        EXPECT_EQ(watch.seen, std::vector<int>(watch.seen.size(), underWayAtClose)) << text;
+        EXPECT_EQ(underWay(), 0);
+    }
 }
 
 TEST_F(TextPastes, of_formulas_are_one_step_of_undo) {

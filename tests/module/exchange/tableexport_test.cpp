@@ -62,9 +62,10 @@ protected:
     }
 
     /// A field that shows the number 3.
-    KdDbObjectId addSum() {
+    KdDbObjectId addSum() { return addField(L"\\AcExpr (1+2)"); }
+    KdDbObjectId addField(const wchar_t* code) {
         auto* const field = new KdDbField;
-        field->setFieldCode(L"\\AcExpr (1+2)");
+        field->setFieldCode(code);
         EXPECT_EQ(field->postInDatabase(&host.database()), Kdad::eOk);
         const KdDbObjectId id = field->objectId();
         field->close();
@@ -211,6 +212,10 @@ TEST_F(TableExport, A_block_that_cannot_be_opened_is_a_blank) {
 
 TEST_F(TableExport, A_field_is_its_quoted_evaluated_text) {
     EXPECT_EQ(exportedCell([&](KdDbTable& table) { table.setFieldId(2, 0, addSum()); }), "\"3\"\n");
+}
+
+TEST_F(TableExport, A_field_without_a_text_is_two_quotes) {
+    EXPECT_EQ(exportedCell([&](KdDbTable& table) { table.setFieldId(2, 0, addField(L"")); }), "\"\"\n");
 }
 
 TEST_F(TableExport, A_field_that_cannot_be_opened_is_a_blank) {
