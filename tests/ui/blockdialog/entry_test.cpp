@@ -6,6 +6,20 @@
 namespace kdtest {
 namespace {
 
+/// Keeps what the last update drew.
+class DrawnAgain : public kdhost::Display {
+public:
+    DrawnAgain() {
+        kdhost::updateDisplay();
+        kdhost::setDisplay(this);
+    }
+    ~DrawnAgain() override { kdhost::setDisplay(nullptr); }
+    DrawnAgain(const DrawnAgain&) = delete;
+    DrawnAgain& operator=(const DrawnAgain&) = delete;
+    void redraw(const std::vector<KdDbObjectId>& ids) override { last = ids; }
+    std::vector<KdDbObjectId> last;
+};
+
 class BlockInCell : public BlockDialogTest {
 protected:
     void SetUp() override {
@@ -93,8 +107,21 @@ TEST_F(BlockInCell, A_pick_opens_the_dialog_on_the_cell_under_it_and_OK_redraws_
         press(dialog, "IDOK");
     });
     pick(2, 1);
+    const DrawnAgain drawn;
     tableInsertBlockEntry();
     EXPECT_EQ(look(table).blockTableRecordId(2, 2, 0), block);
+    EXPECT_EQ(drawn.last, std::vector<KdDbObjectId>{table});
+}
+
+TEST_F(BlockInCell, OK_redraws_the_table_also_where_no_cell_takes_the_block_and_Cancel_redraws_nothing) {
+    for (const char* button : {"IDOK", "IDCANCEL"}) {
+        next([=](QWidget& dialog) { press(dialog, button); });
+        pick(3, 1);
+        const DrawnAgain drawn;
+        tableInsertBlockEntry();
+        const bool accepted = std::string(button) == "IDOK";
+        EXPECT_EQ(drawn.last, accepted ? std::vector{table} : std::vector<KdDbObjectId>()) << button;
+    }
 }
 
 TEST_F(BlockInCell, A_pick_beside_the_table_and_a_cancelled_one_open_no_dialog) {

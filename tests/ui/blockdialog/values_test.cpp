@@ -83,9 +83,10 @@ TEST_F(BlockDialog, Numbers_above_0_are_taken_in_both_edits_and_no_others) {
         const char* typed;
         const wchar_t* taken;  ///< null when it isn't
     };
-    for (const Entry& entry : {Entry{"3", L"3"}, Entry{"0.25", L"0.25"}, Entry{"1e3", L"1e3"},
-                               Entry{"2.5E-1", L"2.5E-1"}, Entry{"0", nullptr}, Entry{"-1", nullptr},
-                               Entry{"abc", nullptr}, Entry{"", nullptr}, Entry{"0.0", nullptr}}) {
+    for (const Entry& entry :
+         {Entry{"3", L"3"}, Entry{"0.25", L"0.25"}, Entry{"1e3", L"1e3"}, Entry{"2.5E-1", L"2.5E-1"},
+          Entry{"0", nullptr}, Entry{"-1", nullptr}, Entry{"abc", nullptr}, Entry{"12abc", L"12abc"},
+          Entry{"", nullptr}, Entry{"0.0", nullptr}}) {
         for (const char* edit : {kBlockScale, kBlockAngle}) {
             SCOPED_TRACE(::testing::Message() << edit << ' ' << entry.typed);
             CVqTableCellInsertBlockDlg dialog(&host.database(), false, 2.0, 2.0, KdDb::kTopLeft, KdDbObjectId());

@@ -98,6 +98,23 @@ TEST_F(BorderDialogBoxes, Two_cells_count_as_mixed_though_all_their_lines_are_eq
     });
 }
 
+TEST_F(BorderDialogBoxes, Six_single_lines_of_one_spacing_show_that_of_the_first_cells_top_too) {
+    change([&](KdDbTable& open) {
+        dress(open, 1, 1);
+        dress(open, 1, 2);
+        open.setGridDoubleLineSpacing(1, 1, KdDb::kHorzTop, 3.0);
+        forEachEdge(kAllEdges & ~KdDb::kVertLeft,
+                    [&](KdDb::GridLineType edge) { open.setGridVisibility(1, 1, edge, KdDb::kInvisible); });
+    });
+    ASSERT_EQ(visible(1, 1), KdDb::kVertLeft);
+    ASSERT_EQ(visible(1, 2), kAllEdges & ~KdDb::kVertLeft) << "what it shares with the first cell is hidden";
+    select(table, "B2:C2");
+    setBorders([](QWidget& dialog) {
+        EXPECT_EQ(shown(dialog, kBorderWeight), "0.50 mm") << "six lines that agree";
+        EXPECT_EQ(text(dialog, kBorderSpacing), "3");
+    });
+}
+
 TEST_F(BorderDialogBoxes, A_colour_without_a_row_shows_row_1) {
     change([&](KdDbTable& open) {
         dress(open, 1, 1);

@@ -59,6 +59,7 @@ TEST_F(ChoiceOfMenu, A_row_indicator_selects_its_whole_row_first_and_gets_a_menu
     EXPECT_EQ(titleOf(ask(table)), "IDR_BYROW_POPUP");
     EXPECT_EQ(selection(table), (KdCellRange{2, -1, 2, -1}));
     EXPECT_EQ(context.tableId(), table);
+    EXPECT_FALSE(host.document().unlock()) << "its document isn't locked any more";
     EXPECT_TRUE(steps().empty()) << "a selection is no step of undo";
 }
 
@@ -67,6 +68,7 @@ TEST_F(ChoiceOfMenu, A_column_indicator_selects_its_whole_column_first_and_gets_
     moveToColumnIndicator(1);
     EXPECT_EQ(titleOf(ask(table)), "IDR_BYCOLUMN_POPUP");
     EXPECT_EQ(selection(table), (KdCellRange{-1, 1, -1, 1}));
+    EXPECT_FALSE(host.document().unlock());
 }
 
 TEST_F(ChoiceOfMenu, An_indicator_counts_without_selected_cells_too) {

@@ -1,5 +1,5 @@
 // The enabling of the menu of cells against a plain slow model, on random tables and selections: whole rows and
-// columns, reversed ones and ones that reach beyond the table among them.
+// columns, reversed ones and ones with one end missing among them.
 
 #include <cstdlib>
 #include <random>
@@ -42,6 +42,10 @@ protected:
             if (range.m_topRow > range.m_bottomRow) std::swap(range.m_topRow, range.m_bottomRow);
             if (range.m_leftColumn > range.m_rightColumn) std::swap(range.m_leftColumn, range.m_rightColumn);
         }
+        if (upTo(4) == 0) {
+            int* const ends[] = {&range.m_topRow, &range.m_leftColumn, &range.m_bottomRow, &range.m_rightColumn};
+            *ends[upTo(3)] = -1;
+        }
         return range;
     }
 
@@ -73,7 +77,8 @@ public:
         allow("IDR_BYROW_ABOVEINSERT", m_range.m_topRow >= 0);
         allow("IDR_BYROW_BELOWINSERT", m_range.m_topRow >= 0);
         allow("IDR_BYROW_DELETE", m_table.canDelete(m_range.m_topRow, rows, true));
-        allow("IDR_TABLECELL_MERGE", canMerge(rows, columns));
+        allow("IDR_TABLECELL_MERGE", isRange() && canMerge(rows, columns));
+        allow("IDR_TABLECELL_PASTE", isRange());
         allow("IDR_TABLECELL_UNMERGE", content && any([&](int r, int c) { return m_table.isMergedCell(r, c); }));
         allowLocks();
         return m_disabled;
@@ -93,6 +98,12 @@ private:
             }
         }
         return false;
+    }
+
+    /// Not where one end of the rows or of the columns is missing. Nothing on the clipboard goes into any range.
+    bool isRange() const {
+        return (m_range.m_topRow < 0) == (m_range.m_bottomRow < 0) &&
+               (m_range.m_leftColumn < 0) == (m_range.m_rightColumn < 0);
     }
 
     /// Whole rows count as so many cells, and so do whole columns.

@@ -73,6 +73,22 @@ TEST_F(EnablingOfMenu, On_a_column_selected_by_its_indicator_all_about_rows_is_l
               (kMerges + kRowInserts + ItemNames{"IDR_BYROW_DELETE", "IDR_BYCOLUMN_SIZEEQUALLY"}));
 }
 
+TEST_F(EnablingOfMenu, Both_items_that_insert_go_by_the_first_end_of_the_selection_alone) {
+    const KdDbObjectId table = put(TableBuilder(4, 4));
+    const auto disabledInserts = [&](const KdCellRange& range) {
+        select(table, range);
+        ItemNames names;
+        for (const std::string& name : disabledIn(*ask(table))) {
+            if ((kRowInserts + kColumnInserts).contains(name)) names.insert(name);
+        }
+        return names;
+    };
+    EXPECT_EQ(disabledInserts({1, 1, -1, 1}), ItemNames{});
+    EXPECT_EQ(disabledInserts({1, 1, 1, -1}), ItemNames{});
+    EXPECT_EQ(disabledInserts({-1, 1, 1, 1}), kRowInserts);
+    EXPECT_EQ(disabledInserts({1, -1, 1, 1}), kColumnInserts);
+}
+
 TEST_F(EnablingOfMenu, On_the_whole_table_neither_its_rows_nor_its_columns_can_be_deleted) {
     const KdDbObjectId table = put(TableBuilder(4, 4).select("A1:D4"));
     EXPECT_EQ(disabledIn(*ask(table)), kDeletes + ItemNames{"IDR_TABLECELL_UNMERGE"});

@@ -72,6 +72,11 @@ TEST_F(ImportWindow, A_file_of_another_kind_brings_the_height_back) {
         const BoxAnswers boxes({BoxAnswer::Escape});
         choose(dialog, files.write("parts.txt", ""));
         EXPECT_EQ(dialog.height(), initial.height());
+        EXPECT_FALSE(canBeAccepted(dialog));
+        drag(dialog, initial + QSize(200, 150));
+        EXPECT_LT(dialog.height(), initial.height()) << "it shows no table any more";
+        EXPECT_FALSE(canBeAccepted(dialog));
+        EXPECT_FALSE(in<QComboBox>(dialog, kImportSheet).isEnabled());
     });
 }
 
