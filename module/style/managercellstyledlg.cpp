@@ -97,6 +97,8 @@ int CVqTableManagerCellStyleDlg::OnInitDialog() {
     FillCellStyleItem();
     GetWindowRect(m_windowRect);
     initializeCellPreviewer(rowText(0));
+    // Once more, with line weights as in every later picture.
+    ShowPreviewPicture(rowText(0));
     return 1;
 }
 

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QMessageBox>
 #include <QTimer>
 
 #include "host/ui/automation/automation.h"
@@ -89,6 +88,14 @@ Step answer(const std::wstring& text, const std::wstring& button) {
         return kdhost::automation::answer(button);
     });
 }
+Step expectBox(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
+    return [=] {
+        const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr) << "no message box";
+        EXPECT_EQ(box->icon(), icon);
+        EXPECT_EQ(box->standardButtons(), buttons);
+    };
+}
 Step expect(const std::wstring& control, const std::wstring& property, const std::wstring& value) {
     return step([=] { return kdhost::automation::expect(control, property, value); });
 }
@@ -99,6 +106,12 @@ Step expectTop(const std::wstring& name) {
     return [=] {
         ASSERT_NE(topWindow(), nullptr);
         EXPECT_EQ(topWindow()->objectName().toStdWString(), name);
+    };
+}
+Step expectTitle(const std::wstring& title) {
+    return [=] {
+        ASSERT_NE(topWindow(), nullptr);
+        EXPECT_EQ(narrow(topWindow()->windowTitle().toStdWString()), narrow(title));
     };
 }
 
@@ -192,6 +205,13 @@ int StyleDialogTest::lineWeightDisplay() {
     resbuf value;
     EXPECT_EQ(kdedGetVar(L"LWDISPLAY", &value), RTNORM);
     return value.resval.rint;
+}
+
+void StyleDialogTest::setLineWeightDisplay(short value) {
+    resbuf buffer;
+    buffer.restype = RTSHORT;
+    buffer.resval.rint = value;
+    EXPECT_EQ(kdedSetVar(L"LWDISPLAY", &buffer), RTNORM);
 }
 
 QListWidget& listIn(KdUiBaseDialog& dialog, const char* name) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QListWidget>
+#include <QMessageBox>
 #include <functional>
 #include <memory>
 #include <set>
@@ -38,11 +39,15 @@ Step label(const std::wstring& text);
 Step menu(const std::wstring& item);
 /// Answers the message box, whose text must be that.
 Step answer(const std::wstring& text, const std::wstring& button);
+/// That a message box is open with that icon and those buttons.
+Step expectBox(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons);
 /// That a control of the top dialog is, or isn't, enabled, checked, visible, or shows a text.
 Step expect(const std::wstring& control, const std::wstring& property, const std::wstring& value);
 Step expectFocus(const std::wstring& control);
 /// That the top window is the one of that name.
 Step expectTop(const std::wstring& name);
+/// That the top window has that title.
+Step expectTitle(const std::wstring& title);
 
 /// Runs `modal`, and the steps within its loops, one after the other. Steps that are left over at its end fail the
 /// test, and so does a dialog that is open after the last step; it is then dismissed.
@@ -72,6 +77,7 @@ protected:
     void makeCurrent(const std::wstring& style);
     static std::wstring currentStyle();
     static int lineWeightDisplay();
+    static void setLineWeightDisplay(short value);
 
     HostApplication host;
 };

@@ -1,6 +1,7 @@
 // The two ways out of the dialog of table styles, the help, and the preview's variable.
 
 #include <QApplication>
+#include <QTextBrowser>
 
 #include "host/ed/display.h"
 #include "host/rx/faults.h"
@@ -8,7 +9,6 @@
 #include "kd/ad/mainapp.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
-#include "kd/ed/variables.h"
 #include "mfc/resource.h"
 #include "module/core/resources.h"
 #include "module/frame/tvxtableapp.h"
@@ -127,24 +127,18 @@ TEST_F(TableStyleDialogClosing, Help_shows_the_page_of_table_styles_by_button_an
     const auto closeHelp = [] {
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (window->objectName() != QStringLiteral("HelpWindow") || !window->isVisible()) continue;
+            const QString page = window->findChild<QTextBrowser*>()->toPlainText();
             delete window;
-            return true;
+            return page.section(QLatin1Char('\n'), 0, 0);
         }
-        return false;
+        return QString();
     };
-    run({click(L"IDHELP"), [&] { EXPECT_TRUE(closeHelp()); }, key(L"F1"), [&] { EXPECT_TRUE(closeHelp()); },
-         click(L"IDOK")});
+    const Step expectPage = [&] { EXPECT_EQ(closeHelp(), QStringLiteral("Table styles")); };
+    run({click(L"IDHELP"), expectPage, key(L"F1"), expectPage, click(L"IDOK")});
     kdhost::setHelpFolder({});
 }
 
 // The preview's variable.
-
-void setDisplay(short value) {
-    resbuf buffer;
-    buffer.restype = RTSHORT;
-    buffer.resval.rint = value;
-    ASSERT_EQ(kdedSetVar(L"LWDISPLAY", &buffer), RTNORM);
-}
 
 TEST_F(TableStyleDialogClosing, Line_weights_show_in_the_preview_and_the_variable_is_as_before) {
     addStyle(L"Beta");
@@ -153,7 +147,7 @@ TEST_F(TableStyleDialogClosing, Line_weights_show_in_the_preview_and_the_variabl
         beta->setGridLineWeight(KdDb::kLnWt211, static_cast<KdDb::GridLineType>(63), L"_DATA");
     }
     const auto pictureOfBeta = [&](short display) {
-        setDisplay(display);
+        setLineWeightDisplay(display);
         QImage picture;
         run({choose(kList, L"Beta"), [&] { EXPECT_EQ(lineWeightDisplay(), display); },
              [&] { picture = pictureIn(*dialog, "IDC_TABLESTYLE_PREVIEWPIC_STATIC"); }, click(L"IDOK")});
@@ -195,10 +189,10 @@ TEST_F(TableStyleDialogClosing, The_scope_of_line_weights_touches_no_variable_th
         const LineWeightsShown scope;
         kdhost::faults().unreadableVariables.clear();
         EXPECT_EQ(lineWeightDisplay(), 0);
-        setDisplay(1);
+        setLineWeightDisplay(1);
     }
     EXPECT_EQ(lineWeightDisplay(), 1);
-    setDisplay(0);
+    setLineWeightDisplay(0);
     {
         const LineWeightsShown scope;
         EXPECT_EQ(lineWeightDisplay(), 1);
