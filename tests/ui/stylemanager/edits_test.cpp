@@ -11,7 +11,7 @@ namespace {
 const std::wstring kName = L"IDC_CREATECELLSTYLE_NEWNAME_EDIT";
 const std::wstring kStart = L"IDC_CREATECELLSTYLE_STARTWITH_COMBOBOX";
 const std::wstring kInvalid =
-    L"Enter a name for the table style. These characters are not allowed:\n< > / \\ \" : ; ? * | , = ` '";
+    L"Enter a name for the style. These characters are not allowed:\n< > / \\ \" : ; ? * | , = ` '";
 const std::wstring kExists = L"A cell style with this name already exists. Enter another name.";
 
 class CellStyleManagerEdits : public CellStyleManagerTest {
@@ -60,6 +60,14 @@ TEST_F(CellStyleManagerEdits, The_preview_shows_the_new_style_while_the_selectio
          expectPicture(kept, true), [&] { EXPECT_EQ(selectedIn(list()), L"Notes"); }, click(L"IDOK")});
 }
 
+TEST_F(CellStyleManagerEdits, A_new_style_may_differ_from_another_in_the_case_of_a_letter_beyond_A_to_Z) {
+    OpenObject<KdDbTableStyle>(style(kStyle), KdDb::kForWrite)->createCellStyle(L"Äa", L"_DATA");
+    EXPECT_EQ(run({choose(L"Äa"), click(kNew), setText(kName, L"äa"), click(L"IDOK"),
+                   expectTop(L"IDD_MANAGERCELLSTYLE_DIALOG"), click(L"IDOK")}),
+              1);
+    EXPECT_EQ(cellStyleNames(kStyle), (Names{L"_TITLE", L"_HEADER", L"_DATA", L"Notes", L"Remarks", L"Äa", L"äa"}));
+}
+
 TEST_F(CellStyleManagerEdits, Cancel_of_the_name_makes_nothing) {
     run({click(kNew), click(L"IDCANCEL"), expectRows(all, L"Title"), click(L"IDOK")});
     EXPECT_EQ(cellStyleNames(kStyle), allInternal);
@@ -96,8 +104,8 @@ TEST_F(CellStyleManagerEdits, A_style_in_use_is_renamed_and_its_cells_go_along) 
 TEST_F(CellStyleManagerEdits, Refusals_are_told_and_the_row_keeps_its_text) {
     Steps steps = {choose(L"Notes")};
     const auto refused = [&](const std::wstring& name, const std::wstring& message) {
-        for (Step& step :
-             Steps{key(L"F2"), label(name), answer(message, L"OK"), expectFocus(kList), expectRows(all, L"Notes")}) {
+        for (Step& step : Steps{key(L"F2"), label(name), expectBox(QMessageBox::Warning, QMessageBox::Ok),
+                                answer(message, L"OK"), expectFocus(kList), expectRows(all, L"Notes")}) {
             steps.push_back(std::move(step));
         }
     };
@@ -106,6 +114,31 @@ TEST_F(CellStyleManagerEdits, Refusals_are_told_and_the_row_keeps_its_text) {
     steps.push_back(click(L"IDOK"));
     run(std::move(steps));
     EXPECT_EQ(cellStyleNames(kStyle), allInternal);
+}
+
+TEST_F(CellStyleManagerEdits, A_name_that_is_invalid_and_exists_is_told_as_invalid) {
+    // As a drawing may bring it.
+    OpenObject<KdDbTableStyle>(style(kStyle), KdDb::kForWrite)->createCellStyle(L"a*b", L"_DATA");
+    run({choose(L"Notes"), key(L"F2"), label(L"a*b"), answer(kInvalid, L"OK"), click(L"IDOK")});
+}
+
+TEST_F(CellStyleManagerEdits, Names_made_and_given_in_the_manager_exist_from_then_on) {
+    run({choose(L"Notes"), click(kNew), setText(kName, L"Doors"), click(L"IDOK"), click(kRename), label(L"doors"),
+         answer(kExists, L"OK"), key(L"F2"), label(L"Walls"), choose(L"Remarks"), key(L"F2"), label(L"WALLS"),
+         answer(kExists, L"OK"), click(L"IDOK")});
+    EXPECT_EQ(cellStyleNames(kStyle), (Names{L"_TITLE", L"_HEADER", L"_DATA", L"Walls", L"Remarks", L"Doors"}));
+}
+
+TEST_F(CellStyleManagerEdits, The_case_alone_of_a_letter_beyond_A_to_Z_can_be_changed) {
+    OpenObject<KdDbTableStyle>(style(kStyle), KdDb::kForWrite)->createCellStyle(L"Äa", L"_DATA");
+    run({choose(L"Äa"), key(L"F2"), label(L"äa"), expectTop(L"IDD_MANAGERCELLSTYLE_DIALOG"), click(L"IDOK")});
+    EXPECT_EQ(cellStyleNames(kStyle), (Names{L"_TITLE", L"_HEADER", L"_DATA", L"Notes", L"Remarks", L"äa"}));
+}
+
+TEST_F(CellStyleManagerEdits, The_preview_shows_the_new_name_after_a_rename) {
+    QImage kept;
+    run({choose(L"Notes"), expectPicture(kept, true), key(L"F2"), label(L"Doors"), expectPicture(kept, true),
+         click(L"IDOK")});
 }
 
 TEST_F(CellStyleManagerEdits, An_empty_label_and_one_given_up_keep_the_name_without_a_word) {
@@ -143,7 +176,8 @@ TEST_F(CellStyleManagerEdits, Deletes_by_button_menu_and_key_after_a_question) {
          {Steps{click(kDelete)}, Steps{context(kList, L"#3"), menu(L"IDR_MANAGECELL_DELETE")}, Steps{key(L"DELETE")}}) {
         Steps steps = {choose(L"Notes")};
         steps.insert(steps.end(), way.begin(), way.end());
-        for (Step& step : Steps{answer(kQuestion, L"CANCEL"), expectFocus(kList), expectRows(all, L"Notes")}) {
+        for (Step& step : Steps{expectBox(QMessageBox::Warning, QMessageBox::Ok | QMessageBox::Cancel),
+                                answer(kQuestion, L"CANCEL"), expectFocus(kList), expectRows(all, L"Notes")}) {
             steps.push_back(std::move(step));
         }
         steps.insert(steps.end(), way.begin(), way.end());
