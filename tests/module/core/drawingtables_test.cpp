@@ -126,6 +126,14 @@ TEST_F(DrawingTables, FindCellStyleFromTable_tells_whether_a_cell_of_a_table_of_
     EXPECT_EQ(finds(L"Standard", L"Notes"), 0) << "a table that can't be opened";
 }
 
+TEST_F(DrawingTables, FindCellStyleFromTable_goes_on_behind_a_table_of_the_style_that_has_no_such_cell) {
+    const KdDbObjectId standard = host.database().tablestyle();
+    KdArray<KdDbObjectId> ids;
+    ids.append(add(TableBuilder(2, 2).style(standard)));
+    ids.append(add(TableBuilder(2, 2).style(standard).cellStyle("B2", L"Notes")));
+    EXPECT_EQ(CVqTableCommon::FindCellStyleFromTable(ids, L"Standard", L"Notes"), 1);
+}
+
 TEST_F(DrawingTables, FindCellStyleFromTable_ends_at_a_table_whose_style_cannot_be_opened) {
     const KdDbObjectId standard = host.database().tablestyle();
     const KdDbObjectId odd = add(TableBuilder(1, 1).style(host.database().layerZero()));

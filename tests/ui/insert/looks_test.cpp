@@ -2,7 +2,9 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QPixmap>
 #include <QScopeGuard>
+#include <algorithm>
 
 #include "kd/db/database.h"
 #include "module/controls/comboboxes.h"
@@ -38,6 +40,20 @@ TEST_P(InsertDialogLooks, of_each_mode) {
         lookAndReach(dialog, "tableinsert_window_sizes");
         choose(dialog, "IDC_TABLEINSERT_DATALINK_BUTTON");
         lookAndReach(dialog, "tableinsert_file_none");
+        press(dialog, "IDCANCEL");
+    });
+}
+
+TEST_P(InsertDialogLooks, with_pictures_of_the_screens_scale) {
+    CVqTableInsertDlg dialog;
+    dialog.SetDatabase(&host.database());
+    runModal(dialog, [&] {
+        const int scale = std::min(3, static_cast<int>(kdadGetDPIScale()));
+        for (const char* name : {"IDB_TABLEINSERT_COLUMN_BMP", "IDB_TABLEINSERT_ROW_BMP"}) {
+            const QPixmap plain(QStringLiteral(":/TvxTableRes/TvxTableRes/") + QLatin1String(name));
+            EXPECT_FALSE(plain.isNull()) << name;
+            EXPECT_EQ(in<QLabel>(dialog, name).pixmap(Qt::ReturnByValue).size(), plain.size() * scale) << name;
+        }
         press(dialog, "IDCANCEL");
     });
 }

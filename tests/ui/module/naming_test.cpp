@@ -240,6 +240,12 @@ TEST_P(StyleNaming, Opens_with_the_names_in_order_and_the_focus_in_the_name) {
     EXPECT_EQ(tour, (std::vector<std::string>{kind.edit, kind.box, "IDOK", "IDCANCEL", "IDHELP", kind.edit}));
 }
 
+TEST_P(StyleNaming, The_start_is_the_row_of_the_whole_name) {
+    const auto opened = naming({L"Standard", L"Notes on doors", L"Notes"}, L"Notes");
+    opened->dialog().OnInitDialog();
+    EXPECT_EQ(box(*opened).currentText(), QStringLiteral("Notes"));
+}
+
 TEST_P(StyleNaming, Mnemonics_lead_to_the_edit_and_the_box) {
     const auto opened = naming({L"a", L"b"}, L"a");
     runModal(opened->dialog(), [&] {

@@ -26,8 +26,8 @@ protected:
 TEST_F(TableStyleDialogModify, OK_lets_the_edits_stand_and_shows_the_style_anew) {
     QImage before;
     run({choose(kList, L"Beta"), [&] { before = pictureIn(*dialog, "IDC_TABLESTYLE_PREVIEWPIC_STATIC"); },
-         click(kModify), expectTop(kEditing), expectTransactions(1), choose(kDirection, L"#0"), click(L"IDOK"),
-         expectTop(L"IDD_TABLESTYLE_DIALOG"), expectTransactions(0),
+         click(kModify), expectTop(kEditing), expectTitle(L"Modify Table Style: Beta"), expectTransactions(1),
+         choose(kDirection, L"#0"), click(L"IDOK"), expectTop(L"IDD_TABLESTYLE_DIALOG"), expectTransactions(0),
          [&] { EXPECT_NE(pictureIn(*dialog, "IDC_TABLESTYLE_PREVIEWPIC_STATIC"), before); }, click(L"IDCANCEL")});
     EXPECT_EQ(flowOf(L"Beta"), 1);
     EXPECT_EQ(flowOf(L"Standard"), 0);

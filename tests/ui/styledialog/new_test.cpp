@@ -31,8 +31,8 @@ TEST_F(TableStyleDialogNew, The_name_dialog_offers_every_style_and_starts_with_t
 
 TEST_F(TableStyleDialogNew, OK_makes_a_copy_of_the_start_style) {
     run({choose(kList, L"Beta"), click(kNew), setText(kName, L"Walls"), click(L"IDOK"), expectTop(kEditing),
-         expectTransactions(1), click(L"IDOK"), expectTop(L"IDD_TABLESTYLE_DIALOG"), expectTransactions(0),
-         click(L"IDOK")});
+         expectTitle(L"New Table Style: Walls"), expectTransactions(1), click(L"IDOK"),
+         expectTop(L"IDD_TABLESTYLE_DIALOG"), expectTransactions(0), click(L"IDOK")});
     EXPECT_EQ(styleNames(), (Names{L"Beta", L"Standard", L"Walls"}));
     EXPECT_EQ(cellStyleNames(L"Walls"), cellStyleNames(L"Beta"));
     EXPECT_EQ(cellStyleNames(L"Walls").back(), L"Notes");
@@ -63,6 +63,24 @@ TEST_F(TableStyleDialogNew, What_becomes_current_is_the_row_marked_before_and_no
          expect(L"IDC_TABLESTYLE_PREVIEW_STATIC", L"text", L"Preview: Walls"),
          expect(L"IDC_TABLESTYLE_DELSTYLE_BUTTON", L"enabled", L"yes"), click(L"IDOK")});
     EXPECT_EQ(currentStyle(), L"Beta");
+}
+
+TEST_F(TableStyleDialogNew, A_right_click_on_the_row_that_stayed_marked_brings_its_own_state_of_the_button_back) {
+    run({click(kNew), setText(kName, L"Walls"), click(L"IDOK"), click(L"IDOK"),
+         expectRows({L"Beta", L"Standard", L"Walls"}, L"Standard"),
+         expect(L"IDC_TABLESTYLE_DELSTYLE_BUTTON", L"enabled", L"yes"), context(kList, L"#1"), menu(L"CANCEL"),
+         expect(L"IDC_TABLESTYLE_DELSTYLE_BUTTON", L"enabled", L"no"), click(L"IDOK")});
+}
+
+TEST_F(TableStyleDialogNew, A_name_that_differs_in_the_case_of_a_letter_beyond_A_to_Z_is_a_new_one) {
+    const KdDbObjectId before = addStyle(L"Ärger");
+    run({choose(kList, L"Ärger"), click(kNew), setText(kName, L"ärger"), click(L"IDOK"), expectTop(kEditing),
+         click(L"IDOK"), expectTop(L"IDD_TABLESTYLE_DIALOG"),
+         expectRows({L"Beta", L"Standard", L"Ärger", L"ärger"}, L"Ärger"), click(L"IDOK")});
+    EXPECT_EQ(styleNames(), (Names{L"Beta", L"Standard", L"Ärger", L"ärger"}));
+    EXPECT_EQ(style(L"Ärger"), before);
+    EXPECT_NE(style(L"ärger"), before);
+    EXPECT_EQ(currentStyle(), L"Ärger");
 }
 
 TEST_F(TableStyleDialogNew, The_list_of_styles_in_use_does_not_get_the_new_one) {

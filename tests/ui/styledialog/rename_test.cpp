@@ -61,6 +61,15 @@ TEST_F(TableStyleDialogRename, Refuses_without_a_word_and_shows_the_old_name) {
     EXPECT_EQ(styleNames(), all);
 }
 
+TEST_F(TableStyleDialogRename, The_case_alone_of_a_letter_beyond_A_to_Z_can_be_changed) {
+    const KdDbObjectId trouble = addStyle(L"Ärger");
+    const Names renamed = {L"Alpha", L"Beta", L"Standard", L"Zeta", L"ärger"};
+    run({choose(kList, L"Ärger"), key(L"F2"), label(L"ärger"), expectRows(renamed, L"ärger"), click(L"IDOK")});
+    EXPECT_EQ(styleNames(), renamed);
+    EXPECT_EQ(style(L"ärger"), trouble);
+    EXPECT_TRUE(style(L"Ärger").isNull());
+}
+
 TEST_F(TableStyleDialogRename, Blanks_and_long_names_pass) {
     const std::wstring longName(300, L'n');
     run({choose(kList, L"Beta"), key(L"F2"), label(L" b "), choose(kList, L"Alpha"), key(L"F2"), label(longName),

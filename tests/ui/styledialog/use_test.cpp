@@ -1,6 +1,9 @@
 // Which table styles count as in use, and what follows: the filter, the button and the menu.
 
+#include <QLineEdit>
+
 #include "host/rx/faults.h"
+#include "kd/db/dictionary.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
 #include "tests/ui/styledialog/fixture.h"
@@ -100,6 +103,26 @@ TEST_F(TableStyleDialogUse, A_list_of_styles_in_use_without_the_current_one_sele
     // Its new name is not the one that the dialog knows.
     run({key(L"F2"), label(L"Omega"), choose(kFilter, L"#1"), expectRows({L"Standard"}, L"Standard"),
          choose(kFilter, L"#0"), expectRows({L"Alpha", L"Beta", L"Omega", L"Standard"}, L"Alpha"), click(L"IDOK")});
+}
+
+TEST_F(TableStyleDialogUse, A_filled_list_seeks_the_current_style_by_its_name_as_it_is_written) {
+    makeCurrent(L"Beta");
+    // The dialog knows the current style as "Beta", which no style is called any more.
+    run({key(L"F2"), label(L"Omega"), choose(kList, L"Zeta"), key(L"F2"), label(L"BETA"), choose(kFilter, L"#1"),
+         choose(kFilter, L"#0"), expectRows({L"Alpha", L"BETA", L"Omega", L"Standard"}, L"Alpha"), click(L"IDOK")});
+}
+
+TEST_F(TableStyleDialogUse, The_standard_style_is_known_in_whichever_case_its_name_is_written) {
+    {
+        const OpenObject<KdDbDictionary> styles(drawing().tableStyleDictionaryId(), KdDb::kForWrite);
+        ASSERT_TRUE(styles->setName(L"Standard", L"STANDARD"));
+    }
+    makeCurrent(L"Beta");
+    run({choose(kFilter, L"#1"), expectRows({L"Beta", L"STANDARD"}, L"Beta"), choose(kList, L"STANDARD"),
+         expect(kDelete, L"enabled", L"no"), key(L"DELETE"), expectTop(L"IDD_TABLESTYLE_DIALOG"), key(L"F2"),
+         [&] { EXPECT_EQ(list().findChild<QLineEdit*>(), nullptr); }, context(kList, L"#1"),
+         expect(L"IDR_MANAGETABLE_RENAME", L"enabled", L"no"), expect(L"IDR_MANAGETABLE_DELETE", L"enabled", L"no"),
+         menu(L"CANCEL"), click(L"IDOK")});
 }
 
 TEST_F(TableStyleDialogUse, The_menu_offers_rename_and_deletion_of_free_styles_alone) {

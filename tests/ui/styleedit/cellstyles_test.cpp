@@ -3,8 +3,10 @@
 
 #include <QAbstractItemView>
 
+#include "kd/db/symboltable.h"
 #include "module/core/cellstylewalk.h"
 #include "module/core/transactions.h"
+#include "tests/support/tablebuilder.h"
 #include "tests/ui/styleedit/fixture.h"
 
 namespace kdtest {
@@ -210,6 +212,8 @@ TEST_F(StyleEditCellStyles, The_name_of_the_last_cell_style_is_not_known_as_take
         EXPECT_EQ(rows(dialog), (std::vector<std::string>{"Data", "Header", "Title", "Title", "Create cell style",
                                                           "Manage cell styles"}));
         EXPECT_EQ(cellStyles().size(), 4U) << "a user's cell style of that name, beside the default one";
+        EXPECT_EQ(style().margin(KdDb::kCellMarginLeft, L"Title"), 1.0) << "made from data";
+        EXPECT_EQ(margin(dialog), "3") << "the name stands for the default one, whose values are shown";
         box(dialog, kCellStyleBox).hidePopup();
         cancel(dialog);
     });
@@ -223,6 +227,44 @@ TEST_F(StyleEditCellStyles, The_new_name_is_used_as_typed) {
         EXPECT_EQ(shown(dialog), "Fine Print");
     });
     EXPECT_EQ(cellStyles().back(), L"Fine Print");
+}
+
+TEST_F(StyleEditCellStyles, The_start_of_a_new_one_is_sought_without_the_blanks_around_its_name) {
+    addCellStyle(L"Amounts ");
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        choose(kCellStyleBox, 0);
+        EXPECT_EQ(shown(dialog), "Amounts ");
+        next([](QWidget& naming) {
+            EXPECT_EQ(rows(naming, kStartBox), (std::vector<std::string>{"Amounts ", "Data", "Header"}));
+            EXPECT_EQ(box(naming, kStartBox).currentIndex(), -1);
+            cancel(naming);
+        });
+        press(dialog, kCreateButton);
+        backIn(dialog);
+        cancel(dialog);
+    });
+}
+
+TEST_F(StyleEditCellStyles, The_manager_does_not_delete_what_a_table_of_the_style_uses) {
+    addCellStyle(L"Amounts");
+    {
+        std::unique_ptr<KdDbTable> table = TableBuilder(2, 2).style(styleId()).cellStyle("B2", L"Amounts").build();
+        KdDbObjectId id;
+        const OpenObject<KdDbBlockTableRecord> space(host.database().modelSpaceId(), KdDb::kForWrite);
+        ASSERT_EQ(space->appendKdDbEntity(id, table.get()), Kdad::eOk);
+        table.release()->close();
+    }
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        next([](QWidget& manager) {
+            choose("IDC_MANAGERCELLSTYLE_CELLSTYLE_LIST", "Amounts");
+            EXPECT_TRUE(in<QPushButton>(manager, "IDC_MANAGERCELLSTYLE_RENAME_BUTTON").isEnabled());
+            EXPECT_FALSE(in<QPushButton>(manager, "IDC_MANAGERCELLSTYLE_DELETE_BUTTON").isEnabled());
+            ok(manager);
+        });
+        press(dialog, kManageButton);
+        backIn(dialog);
+        cancel(dialog);
+    });
 }
 
 TEST_F(StyleEditCellStyles, Manage_with_OK_refills_the_box_and_leaves_the_pages) {

@@ -186,6 +186,17 @@ TEST_F(StyleEditOpening, The_direction_is_shown_and_written) {
     EXPECT_EQ(style().flowDirection(), 0) << "Cancel is its caller's way back";
 }
 
+TEST_F(StyleEditOpening, A_direction_that_is_neither_of_the_two_is_shown_as_down) {
+    for (const int flow : {5, -1}) {
+        change([&](KdDbTableStyle& open) { open.setFlowDirection(flow); });
+        ASSERT_EQ(style().flowDirection(), flow);
+        edit([&](CVqTableStyleEditDlg& dialog) {
+            EXPECT_EQ(shown(dialog, kDirectionBox), "Down") << flow;
+            cancel(dialog);
+        });
+    }
+}
+
 TEST_F(StyleEditOpening, A_look_through_pages_and_cell_styles_writes_nothing_with_OK_either) {
     addCellStyle(L"Totals");
     change([](KdDbTableStyle& open) {

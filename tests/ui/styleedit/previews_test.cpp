@@ -86,6 +86,17 @@ TEST_F(StyleEditPreviews, Another_cell_style_changes_the_sample_alone) {
     });
 }
 
+TEST_F(StyleEditPreviews, A_table_made_again_for_its_direction_takes_the_sizes_of_its_rows_anew) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        enter(dialog, kVertical, "0");
+        const QImage kept = table(dialog);
+        choose(kDirectionBox, "Up");
+        choose(kDirectionBox, "Down");
+        EXPECT_NE(table(dialog), kept) << "the same style as before, in a table that was made again";
+        cancel(dialog);
+    });
+}
+
 TEST_F(StyleEditPreviews, Properties_do_not_make_the_table_again_and_the_merge_flag_does) {
     edit([&](CVqTableStyleEditDlg& dialog) {
         enter(dialog, kVertical, "0");
@@ -121,6 +132,41 @@ TEST_F(StyleEditPreviews, Line_weights_show_in_them_and_their_variable_is_put_ba
         EXPECT_EQ(weights(), before);
     }
     setWeights(0);
+}
+
+TEST_F(StyleEditPreviews, Every_picture_has_line_weights_whatever_their_variable_says) {
+    const auto pictures = [&](short display) {
+        setWeights(display);
+        forgetOpenings();
+        std::vector<QImage> shown;
+        edit([&](CVqTableStyleEditDlg& dialog) {
+            const auto look = [&] {
+                shown.push_back(table(dialog));
+                shown.push_back(cell(dialog));
+            };
+            look();
+            choose(kFillBox, 3);
+            look();
+            choose(kCellStyleBox, "Header");
+            look();
+            choose(kDirectionBox, "Up");
+            look();
+            cancel(dialog);
+        });
+        return shown;
+    };
+    const std::vector<QImage> plain = pictures(1);
+    change([](KdDbTableStyle& open) {
+        for (const wchar_t* name : {L"_TITLE", L"_HEADER", L"_DATA"}) {
+            open.setGridLineWeight(KdDb::kLnWt211, static_cast<KdDb::GridLineType>(63), name);
+        }
+    });
+    const std::vector<QImage> thick = pictures(1);
+    const std::vector<QImage> off = pictures(0);
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        EXPECT_NE(thick[i], plain[i]) << i;
+        EXPECT_EQ(off[i], thick[i]) << i;
+    }
 }
 
 TEST_F(StyleEditPreviews, A_variable_that_cannot_be_read_is_not_touched) {

@@ -102,6 +102,11 @@ TEST_F(CellStyleManagerList, A_click_on_empty_space_disables_both_buttons_until_
          click(L"IDOK")});
 }
 
+TEST_F(CellStyleManagerList, A_right_click_on_the_selected_row_enables_what_a_click_on_empty_space_has_disabled) {
+    run({choose(L"Notes"), click(kList, L"empty"), expectButtons(false, false), context(kList, L"#3"), menu(L"CANCEL"),
+         expectButtons(true, true), click(L"IDOK")});
+}
+
 TEST_F(CellStyleManagerList, The_menu_comes_up_on_rows_alone_and_its_row_becomes_the_selected_one) {
     run({context(kList, L"empty"), expectTop(L"IDD_MANAGERCELLSTYLE_DIALOG"), context(kList, L"#4"),
          expectTop(L"IDR_MANAGECELL_MENU"), menu(L"CANCEL"), expectRows(all, L"Remarks"), expectFocus(kList),
@@ -121,6 +126,13 @@ TEST_F(CellStyleManagerList, In_Chinese_the_defaults_are_known_by_their_Chinese_
              EXPECT_EQ(rowsOf(list()), (Names{loadText(2038), loadText(2039), loadText(2037), L"Notes", L"Remarks"}));
          },
          expectButtons(false, false), choose(L"Notes"), expectButtons(true, true), click(L"IDOK")});
+}
+
+TEST_F(CellStyleManagerList, A_users_style_that_bears_a_default_name_in_any_case_is_protected_as_the_default_is) {
+    // As a drawing may bring it.
+    OpenObject<KdDbTableStyle>(style(kStyle), KdDb::kForWrite)->createCellStyle(L"data", L"_DATA");
+    run({choose(L"data"), expectButtons(false, false), key(L"DELETE"), expectTop(L"IDD_MANAGERCELLSTYLE_DIALOG"),
+         key(L"F2"), [&] { EXPECT_EQ(dynamic_cast<KdUiListWidget&>(list()).labelEditor(), nullptr); }, click(L"IDOK")});
 }
 
 TEST_F(CellStyleManagerList, A_users_style_that_bears_a_default_name_of_another_language_is_no_default) {

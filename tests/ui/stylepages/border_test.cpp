@@ -155,8 +155,8 @@ TEST_F(StylePageBorder, A_spacing_never_typed_leaves_those_of_the_edges) {
 TEST_F(StylePageBorder, A_spacing_once_typed_goes_to_every_edge_from_then_on) {
     editBorders([&](CVqTableStyleEditDlg& dialog) {
         QTest::mouseClick(&in<QCheckBox>(dialog, kDouble), Qt::LeftButton, Qt::NoModifier, QPoint(5, 8));
-        enter(dialog, kSpacing, "0.125");
-        EXPECT_EQ(text(dialog, kSpacing), "0.125");
+        enter(dialog, kSpacing, "1/8");
+        EXPECT_EQ(text(dialog, kSpacing), "0.125") << "as the drawing writes it";
         press(dialog, kInner);
         EXPECT_EQ(style().gridDoubleLineSpacing(KdDb::kVertInside, L"_DATA"), 0.125);
         EXPECT_NE(style().gridDoubleLineSpacing(KdDb::kHorzTop, L"_DATA"), 0.125);

@@ -174,14 +174,33 @@ TEST_F(StylePageGeneral, The_horizontal_margin_is_the_left_one_and_the_vertical_
     });
     EXPECT_EQ(style().margin(KdDb::kCellMarginLeft, L"_DATA"), 2.25);
     EXPECT_EQ(style().margin(KdDb::kCellMarginTop, L"_DATA"), 10.0);
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(text(dialog, kHorizontal), "2.25");
+        EXPECT_EQ(text(dialog, kVertical), "10");
+        cancel(dialog);
+    });
+}
+
+TEST_F(StylePageGeneral, A_margin_is_stored_as_typed_however_few_digits_the_drawing_shows) {
+    editAndOk([&](CVqTableStyleEditDlg& dialog) {
+        for (const char* name : {kHorizontal, kVertical}) {
+            enter(dialog, name, "2.123456789");
+            EXPECT_EQ(text(dialog, name), "2.1235");
+        }
+    });
+    EXPECT_EQ(style().margin(KdDb::kCellMarginLeft, L"_DATA"), 2.123456789);
+    EXPECT_EQ(style().margin(KdDb::kCellMarginTop, L"_DATA"), 2.123456789);
 }
 
 TEST_F(StylePageGeneral, The_format_is_named_and_chosen_in_the_hosts_dialog) {
     edit([&](CVqTableStyleEditDlg& dialog) {
         EXPECT_EQ(format(dialog), "General");
-        next([](QWidget& formats) {
+        std::string formatRow;
+        next([&](QWidget& formats) {
             choose("IDC_DATAFORMAT_TYPE_COMBOBOX", "Decimal number");
             choose("IDC_DATAFORMAT_UNIT_COMBOBOX", "Percentage");
+            in<QSpinBox>(formats, "IDC_DATAFORMAT_PRECISION_SPIN").setValue(5);
+            formatRow = shown(formats, "IDC_DATAFORMAT_FORMAT_COMBOBOX");
             ok(formats);
         });
         press(dialog, kFormatButton);
@@ -196,8 +215,10 @@ TEST_F(StylePageGeneral, The_format_is_named_and_chosen_in_the_hosts_dialog) {
         EXPECT_FALSE(chosen.empty());
 
         // The dialog starts from what the cell style has.
-        next([](QWidget& formats) {
+        next([&](QWidget& formats) {
             EXPECT_EQ(shown(formats, "IDC_DATAFORMAT_UNIT_COMBOBOX"), "Percentage");
+            EXPECT_EQ(shown(formats, "IDC_DATAFORMAT_FORMAT_COMBOBOX"), formatRow);
+            EXPECT_EQ(in<QSpinBox>(formats, "IDC_DATAFORMAT_PRECISION_SPIN").value(), 5);
             choose("IDC_DATAFORMAT_UNIT_COMBOBOX", "Currency");
             cancel(formats);
         });

@@ -85,6 +85,18 @@ TEST_F(StylePagePreviews, All_of_the_text_page_is_shown) {
                     true);
 }
 
+TEST_F(StylePagePreviews, The_text_style_that_its_dialog_leaves_is_shown) {
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        showPage(dialog, TextPage);
+        EXPECT_TRUE(refreshes(dialog, [&] {
+            next([](QWidget& hosts) { cancel(hosts); });
+            press(dialog, "IDC_CELLSTYLETEXT_TEXTSTYLE_BUTTON");
+        }));
+        backIn(dialog);
+        cancel(dialog);
+    });
+}
+
 TEST_F(StylePagePreviews, Lines_are_shown_when_a_button_gives_them_and_not_when_they_are_picked) {
     expectRefreshes(BorderPage,
                     {{"weight", [](QWidget&) { choose(kWeightBox, 5); }},

@@ -84,11 +84,27 @@ TEST_F(StylePageText, A_name_is_shown_by_the_first_row_that_begins_with_it_and_t
     EXPECT_EQ(textStyle(), textStyles.find(L"Notes"));
 }
 
+TEST_F(StylePageText, The_rows_are_sought_from_the_first_one_on) {
+    makeTextStyles({L"Standard 2"});
+    editText([&](CVqTableStyleEditDlg& dialog) {
+        EXPECT_EQ(rows(dialog, kTextStyleBox), (std::vector<std::string>{"Standard", "Standard 2"}));
+        EXPECT_EQ(shown(dialog, kTextStyleBox), "Standard");
+    });
+}
+
+TEST_F(StylePageText, A_colour_that_no_row_has_shows_none) {
+    change([](KdDbTableStyle& open) { open.setColor(KdCmColor::fromRgb(1, 2, 3), L"_DATA"); });
+    editText([&](CVqTableStyleEditDlg& dialog) { EXPECT_EQ(box(dialog, kTextColorBox).currentIndex(), -1); });
+}
+
 TEST_F(StylePageText, A_height_above_0_is_stored_and_shown_as_the_drawing_writes_it) {
     editText([&](CVqTableStyleEditDlg& dialog) {
         enter(dialog, kHeight, "1/4");
         EXPECT_EQ(text(dialog, kHeight), "0.25");
         EXPECT_EQ(style().textHeight(L"_DATA"), 0.25);
+        enter(dialog, kHeight, "2.123456789");
+        EXPECT_EQ(text(dialog, kHeight), "2.1235");
+        EXPECT_EQ(style().textHeight(L"_DATA"), 2.123456789) << "as typed, whatever is shown";
     });
     EXPECT_EQ(style().textHeight(L"_DATA"), 4.5);
 }
