@@ -2,7 +2,7 @@
 
 #include "module/create/tablejig.h"
 
-#include <memory>
+#include <utility>
 
 #include "kd/ad/document.h"
 #include "kd/db/database.h"
@@ -62,12 +62,27 @@ void selectAlone(const kded_name entity) {
     kdedSSFree(set);
 }
 
+/// Makes a jig's table, and deletes it however the placing ends, unless it has got an id: then the drawing owns it. A
+/// cancelled drag has deleted it before.
+class NewTable {
+public:
+    explicit NewTable(KdDbTable*& table) : m_table(table) { m_table = new KdDbTable; }
+    ~NewTable() {
+        if (m_table != nullptr && m_table->objectId().isNull()) delete std::exchange(m_table, nullptr);
+    }
+    NewTable(const NewTable&) = delete;
+    NewTable& operator=(const NewTable&) = delete;
+
+private:
+    KdDbTable*& m_table;
+};
+
 }  // namespace
 
 CVqTableJig::CVqTableJig() : CVqTableJig(kddbHostApplicationServices()->workingDatabase()) {}
 CVqTableJig::CVqTableJig(KdDbDatabase* database) : m_database(database) {}
 
-/// The table is not deleted: it was by a cancelled drag, or the drawing owns it.
+/// The table is not deleted: the placing has done that, or the drawing owns it.
 CVqTableJig::~CVqTableJig() = default;
 
 void CVqTableJig::setTableStyleId(const KdDbObjectId& style) {
@@ -85,7 +100,7 @@ int CVqTableJig::crateTable(const KdDbTable* source) {
 }
 
 int CVqTableJig::placeNew() {
-    m_table = new KdDbTable;
+    const NewTable made(m_table);
     m_table->setDatabaseDefaults(m_database);
     m_table->setTableStyle(m_tableStyle);
     setTableDefaults();
@@ -95,10 +110,7 @@ int CVqTableJig::placeNew() {
     if (startDrag() != 0) return 0;
     SetDefaultCelltype();
     const KdDbObjectId id = append();
-    if (id.isNull()) {
-        cancelDrag();
-        return 0;
-    }
+    if (id.isNull()) return 0;
     setMText(id);
     return 1;
 }
@@ -106,17 +118,18 @@ int CVqTableJig::placeNew() {
 /// The user places a preview of the source's shape; the source itself goes to the drawing, and its first cell is not
 /// edited.
 int CVqTableJig::placeSource(KdDbTable* source) {
-    previewOf(*source);
-    if (startDrag() != 0) return 0;
-    delete m_table;
+    {
+        const NewTable preview(m_table);
+        fillPreview(*source);
+        if (startDrag() != 0) return 0;
+    }
     m_table = source;
     setNormalAndDir();
     m_table->setPosition(m_firstPoint);
     return append().isNull() ? 0 : 1;
 }
 
-void CVqTableJig::previewOf(const KdDbTable& source) {
-    m_table = new KdDbTable;
+void CVqTableJig::fillPreview(const KdDbTable& source) {
     m_table->setSize(source.numRows(), source.numColumns());
     m_table->setTableStyle(source.tableStyle());
     m_table->setTableOption(1, 7);

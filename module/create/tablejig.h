@@ -91,10 +91,12 @@ private:
 
     int placeNew();
     int placeSource(KdDbTable* source);
-    void previewOf(const KdDbTable& source);
+    void fillPreview(const KdDbTable& source);
     int cancelDrag();
     bool isCancel(DragStatus status) const { return status == kCancel || status == kModeless; }
     DragStatus askForPoint(unsigned prompt);
+    /// Cuts counts that would make more cells than a table may have.
+    void boundCounts();
     void setMinima();
     /// Name of the cell style that was chosen for a row.
     const CStdStr<wchar_t>& chosenStyle(int row) const;

@@ -17,7 +17,7 @@ namespace {
 constexpr int kTopRows = 2;
 constexpr int kLeastRows = 3;  ///< the two top rows, and one of data
 
-/// More cells than anybody places with the mouse: a window at the wrong zoom must not eat the memory.
+/// More cells than anybody places: a window at the wrong zoom, or a digit too many, must not eat the memory.
 constexpr int kMostCells = 1'000'000;
 
 /// How often `part` goes into `whole`, cut to a whole number.
@@ -75,7 +75,14 @@ void CVqTableJig::generateLayout() {
     }
 }
 
+/// As in a window, columns leave room for the least rows, and rows give way to columns.
+void CVqTableJig::boundCounts() {
+    m_columnCount = withinMost(m_columnCount, kLeastRows);
+    m_dataRows = std::min(m_dataRows, withinMost(kMostCells, m_columnCount) - kTopRows);
+}
+
 void CVqTableJig::setTableDefaults() {
+    boundCounts();
     m_table->setSize(m_dataRows + kTopRows, m_columnCount);
     generateLayout();
     double leastWidth = 0.0;

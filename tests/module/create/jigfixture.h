@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "host/db/keptobject.h"
+#include "host/db/objectstate.h"
 #include "host/ed/display.h"
 #include "host/ed/inputqueue.h"
 #include "module/create/tablejig.h"
@@ -61,6 +63,14 @@ protected:
         return text;
     }
     void dropSent() { host.editor().input().clear(); }
+
+    /// Expires when the table goes.
+    static std::weak_ptr<const void> holdBy(const KdDbTable& table) {
+        auto held = std::make_shared<const kdhost::ForeignTags>();
+        const std::weak_ptr<const void> seen = held;
+        KdDbObjectAccess::stateForMaker(const_cast<KdDbTable&>(table)).foreign = std::move(held);
+        return seen;
+    }
 
     std::unique_ptr<CVqTableJig> jig;
 

@@ -1,5 +1,8 @@
 // Placing of tables: the drag, its prompts and its ends, and what lies in the drawing then.
 
+#include <new>
+
+#include "host/ed/commandline.h"
 #include "kd/db/tablestyle.h"
 #include "kd/ed/prompts.h"
 #include "kd/ed/selection.h"
@@ -10,6 +13,24 @@ namespace kdtest {
 namespace {
 
 using PlaceByWindow = TableJig;
+
+/// What the command line shows as if it had been typed.
+class Echoes : private kdhost::CommandLineListener {
+public:
+    Echoes() { kdhost::commandLine().setListener(this); }
+    ~Echoes() override { kdhost::commandLine().setListener(nullptr); }
+    Echoes(const Echoes&) = delete;
+    Echoes& operator=(const Echoes&) = delete;
+
+    const std::vector<std::wstring>& seen() const { return m_seen; }
+
+private:
+    void written(const std::wstring&) override {}
+    void failed(const std::wstring&) override {}
+    void echoed(const std::wstring& input) override { m_seen.push_back(input); }
+
+    std::vector<std::wstring> m_seen;
+};
 
 TEST_F(PlaceAtPoint, one_pick_places_a_table_of_the_figures_given) {
     pick(10, 20);
@@ -39,6 +60,22 @@ TEST_F(PlaceAtPoint, lines_make_rows_higher_and_a_narrow_column_gets_the_least_w
     EXPECT_EQ(table.rowHeight(0), 27.0);
     EXPECT_EQ(table.rowHeight(4), 21.0);
     EXPECT_EQ(table.columnWidth(1), 7.5) << "one capital of the title, and a margin";
+}
+
+TEST_F(PlaceAtPoint, the_height_of_a_row_is_that_of_its_lines_with_the_horizontal_margin) {
+    OpenObject<KdDbTableStyle> style(host.database().tablestyle(), KdDb::kForWrite);
+    style->setMargin(KdDb::kCellMarginTop, 4.5, L"_DATA");
+    style->setMargin(KdDb::kCellMarginLeft, 0.5, L"_DATA");
+    style.close();
+    pick(1, 1);
+    EXPECT_EQ(place().rowHeight(4), 7.0) << "6 + 2 * 0.5";
+}
+
+TEST_F(PlaceAtPoint, the_least_width_is_that_of_the_cell_style_chosen_for_the_first_row) {
+    jig->setFirstCellText(L"_DATA");
+    jig->setTableColumnWidth(2.0);
+    pick(1, 1);
+    EXPECT_EQ(place().columnWidth(0), 6.0) << "a capital of data, and a margin";
 }
 
 TEST_F(PlaceAtPoint, display_names_of_cell_styles_are_made_internal) {
@@ -113,6 +150,27 @@ TEST_F(PlaceAtPoint, Esc_ends_the_drag_with_minus_4) {
     EXPECT_EQ(jig->startDrag(), -4);
 }
 
+TEST_F(PlaceAtPoint, an_error_in_the_drag_costs_the_new_table_only) {
+    std::weak_ptr<const void> held;
+    look([&](const KdDbTable& table) {
+        held = holdBy(table);
+        throw std::bad_alloc();
+    });
+    EXPECT_THROW(jig->doJig(nullptr), std::bad_alloc);
+    EXPECT_TRUE(held.expired()) << "the table is gone";
+    EXPECT_EQ(jig->entity(), nullptr);
+    pick(1, 1);
+    EXPECT_EQ(place().numRows(), 5);
+}
+
+TEST_F(PlaceAtPoint, a_table_that_was_placed_before_survives_an_error_in_the_next_drag) {
+    pick(1, 1);
+    const KdDbObjectId id = place().objectId();
+    look([](const KdDbTable&) { throw std::bad_alloc(); });
+    EXPECT_THROW(jig->doJig(nullptr), std::bad_alloc);
+    EXPECT_EQ(look(id).numRows(), 5);
+}
+
 TEST_F(PlaceAtPoint, a_space_that_cannot_be_written_costs_the_new_table_only) {
     pick(1, 1);
     const OpenObject<KdDbBlockTableRecord> reader(host.database().modelSpaceId(), KdDb::kForRead);
@@ -122,9 +180,11 @@ TEST_F(PlaceAtPoint, a_space_that_cannot_be_written_costs_the_new_table_only) {
 }
 
 TEST_F(PlaceAtPoint, the_first_cell_is_selected_and_handed_to_the_editor) {
+    const Echoes echoes;
     pick(1, 1);
     ASSERT_EQ(jig->doJig(nullptr), 1);
     EXPECT_EQ(sent(), L"TABLEDIT \n");
+    EXPECT_EQ(echoes.seen(), std::vector<std::wstring>()) << "nobody has typed it";
     const KdDbObjectId id = jig->entity()->objectId();
     EXPECT_EQ(selection(id), cells("A1:C1")) << "the merge of the title";
     kded_name set;

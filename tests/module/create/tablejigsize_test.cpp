@@ -3,6 +3,7 @@
 // The style has capitals of 6 in the title and 4.5 below, and margins of 1.5: a row of one line is 11 or 9 high.
 
 #include <cmath>
+#include <limits>
 
 #include "kd/db/tablestyle.h"
 #include "tests/module/create/jigfixture.h"
@@ -185,6 +186,26 @@ TEST_F(TableJigSize, the_two_margins_serve_each_its_own_rule) {
     EXPECT_EQ(table.rowHeight(5), 7.0) << "6 + 2 * 0.5";
 }
 
+TEST_F(TableJigSize, the_rows_of_a_window_are_told_with_the_text_of_the_last_row_s_type) {
+    OpenObject<KdDbTableStyle> style(host.database().tablestyle(), KdDb::kForWrite);
+    style->setTextHeight(9.0, L"_HEADER");
+    style.close();
+    jig->setSpecifyWindowType(2);
+    jig->setOtherCellText(L"_HEADER");
+    const KdDbTable& table = dragWindow({10, 300, 0}, {160, 200, 0});
+    EXPECT_EQ(table.numRows(), 6) << "100 / (12 + 2 * 1.5)";
+    EXPECT_EQ(table.rowHeight(5), 15.0);
+}
+
+TEST_F(TableJigSize, the_two_top_rows_leave_the_window_their_heights_each_with_its_own_margin) {
+    OpenObject<KdDbTableStyle> style(host.database().tablestyle(), KdDb::kForWrite);
+    style->setMargin(KdDb::kCellMarginTop, 11.5, L"_HEADER");
+    style.close();
+    jig->setSpecifyWindowType(3);
+    const KdDbTable& table = dragWindow({10, 300, 0}, {210, 200, 0});
+    EXPECT_EQ(table.numRows(), 8) << "100 less 8 + 2 * 1.5 and 6 + 2 * 11.5 holds six rows of 9";
+}
+
 TEST_F(TableJigSize, no_rows_at_all_get_the_height_0) {
     pick(1, 1);
     pick(200, 200);
@@ -217,6 +238,51 @@ TEST_F(TableJigSize, the_name_of_the_style_is_written_where_that_is_asked_for) {
     EXPECT_STREQ(writer->textString(3, 1), L"");
     EXPECT_STREQ(writer->textString(4, 0), L"");
 }
+
+constexpr int kLargest = std::numeric_limits<int>::max();
+
+struct Counts {
+    const char* what;
+    int columns;
+    int dataRows;
+    int keptColumns;
+    int keptRows;
+};
+
+void PrintTo(const Counts& counts, std::ostream* out) {
+    *out << counts.what;
+}
+
+/// A million cells at most: columns leave room for three rows, and rows give way to columns.
+class CountsFarTooLarge : public TableJig, public ::testing::WithParamInterface<Counts> {};
+
+TEST_P(CountsFarTooLarge, are_cut_at_a_point) {
+    jig->setPointMode(true);
+    jig->setTableColumns(GetParam().columns);
+    jig->setTableDataRows(GetParam().dataRows);
+    pick(1, 1);
+    const KdDbTable& table = place();
+    EXPECT_EQ(table.numColumns(), GetParam().keptColumns);
+    EXPECT_EQ(table.numRows(), GetParam().keptRows);
+    EXPECT_STREQ(table.cellStyle(table.numRows() - 1, 0), L"_DATA");
+}
+
+TEST_P(CountsFarTooLarge, are_cut_in_a_window) {
+    jig->setSpecifyWindowType(0);
+    jig->setTableColumns(GetParam().columns);
+    jig->setTableDataRows(GetParam().dataRows);
+    const KdDbTable& table = dragWindow({0, 300, 0}, {1e6, 200, 0});
+    EXPECT_EQ(table.numColumns(), GetParam().keptColumns);
+    EXPECT_EQ(table.numRows(), GetParam().keptRows);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    all, CountsFarTooLarge,
+    ::testing::Values(Counts{"rows whose sum with the top rows still is a number", 3, kLargest - 2, 3, 333'333},
+                      Counts{"rows whose sum with the top rows is none", 3, kLargest - 1, 3, 333'333},
+                      Counts{"the most rows", 40, kLargest, 40, 25'000},
+                      Counts{"the most columns", kLargest, 3, 333'333, 3},
+                      Counts{"the most of both", kLargest, kLargest, 333'333, 3}));
 
 TEST_F(TableJigSize, a_window_far_too_large_keeps_the_cells_in_bounds) {
     jig->setSpecifyWindowType(3);

@@ -1,5 +1,8 @@
 // Placing of a table that was read from a file: its preview, the table itself, and the axes it gets.
 
+#include <new>
+
+#include "host/db/tablecow.h"
 #include "tests/module/create/jigfixture.h"
 
 namespace kdtest {
@@ -66,6 +69,38 @@ TEST_F(PlaceSource, a_space_that_cannot_be_written_leaves_the_table_to_the_calle
     const OpenObject<KdDbBlockTableRecord> reader(host.database().modelSpaceId(), KdDb::kForRead);
     EXPECT_EQ(jig->doJig(table.get()), 0);
     EXPECT_TRUE(table->objectId().isNull());
+}
+
+TEST_F(PlaceSource, an_error_in_the_drag_costs_the_preview_only) {
+    const std::unique_ptr<KdDbTable> table = source();
+    const std::string before = describe(*table);
+    std::weak_ptr<const void> held;
+    look([&](const KdDbTable& preview) {
+        held = holdBy(preview);
+        throw std::bad_alloc();
+    });
+    EXPECT_THROW(jig->doJig(table.get()), std::bad_alloc);
+    EXPECT_TRUE(held.expired()) << "the preview is gone";
+    EXPECT_EQ(jig->entity(), nullptr);
+    EXPECT_EQ(describe(*table), before);
+}
+
+/// A table whose last row can't be read.
+class HalfReadTable : public KdDbTable {
+public:
+    double rowHeight(int row) const override {
+        if (row == numRows() - 1) throw std::bad_alloc();
+        return KdDbTable::rowHeight(row);
+    }
+};
+
+TEST_F(PlaceSource, an_error_while_the_preview_is_filled_leaves_nothing_of_it) {
+    HalfReadTable table;
+    table.setSize(20, 10);
+    const std::size_t before = kdhost::nodeMemory().inUse;
+    EXPECT_THROW(jig->doJig(&table), std::bad_alloc);
+    EXPECT_EQ(kdhost::nodeMemory().inUse, before);
+    EXPECT_EQ(jig->entity(), nullptr);
 }
 
 /// Which axes a table gets; those of the drawing's two spaces differ.
