@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <algorithm>
+#include <cmath>
 
 #include "kd/db/database.h"
 #include "kd/ui/widgets.h"
@@ -33,6 +34,13 @@ bool isAutomaticWord(const CStdStr<wchar_t>& text) {
     return ssicmp(text, loadText(kAutomaticText)) == 0;
 }
 
+/// A finite length as the drawing writes it. 0 is given for anything else.
+bool readWidth(KdDbDatabase* database, const CStdStr<wchar_t>& text, double& width) {
+    if (CVqTableUtils::StringToDoubleConvert(database, text, width) != 0 && std::isfinite(width)) return true;
+    width = 0.0;
+    return false;
+}
+
 }  // namespace
 
 void CVqTableInsertDlg::InitSpinButtonCtrl() {
@@ -47,7 +55,7 @@ void CVqTableInsertDlg::InitSpinButtonCtrl() {
     }
     CStdStr<wchar_t>& text = m_texts[ColumnWidth];
     double width = 1.0;
-    if (!text.Trim().empty()) CVqTableUtils::StringToDoubleConvert(m_pDatabase, text, width);
+    if (!text.Trim().empty()) readWidth(m_pDatabase, text, width);
     CVqTableUtils::DoubleToStringConvert(m_pDatabase, width, text);
     m_edits[ColumnWidth].SetWindowTextW(text);
 }
@@ -77,7 +85,8 @@ void CVqTableInsertDlg::OnKillfocusColumnWidthEdit() {
     CStdStr<wchar_t> text;
     m_edits[ColumnWidth].GetWindowTextW(text);
     const bool isLegal = CVqTableUtils::IsLegalNumber(text) || CVqTableUtils::IsLegalScientificNotation(text);
-    leaveFigure(ColumnWidth, text, isLegal, _wtof(text.c_str()) > 0.0);
+    const double width = _wtof(text.c_str());
+    leaveFigure(ColumnWidth, text, isLegal && std::isfinite(width), width > 0.0);
 }
 
 /// The two bad cases differ, as designed, where the focus has left the dialog: a legal text that isn't above 0 is left
@@ -110,14 +119,14 @@ void CVqTableInsertDlg::exchangeFigure(CDataExchange* exchange, Figure figure) {
     DDX_Text(exchange, kFigures[figure].edit, m_texts[figure]);
 }
 
-/// What the edit of the column width holds must be a length that isn't negative, before it becomes the text.
+/// What the edit of the column width holds must be a finite length that isn't negative, before it becomes the text.
 void CVqTableInsertDlg::DDV_Real(CDataExchange* exchange) const {
     if (!exchange->m_bSaveAndValidate) return;
     CStdStr<wchar_t> text;
     m_edits[ColumnWidth].GetWindowTextW(text);
     if (isAutomaticWord(text)) return;
     double width = 0.0;
-    if (CVqTableUtils::StringToDoubleConvert(m_pDatabase, text, width) == 0 || width < 0.0) exchange->Fail();
+    if (!readWidth(m_pDatabase, text, width) || width < 0.0) exchange->Fail();
 }
 
 // ---- stepping
@@ -131,7 +140,7 @@ void CVqTableInsertDlg::SpinMasterReal(CEdit& edit, int delta) const {
     CStdStr<wchar_t> text;
     edit.GetWindowTextW(text);
     double value = 0.0;
-    CVqTableUtils::StringToDoubleConvert(m_pDatabase, text, value);
+    readWidth(m_pDatabase, text, value);
     const double divisor = m_pDatabase->lunits() < kFirstUnitsOfInches ? kStepsOfDecimals : kStepsOfInches;
     value = std::max(0.0, value - delta / divisor);
     if (CVqTableUtils::DoubleToStringConvert(m_pDatabase, value, text) == 1) edit.SetWindowTextW(text);
@@ -163,6 +172,5 @@ double CVqTableInsertDlg::columnWidth() const {
 /// What the edit shows as a length of the drawing, to step from and to be shown again.
 double CVqTableInsertDlg::shownColumnWidth() const {
     double width = 0.0;
-    if (CVqTableUtils::StringToDoubleConvert(m_pDatabase, m_texts[ColumnWidth], width) != 0) return width;
-    return columnWidth();
+    return readWidth(m_pDatabase, m_texts[ColumnWidth], width) ? width : columnWidth();
 }

@@ -11,6 +11,9 @@ namespace {
 
 constexpr const char* kIntegerEdits[] = {kColumnsEdit, kRowsEdit, kHeightEdit};
 
+/// More digits than a finite number has.
+const std::wstring kBeyondNumbers(310, L'9');
+
 class InsertDialogEdits : public InsertDialogTest {
 protected:
     /// What an edit shows when the focus has gone from it to another control of the dialog.
@@ -71,7 +74,8 @@ TEST_F(InsertDialogEdits, An_illegal_number_gives_way_to_the_text_before) {
     open([&] {
         for (const char* edit : kIntegerEdits) {
             const std::wstring before = shown(edit);
-            for (const wchar_t* bad : {L"", L" ", L"0", L"abc", L"2.5", L"3x", L"1e1", L"2147483648", L"Auto"}) {
+            for (const wchar_t* bad :
+                 {L"", L" ", L"0", L"abc", L"2.5", L"3x", L"1e1", L"1e400", L"2147483648", L"Auto"}) {
                 EXPECT_EQ(left(edit, bad), before) << edit << std::wstring(bad);
             }
         }
@@ -106,6 +110,18 @@ TEST_F(InsertDialogEdits, Outside_the_dialog_the_two_bad_cases_differ) {
         put(kWidthEdit, L"9");
         leaveTo("IDHELP");
         EXPECT_EQ(leftOutside(kWidthEdit, L""), L"9");
+    });
+}
+
+TEST_F(InsertDialogEdits, A_width_that_is_not_finite_is_illegal) {
+    open([&] {
+        for (const wchar_t* bad : {L"1e400", L"-1e400", L"1e400 mm", L"inf", L"nan"}) {
+            EXPECT_EQ(left(kWidthEdit, bad), length(63.5)) << std::wstring(bad);
+            EXPECT_EQ(left(kWidthEdit, bad, "IDCANCEL"), bad);
+        }
+        put(kWidthEdit, L"9");
+        leaveTo("IDHELP");
+        EXPECT_EQ(leftOutside(kWidthEdit, L"1e400"), L"9");
     });
 }
 
@@ -191,6 +207,9 @@ TEST_F(InsertDialogEdits, The_width_steps_no_further_than_0_and_from_0_where_the
         put(kWidthEdit, L"junk");
         pressKey(Qt::Key_Up);
         EXPECT_EQ(shown(kWidthEdit), length(0.0005));
+        put(kWidthEdit, kBeyondNumbers);
+        pressKey(Qt::Key_Up);
+        EXPECT_EQ(shown(kWidthEdit), length(0.0005));
     });
 }
 
@@ -216,9 +235,17 @@ TEST_F(InsertDialogEdits, The_wheel_steps_the_width_while_its_edit_has_the_focus
     });
 }
 
+TEST_F(InsertDialogEdits, The_wheel_steps_up_from_0) {
+    open([&] {
+        put(kWidthEdit, L"0");
+        wheel(kWidthEdit, 120);
+        EXPECT_EQ(shown(kWidthEdit), L"0.0005");
+    });
+}
+
 TEST_F(InsertDialogEdits, The_wheel_leaves_a_text_that_is_no_width) {
     open([&] {
-        for (const wchar_t* bad : {L"junk", L"-3"}) {
+        for (const std::wstring& bad : {kBeyondNumbers, std::wstring(L"junk"), std::wstring(L"-3")}) {
             put(kWidthEdit, bad);
             wheel(kWidthEdit, 120);
             EXPECT_EQ(shown(kWidthEdit), bad);
