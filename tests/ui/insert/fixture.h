@@ -28,6 +28,11 @@ inline constexpr const char* kRowsRadio = "IDC_TABLEINSERT_DATAROW_BUTTON";
 inline constexpr const char* kHeightRadio = "IDC_TABLEINSERT_ROWHEIGHT_BUTTON";
 inline constexpr const char* kFigureRadios[] = {kColumnsRadio, kWidthRadio, kRowsRadio, kHeightRadio};
 
+inline constexpr const char* kFigureLabels[] = {"IDC_TABLEINSERT_COLUMN_STATIC", "IDC_TABLEINSERT_COLUMNWIDTH_STATIC",
+                                                "IDC_TABLEINSERT_DATAROW_STATIC", "IDC_TABLEINSERT_ROWHEIGHT_STATIC"};
+inline constexpr const char* kOptionFrame[] = {"IDC_TABLEINSERT_TABLEOPTION_GROUP",
+                                               "IDC_TABLEINSERT_RETAINPROP_STATIC"};
+
 inline constexpr const char* kEmptyRadio = "IDC_TABLEINSERT_INSERT_BUTTON";
 inline constexpr const char* kFileRadio = "IDC_TABLEINSERT_DATALINK_BUTTON";
 inline constexpr const char* kExtractionRadio = "IDC_TABLEINSERT_DATAEXTRACTION_BUTTON";

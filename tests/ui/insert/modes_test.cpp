@@ -13,6 +13,14 @@ protected:
     void expectEnabled(const std::vector<bool>& wanted) const {
         for (std::size_t i = 0; i < wanted.size(); ++i) EXPECT_EQ(isOn(kFigureEdits[i]), wanted[i]) << kFigureEdits[i];
     }
+    /// At a point the labels stand where a window has the radio buttons, with the same texts.
+    void expectTexts(const std::vector<const char*>& controls) const {
+        const unsigned wanted[] = {2162, 2157, 2159, 2158};
+        for (std::size_t i = 0; i < controls.size(); ++i) {
+            EXPECT_TRUE(isSeen(controls[i])) << controls[i];
+            EXPECT_EQ(shown(controls[i]), loadText(wanted[i])) << controls[i];
+        }
+    }
     QImage iconOf(const char* button) const {
         const QIcon icon = as<QAbstractButton>(button).icon();
         return icon.pixmap(icon.availableSizes().value(0)).toImage();
@@ -23,8 +31,7 @@ TEST_F(InsertDialogModes, At_a_point_all_four_figures_are_open_and_no_radio_butt
     open([&] {
         expectEnabled({true, true, true, true});
         for (const char* radio : kFigureRadios) EXPECT_FALSE(isSeen(radio)) << radio;
-        EXPECT_TRUE(isSeen("IDC_TABLEINSERT_COLUMN_STATIC"));
-        EXPECT_EQ(shown("IDC_TABLEINSERT_COLUMN_STATIC"), loadText(2162));
+        expectTexts({std::begin(kFigureLabels), std::end(kFigureLabels)});
         EXPECT_EQ(shown("IDC_TABLEINSERT_SETTINGS_GROUP"), loadText(2163));
     });
 }
@@ -32,9 +39,8 @@ TEST_F(InsertDialogModes, At_a_point_all_four_figures_are_open_and_no_radio_butt
 TEST_F(InsertDialogModes, In_a_window_one_of_each_pair_is_fixed_and_the_other_automatic) {
     open([&] {
         press(kWindowRadio);
-        for (const char* radio : kFigureRadios) EXPECT_TRUE(isSeen(radio)) << radio;
-        EXPECT_FALSE(isSeen("IDC_TABLEINSERT_COLUMN_STATIC"));
-        EXPECT_EQ(shown(kColumnsRadio), loadText(2162));
+        expectTexts({std::begin(kFigureRadios), std::end(kFigureRadios)});
+        for (const char* label : kFigureLabels) EXPECT_FALSE(isSeen(label)) << label;
         EXPECT_EQ(shown("IDC_TABLEINSERT_SETTINGS_GROUP"), loadText(2164));
         EXPECT_TRUE(isChecked(kColumnsRadio));
         EXPECT_TRUE(isChecked(kRowsRadio));
@@ -97,6 +103,7 @@ TEST_F(InsertDialogModes, With_a_file_only_the_point_and_the_files_button_stay) 
               kOtherRow, "IDC_TABLEINSERT_SETTINGS_GROUP", "IDC_TABLEINSERT_CELLSTYLE_GROUP", "IDOK"}) {
             EXPECT_FALSE(isOn(off)) << off;
         }
+        for (const char* label : kFigureLabels) EXPECT_FALSE(isOn(label)) << label;
         expectEnabled({false, false, false, false});
         EXPECT_EQ(figures(), (Names{L"3", length(63.5), L"3", L"1"}));
         EXPECT_NE(iconOf(kStyleManager), style) << "a disabled button has a picture of its own";
@@ -108,10 +115,21 @@ TEST_F(InsertDialogModes, With_a_file_only_the_point_and_the_files_button_stay) 
                                kFirstRow, kSecondRow, kOtherRow, "IDOK"}) {
             EXPECT_TRUE(isOn(on)) << on;
         }
+        for (const char* label : kFigureLabels) EXPECT_TRUE(isOn(label)) << label;
         EXPECT_FALSE(isOn(kFileManager));
         expectEnabled({true, true, true, true});
         EXPECT_EQ(iconOf(kStyleManager), style);
         EXPECT_EQ(iconOf(kFileManager), fileOff);
+    });
+}
+
+TEST_F(InsertDialogModes, A_press_on_the_point_leaves_the_settings_of_a_file_disabled) {
+    open([&] {
+        press(kFileRadio);
+        press(kPointRadio);
+        EXPECT_FALSE(isOn("IDC_TABLEINSERT_SETTINGS_GROUP"));
+        for (const char* label : kFigureLabels) EXPECT_FALSE(isOn(label)) << label;
+        expectEnabled({false, false, false, false});
     });
 }
 

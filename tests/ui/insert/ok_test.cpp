@@ -9,6 +9,7 @@
 #include "module/create/tableentry.h"
 #include "tests/support/boxanswers.h"
 #include "tests/ui/insert/fixture.h"
+#include "win32/widenumbers.h"
 
 namespace kdtest {
 namespace {
@@ -88,19 +89,67 @@ TEST_F(InsertDialogOk, In_a_window_the_numbers_behind_automatic_figures_count) {
 TEST_F(InsertDialogOk, The_road_of_the_command_places_a_table_of_the_figures) {
     addStyle(L"Doors", {L"Notes"});
     makeCurrent(L"Doors");
-    insert(L"10,20\n", {setText(wide(kColumnsEdit), L"4"), setText(wide(kRowsEdit), L"2"),
-                        setText(wide(kWidthEdit), L"50"), setText(wide(kHeightEdit), L"2"),
-                        choose(wide(kFirstRow), L"Notes"), choose(wide(kOtherRow), L"Header"), click(L"IDOK")});
+    insert(L"10,20\n",
+           {setText(wide(kColumnsEdit), L"4"), setText(wide(kRowsEdit), L"2"), setText(wide(kWidthEdit), L"50"),
+            setText(wide(kHeightEdit), L"2"), choose(wide(kFirstRow), L"Notes"), choose(wide(kSecondRow), L"Data"),
+            choose(wide(kOtherRow), L"Header"), click(L"IDOK")});
     look([&](const KdDbTable& table) {
         EXPECT_EQ(table.numColumns(), 4);
         EXPECT_EQ(table.numRows(), 4);
         EXPECT_DOUBLE_EQ(table.columnWidth(3), 50.0);
         EXPECT_EQ(table.tableStyle(), style(L"Doors"));
         EXPECT_STREQ(table.cellStyle(0, 0), L"Notes");
-        EXPECT_STREQ(table.cellStyle(1, 0), L"_HEADER");
+        EXPECT_STREQ(table.cellStyle(1, 0), L"_DATA");
         EXPECT_STREQ(table.cellStyle(3, 0), L"_HEADER");
         EXPECT_EQ(table.position(), KdGePoint3d(10.0, 20.0, 0.0));
     });
+}
+
+TEST_F(InsertDialogOk, The_road_of_the_command_offers_no_options_of_a_start_table) {
+    insert(L"", {expect(L"IDC_TABLEINSERT_TABLEOPTION_GROUP", L"visible", L"off"),
+                 expect(L"IDC_TABLEINSERT_RETAINPROP_STATIC", L"visible", L"off"),
+                 expect(L"IDC_TABLEINSERT_LABEL_CHECK", L"visible", L"off"), click(L"IDCANCEL")});
+}
+
+TEST_F(InsertDialogOk, The_name_of_a_cell_style_is_handed_over_without_blanks_around_it) {
+    addStyle(L"Doors", {L"Notes", L" Notes "});
+    makeCurrent(L"Doors");
+    insert(L"10,20\n", {choose(wide(kFirstRow), L"#4"), expect(wide(kFirstRow), L"text", L" Notes "),
+                        choose(wide(kSecondRow), L"#4"), choose(wide(kOtherRow), L"#4"), click(L"IDOK")});
+    look([](const KdDbTable& table) {
+        for (int row = 0; row < table.numRows(); ++row) EXPECT_STREQ(table.cellStyle(row, 0), L"Notes") << row;
+    });
+}
+
+TEST_F(InsertDialogOk, A_count_far_too_large_makes_a_table_of_a_million_cells_at_most_after_the_question) {
+    for (const wchar_t* rows : {L"2147483646", L"2147483647"}) {
+        insert(L"10,20\n", {setText(wide(kRowsEdit), rows), click(L"IDOK"), question(L"OK")});
+        look([&](const KdDbTable& table) {
+            EXPECT_EQ(table.numColumns(), 3);
+            EXPECT_EQ(table.numRows(), 333'333);
+        });
+        EXPECT_EQ(stored(L"Rows"), _wtoi(rows)) << "the number is the user's";
+        const OpenObject<KdDbTable> placed(tables().front(), KdDb::kForWrite);
+        placed->erase(true);
+    }
+}
+
+TEST_F(InsertDialogOk, A_width_that_is_not_finite_gives_way_to_the_one_before) {
+    insert(L"10,20\n", {setText(wide(kWidthEdit), L"1e400"), click(L"IDOK")});
+    look([](const KdDbTable& table) { EXPECT_DOUBLE_EQ(table.columnWidth(0), 63.5); });
+    EXPECT_DOUBLE_EQ(storedWidth(), 63.5);
+}
+
+TEST_F(InsertDialogOk, In_a_window_an_automatic_width_is_the_least_until_the_window_tells_it) {
+    for (const char* rows : {kRowsRadio, kHeightRadio}) {
+        SCOPED_TRACE(rows);
+        const ConfigFolder own;
+        insert(L"10,20\n10,20\n",
+               {click(wide(kWindowRadio)), click(wide(kColumnsRadio)), click(wide(rows)), click(L"IDOK")});
+        look([](const KdDbTable& table) { EXPECT_DOUBLE_EQ(table.columnWidth(0), 7.5); });
+        const OpenObject<KdDbTable> placed(tables().front(), KdDb::kForWrite);
+        placed->erase(true);
+    }
 }
 
 TEST_F(InsertDialogOk, A_current_style_renamed_by_F2_is_sought_by_its_old_name_and_the_table_falls_to_Standard) {

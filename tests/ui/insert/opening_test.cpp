@@ -4,12 +4,14 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
+#include <QTextBrowser>
 
 #include "host/ed/display.h"
 #include "host/rx/faults.h"
 #include "host/ui/help.h"
 #include "mfc/resource.h"
 #include "module/core/resources.h"
+#include "tests/support/places.h"
 #include "tests/ui/insert/fixture.h"
 
 namespace kdtest {
@@ -63,8 +65,7 @@ TEST_F(InsertDialogOpening, Extraction_and_the_options_of_a_start_table_are_hidd
     open([&] {
         EXPECT_FALSE(isSeen(kExtractionRadio));
         for (const char* check : kChecks) EXPECT_FALSE(isSeen(check)) << check;
-        EXPECT_FALSE(isSeen("IDC_TABLEINSERT_TABLEOPTION_GROUP"));
-        EXPECT_FALSE(isSeen("IDC_TABLEINSERT_RETAINPROP_STATIC"));
+        for (const char* around : kOptionFrame) EXPECT_FALSE(isSeen(around)) << around;
         EXPECT_FALSE(isSeen("IDC_TABLEINSERT_NOTPREVIEW_STATIC"));
         EXPECT_FALSE(isSeen(kNoPreviewTip));
         EXPECT_TRUE(isSeen(kPreview));
@@ -75,14 +76,14 @@ TEST_F(InsertDialogOpening, With_a_start_table_its_options_show_and_take_clicks)
     make();
     EXPECT_EQ(dialog->SetFromTablStyleFlag(1), 1);
     runModal(*dialog, [&] {
-        EXPECT_TRUE(isSeen("IDC_TABLEINSERT_TABLEOPTION_GROUP"));
-        EXPECT_TRUE(isSeen("IDC_TABLEINSERT_RETAINPROP_STATIC"));
+        for (const char* around : kOptionFrame) EXPECT_TRUE(isSeen(around) && isOn(around)) << around;
         for (const char* check : kChecks) {
             press(check);
             EXPECT_TRUE(isChecked(check)) << check;
         }
         press(kFileRadio);
         for (const char* check : kChecks) EXPECT_FALSE(isOn(check)) << check;
+        for (const char* around : kOptionFrame) EXPECT_FALSE(isOn(around)) << around;
         press("IDCANCEL");
     });
 }
@@ -132,6 +133,7 @@ TEST_F(InsertDialogOpening, The_dialog_grows_and_never_gets_smaller_than_it_open
 }
 
 TEST_F(InsertDialogOpening, Help_F1_and_the_request_of_a_window_show_the_page_of_the_dialog) {
+    kdhost::setHelpFolder(sourcePath("docs"));
     const auto page = [] {
         QString text;
         for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -140,6 +142,12 @@ TEST_F(InsertDialogOpening, Help_F1_and_the_request_of_a_window_show_the_page_of
         }
         return text;
     };
+    const auto heading = [&]() -> std::string {
+        for (const auto* browser : dialog->findChildren<QTextBrowser*>()) {
+            if (browser->isVisible()) return browser->toPlainText().section(QLatin1Char('\n'), 0, 0).toStdString();
+        }
+        return {};
+    };
     const std::function<void()> ways[] = {[&] { press("IDHELP"); }, [] { pressKey(Qt::Key_F1); },
                                           [&] { EXPECT_EQ(dialog->OnHelpInfo(), 1); }};
     open([&] {
@@ -147,6 +155,7 @@ TEST_F(InsertDialogOpening, Help_F1_and_the_request_of_a_window_show_the_page_of
             const QString before = page();
             ask();
             EXPECT_NE(page(), before);
+            EXPECT_EQ(heading(), "Insert table");
             for (QWidget* window : QApplication::topLevelWidgets()) {
                 if (window != dialog.get() && window->isVisible()) window->close();
             }
@@ -154,6 +163,7 @@ TEST_F(InsertDialogOpening, Help_F1_and_the_request_of_a_window_show_the_page_of
             EXPECT_TRUE(QTest::qWaitFor([&] { return page() == before; }));
         }
     });
+    kdhost::setHelpFolder({});
 }
 
 /// Counts how often the host is told to draw everything afresh.

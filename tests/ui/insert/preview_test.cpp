@@ -91,6 +91,19 @@ TEST_F(InsertDialogPreview, Each_choice_shows_at_once) {
          choose(wide(kOtherRow), L"Header"), differs, choose(wide(kStyleBox), L"Beta"), differs, click(L"IDCANCEL")});
 }
 
+TEST_F(InsertDialogPreview, Of_another_style_it_shows_the_cell_styles_that_the_boxes_then_show) {
+    addStyle(L"Beta");
+    QImage plain;
+    run({choose(wide(kStyleBox), L"Beta"), [&] { plain = picture(); }, click(L"IDCANCEL")});
+    EXPECT_FALSE(plain.isNull());
+    run({choose(wide(kFirstRow), L"Data"), [&] { EXPECT_NE(picture(), plain); }, choose(wide(kStyleBox), L"Beta"),
+         [&] {
+             EXPECT_EQ(shown(kFirstRow), L"Title");
+             EXPECT_EQ(picture(), plain);
+         },
+         click(L"IDCANCEL")});
+}
+
 TEST_F(InsertDialogPreview, A_style_that_was_changed_shows_when_its_dialog_is_left_by_OK) {
     QImage before;
     run({[&] { before = picture(); }, click(wide(kStyleManager)), click(L"IDC_TABLESTYLE_MODSTYLE_BUTTON"),

@@ -1,6 +1,7 @@
 // What the insert dialog remembers: how it is stored, read, converted and kept from Cancel.
 
 #include <cstring>
+#include <limits>
 
 #include "host/rx/faults.h"
 #include "kd/db/database.h"
@@ -128,6 +129,21 @@ TEST_F(InsertDialogSettings, Another_number_leaves_both_unfixed_as_a_new_dialog_
     }
     accept();
     EXPECT_EQ(stored(L"AutoOptions"), 5);
+}
+
+TEST_F(InsertDialogSettings, Any_number_but_0_stands_for_the_window) {
+    for (const int window : {0, 1, 2, 7, -1}) {
+        storeAll(10, 4, 5, 2, window, 1, 30.0);
+        open([&] {
+            EXPECT_EQ(isChecked(kWindowRadio), window != 0) << window;
+            EXPECT_EQ(isChecked(kPointRadio), window == 0) << window;
+        });
+    }
+}
+
+TEST_F(InsertDialogSettings, A_stored_width_that_is_not_finite_comes_back_as_0) {
+    storeAll(10, 4, 5, 2, 0, 1, std::numeric_limits<double>::infinity());
+    open([&] { EXPECT_EQ(shown(kWidthEdit), length(0.0)); });
 }
 
 TEST_F(InsertDialogSettings, Cancel_stores_nothing_however_it_is_said) {
