@@ -260,6 +260,19 @@ TEST_F(StyleSamples, The_reference_lies_in_the_drawings_user_coordinates_and_the
     }
 }
 
+TEST_F(StyleSamples, Recomputing_in_moved_user_coordinates_moves_the_reference_no_further) {
+    const Picture plain = StyleSample(look).make().picture();
+    const UserSystem& moved = kUserSystems.front();
+    StyleSample made(look);
+    ASSERT_EQ(made.sample.GetDatabase()->setUcs(moved.origin, moved.x, moved.y), Kdad::eOk);
+    made.make();
+    for (int again = 0; again < 2; ++again) {
+        ASSERT_TRUE(made.sample.RecomputeTableBlock());
+        EXPECT_TRUE(made.sample.GetTableCell()->blockTransform().isEqualTo(moved.matrix()));
+        EXPECT_EQ(difference(plain, made.picture()), "");
+    }
+}
+
 // ---- failures
 
 TEST_F(StyleSamples, A_block_that_cannot_be_added_leaves_a_reference_without_one) {
