@@ -3,6 +3,7 @@
 #include "kd/db/table.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "host/db/fieldevaluation.h"
 #include "host/db/tableaccess.h"
@@ -10,6 +11,15 @@
 #include "host/db/tableplace.h"
 
 using namespace kdhost;
+
+namespace {
+
+/// Infinite rows and columns have no place, and no file could keep them.
+bool isSize(double given) {
+    return given >= 0.0 && std::isfinite(given);
+}
+
+}  // namespace
 
 KDRX_DEFINE_MEMBERS(KdDbTable, KdDbBlockReference)
 
@@ -80,7 +90,7 @@ void KdDbTable::setColumnWidth(int column, double width) {
         setColumnWidth(width);
         return;
     }
-    if (column < 0 || column >= numColumns() || !(width >= 0.0)) return;
+    if (column < 0 || column >= numColumns() || !isSize(width)) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
     state->columnWidths[static_cast<std::size_t>(column)] = width;
@@ -88,7 +98,7 @@ void KdDbTable::setColumnWidth(int column, double width) {
 }
 
 void KdDbTable::setColumnWidth(double width) {
-    if (!(width >= 0.0)) return;
+    if (!isSize(width)) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
     std::fill(state->columnWidths.begin(), state->columnWidths.end(), width);
@@ -109,7 +119,7 @@ void KdDbTable::setRowHeight(int row, double height) {
         setRowHeight(height);
         return;
     }
-    if (row < 0 || row >= numRows() || !(height >= 0.0)) return;
+    if (row < 0 || row >= numRows() || !isSize(height)) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
     state->rows.setHeight(row, height);
@@ -117,7 +127,7 @@ void KdDbTable::setRowHeight(int row, double height) {
 }
 
 void KdDbTable::setRowHeight(double height) {
-    if (!(height >= 0.0)) return;
+    if (!isSize(height)) return;
     TableState* state = editTable(*this);
     if (state == nullptr) return;
     for (int row = 0; row < state->rowCount(); ++row) state->rows.setHeight(row, height);

@@ -114,7 +114,12 @@ TEST(Table, sizes_stay_as_set_and_bad_ones_change_nothing) {
     }
     table->setRowHeight(0, -1);
     table->setColumnWidth(0, -1);
-    table->setRowHeight(0, std::nan(""));
+    for (const double size : {std::nan(""), HUGE_VAL}) {
+        for (const int place : {0, -1}) {
+            table->setRowHeight(place, size);
+            table->setColumnWidth(place, size);
+        }
+    }
     EXPECT_EQ(describe(*table), before);
 }
 
