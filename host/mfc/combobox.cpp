@@ -18,6 +18,11 @@ using kdhost::qtText;
 constexpr const char* kEditHeight = "editHeight";
 constexpr const char* kItemHeight = "itemHeight";
 
+/// As names are compared: the letters A to Z alone have a case.
+bool isAlike(const QString& a, const QString& b) {
+    return CStdStr<wchar_t>(a.toStdWString()).CompareNoCase(b.toStdWString().c_str()) == 0;
+}
+
 /// The rows of either widget, behind one face.
 class Rows {
 public:
@@ -149,13 +154,12 @@ void CComboBox::ResetContent() {
 
 int CComboBox::FindString(int start, const wchar_t* text) const {
     const QString wanted = qtText(text);
-    return findRow(Rows(*this), start, [&](const QString& row) { return row.startsWith(wanted, Qt::CaseInsensitive); });
+    return findRow(Rows(*this), start, [&](const QString& row) { return isAlike(row.left(wanted.size()), wanted); });
 }
 
 int CComboBox::FindStringExact(int start, const wchar_t* text) const {
     const QString wanted = qtText(text);
-    return findRow(Rows(*this), start,
-                   [&](const QString& row) { return row.compare(wanted, Qt::CaseInsensitive) == 0; });
+    return findRow(Rows(*this), start, [&](const QString& row) { return isAlike(row, wanted); });
 }
 
 void CComboBox::GetLBText(int row, CStdStr<wchar_t>& text) const {

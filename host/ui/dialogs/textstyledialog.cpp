@@ -18,6 +18,7 @@
 #include <functional>
 #include <utility>
 
+#include "host/db/names.h"
 #include "host/ui/dialogs/hostdialog.h"
 #include "host/ui/dialogs/textstyles.h"
 #include "kd/db/database.h"
@@ -152,10 +153,13 @@ private:
     void fill(const std::wstring& shown) {
         const QSignalBlocker quiet(m_list);
         m_list->clear();
-        for (const std::wstring& name : m_styles.names()) m_list->addItem(QString::fromStdWString(name));
+        int shownRow = 0;
+        for (const std::wstring& name : m_styles.names()) {
+            if (foldedName(name.c_str()) == foldedName(shown.c_str())) shownRow = m_list->count();
+            m_list->addItem(QString::fromStdWString(name));
+        }
         showWholeNames();
-        const QList<QListWidgetItem*> found = m_list->findItems(QString::fromStdWString(shown), Qt::MatchFixedString);
-        m_list->setCurrentRow(found.isEmpty() ? 0 : m_list->row(found.first()));
+        m_list->setCurrentRow(shownRow);
         show(m_list->currentItem() == nullptr ? std::wstring() : m_list->currentItem()->text().toStdWString());
     }
 

@@ -88,6 +88,10 @@ TEST_P(Combos, texts_are_found_behind_the_start_and_around_the_end_regardless_of
     EXPECT_EQ(combo.FindStringExact(0, L"ALPHA"), 0);
     EXPECT_EQ(combo.FindStringExact(-1, L"BETA"), 1);
     EXPECT_EQ(combo.FindStringExact(-1, L"Alph"), -1);
+    combo.AddString(L"Ärger");
+    const int small = combo.AddString(L"ärger");
+    EXPECT_EQ(combo.FindStringExact(-1, L"äRGER"), small) << "the letters A to Z alone have a case";
+    EXPECT_EQ(combo.FindString(-1, L"äR"), small);
     combo.ResetContent();
     EXPECT_EQ(combo.FindString(-1, L"a"), -1);
     EXPECT_EQ(combo.FindStringExact(0, L"a"), -1);
