@@ -42,6 +42,14 @@ TEST_F(StyleTablePreview, Has_the_rows_and_columns_that_the_texts_tell_and_lies_
     EXPECT_TRUE(steps().empty());
 }
 
+TEST_F(StyleTablePreview, Has_the_layer_and_the_line_type_that_new_entities_of_the_drawing_get) {
+    const auto table = make();
+    ASSERT_FALSE(host.database().clayer().isNull());
+    ASSERT_FALSE(host.database().celtype().isNull());
+    EXPECT_EQ(table->layerId(), host.database().clayer());
+    EXPECT_EQ(table->linetypeId(), host.database().celtype());
+}
+
 TEST_F(StyleTablePreview, Shows_the_display_names_of_its_cell_styles) {
     const auto table = make();
     EXPECT_STREQ(table->cellStyle(0, 0), L"_TITLE");

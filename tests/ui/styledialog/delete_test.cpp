@@ -18,6 +18,14 @@ protected:
         for (const wchar_t* name : {L"Alpha", L"Beta", L"Zeta"}) addStyle(name);
     }
 
+    /// Takes back the erasure of an object, without a word to its dictionary.
+    static void revive(KdDbObjectId id) {
+        KdDbObject* object = nullptr;
+        ASSERT_EQ(kddbOpenObject(object, id, KdDb::kForWrite, true), Kdad::eOk);
+        EXPECT_EQ(object->erase(false), Kdad::eOk);
+        object->close();
+    }
+
     const Names all = {L"Alpha", L"Beta", L"Standard", L"Zeta"};
     const Names withoutBeta = {L"Alpha", L"Standard", L"Zeta"};
 };
@@ -119,7 +127,15 @@ TEST_F(TableStyleDialogDelete, A_style_erased_by_another_road_loses_its_row) {
     EXPECT_EQ(styleNames(), withoutBeta);
 }
 
+TEST_F(TableStyleDialogDelete, The_dictionary_is_told_so_that_a_style_that_comes_back_has_no_name_there) {
+    const KdDbObjectId beta = style(L"Beta");
+    run({choose(kList, L"Beta"), click(kDelete), answer(kQuestion, L"OK"), click(L"IDOK")});
+    revive(beta);
+    EXPECT_EQ(styleNames(), withoutBeta);
+}
+
 TEST_F(TableStyleDialogDelete, A_dictionary_that_cannot_be_told_keeps_no_style_that_is_erased) {
+    const KdDbObjectId beta = style(L"Beta");
     std::unique_ptr<OpenObject<KdDbObject>> reader;
     run({choose(kList, L"Beta"), click(kDelete),
          [&] {
@@ -130,6 +146,8 @@ TEST_F(TableStyleDialogDelete, A_dictionary_that_cannot_be_told_keeps_no_style_t
          expectRows(withoutBeta, L"Standard"), click(L"IDOK")});
     reader.reset();
     EXPECT_EQ(styleNames(), withoutBeta);
+    revive(beta);
+    EXPECT_EQ(styleNames(), all) << "its entry has waited";
 }
 
 TEST_F(TableStyleDialogDelete, The_key_needs_a_selected_row) {

@@ -309,6 +309,24 @@ TEST_F(StyleEditCellStyles, Manage_with_Cancel_takes_back_what_was_done_in_it) {
     EXPECT_EQ(dump(), before);
 }
 
+TEST_F(StyleEditCellStyles, The_row_that_opens_the_manager_gives_way_to_the_first_one_which_the_pages_show) {
+    addCellStyle(L"Amounts");
+    change([](KdDbTableStyle& open) { open.setMargin(KdDb::kCellMarginLeft, 9.0, L"Amounts"); });
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        choose(kCellStyleBox, "Header");
+        next([&](QWidget& manager) {
+            EXPECT_EQ(shown(dialog), "Amounts") << "before the manager opens";
+            cancel(manager);
+        });
+        choose(kCellStyleBox, "Manage cell styles");
+        backIn(dialog);
+        EXPECT_EQ(shown(dialog), "Amounts");
+        EXPECT_EQ(margin(dialog), "9");
+        EXPECT_EQ(CVqTableStyleEditDlg::m_nComboBoxIndex, 0);
+        cancel(dialog);
+    });
+}
+
 TEST_F(StyleEditCellStyles, The_Cancel_of_the_style_takes_back_an_OK_of_the_manager) {
     const nlohmann::json before = dump();
     edit([&](CVqTableStyleEditDlg& dialog) {

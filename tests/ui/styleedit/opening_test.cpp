@@ -142,6 +142,34 @@ TEST_F(StyleEditOpening, Has_a_fixed_size_and_three_pages_of_one_size) {
     });
 }
 
+TEST_F(StyleEditOpening, The_first_page_is_shown_before_tabs_that_the_tree_brings_along) {
+    transactions().startTransaction();
+    CVqTableStyleEditDlg dialog(nullptr, 1);
+    dialog.SetTableStyleId(styleId());
+    auto& tabs = in<QTabWidget>(dialog, "IDC_TABLESTYLEEDIT_STYLE_TABLE");
+    tabs.addTab(new QWidget, QStringLiteral("More"));
+    runModal(dialog, [&] {
+        EXPECT_EQ(tabs.tabText(3), QStringLiteral("More"));
+        EXPECT_EQ(tabs.currentIndex(), GeneralPage);
+        cancel(dialog);
+    });
+    transactions().abortTransaction();
+}
+
+TEST_F(StyleEditOpening, The_pages_are_put_below_the_tabs_before_the_dialog_shows) {
+    transactions().startTransaction();
+    CVqTableStyleEditDlg dialog(nullptr, 1);
+    dialog.SetTableStyleId(styleId());
+    EXPECT_EQ(dialog.OnInitDialog(), 1);
+    const auto& tabs = in<QTabWidget>(dialog, "IDC_TABLESTYLEEDIT_STYLE_TABLE");
+    const QPoint place(3, static_cast<int>(kdadGetDPIScale() * 4.0 + 20.0));
+    const QList<KdUiBaseDialog*> pages = tabs.findChildren<KdUiBaseDialog*>();
+    EXPECT_EQ(pages.size(), 3);
+    for (const KdUiBaseDialog* page : pages) EXPECT_EQ(page->mapTo(&tabs, QPoint()), place);
+    dialog.OnDestroy();
+    transactions().abortTransaction();
+}
+
 TEST_F(StyleEditOpening, The_row_of_the_last_cell_style_is_never_restored) {
     CVqTableStyleEditDlg::m_nComboBoxIndex = 2;
     edit([&](CVqTableStyleEditDlg& dialog) {

@@ -299,6 +299,23 @@ TEST_F(StylePageBorder, Other_colours_and_line_types_are_asked_for) {
     });
 }
 
+TEST_F(StylePageBorder, Another_colour_is_asked_for_however_its_row_was_selected) {
+    editBorders([&](CVqTableStyleEditDlg& dialog) {
+        next([](QWidget&) { EXPECT_EQ(kdhost::automation::color(L"7,8,9"), L""); });
+        box(dialog, kColorBox).setCurrentIndex(box(dialog, kColorBox).count() - 1);
+        EXPECT_EQ(shown(dialog, kColorBox), "7,8,9");
+    });
+}
+
+TEST_F(StylePageBorder, A_picked_colour_stays_when_its_box_shows_none) {
+    editBorders([&](CVqTableStyleEditDlg& dialog) {
+        choose(kColorBox, "Red");
+        box(dialog, kColorBox).setCurrentIndex(-1);
+        press(dialog, kTop);
+        EXPECT_EQ(style().gridColor(KdDb::kHorzTop, L"_DATA"), KdCmColor::fromIndex(1));
+    });
+}
+
 TEST_F(StylePageBorder, A_cancelled_choice_of_a_line_type_keeps_the_row_before) {
     editBorders([&](CVqTableStyleEditDlg& dialog) {
         choose(kTypeBox, 2);

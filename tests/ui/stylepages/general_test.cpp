@@ -163,6 +163,15 @@ TEST_F(StylePageGeneral, Shows_and_writes_the_merge_flag) {
     });
     EXPECT_TRUE(style().isMergeAllEnabled(L"_DATA"));
     EXPECT_FALSE(style().isMergeAllEnabled(L"_HEADER"));
+    edit([&](CVqTableStyleEditDlg& dialog) {
+        const auto& merge = in<QCheckBox>(dialog, kMerge);
+        EXPECT_TRUE(merge.isChecked());
+        choose(kCellStyleBox, "Header");
+        EXPECT_FALSE(merge.isChecked());
+        choose(kCellStyleBox, "Data");
+        EXPECT_TRUE(merge.isChecked());
+        cancel(dialog);
+    });
 }
 
 TEST_F(StylePageGeneral, The_horizontal_margin_is_the_left_one_and_the_vertical_the_top_one) {
