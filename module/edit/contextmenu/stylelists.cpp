@@ -98,7 +98,6 @@ bool CVqTableUIContext::addCellStyleMenu(TableMenu& parent, const KdDbTable& tab
     const QLatin1String kSaveAs("IDR_TABLEDIT_CELLSTYLE_SAVEAS");
     const QLatin1String kStyles("IDR_TABLEDIT_CELLSTYLE_BASE");
     m_cellStyleMenu.CreatePopupMenu();
-    m_cellStyleMenu.SetonCommand(this);
     const MarkedStyle marked = getCellStyle(table, hit);
     const OpenObject<KdDbTableStyle> style(table.tableStyle(), KdDb::kForRead);
     if (!style) return false;

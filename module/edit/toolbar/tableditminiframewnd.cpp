@@ -46,7 +46,6 @@ CVqTableditMiniFrameWnd::CVqTableditMiniFrameWnd() : m_reactor(std::make_unique<
     setWindowFlags(Qt::WindowFlags((unsigned(windowFlags()) & kFlagsKept) | kFlagsSet));
     setAttribute(kTakesInputMethods);
     setFocusPolicy(Qt::StrongFocus);
-    setFocus(Qt::OtherFocusReason);
     if (!buildTree(*this, "IDD_TABLEDIT_DIALOG")) return;
     CreateToolBar(nullptr, KdString(loadText(kTitleText)));
 }
