@@ -155,15 +155,20 @@ TEST_F(OneCell, without_a_text_style_of_its_own_has_the_drawings_current_one) {
     EXPECT_TRUE(look(id).textStyle(0, 0).isNull()) << "a style that nobody changed is not written";
 }
 
-/// Keeps what is drawn afresh.
+/// Keeps what is drawn afresh, and how often something was open for write then.
 class Drawn : public kdhost::Display {
 public:
     Drawn() { kdhost::setDisplay(this); }
     ~Drawn() override { kdhost::setDisplay(nullptr); }
-    void redraw(const std::vector<KdDbObjectId>& ids) override { all.insert(all.end(), ids.begin(), ids.end()); }
+    void redraw(const std::vector<KdDbObjectId>& ids) override {
+        all.insert(all.end(), ids.begin(), ids.end());
+        const std::vector<kdhost::OpenObject> open = kdhost::openObjects();
+        whileWriting += std::any_of(open.begin(), open.end(), [](const auto& object) { return object.writing; });
+    }
     bool holds(KdDbObjectId id) const { return std::find(all.begin(), all.end(), id) != all.end(); }
 
     std::vector<KdDbObjectId> all;
+    int whileWriting = 0;
 };
 
 TEST_F(OneCell, has_neither_grips_nor_selected_cells_in_its_way_and_is_drawn_without_them) {
@@ -180,6 +185,40 @@ TEST_F(OneCell, has_neither_grips_nor_selected_cells_in_its_way_and_is_drawn_wit
     };
     EXPECT_TRUE(edit(id, 0, 0));
     EXPECT_TRUE(looked);
+}
+
+TEST_F(OneCell, has_no_selected_cells_in_its_way_in_a_drawing_behind_another_one) {
+    const KdDbObjectId id = add(TableBuilder(2, 2).build());
+    select(id, "A1:B2");
+    host.documents().openNew();
+    bool looked = false;
+    typist.look = [&](KdDbMText&) {
+        looked = true;
+        EXPECT_EQ(selection(id), KdCellRange());
+    };
+    typist.types({leave(0)});
+    EXPECT_TRUE(edit(id, 0, 0));
+    EXPECT_TRUE(looked);
+}
+
+TEST_F(OneCell, is_drawn_with_its_new_text_when_the_table_is_closed) {
+    const KdDbObjectId id = add(TableBuilder(1, 2).build());
+    kdhost::updateDisplay();
+    Drawn drawn;
+    typist.look = [&](KdDbMText&) { drawn.all.clear(); };
+    typist.types({{L"a", 9}, {L"b", 0}});
+    EXPECT_TRUE(edit(id, 0, 0));
+    EXPECT_TRUE(drawn.holds(id));
+    EXPECT_EQ(drawn.whileWriting, 0);
+}
+
+TEST_F(OneCell, is_to_be_drawn_without_the_editor_also_when_the_text_is_given_up) {
+    const KdDbObjectId id = add(TableBuilder(1, 1).build());
+    const OpenObject<KdDbTable> table(id, KdDb::kForWrite);
+    typist.look = [](KdDbMText&) { kdhost::updateDisplay(); };
+    int key = 0;
+    EXPECT_EQ(pass(table.get(), 0, 0, key, L"", true, L""), RTCAN);
+    EXPECT_EQ(kdhost::queuedForRedraw(), std::vector{id});
 }
 
 // What the user changes of the looks.

@@ -6,6 +6,7 @@
 
 #include "host/ed/display.h"
 #include "host/ed/editor.h"
+#include "module/edit/toolbar/tableditminiframewnd.h"
 #include "tests/module/edit/commandrun.h"
 
 namespace kdtest {
@@ -181,6 +182,18 @@ TEST_F(EditTableCell, Cells_selected_before_are_dropped_when_the_table_is_picked
     KdCellRange whileAsking;
     runCommand({L"1,-1", Step([&] { whileAsking = selection(id); }), L"C3", L"Quit"});
     EXPECT_EQ(whileAsking, none);
+}
+
+// Over a table that opens it would have given the cells.
+TEST_F(EditTableCell, The_toolbar_over_a_table_that_was_erased_is_hidden_when_another_one_is_picked) {
+    addFilled(3, 3);
+    const KdDbObjectId erased = add(TableBuilder(3, 3).build(), {1000.0, 0.0, 0.0});
+    CVqTableCommon::ShowTableToolbar(erased, true);
+    change(erased, [](KdDbTable& open) { open.erase(); });
+    const auto expectShown = [](bool shown) {
+        return Step([=] { EXPECT_EQ(GetTableditMiniFrameWnd()->isVisible(), shown); });
+    };
+    runCommand({expectShown(true), L"1,-1", expectShown(false), L"A1", L"Quit"});
 }
 
 TEST_F(EditTableCell, Esc_at_the_cells_closes_the_table_and_leaves_nothing_selected) {

@@ -247,6 +247,9 @@ TEST_F(TableMenus, CreatePopupMenu_empties_the_menu_that_there_was) {
     menu.CreatePopupMenu();
     EXPECT_TRUE(loaded.isNull());
     EXPECT_EQ(menu.popup(), &menu);
+    makeThree();
+    menu.DestroyMenu();
+    EXPECT_EQ(menu.GetMenuItemCount(), 3) << "nor has it the name any more that was loaded";
 }
 
 TEST_F(TableMenus, Items_and_sub_menus_are_put_in_before_a_position_and_taken_out_by_name_and_position) {
@@ -266,12 +269,16 @@ TEST_F(TableMenus, Items_and_sub_menus_are_put_in_before_a_position_and_taken_ou
     odd->popup()->actions()[0]->trigger();
     EXPECT_EQ(noting.commands, std::vector{1816U});
 
+    const QPointer<QAction> item = itemNamed(*odd->popup(), "N");
     menu.DeleteMenu(id("N"));
+    EXPECT_TRUE(item.isNull());
     EXPECT_EQ(ids(*odd), Ids{"IDR_MERGE_ALL"});
     menu.DeleteMenu(id("S"));
     EXPECT_EQ(ids(menu), (Ids{"A", "B", "C", "IDR_ODD"}));
     EXPECT_EQ(below.GetMenuItemCount(), 1) << "a popup that was put in stays its owner's";
+    const QPointer<QMenu> made = odd->popup();
     menu.DeleteMenu(3);
+    EXPECT_TRUE(made.isNull()) << "one that was made goes with its item";
     menu.DeleteMenu(0);
     menu.DeleteMenu(7);
     menu.DeleteMenu(id("IDR_NONE"));

@@ -5,8 +5,10 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include "kd/ad/appinterface.h"
+#include "kd/ad/mainapp.h"
 #include "module/frame/docmanagerreactor.h"
 #include "tests/ui/toolbar/fixture.h"
 
@@ -76,6 +78,15 @@ TEST_F(ToolbarLife, stands_in_the_middle_of_the_screen_with_its_title_and_no_but
     EXPECT_EQ(unsigned(window()->windowFlags()) & ~0xF7FF3FFFU, 0U);
     EXPECT_EQ(window()->parentWidget(), nullptr);
     EXPECT_TRUE(window()->testAttribute(Qt::WA_InputMethodEnabled));
+}
+
+TEST_F(ToolbarLife, stays_over_the_main_window_without_being_its_child) {
+    QWidget* main = kfsw_kdadMainWnd();
+    ASSERT_NE(main, nullptr);
+    main->winId();
+    showOver(TableBuilder(3, 3).select("B2"));
+    EXPECT_EQ(window()->windowHandle()->transientParent(), main->windowHandle());
+    EXPECT_EQ(window()->parentWidget(), nullptr);
 }
 
 TEST_F(ToolbarLife, comes_up_without_becoming_the_active_window) {

@@ -252,6 +252,11 @@ TEST_F(ToolbarCellStyles, manage_the_styles_in_one_step_and_show_them_afterwards
     EXPECT_EQ(steps(), (std::vector<std::wstring>{L"CreateCellStyle", L"ManCellStyle"}));
 }
 
+TEST_F(ToolbarCellStyles, without_a_table_list_the_first_entry_and_the_two_last) {
+    showTableToolBar(KdDbObjectId::kNull, true);
+    EXPECT_EQ(rows(), (std::vector<std::wstring>{text(2224), L"Create cell style", L"Manage cell styles"}));
+}
+
 TEST_F(ToolbarCellStyles, without_a_style_of_the_table_nothing_opens) {
     const KdDbObjectId table = showOver(TableBuilder(3, 3).select("A1"));
     showTableToolBar(table, false);

@@ -95,10 +95,27 @@ TEST_P(ToolbarDialogLooks, every_control_has_its_size_and_is_told_to_the_user) {
                                                                  : 20.0 * scale;
         EXPECT_EQ(shown.width(), static_cast<int>(width)) << row.name;
         EXPECT_GE(shown.height(), static_cast<int>(20.0 * scale)) << row.name;
+        if (isCombo) {
+            EXPECT_EQ(combo(row.name).comboBoxStyle(), 3) << row.name;
+        }
     }
     EXPECT_EQ(tips.size(), 15U);
     expectWholeLists();
     keep(*window(), "toolbar");
+}
+
+TEST_P(ToolbarDialogLooks, groups_of_controls_stand_apart) {
+    showOver(TableBuilder(4, 4).select("B2:C3"));
+    const auto between = [](const char* left, const char* right) {
+        return control<QWidget>(right).x() - control<QWidget>(left).geometry().right() - 1;
+    };
+    const int spacing = between("IDC_TABLEDIT_TOPINSERT", "IDC_TABLEDIT_BOTTOMINSERT");
+    const auto gap = [&](const char* left, const char* right) { return between(left, right) - 2 * spacing; };
+    EXPECT_EQ(between("IDC_TABLEDIT_BOTTOMINSERT", "IDC_TABLEDIT_ROWDELETE"), spacing);
+    EXPECT_EQ(gap("IDC_TABLEDIT_ROWDELETE", "IDC_TABLEDIT_LEFTINSERT"), 5);
+    EXPECT_EQ(gap("IDC_TABLEDIT_COLUMNDELETE", "IDC_TABLEDIT_MERGECELL"), 5);
+    EXPECT_EQ(gap("IDC_TABLEDIT_UNMERGECELL", kColorComboName), static_cast<int>(5.0 * kdadGetDPIScale()));
+    EXPECT_EQ(gap("IDC_TABLEDIT_FORMULA", kCellStyleComboName), 5);
 }
 
 TEST_P(ToolbarDialogLooks, its_images_are_drawn_for_the_scale_of_the_screen) {
