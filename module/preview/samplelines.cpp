@@ -36,7 +36,6 @@ void SampleLines::add(const EdgePlace& place, const KdGePoint3d& start) {
 
 void SampleLines::appendTo(KdDbBlockTableRecord& block) {
     for (std::unique_ptr<KdDbLine>& line : m_lines) appendToSample(block, std::move(line));
-    m_lines.clear();
 }
 
 void SampleLines::addLine(const KdGePoint3d& start, const KdGePoint3d& end, KdDb::GridLineType looks) {

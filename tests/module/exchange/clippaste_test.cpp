@@ -204,6 +204,16 @@ TEST_F(CellPastes, are_one_step_of_undo) {
     EXPECT_EQ(look(id).getMergeRange(2, 0), cells("A3:B4"));
 }
 
+TEST_F(CellPastes, leave_no_other_table_in_the_drawing_not_even_in_a_block_that_is_gone) {
+    const KdDbObjectId id = add(table(3, 3).fill());
+    ASSERT_EQ(copy(id, "A1:B2"), 1);
+    ASSERT_EQ(paste(id, "B2"), 1);
+    const KdDbObjectId next = add(table(1, 1));
+    for (std::int64_t number = id.asInteger() + 1; number < next.asInteger(); ++number) {
+        EXPECT_EQ(kdhost::peek<KdDbTable>(KdDbObjectId(static_cast<std::uint64_t>(number))), nullptr) << number;
+    }
+}
+
 TEST_F(CellPastes, rebuild_merges_in_the_target) {
     const KdDbObjectId id = add(table(6, 6).merge("A1:B2").merge("D2:E2").fill());
     ASSERT_EQ(copy(id, "A1:C2"), 1);

@@ -342,6 +342,27 @@ TEST_F(KdFile, Bytes_come_behind_buffered_characters) {
     EXPECT_EQ(std::string(raw.data(), 3), "raw");
 }
 
+TEST_F(KdFile, Reading_goes_on_behind_what_the_buffer_still_holds) {
+    constexpr UINT change = CFile::modeReadWrite | CFile::typeBinary;
+    putBytes("xyz\n");
+    {
+        KdCStdioFile file(path().c_str(), change, Coding::kUtf8, false, false, 64);
+        file.WriteString(L"a");
+        CStdStr<wchar_t> line;
+        ASSERT_TRUE(file.ReadString(line));
+        EXPECT_EQ(line, L"yz");
+    }
+    EXPECT_EQ(bytes(), "ayz\n");
+    {
+        KdCFile file(path().c_str(), change, Coding::kUtf8, false, false, 64);
+        file.Write(L"bc");
+        char next = 0;
+        ASSERT_EQ(file.Read(static_cast<void*>(&next), 1), 1U);
+        EXPECT_EQ(next, 'z');
+    }
+    EXPECT_EQ(bytes(), "bcz\n");
+}
+
 TEST_F(KdFile, A_file_that_goes_out_of_scope_keeps_what_was_buffered) {
     {
         KdCStdioFile file(path().c_str(), create, Coding::kUtf8, false, false, 64);

@@ -17,6 +17,7 @@
 #include "kd/db/table.h"
 #include "kd/db/tablestyle.h"
 #include "module/core/resources.h"
+#include "module/exchange/readingprogress.h"
 #include "tests/support/virtualslots.h"
 #include "tvx/exports.h"
 #include "tvx/tableio.h"
@@ -344,6 +345,13 @@ TEST_F(TableIoCsv, A_hundred_thousand_rows_arrive) {
         EXPECT_STREQ(info.table->textString(row, 7), L"h\n");
         EXPECT_EQ(info.table->textHeight(row, 7), 6.0);
     }
+}
+
+TEST_F(TableIoCsv, Who_watches_is_told_of_each_row_and_of_the_end) {
+    std::vector<std::pair<int, int>> told;
+    const ReadingWatch watch([&](int done, int all) { told.emplace_back(done, all); });
+    importText("a\nb\n");
+    EXPECT_EQ(told, (std::vector<std::pair<int, int>>{{0, 2}, {1, 2}, {2, 2}}));
 }
 
 TEST_F(TableIoCsv, A_line_of_a_megabyte_is_one_row) {

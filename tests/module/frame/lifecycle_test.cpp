@@ -92,6 +92,18 @@ TEST_F(ModuleLifecycle, Commands_menu_service_and_reactor_come_and_go_and_come_b
     EXPECT_FALSE(isMapped(kResourcePath)) << "and so does its resource module";
 }
 
+TEST_F(ModuleLifecycle, Message_2_takes_all_of_it_away_while_the_module_is_still_in_the_process) {
+    const std::size_t reactors = host.documents().reactorCount();
+    load();
+    EXPECT_EQ(kdhost::sendMessage(kdhost::applicationId(kModule), 2), 0);
+    EXPECT_TRUE(moduleCommands().empty());
+    EXPECT_FALSE(serviceStands());
+    EXPECT_TRUE(kdhost::contextsFor(KdDbTable::desc()).isEmpty());
+    EXPECT_EQ(host.documents().reactorCount(), reactors);
+    EXPECT_FALSE(isMapped(kResourcePath));
+    EXPECT_TRUE(isMapped(kModulePath));
+}
+
 TEST_F(ModuleLifecycle, The_class_of_drawables_on_demand_comes_and_goes_by_its_name) {
     auto* classes = KdRxObject::cast<KdRxDictionary>(kdrxSysRegistry()->at(L"ClassDictionary"));
     ASSERT_NE(classes, nullptr);

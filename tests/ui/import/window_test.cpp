@@ -105,17 +105,28 @@ TEST_F(ImportWindow, Controls_keep_their_distance_to_its_edges_and_the_picture_f
     });
 }
 
-/// Watches the bar of progress: what it shows, and what happens meanwhile.
+TEST_F(ImportWindow, Takes_the_programs_icon) {
+    QPixmap icon(16, 16);
+    icon.fill(Qt::red);
+    QApplication::setWindowIcon(icon);
+    inDialog([](CExlImportDlg& dialog) { EXPECT_TRUE(dialog.testAttribute(Qt::WA_SetWindowIcon)); });
+    QApplication::setWindowIcon(QIcon());
+}
+
+/// Watches the bar of progress: what it shows, and what happens meanwhile, also to another window of the program.
 class BarWatch : public QObject {
 public:
     explicit BarWatch(QProgressBar& bar) : m_bar(bar) {
         bar.installEventFilter(this);
-        bar.window()->installEventFilter(this);
+        m_other.installEventFilter(this);
+        m_other.setAttribute(Qt::WA_ShowWithoutActivating);
+        m_other.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&m_other));
         connect(&m_timer, &QTimer::timeout, this, [this] { timerFired = timerFired || m_bar.isVisible(); });
     }
 
     std::vector<int> shares;   ///< shown, in hundredths, one after the other
-    int windowPaints = 0;      ///< of the window, while the bar shows
+    int windowPaints = 0;      ///< of the other window, while the bar shows
     bool timerFired = false;   ///< while the bar shows
     Qt::CursorShape cursor{};  ///< while the bar shows
 
@@ -124,16 +135,17 @@ private:
         if (object == &m_bar && event->type() == QEvent::Show) begin();
         if (event->type() != QEvent::Paint || !m_bar.isVisible()) return false;
         if (object == &m_bar) shares.push_back(m_bar.value() * 100 / qMax(1, m_bar.maximum()));
-        if (object == m_bar.window()) ++windowPaints;
+        if (object == &m_other) ++windowPaints;
         return false;
     }
     void begin() {
         if (QApplication::overrideCursor() != nullptr) cursor = QApplication::overrideCursor()->shape();
-        m_bar.window()->update();
+        m_other.update();
         m_timer.start();
     }
 
     QProgressBar& m_bar;
+    QWidget m_other;
     QTimer m_timer;
 };
 

@@ -158,6 +158,8 @@ TEST_F(AskingEdits, Cells_without_a_fill_offer_by_layer_where_the_layer_cannot_b
 }
 
 TEST_F(AskingEdits, The_colour_given_reaches_the_dialog_just_when_the_layer_cannot_be_opened) {
+    const KdDbObjectId table = addTable(TableBuilder(1, 1).select("A1"));
+    Common::SetBackgroundColor(table, KdCmColor::fromIndex(3));
     setLayerColor(KdCmColor::fromIndex(77));
     const OpenObject<KdDbLayerTableRecord> writer(host.database().clayer(), KdDb::kForWrite);
     KdCmColor color = KdCmColor::fromIndex(5);
@@ -166,6 +168,10 @@ TEST_F(AskingEdits, The_colour_given_reaches_the_dialog_just_when_the_layer_cann
     EXPECT_TRUE(Common::GetColorDialogTrueColor(color, true));
     EXPECT_EQ(shown, 5);
     EXPECT_EQ(color, KdCmColor::fromIndex(9));
+
+    nextColor("CANCEL", &shown);
+    Common::SetBackgroundColorFormMenu(table);
+    EXPECT_EQ(shown, 3) << "that of the cells";
 }
 
 TEST_F(AskingEdits, SetTableIndicator_keeps_the_colour_chosen_and_offers_no_meta_colours) {

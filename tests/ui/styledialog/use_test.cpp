@@ -134,10 +134,16 @@ TEST_F(TableStyleDialogUse, The_menu_offers_rename_and_deletion_of_free_styles_a
          menu(L"CANCEL"), click(L"IDOK")});
 }
 
-TEST_F(TableStyleDialogUse, The_menu_comes_up_on_rows_alone_and_the_list_keeps_the_focus) {
+TEST_F(TableStyleDialogUse, The_menu_comes_up_on_rows_alone_is_gone_afterwards_and_the_list_keeps_the_focus) {
+    const auto expectNoMenu = [] {
+        for (const QWidget* widget : QApplication::allWidgets()) {
+            EXPECT_NE(widget->objectName().toStdString(), "IDR_MANAGETABLE_MENU");
+        }
+    };
     run({context(kList, L"empty"), expectTop(L"IDD_TABLESTYLE_DIALOG"), context(kList, L"#0"),
          expectTop(L"IDR_MANAGETABLE_MENU"), menu(L"CANCEL"), expectFocus(kList), expectRows(styleNames(), L"Alpha"),
-         key(L"MENU"), expectTop(L"IDR_MANAGETABLE_MENU"), key(L"ESC"), expectFocus(kList), click(L"IDOK")});
+         expectNoMenu, key(L"MENU"), expectTop(L"IDR_MANAGETABLE_MENU"), key(L"ESC"), expectFocus(kList),
+         expectTop(L"IDD_TABLESTYLE_DIALOG"), expectNoMenu, click(L"IDOK")});
 }
 
 TEST_F(TableStyleDialogUse, No_menu_comes_up_when_its_tree_is_missing_or_holds_too_few_items) {
