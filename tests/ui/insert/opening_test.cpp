@@ -114,8 +114,15 @@ TEST_F(InsertDialogOpening, Pictures_tool_tips_and_the_line_are_in_place) {
         EXPECT_EQ(control("IDC_TABLEINSERT_LINEBETWEEN_STATIC").height(), 2);
         EXPECT_EQ(control(kStyleManager).toolTip().toStdWString(), loadText(2110));
         EXPECT_EQ(control(kFileManager).toolTip().toStdWString(), loadText(6061));
-        EXPECT_FALSE(dialog->windowIcon().isNull() && !QApplication::windowIcon().isNull());
     });
+}
+
+TEST_F(InsertDialogOpening, The_dialog_takes_the_programs_icon) {
+    QPixmap icon(16, 16);
+    icon.fill(Qt::red);
+    QApplication::setWindowIcon(icon);
+    open([&] { EXPECT_TRUE(dialog->testAttribute(Qt::WA_SetWindowIcon)); });
+    QApplication::setWindowIcon(QIcon());
 }
 
 TEST_F(InsertDialogOpening, The_dialog_grows_and_never_gets_smaller_than_it_opened) {
