@@ -74,11 +74,11 @@ inline bool toFirstCell(const TableState& state, int& row, int& column) {
 
 /// The cell whose format a getter reads: of whole rows and columns the first, of a covered cell its owner;
 /// null outside the table.
-inline const CellLook* formatCell(const TableState& state, int row, int column) {
+[[gnu::always_inline]] inline const CellLook* formatCell(const TableState& state, int row, int column) {
     return toFirstCell(state, row, column) ? &state.ownerLook(row, column) : nullptr;
 }
 /// The same for content, which each cell has to itself. A covered cell shows nothing, whatever it holds: null too.
-inline const CellContent* shownContent(const TableState& state, int row, int column) {
+[[gnu::always_inline]] inline const CellContent* shownContent(const TableState& state, int row, int column) {
     if (!toFirstCell(state, row, column) || state.look(row, column).isCovered) return nullptr;
     return &state.content(row, column);
 }
@@ -179,7 +179,8 @@ template <class May, class Change, class Gate>
 /// Calls `change(state, row, column)` for each cell that the row and column stand for and `may(state, row,
 /// column)` allows. Without such a cell the table isn't touched.
 template <class May, class Change, class Gate = TableState* (*)(KdDbTable&)>
-void changeCells(KdDbTable& table, int row, int column, May may, Change change, Gate gate = editTable) {
+[[gnu::always_inline]] inline void changeCells(KdDbTable& table, int row, int column, May may, Change change,
+                                               Gate gate = editTable) {
     const TableState& before = tableState(table);
     if (!before.contains(row, column)) return changeLines(table, row, column, may, change, gate);
     if (!may(before, row, column)) return;

@@ -88,8 +88,16 @@ struct CellLook {
     }
 };
 
-/// The looks of a row's cells. Those of a narrow row lie in the row itself: a walk by rows finds them where it is.
-using LookList = absl::InlinedVector<CellLook, 8>;
+/// What a row has of each cell. That of a narrow row lies in place: a walk by rows finds it where it is.
+template <class T>
+class CellList : public absl::InlinedVector<T, 8> {
+public:
+    // Places are checked before, so that the library needn't for each look.
+    const T& operator[](std::size_t place) const { return this->data()[place]; }
+    T& operator[](std::size_t place) { return this->data()[place]; }
+};
+using LookList = CellList<CellLook>;
+using LinkList = CellList<MergeLink>;
 
 struct CellContent {
     SharedText text;
@@ -115,7 +123,7 @@ struct TableRow {
     std::uint16_t style = 0;                      ///< of the row itself; new columns begin with it
     LookList looks;
     CopyOnWrite<std::vector<CellContent>> contents;  ///< as many as looks; never without a value while there are any
-    CopyOnWrite<std::vector<MergeLink>> links;       ///< of the cells; none while no cell of the row was merged
+    CopyOnWrite<LinkList> links;                     ///< of the cells; none while no cell of the row was merged
 
     /// The row as measured for that layout; what is known of another one is forgotten.
     const TableRow& measuredFor(std::uint64_t layout) const {
@@ -142,7 +150,7 @@ struct TableRow {
         looks[place].isMerged = link.merged();
         looks[place].isCovered = link.covered();
         if (!links && !link.merged()) return;
-        std::vector<MergeLink>& own = links.write();
+        LinkList& own = links.write();
         own.resize(looks.size());
         own[place] = link;
     }

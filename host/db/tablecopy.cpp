@@ -142,7 +142,7 @@ private:
     /// Where the target has the cell style that the source has at a place.
     std::uint16_t placeOf(std::uint16_t style, CellStylePool& pool) {
         StyleName& known = m_styles.at(style);
-        if (!known.place) known.place = pool.place(known.name);
+        if (!known.place) known.place = pool.place(known.name.c_str());
         return *known.place;
     }
 

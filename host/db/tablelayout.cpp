@@ -7,6 +7,7 @@
 #include "host/db/tablelayout.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "host/db/access.h"
@@ -18,6 +19,14 @@
 
 namespace kdhost {
 namespace {
+
+/// Characters that stand for themselves, whatever is around them.
+constexpr std::array<bool, 128> kPlain = [] {
+    std::array<bool, 128> plain{};
+    for (std::size_t code = L' '; code < 0x7F; ++code) plain[code] = true;
+    for (const char begins : {'\\', '{', '}', '%', '^'}) plain[static_cast<std::size_t>(begins)] = false;
+    return plain;
+}();
 
 /// Measures cells of one table, and remembers what they share.
 class Measure {
@@ -40,6 +49,17 @@ private:
         text::Advances* advances = nullptr;
     };
 
+    /// What texts are measured by in cells that look alike.
+    struct TextLook {
+        double height = 0.0;
+        double marginVert = 0.0;
+        double marginHorz = 0.0;
+        double angle = 0.0;
+        bool level = true;
+        double line = 0.0;  ///< height of a cell with one line
+        Face face;
+    };
+
     void checkFonts();
     void checkStyles();
     template <class T>
@@ -47,7 +67,13 @@ private:
         if (const T* own = cell.ownValue(which)) return *own;
         return which.in(m_state.styles.lastRecord(cell.style).format);
     }
-    const Face& face(KdDbObjectId textStyle);
+    const TextLook& textLook(const CellLook& cell) {
+        const FormatOverrides* overrides = cell.overrides.get();
+        if (!m_lookKnown || cell.style != m_lookStyle || overrides != m_lookOverrides) readTextLook(cell);
+        return m_look;
+    }
+    void readTextLook(const CellLook& cell);
+    Face faceOf(KdDbObjectId textStyle);
     bool surelyOneLine(std::wstring_view text, const Face& face, double room) const;
     double textHeightOf(const CellLook& cell, std::wstring_view text, double width);
     double widthOf(int row, int column);
@@ -57,8 +83,11 @@ private:
 
     const KdDbTable& m_table;
     const TableState& m_state;
-    KdDbObjectId m_faceStyle;
-    Face m_face;
+    // Of the cell measured last: its neighbours mostly look alike.
+    bool m_lookKnown = false;
+    std::uint16_t m_lookStyle = 0;
+    const FormatOverrides* m_lookOverrides = nullptr;
+    TextLook m_look;
 };
 
 void Measure::checkFonts() {
@@ -77,43 +106,48 @@ void Measure::checkStyles() {
     m_state.layoutStamp = newStamp();
 }
 
-const Measure::Face& Measure::face(KdDbObjectId textStyle) {
-    if (m_face.font != nullptr && m_faceStyle == textStyle) return m_face;
+void Measure::readTextLook(const CellLook& cell) {
+    m_lookKnown = true;
+    m_lookStyle = cell.style;
+    m_lookOverrides = cell.overrides.get();
+    m_look.height = value(cell, property::textHeight);
+    m_look.marginVert = value(cell, property::marginVert);
+    m_look.marginHorz = value(cell, property::marginHorz);
+    m_look.angle = value(cell, property::rotation);
+    m_look.level = m_look.angle == 0.0 || std::abs(std::sin(m_look.angle)) < 1e-6;
+    m_look.line = heightOfLines(1, m_look.height, m_look.marginVert);
+    m_look.face = faceOf(value(cell, property::textStyle));
+}
+
+Measure::Face Measure::faceOf(KdDbObjectId textStyle) {
     auto& fonts = KdDbTableAccess::transient(m_table).fonts;
     auto known = fonts.find(textStyle);
     if (known == fonts.end()) known = fonts.emplace(textStyle, cellFont(m_table, textStyle)).first;
-    m_faceStyle = textStyle;
-    m_face = {&known->second, &text::advancesOf(known->second)};
-    return m_face;
+    return {&known->second, &text::advancesOf(known->second)};
 }
 
 /// True for a plain text that fits into one line of `room` text heights; false says nothing.
 bool Measure::surelyOneLine(std::wstring_view text, const Face& face, double room) const {
     double width = 0.0;
     for (const wchar_t character : text) {
-        const bool plain = character >= L' ' && character < 0x7F && character != L'\\' && character != L'{' &&
-                           character != L'}' && character != L'%' && character != L'^';
-        if (!plain) return false;
+        const auto code = static_cast<std::size_t>(character);
+        if (code >= kPlain.size() || !kPlain[code]) return false;
         width += face.advances->of(character);
     }
     return width * face.font->widthFactor <= room;
 }
 
 double Measure::textHeightOf(const CellLook& cell, std::wstring_view text, double width) {
-    const double height = value(cell, property::textHeight);
-    const double marginVert = value(cell, property::marginVert);
-    const double line = heightOfLines(1, height, marginVert);
-    if (text.empty()) return line;
-    const double room = std::max(0.0, width - 2.0 * value(cell, property::marginHorz));
-    const double angle = value(cell, property::rotation);
-    const Face& used = face(value(cell, property::textStyle));
-    const bool level = angle == 0.0 || std::abs(std::sin(angle)) < 1e-6;
-    if (level && surelyOneLine(text, used, room / height)) return line;
+    const TextLook& look = textLook(cell);
+    if (text.empty()) return look.line;
+    const double room = std::max(0.0, width - 2.0 * look.marginHorz);
+    if (look.level && surelyOneLine(text, look.face, room / look.height)) return look.line;
     // Text at a slant doesn't wrap: it runs on, and the row makes room for it.
-    const text::Layout layout = text::layout(std::wstring(text), *used.font, height, level ? room : 0.0);
-    const double high = std::max(height, layout.height) + height / 3.0;
-    if (level) return 2.0 * marginVert + high;
-    return 2.0 * marginVert + std::abs(layout.width * std::sin(angle)) + std::abs(high * std::cos(angle));
+    const text::Layout layout = text::layout(std::wstring(text), *look.face.font, look.height, look.level ? room : 0.0);
+    const double high = std::max(look.height, layout.height) + look.height / 3.0;
+    if (look.level) return 2.0 * look.marginVert + high;
+    return 2.0 * look.marginVert + std::abs(layout.width * std::sin(look.angle)) +
+           std::abs(high * std::cos(look.angle));
 }
 
 /// Width and height of the cell's block as it is drawn; nothing for one that is fitted into its cell.
@@ -128,12 +162,15 @@ std::pair<double, double> blockSize(const CellContent& cell) {
 }
 
 double Measure::heightOf(int row, int column) {
-    const CellLook& look = m_state.look(row, column);
-    const CellContent& content = m_state.content(row, column);
+    const TableRow& line = m_state.rows[row];
+    const auto place = static_cast<std::size_t>(column);
+    const CellLook& look = line.looks[place];
+    const CellContent& content = line.content(place);
+    if (!look.isMerged && !content.objects) return textHeightOf(look, content.text, m_state.columnWidths[place]);
     const KdCellRange merge = m_state.mergeOf(row, column);
     if (!content.block().isNull()) {
-        const double marginVert = value(look, property::marginVert);
-        return std::max(textHeightOf(look, {}, 0.0), blockSize(content).second + 2.0 * marginVert);
+        const double needed = blockSize(content).second + 2.0 * textLook(look).marginVert;
+        return std::max(textHeightOf(look, {}, 0.0), needed);
     }
     const double width = sumOfWidths(merge.m_leftColumn, merge.m_rightColumn);
     if (content.field().isNull()) return textHeightOf(look, content.text, width);
@@ -165,13 +202,13 @@ double Measure::rowMinimum(int row) {
 double Measure::widthOf(int row, int column) {
     const CellLook& look = m_state.look(row, column);
     const CellContent& content = m_state.content(row, column);
-    const double height = value(look, property::textHeight);
-    const double margins = 2.0 * value(look, property::marginHorz);
+    const TextLook measures = textLook(look);
+    const double height = measures.height;
+    const double margins = 2.0 * measures.marginHorz;
     if (!content.block().isNull()) return margins + std::max(height, blockSize(content).first);
     const std::wstring text = shownText(m_table, content);
     if (text.empty()) return margins + height;
-    const Face& used = face(value(look, property::textStyle));
-    return margins + std::max(height, text::widestWord(text, *used.font, height));
+    return margins + std::max(height, text::widestWord(text, *measures.face.font, height));
 }
 
 /// What the cell asks of its column. A merge asks its last column for what the others leave, in its first row.
@@ -237,20 +274,20 @@ double minimumColumnWidth(const KdDbTable& table, int column) {
     return Measure(table).columnMinimum(column);
 }
 
-void noteGrowth(TableState& state, int row, int column) {
-    state.pendingGrowth.note({row, column});
-}
-
 void growNotedRows(const KdDbTable& table) {
     const TableState& state = tableState(table);
     const PendingGrowth pending = std::exchange(state.pendingGrowth, {});
     Measure measure(table);
-    for (const auto& [row, column] : pending.places) {
+    const auto grow = [&](int row, int column) {
+        if (!state.look(row, column).isMerged) return growRow(state, row, measure.heightOf(row, column));
         const KdCellRange merge = state.mergeOf(row, column);
-        if (merge.m_topRow != row || merge.m_leftColumn != column) continue;
+        if (merge.m_topRow != row || merge.m_leftColumn != column) return;
         double needed = measure.heightOf(row, column);
         for (int other = row; other < merge.m_bottomRow; ++other) needed -= state.rows[other].height;
         growRow(state, merge.m_bottomRow, needed);
+    };
+    for (const auto& [row, first, behind] : pending.runs) {
+        for (int column = first; column < behind; ++column) grow(row, column);
     }
 }
 

@@ -12,12 +12,14 @@ double minimumRowHeight(const KdDbTable& table, int row);
 double minimumColumnWidth(const KdDbTable& table, int column);
 
 /// A text has been written to the cell: its row is to grow, now or when heights are next asked for.
-void noteGrowth(TableState& state, int row, int column);
+inline void noteGrowth(TableState& state, int row, int column) {
+    state.pendingGrowth.note({row, column});
+}
 
 /// Grows the rows whose texts were noted. Asked for by whatever depends on row heights, and before every change.
 void growNotedRows(const KdDbTable& table);
 inline void settleGrowth(const KdDbTable& table) {
-    if (!tableState(table).pendingGrowth.places.empty()) growNotedRows(table);
+    if (!tableState(table).pendingGrowth.runs.empty()) growNotedRows(table);
 }
 
 /// Widens every column that is too narrow for its content.

@@ -109,7 +109,7 @@ void TableState::assertValid() const {
         for (int column = 0; column < columnCount(); ++column) {
             const MergeLink& merge = mergeLink(row, column);
             if (!merge.merged()) {
-                const std::vector<MergeLink>* links = rows[row].links.get();
+                const LinkList* links = rows[row].links.get();
                 require(links == nullptr || (*links)[static_cast<std::size_t>(column)] == MergeLink{},
                         "a cell in no merge has a place in one");
                 require(!look(row, column).isCovered, "a cell in no merge is covered");

@@ -31,15 +31,26 @@ std::uint64_t newStamp();
 /// Cells that their rows may have to grow for, in the order in which they were written.
 struct PendingGrowth {
     using Place = std::pair<int, int>;  ///< row and column
+    /// Cells side by side, from `first` to before `behind`.
+    struct Run {
+        int row;
+        int first;
+        int behind;
+    };
 
     void note(Place place) {
-        places.push_back(place);
+        const auto [row, column] = place;
+        if (!runs.empty() && runs.back().row == row && runs.back().behind == column) {
+            ++runs.back().behind;
+        } else {
+            runs.push_back({row, column, column + 1});
+        }
         furthest = std::max(furthest, place);
     }
     /// Whether a walk by rows comes to that place after all of these.
     bool liesBefore(Place place) const { return furthest < place; }
 
-    std::vector<Place> places;
+    std::vector<Run> runs;  ///< in the order of writing
     Place furthest{-1, -1};
 };
 

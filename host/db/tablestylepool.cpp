@@ -62,9 +62,7 @@ void CellStylePool::mapTableStyle(const IdMapper& map) {
     m_foundAt = m_boundAt = kNever;
 }
 
-std::uint16_t CellStylePool::place(std::wstring_view name) {
-    refresh();
-    if (m_entries[m_lastPlace].name == name) return m_lastPlace;
+std::uint16_t CellStylePool::placeOfOther(std::wstring_view name) {
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         if (sameName(m_entries[i].name, name)) return m_lastPlace = static_cast<std::uint16_t>(i);
     }
@@ -72,11 +70,6 @@ std::uint16_t CellStylePool::place(std::wstring_view name) {
     bind(m_entries.back(), style());
     m_records.push_back(m_entries.back().record.get());
     return static_cast<std::uint16_t>(m_entries.size() - 1);
-}
-
-std::uint64_t CellStylePool::revision() const {
-    refresh();
-    return m_revision;
 }
 
 }  // namespace kdhost

@@ -30,7 +30,16 @@ public:
     void mapTableStyle(const IdMapper& map);
 
     /// The place of that name, made when there is none.
-    std::uint16_t place(std::wstring_view name);
+    std::uint16_t place(const wchar_t* name) {
+        refresh();
+        // Cell after cell is given one style, by a name too short to call anything for.
+        const wchar_t* last = m_entries[m_lastPlace].name.c_str();
+        const wchar_t* given = name;
+        for (; *last == *given; ++last, ++given) {
+            if (*given == L'\0') return m_lastPlace;
+        }
+        return placeOfOther(name);
+    }
     /// The style as it is now; "_DATA" for a name that the table style doesn't know.
     const CellStyleRecord& record(std::uint16_t place) const {
         refresh();
@@ -54,9 +63,14 @@ public:
     int flow() const { return style().flow; }
 
     /// Changes whenever the values of the styles do.
-    std::uint64_t revision() const;
+    std::uint64_t revision() const {
+        refresh();
+        return m_revision;
+    }
 
 private:
+    std::uint16_t placeOfOther(std::wstring_view name);
+
     struct Entry {
         std::wstring name;  ///< as last known
         int index = 0;      ///< in the table style; 0 while it knows no such name

@@ -308,7 +308,7 @@ private:
     void give() {
         m_state.styles.setTableStyle(m_style);
         std::vector<std::uint16_t> places;
-        for (const std::wstring& name : m_loaded.styles) places.push_back(m_state.styles.place(name));
+        for (const std::wstring& name : m_loaded.styles) places.push_back(m_state.styles.place(name.c_str()));
         m_state.setColumnCount(static_cast<int>(m_widths.size()));
         m_state.columnWidths = m_widths;
         const int count = static_cast<int>(m_loaded.rows.size());
