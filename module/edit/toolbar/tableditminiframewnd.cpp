@@ -47,7 +47,7 @@ CVqTableditMiniFrameWnd::CVqTableditMiniFrameWnd() : m_reactor(std::make_unique<
     setAttribute(kTakesInputMethods);
     setFocusPolicy(Qt::StrongFocus);
     if (!buildTree(*this, "IDD_TABLEDIT_DIALOG")) return;
-    CreateToolBar(nullptr, KdString(loadText(kTitleText)));
+    CVqTableditMiniFrameWnd::CreateToolBar(nullptr, KdString(loadText(kTitleText)));
 }
 
 CVqTableditMiniFrameWnd::~CVqTableditMiniFrameWnd() {
