@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "host/db/fieldevaluation.h"
+#include "host/db/names.h"
 #include "host/db/tableaccess.h"
 #include "host/db/tablelayout.h"
 #include "host/db/tableplace.h"

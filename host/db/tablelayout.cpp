@@ -162,11 +162,8 @@ std::pair<double, double> blockSize(const CellContent& cell) {
 }
 
 double Measure::heightOf(int row, int column) {
-    const TableRow& line = m_state.rows[row];
-    const auto place = static_cast<std::size_t>(column);
-    const CellLook& look = line.looks[place];
-    const CellContent& content = line.content(place);
-    if (!look.isMerged && !content.objects) return textHeightOf(look, content.text, m_state.columnWidths[place]);
+    const CellLook& look = m_state.look(row, column);
+    const CellContent& content = m_state.content(row, column);
     const KdCellRange merge = m_state.mergeOf(row, column);
     if (!content.block().isNull()) {
         const double needed = blockSize(content).second + 2.0 * textLook(look).marginVert;
@@ -202,7 +199,7 @@ double Measure::rowMinimum(int row) {
 double Measure::widthOf(int row, int column) {
     const CellLook& look = m_state.look(row, column);
     const CellContent& content = m_state.content(row, column);
-    const TextLook measures = textLook(look);
+    const TextLook& measures = textLook(look);
     const double height = measures.height;
     const double margins = 2.0 * measures.marginHorz;
     if (!content.block().isNull()) return margins + std::max(height, blockSize(content).first);
@@ -279,7 +276,6 @@ void growNotedRows(const KdDbTable& table) {
     const PendingGrowth pending = std::exchange(state.pendingGrowth, {});
     Measure measure(table);
     const auto grow = [&](int row, int column) {
-        if (!state.look(row, column).isMerged) return growRow(state, row, measure.heightOf(row, column));
         const KdCellRange merge = state.mergeOf(row, column);
         if (merge.m_topRow != row || merge.m_leftColumn != column) return;
         double needed = measure.heightOf(row, column);

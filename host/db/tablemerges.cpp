@@ -10,11 +10,6 @@
 
 namespace kdhost {
 
-KdCellRange TableState::mergeOf(int row, int column) const {
-    const MergeLink& merge = mergeLink(row, column);
-    return merge.merged() ? merge.rangeAt(row, column) : KdCellRange{row, column, row, column};
-}
-
 KdCellRange TableState::grownToMerges(KdCellRange range) const {
     // A merge that sticks out of a rectangle has a cell on the rectangle's border.
     for (;;) {

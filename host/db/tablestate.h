@@ -107,7 +107,10 @@ struct TableState : KdDbBlockReferenceState {
     void eraseColumns(int first, int count);
 
     /// The rectangle of the cell's merge, else the cell.
-    KdCellRange mergeOf(int row, int column) const;
+    KdCellRange mergeOf(int row, int column) const {
+        const MergeLink& merge = mergeLink(row, column);
+        return merge.merged() ? merge.rangeAt(row, column) : KdCellRange{row, column, row, column};
+    }
     /// The smallest rectangle that holds the range and every merge it touches.
     KdCellRange grownToMerges(KdCellRange range) const;
     /// The range must be grown to its merges. Clears what the merge covers.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/db/names.h"
 #include "host/db/tablestylestate.h"
 #include "host/win32/modules.h"
 #include "kd/db/tablestyle.h"

@@ -3,6 +3,7 @@
 #include "host/db/tablestylepool.h"
 
 #include "host/db/access.h"
+#include "host/db/names.h"
 #include "kd/db/tablestyle.h"
 
 namespace kdhost {

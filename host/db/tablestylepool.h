@@ -34,9 +34,8 @@ public:
         refresh();
         // Cell after cell is given one style, by a name too short to call anything for.
         const wchar_t* last = m_entries[m_lastPlace].name.c_str();
-        const wchar_t* given = name;
-        for (; *last == *given; ++last, ++given) {
-            if (*given == L'\0') return m_lastPlace;
+        for (std::size_t i = 0; last[i] == name[i]; ++i) {
+            if (name[i] == L'\0') return m_lastPlace;
         }
         return placeOfOther(name);
     }
@@ -69,8 +68,6 @@ public:
     }
 
 private:
-    std::uint16_t placeOfOther(std::wstring_view name);
-
     struct Entry {
         std::wstring name;  ///< as last known
         int index = 0;      ///< in the table style; 0 while it knows no such name
@@ -84,6 +81,8 @@ private:
     static const TableStyleState& stateOf(const KdDbObject& styleObject) {
         return static_cast<const TableStyleState&>(KdDbObjectAccess::state(styleObject));
     }
+    /// The same for a name that wasn't asked for last.
+    std::uint16_t placeOfOther(std::wstring_view name);
     /// The table style as it is now; a look at the database when it isn't known to be in memory.
     const TableStyleState& style() const;
     void bindAll(const TableStyleState& current) const;

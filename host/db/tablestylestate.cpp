@@ -30,12 +30,6 @@ std::uint64_t newRevision() {
 
 }  // namespace
 
-bool sameName(std::wstring_view a, std::wstring_view b) {
-    return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
-               return x == y || foldedCharacter(x) == foldedCharacter(y);
-           });
-}
-
 TableStyleState::TableStyleState() {
     // One set of records serves all, until a style changes its own.
     static const std::vector<CellStylePtr> standard = standardRecords();

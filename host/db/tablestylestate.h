@@ -16,9 +16,6 @@ inline constexpr const wchar_t* kTitleStyle = L"_TITLE";
 inline constexpr const wchar_t* kHeaderStyle = L"_HEADER";
 inline constexpr const wchar_t* kDataStyle = L"_DATA";
 
-/// Names are compared without regard to case.
-bool sameName(std::wstring_view a, std::wstring_view b);
-
 /// Never changed once made, so that states and tables share it.
 struct CellStyleRecord {
     int index = 0;

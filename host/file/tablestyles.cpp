@@ -1,5 +1,6 @@
 // Table styles in and out of a file: three row styles in standard codes, all cell styles in the extras.
 
+#include "host/db/names.h"
 #include "host/db/tablestylestate.h"
 #include "host/file/checked.h"
 #include "host/file/entities.h"

@@ -155,7 +155,7 @@ private:
         m_list->clear();
         int shownRow = 0;
         for (const std::wstring& name : m_styles.names()) {
-            if (foldedName(name.c_str()) == foldedName(shown.c_str())) shownRow = m_list->count();
+            if (sameName(name, shown)) shownRow = m_list->count();
             m_list->addItem(QString::fromStdWString(name));
         }
         showWholeNames();

@@ -3,6 +3,7 @@
 
 #include "kd/ui/widgets.h"
 #include "module/edit/cellborderpropdlg.h"
+#include "tests/support/programicon.h"
 #include "tests/ui/borderdialog/fixture.h"
 
 namespace kdtest {
@@ -88,11 +89,8 @@ TEST_F(BorderDialogOpening, Boxes_paint_the_samples_of_their_kinds) {
 }
 
 TEST_F(BorderDialogOpening, Takes_the_programs_icon) {
-    QPixmap icon(16, 16);
-    icon.fill(Qt::red);
-    QApplication::setWindowIcon(icon);
+    const ProgramIcon icon;
     setBorders([](QWidget& dialog) { EXPECT_TRUE(dialog.testAttribute(Qt::WA_SetWindowIcon)); });
-    QApplication::setWindowIcon(QIcon());
 }
 
 TEST_F(BorderDialogOpening, F1_opens_nothing) {

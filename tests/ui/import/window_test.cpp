@@ -1,5 +1,6 @@
 // The window of the import dialog: its preview, its sizes, its life while a large file is read, and its looks.
 
+#include "tests/support/programicon.h"
 #include "tests/ui/import/fixture.h"
 #include "tests/ui/looks/fixture.h"
 #include "tests/ui/preview/fixture.h"
@@ -106,11 +107,8 @@ TEST_F(ImportWindow, Controls_keep_their_distance_to_its_edges_and_the_picture_f
 }
 
 TEST_F(ImportWindow, Takes_the_programs_icon) {
-    QPixmap icon(16, 16);
-    icon.fill(Qt::red);
-    QApplication::setWindowIcon(icon);
+    const ProgramIcon icon;
     inDialog([](CExlImportDlg& dialog) { EXPECT_TRUE(dialog.testAttribute(Qt::WA_SetWindowIcon)); });
-    QApplication::setWindowIcon(QIcon());
 }
 
 /// Watches the bar of progress: what it shows, and what happens meanwhile, also to another window of the program.

@@ -12,6 +12,7 @@
 #include "mfc/resource.h"
 #include "module/core/resources.h"
 #include "tests/support/places.h"
+#include "tests/support/programicon.h"
 #include "tests/ui/insert/fixture.h"
 
 namespace kdtest {
@@ -118,11 +119,8 @@ TEST_F(InsertDialogOpening, Pictures_tool_tips_and_the_line_are_in_place) {
 }
 
 TEST_F(InsertDialogOpening, The_dialog_takes_the_programs_icon) {
-    QPixmap icon(16, 16);
-    icon.fill(Qt::red);
-    QApplication::setWindowIcon(icon);
+    const ProgramIcon icon;
     open([&] { EXPECT_TRUE(dialog->testAttribute(Qt::WA_SetWindowIcon)); });
-    QApplication::setWindowIcon(QIcon());
 }
 
 TEST_F(InsertDialogOpening, The_dialog_grows_and_never_gets_smaller_than_it_opened) {
