@@ -76,11 +76,11 @@ void registerEdits(KdDbObjectId table, const std::string& size) {
         return Common::SetBackgroundColor(id, KdCmColor::fromIndex(odd ? 3 : 5));
     });
     measure("SettingLocked" + size, table,
-            [](KdDbObjectId id, bool odd) { return Common::SettingLocked(odd ? 1820 : 1819, id); });
+            [](KdDbObjectId id, bool odd) { return Common::SettingLocked(odd ? 1820 : 1821, id); });
     measure("SetDataFormatMenu" + size, table,
             [](KdDbObjectId id, bool odd) { return Common::SetDataFormatMenu(odd ? 1824 : 1826, id); });
     measure("SetCellStyleByName" + size, table, [](KdDbObjectId id, bool odd) {
-        CStdStr<wchar_t> name = odd ? L"_TITLE" : L"_DATA";
+        CStdStr<wchar_t> name = odd ? L"_TITLE" : L"_HEADER";
         return Common::SetCellStyleByName(id, name);
     });
 }

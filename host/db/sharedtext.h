@@ -1,7 +1,9 @@
 // The text of a cell: shared by the copies of the cell until one of them gets another text.
 #pragma once
 
+#include <cstdint>
 #include <cwchar>
+#include <limits>
 #include <new>
 #include <string_view>
 #include <utility>
@@ -14,7 +16,7 @@ namespace kdhost {
 class SharedText {
 public:
     SharedText() = default;
-    SharedText(const SharedText& other) : m_node(other.m_node) {
+    SharedText(const SharedText& other) noexcept : m_node(other.m_node) {
         if (m_node != nullptr) ++m_node->holders;
     }
     SharedText(SharedText&& other) noexcept : m_node(std::exchange(other.m_node, nullptr)) {}
@@ -41,15 +43,17 @@ public:
 private:
     /// Its characters follow it, and a null.
     struct Node {
-        std::size_t holders;
-        std::size_t length;
+        std::uint32_t holders;
+        std::uint32_t length;
 
         wchar_t* characters() { return reinterpret_cast<wchar_t*>(this + 1); }
     };
 
     explicit SharedText(std::wstring_view text) {
         if (text.empty()) return;
-        m_node = new (::operator new(sizeof(Node) + (text.size() + 1) * sizeof(wchar_t))) Node{1, text.size()};
+        if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
+        void* const memory = ::operator new(sizeof(Node) + (text.size() + 1) * sizeof(wchar_t));
+        m_node = new (memory) Node{1, static_cast<std::uint32_t>(text.size())};
         std::wmemcpy(m_node->characters(), text.data(), text.size());
         m_node->characters()[text.size()] = L'\0';
     }

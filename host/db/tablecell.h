@@ -1,18 +1,18 @@
 // A cell and a row of a table.
 //
 // A cell is in two places of its row: what it looks like, and what it holds. Formats are edited and asked for many
-// cells at a time, so that looks are small and lie side by side; contents are shared between states of a row until one
-// of them is written. What a cell rarely has (overrides of its format, a block, a field) lies apart, and cells
-// formatted alike share one record of overrides. Places in merges stand beside the looks, in rows that have merges.
+// cells at a time, so that looks are small and lie side by side, and rows that look alike mostly share them; contents
+// are shared between states of a row until one of them is written. What a cell rarely has (overrides of its format, a
+// block, a field) lies apart, and cells formatted alike share one record of overrides. Places in merges stand beside
+// the looks, in rows that have merges.
 #pragma once
-
-#include <absl/container/inlined_vector.h>
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "host/db/cellformat.h"
+#include "host/db/sharedarray.h"
 #include "host/db/sharedtext.h"
 #include "host/db/tablecow.h"
 #include "kd/db/cellrange.h"
@@ -52,8 +52,9 @@ struct BlockAttribute {
     friend bool operator==(const BlockAttribute&, const BlockAttribute&) = default;
 };
 
-/// Content that is not text.
+/// What a cell of text alone doesn't have.
 struct CellObjects {
+    std::uint8_t type = KdDb::kTextCell;
     KdDbObjectId field;
     KdDbObjectId block;
     double blockScale = 1.0;
@@ -86,24 +87,22 @@ struct CellLook {
         isMerged = merged;
         isCovered = covered;
     }
+    /// Overrides are compared by the record that holds them.
+    friend bool operator==(const CellLook& a, const CellLook& b) {
+        return a.overrides.shares(b.overrides) && a.style == b.style && a.state == b.state &&
+               a.isMerged == b.isMerged && a.isCovered == b.isCovered;
+    }
 };
-
-/// What a row has of each cell. That of a narrow row lies in place: a walk by rows finds it where it is.
-template <class T>
-class CellList : public absl::InlinedVector<T, 8> {
-public:
-    // Places are checked before, so that the library needn't for each look.
-    const T& operator[](std::size_t place) const { return this->data()[place]; }
-    T& operator[](std::size_t place) { return this->data()[place]; }
-};
-using LookList = CellList<CellLook>;
-using LinkList = CellList<MergeLink>;
 
 struct CellContent {
     SharedText text;
-    CopyOnWrite<CellObjects> objects;
-    std::uint8_t type = KdDb::kTextCell;
+    CopyOnWrite<CellObjects> objects;  ///< without a value for a cell of text alone
 
+    KdDb::CellType type() const { return objects ? static_cast<KdDb::CellType>(objects->type) : KdDb::kTextCell; }
+    CellObjects ownObjects() const { return objects ? *objects : CellObjects(); }
+    void setObjects(const CellObjects& made) {
+        objects = made == CellObjects() ? CopyOnWrite<CellObjects>() : CopyOnWrite<CellObjects>(made);
+    }
     bool hasField() const { return objects && !objects->field.isNull(); }
     KdDbObjectId field() const { return objects ? objects->field : KdDbObjectId::kNull; }
     KdDbObjectId block() const { return objects ? objects->block : KdDbObjectId::kNull; }
@@ -121,9 +120,9 @@ struct TableRow {
     mutable double minimumHeight = kNotMeasured;  ///< that the cells allow
     mutable bool fits = false;                    ///< they are known to fit into the columns
     std::uint16_t style = 0;                      ///< of the row itself; new columns begin with it
-    LookList looks;
-    CopyOnWrite<std::vector<CellContent>> contents;  ///< as many as looks; never without a value while there are any
-    CopyOnWrite<LinkList> links;                     ///< of the cells; none while no cell of the row was merged
+    SharedArray<CellLook> looks;                  ///< rows that look alike mostly share them
+    SharedArray<CellContent> contents;            ///< as many as looks
+    SharedArray<MergeLink> links;                 ///< of the cells; none while no cell of the row was merged
 
     /// The row as measured for that layout; what is known of another one is forgotten.
     const TableRow& measuredFor(std::uint64_t layout) const {
@@ -138,45 +137,37 @@ struct TableRow {
     }
 
     std::size_t size() const { return looks.size(); }
-    void resize(std::size_t count) {
-        looks.resize(count);
-        contents.write().resize(count);
-    }
-    const CellContent& content(std::size_t column) const { return (*contents)[column]; }
+    const CellContent& content(std::size_t column) const { return contents[column]; }
+    CellLook& writeLook(std::size_t column) { return looks.write()[column]; }
     CellContent& writeContent(std::size_t column) { return contents.write()[column]; }
+    /// Shares the other row's looks when they are the same.
+    void shareLooks(const TableRow& other) {
+        if (looks == other.looks) looks = other.looks;
+    }
 
     void setLink(int column, const MergeLink& link) {
         const auto place = static_cast<std::size_t>(column);
-        looks[place].isMerged = link.merged();
-        looks[place].isCovered = link.covered();
-        if (!links && !link.merged()) return;
-        LinkList& own = links.write();
-        own.resize(looks.size());
-        own[place] = link;
+        CellLook& look = writeLook(place);
+        look.isMerged = link.merged();
+        look.isCovered = link.covered();
+        if (links.empty() && !link.merged()) return;
+        if (links.empty()) links = SharedArray<MergeLink>(size(), {});
+        links.write()[place] = link;
     }
     /// New cells hold nothing.
     void insertCells(int at, int count, const CellLook& look) {
+        const auto place = static_cast<std::size_t>(at);
         const auto added = static_cast<std::size_t>(count);
-        looks.insert(looks.begin() + at, added, look);
-        putContents(at, added, at);
-        if (links) links.write().insert(links->begin() + at, added, MergeLink{});
+        looks.insert(place, added, look);
+        contents.insert(place, added, {});
+        if (!links.empty()) links.insert(place, added, {});
     }
     void eraseCells(int first, int behind) {
-        looks.erase(looks.begin() + first, looks.begin() + behind);
-        putContents(first, 0, behind);
-        if (links) links.write().erase(links->begin() + first, links->begin() + behind);
-    }
-
-private:
-    /// Those before `first`, `added` empty ones, and those from `rest` on: made at once, since they are mostly shared.
-    void putContents(int first, std::size_t added, int rest) {
-        const std::vector<CellContent>& held = *contents;
-        std::vector<CellContent> made;
-        made.reserve(looks.size());
-        made.insert(made.end(), held.begin(), held.begin() + first);
-        made.resize(made.size() + added);
-        made.insert(made.end(), held.begin() + rest, held.end());
-        contents = CopyOnWrite<std::vector<CellContent>>(std::move(made));
+        const auto from = static_cast<std::size_t>(first);
+        const auto rest = static_cast<std::size_t>(behind);
+        looks.erase(from, rest);
+        contents.erase(from, rest);
+        if (!links.empty()) links.erase(from, rest);
     }
 };
 

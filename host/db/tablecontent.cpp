@@ -15,10 +15,6 @@ T readContent(const KdDbTable& table, int row, int column, T nothing, Read read)
                             [=](const CellContent* cell) -> T { return cell == nullptr ? nothing : read(*cell); });
 }
 
-CellObjects objectsOf(const CellContent& cell) {
-    return cell.objects ? *cell.objects : CellObjects{};
-}
-
 void setBlockPart(KdDbTable& table, int row, int column, double CellObjects::*part, double value) {
     changeCells(table, row, column, contentEditable,
                 [&](TableState& state, int r, int c) { state.rows.writeContent(r, c).objects.write().*part = value; });
@@ -29,7 +25,7 @@ void setBlockPart(KdDbTable& table, int row, int column, double CellObjects::*pa
 KdDb::CellType KdDbTable::cellType(int row, int column) const {
     const TableState& state = tableState(*this);
     if (!toFirstCell(state, row, column)) return KdDb::kTextCell;
-    return static_cast<KdDb::CellType>(state.content(row, column).type);
+    return state.content(row, column).type();
 }
 
 void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
@@ -37,7 +33,7 @@ void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
     // Content of a kind that the new type can't show goes.
     changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
         CellContent& cell = state.rows.writeContent(r, c);
-        CellObjects kept = objectsOf(cell);
+        CellObjects kept = cell.ownObjects();
         if (type == KdDb::kTextCell) {
             const KdDbObjectId field = kept.field;
             kept = {};
@@ -47,8 +43,8 @@ void KdDbTable::setCellType(int row, int column, KdDb::CellType type) {
             cell.text.clear();
             kept.field.setNull();
         }
-        cell.objects = kept == CellObjects{} ? CopyOnWrite<CellObjects>() : CopyOnWrite<CellObjects>(kept);
-        cell.type = static_cast<std::uint8_t>(type);
+        kept.type = static_cast<std::uint8_t>(type);
+        cell.setObjects(kept);
     });
 }
 
@@ -69,7 +65,6 @@ void KdDbTable::setTextString(int row, int column, const wchar_t* text) {
     const auto write = [&](TableState& state, int r, int c) {
         CellContent& cell = state.rows.writeContent(r, c);
         cell.objects = {};
-        cell.type = KdDb::kTextCell;
         cell.text = text == nullptr ? L"" : text;
         noteGrowth(state, r, c);
     };
@@ -103,14 +98,14 @@ void KdDbTable::setBlockTableRecordId(int row, int column, int content, const Kd
     if (content != 0) return;
     changeCells(*this, row, column, contentEditable, [&](TableState& state, int r, int c) {
         CellContent& cell = state.rows.writeContent(r, c);
-        CellObjects objects = objectsOf(cell);
+        CellObjects objects = cell.ownObjects();
         objects.field.setNull();
         if (block != objects.block) objects.attributes.clear();
         objects.block = block;
         objects.autoFit = autoFit;
         cell.text.clear();
-        cell.objects = CopyOnWrite<CellObjects>(objects);
-        cell.type = KdDb::kBlockCell;
+        objects.type = KdDb::kBlockCell;
+        cell.setObjects(objects);
     });
 }
 
@@ -140,7 +135,7 @@ void KdDbTable::setBlockRotation(int row, int column, double angle) {
 int KdDbTable::contentType(int row, int column) const {
     return readContent(*this, row, column, KdDb::kCellContentTypeValue, [](const CellContent& cell) {
         if (cell.hasField()) return KdDb::kCellContentTypeField;
-        const bool isBlock = cell.type == KdDb::kBlockCell || !cell.block().isNull();
+        const bool isBlock = cell.type() == KdDb::kBlockCell || !cell.block().isNull();
         return isBlock ? KdDb::kCellContentTypeBlock : KdDb::kCellContentTypeValue;
     });
 }

@@ -3,6 +3,7 @@
 #include "host/db/tablecow.h"
 
 #include <memory_resource>
+#include <utility>
 
 namespace kdhost {
 namespace {
@@ -22,27 +23,51 @@ class Heap : public std::pmr::memory_resource {
     bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override { return this == &other; }
 };
 
-/// Never freed: there are values that live as long as the program and go after whatever else does.
-std::pmr::memory_resource& pool() {
-    static auto* const heap = new Heap();
-#ifdef __SANITIZE_ADDRESS__
-    return *heap;  // the sanitizer is to see each node by itself
-#else
-    static auto* const kept = new std::pmr::unsynchronized_pool_resource(heap);
+// Never freed: there are values that live as long as the program and go after whatever else does.
+Heap& heap() {
+    static auto* const kept = new Heap();
     return *kept;
-#endif
 }
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kKeepsNodes = false;  // the sanitizer is to see each node by itself
+#else
+constexpr bool kKeepsNodes = true;
+#endif
+
+/// Larger ones aren't worth the pool's roundings, and among its own ones it would look for them one by one.
+constexpr std::size_t kLargestInPool = 128;
+
+std::pmr::memory_resource& resourceFor(std::size_t size) {
+    // The pool's pieces of the heap double up to this bound. It looks through full ones for each node, so that there
+    // had better be few.
+    static constexpr std::pmr::pool_options kFewPieces{1 << 20, kLargestInPool};
+    static auto* const pool = new std::pmr::unsynchronized_pool_resource(kFewPieces, &heap());
+    if (kKeepsNodes && size <= kLargestInPool) return *pool;
+    return heap();
+}
+
+/// The node freed last, which the next one of its size takes: a walk often makes one only to find that it isn't needed.
+struct Spare {
+    void* node = nullptr;
+    std::size_t size = 0;
+} spare;
 
 }  // namespace
 
 void* allocateNode(std::size_t size) {
+    void* const node = spare.size == size ? std::exchange(spare, {}).node : resourceFor(size).allocate(size);
     memory.inUse += size;
-    return pool().allocate(size);
+    return node;
 }
 
 void freeNode(void* node, std::size_t size) {
     memory.inUse -= size;
-    pool().deallocate(node, size);
+    if (kKeepsNodes && spare.node == nullptr) {
+        spare = {node, size};
+    } else {
+        resourceFor(size).deallocate(node, size);
+    }
 }
 
 NodeMemory nodeMemory() {

@@ -25,7 +25,7 @@ class CopyOnWrite {
 public:
     CopyOnWrite() = default;
     explicit CopyOnWrite(T value) : m_node(new Node{1, std::move(value)}) {}
-    CopyOnWrite(const CopyOnWrite& other) : m_node(other.m_node) {
+    CopyOnWrite(const CopyOnWrite& other) noexcept : m_node(other.m_node) {
         if (m_node != nullptr) ++m_node->holders;
     }
     CopyOnWrite(CopyOnWrite&& other) noexcept : m_node(std::exchange(other.m_node, nullptr)) {}

@@ -54,20 +54,27 @@ void overrideSize(KdDbTable& table, int row, int column, const FormatProperty<T>
     changeCells(table, row, column, formatEditable, change, gate);
 }
 
-/// Whether texts may need other rooms in cells of the one style and of the other.
-bool measuresOtherwise(const KdDbTable& table, const CellStylePool& styles, std::uint16_t before, std::uint16_t after) {
-    KdDbTableTransient::StyleChange& last = KdDbTableAccess::transient(table).styleChange;
-    const std::uint64_t revision = styles.revision();
-    const CellStyleRecord* from = &styles.lastRecord(before);
-    const CellStyleRecord* to = &styles.lastRecord(after);
-    if (last.revision == revision && last.from == from && last.to == to) return last.measuresOtherwise;
+[[gnu::noinline]] bool compareMeasures(KdDbTableTransient::StyleChange& change) {
     const auto measures = [](const CellStyleRecord* record) {
         const CellFormat& format = record->format;
         return std::tie(format.textStyle, format.textHeight, format.rotation, format.marginHorz, format.marginVert,
                         format.dataType, format.unitType, format.format);
     };
-    last = {revision, from, to, measures(from) != measures(to)};
-    return last.measuresOtherwise;
+    change.measuresOtherwise = measures(change.from) != measures(change.to);
+    return change.measuresOtherwise;
+}
+
+/// Whether texts may need other rooms in cells of the one style and of the other: asked for cell after cell.
+[[gnu::always_inline]] inline bool measuresOtherwise(const KdDbTable& table, const CellStylePool& styles,
+                                                     std::uint16_t before, std::uint16_t after) {
+    if (before == after) return false;
+    KdDbTableTransient::StyleChange& last = KdDbTableAccess::transient(table).styleChange;
+    const std::uint64_t revision = styles.revision();
+    const CellStyleRecord* from = &styles.lastRecord(before);
+    const CellStyleRecord* to = &styles.lastRecord(after);
+    if (last.revision == revision && last.from == from && last.to == to) return last.measuresOtherwise;
+    last = {revision, from, to};
+    return compareMeasures(last);
 }
 
 }  // namespace
@@ -164,8 +171,7 @@ void KdDbTable::setCellStyle(int row, int column, const wchar_t* name) {
     };
     const auto change = [&](TableState& state, int r, int c) {
         const std::uint16_t before = std::exchange(state.rows.writeLook(r, c).style, place);
-        if (!state.content(r, c).empty() && measuresOtherwise(*this, state.styles, before, place))
-            noteGrowth(state, r, c);
+        if (measuresOtherwise(*this, state.styles, before, place)) noteGrowth(state, r, c, PendingGrowth::For::Content);
         // The style of a whole row is the row's own too: it tells the row's type.
         if (column == -1) state.rows.write(r).style = place;
     };

@@ -282,8 +282,13 @@ void growNotedRows(const KdDbTable& table) {
         for (int other = row; other < merge.m_bottomRow; ++other) needed -= state.rows[other].height;
         growRow(state, merge.m_bottomRow, needed);
     };
-    for (const auto& [row, first, behind] : pending.runs) {
-        for (int column = first; column < behind; ++column) grow(row, column);
+    for (const PendingGrowth::Block& block : pending.blocks) {
+        for (int row = block.top; row < block.bottom; ++row) {
+            for (int column = block.left; column < block.right; ++column) {
+                const bool ofText = block.what == PendingGrowth::For::Text;
+                if (ofText || !state.content(row, column).empty()) grow(row, column);
+            }
+        }
     }
 }
 

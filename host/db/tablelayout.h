@@ -11,15 +11,16 @@ text::Font cellFont(const KdDbTable& table, KdDbObjectId textStyle);
 double minimumRowHeight(const KdDbTable& table, int row);
 double minimumColumnWidth(const KdDbTable& table, int column);
 
-/// A text has been written to the cell: its row is to grow, now or when heights are next asked for.
-inline void noteGrowth(TableState& state, int row, int column) {
-    state.pendingGrowth.note({row, column});
+/// A text has been written to the cell, or what it holds is measured otherwise: its row is to grow, now or when heights
+/// are next asked for.
+inline void noteGrowth(TableState& state, int row, int column, PendingGrowth::For what = PendingGrowth::For::Text) {
+    state.pendingGrowth.note({row, column}, what);
 }
 
 /// Grows the rows whose texts were noted. Asked for by whatever depends on row heights, and before every change.
 void growNotedRows(const KdDbTable& table);
 inline void settleGrowth(const KdDbTable& table) {
-    if (!tableState(table).pendingGrowth.runs.empty()) growNotedRows(table);
+    if (!tableState(table).pendingGrowth.blocks.empty()) growNotedRows(table);
 }
 
 /// Widens every column that is too narrow for its content.

@@ -99,13 +99,13 @@ void TableState::assertValid() const {
     constexpr unsigned kChangesBetweenLooks = 64;
     if (rowCount() * columnCount() > kLargeTable && ++m_changes % kChangesBetweenLooks != 0) return;
     for (int row = 0; row < rowCount(); ++row) {
-        require(rows[row].size() == columnWidths.size() && rows[row].contents->size() == columnWidths.size(),
+        require(rows[row].size() == columnWidths.size() && rows[row].contents.size() == columnWidths.size(),
                 "a row's length differs from the number of columns");
         for (int column = 0; column < columnCount(); ++column) {
             const MergeLink& merge = mergeLink(row, column);
             if (!merge.merged()) {
-                const LinkList* links = rows[row].links.get();
-                require(links == nullptr || (*links)[static_cast<std::size_t>(column)] == MergeLink{},
+                const SharedArray<MergeLink>& links = rows[row].links;
+                require(links.empty() || links[static_cast<std::size_t>(column)] == MergeLink{},
                         "a cell in no merge has a place in one");
                 require(!look(row, column).isCovered, "a cell in no merge is covered");
                 continue;

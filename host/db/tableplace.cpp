@@ -185,7 +185,7 @@ void scaleSizes(TableState& state, OverrideMemo& memo, double factor) {
         state.rows.setHeight(row, state.rows[row].height * factor);
         TableRow& line = state.rows.write(row);
         for (std::size_t column = 0; column < line.size(); ++column) {
-            CellLook& look = line.looks[column];
+            CellLook& look = line.writeLook(column);
             for (const auto& size : {property::textHeight, property::marginHorz, property::marginVert}) {
                 memo.set(look, Override{size, effective(state, &look, size) * factor});
             }

@@ -30,7 +30,21 @@ std::size_t TableRows::blockOf(int row) const {
     return block;
 }
 
+// A row most of whose looks were written mostly looks like the one above then, which was written before. For fewer
+// cells looking at the whole row isn't worth it.
+void TableRows::leaveOwn() {
+    const unsigned place = static_cast<unsigned>(m_ownRow - m_near.first);
+    if (m_ownRow == kNoRow || place == 0 || place >= m_near.count) return;
+    if (m_looksWritten >= m_own->size() / 2) m_own->shareLooks(*m_near.rows[place - 1]);
+}
+
+void TableRows::shareLooks(int row) {
+    if (row > 0 && !(*this)[row].looks.shares((*this)[row - 1].looks)) write(row).shareLooks((*this)[row - 1]);
+}
+
 void TableRows::makeOwn(int row) {
+    leaveOwn();
+    m_looksWritten = 0;
     if (static_cast<unsigned>(row - m_near.first) >= m_near.count) blockOf(row);
     List& all = m_list.write();
     Block& rows = all.blocks[m_near.block].write();

@@ -65,7 +65,11 @@ public:
         makeOwn(row);
         m_own->height = height;
     }
-    CellLook& writeLook(int row, int column) { return write(row).looks[static_cast<std::size_t>(column)]; }
+    CellLook& writeLook(int row, int column) {
+        TableRow& own = write(row);
+        ++m_looksWritten;
+        return own.writeLook(static_cast<std::size_t>(column));
+    }
     CellContent& writeContent(int row, int column) { return write(row).writeContent(static_cast<std::size_t>(column)); }
 
     /// Calls `visit(row)` for each row that isn't shared with the one at the same place of another state with as many
@@ -100,6 +104,9 @@ public:
         }
     }
 
+    /// Lets the row share the looks of the one above it where they are the same.
+    void shareLooks(int row);
+
     /// Inserts copies of one row; they share it until written.
     void insert(int at, int count, TableRow row);
     void erase(int first, int count);
@@ -125,6 +132,7 @@ private:
     /// The block that the row stands in, which is then the near one.
     std::size_t blockOf(int row) const;
     void makeOwn(int row);
+    void leaveOwn();
     void forgetPlaces() {
         m_near = {};
         m_ownRow = kNoRow;
@@ -139,6 +147,7 @@ private:
     /// The row written last, while nobody shares it: walks write cell after cell of a row.
     mutable int m_ownRow = kNoRow;
     TableRow* m_own = nullptr;
+    std::size_t m_looksWritten = 0;  ///< in that row
 };
 
 }  // namespace kdhost

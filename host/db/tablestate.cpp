@@ -21,8 +21,9 @@ TableRow pattern(const TableRow& source) {
     TableRow row;
     row.height = source.height;
     row.style = source.style;
-    row.resize(source.size());
-    for (std::size_t column = 0; column < row.size(); ++column) row.looks[column] = pattern(source.looks[column]);
+    row.looks = source.looks;
+    for (CellLook& look : row.looks.write()) look = pattern(look);
+    row.contents = {source.size(), {}};
     return row;
 }
 
@@ -89,8 +90,8 @@ TableRow TableState::defaultRow(int row) const {
     made.style = row == 0 ? CellStylePool::kTitle : row == 1 ? CellStylePool::kHeader : CellStylePool::kData;
     const CellFormat& format = styles.record(made.style).format;
     made.height = heightOfLines(1, format.textHeight, format.marginVert);
-    made.resize(columnWidths.size());
-    for (CellLook& look : made.looks) look.style = made.style;
+    made.looks = {columnWidths.size(), styledCell(made.style)};
+    made.contents = {columnWidths.size(), {}};
     return made;
 }
 
@@ -141,6 +142,7 @@ void TableState::insertColumns(int at, int inheritFrom, int count) {
         TableRow& line = rows.write(row);
         const auto source = static_cast<std::size_t>(inheritFrom);
         line.insertCells(at, count, inherit ? pattern(line.looks[source]) : styledCell(line.style));
+        rows.shareLooks(row);
     }
     columnWidths.insert(columnWidths.begin() + at, static_cast<std::size_t>(count), width);
     m_columnCount += count;
@@ -194,7 +196,10 @@ void TableState::eraseColumns(int first, int count) {
         if (merge.m_leftColumn < first || merge.m_rightColumn < behind) continue;
         copyCell(merge.m_topRow, merge.m_leftColumn, merge.m_topRow, behind);
     }
-    for (int row = 0; row < rowCount(); ++row) rows.write(row).eraseCells(first, behind);
+    for (int row = 0; row < rowCount(); ++row) {
+        rows.write(row).eraseCells(first, behind);
+        rows.shareLooks(row);
+    }
     columnWidths.erase(columnWidths.begin() + first, columnWidths.begin() + behind);
     m_columnCount -= count;
     for (KdCellRange& merge : cut) {

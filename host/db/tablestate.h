@@ -31,26 +31,40 @@ std::uint64_t newStamp();
 /// Cells that their rows may have to grow for, in the order in which they were written.
 struct PendingGrowth {
     using Place = std::pair<int, int>;  ///< row and column
-    /// Cells side by side, from `first` to before `behind`.
-    struct Run {
-        int row;
-        int first;
-        int behind;
+    /// What rows grow for: the line that every written text has, an empty one too, or what the cells hold.
+    enum class For { Text, Content };
+    /// Rows from `top` to before `bottom`, each with its cells from `left` to before `right`, written in this order.
+    struct Block {
+        int top;
+        int bottom;
+        int left;
+        int right;
+        For what;
+
+        bool isBelow(const Block& other) const {
+            return top == other.bottom && left == other.left && right == other.right && what == other.what;
+        }
     };
 
-    void note(Place place) {
+    void note(Place place, For what) {
         const auto [row, column] = place;
-        if (!runs.empty() && runs.back().row == row && runs.back().behind == column) {
-            ++runs.back().behind;
+        const Block* const last = blocks.empty() ? nullptr : &blocks.back();
+        if (last != nullptr && last->top == row && last->bottom == row + 1 && last->right == column &&
+            last->what == what) {
+            ++blocks.back().right;
         } else {
-            runs.push_back({row, column, column + 1});
+            blocks.push_back({row, row + 1, column, column + 1, what});
+        }
+        if (blocks.size() > 1 && blocks.back().isBelow(blocks[blocks.size() - 2])) {
+            blocks.pop_back();
+            ++blocks.back().bottom;
         }
         furthest = std::max(furthest, place);
     }
     /// Whether a walk by rows comes to that place after all of these.
     bool liesBefore(Place place) const { return furthest < place; }
 
-    std::vector<Run> runs;  ///< in the order of writing
+    std::vector<Block> blocks;  ///< in the order of writing
     Place furthest{-1, -1};
 };
 
@@ -87,13 +101,13 @@ struct TableState : KdDbBlockReferenceState {
         const auto place = static_cast<std::size_t>(column);
         if (!line.looks[place].isCovered) [[likely]]
             return line.looks[place];
-        const MergeLink& link = (*line.links)[place];
+        const MergeLink& link = line.links[place];
         return look(row - link.up, column - link.left);
     }
     /// The cell's place in its merge.
     const MergeLink& mergeLink(int row, int column) const {
         static constexpr MergeLink kNone;
-        return look(row, column).isMerged ? (*rows[row].links)[static_cast<std::size_t>(column)] : kNone;
+        return look(row, column).isMerged ? rows[row].links[static_cast<std::size_t>(column)] : kNone;
     }
 
     void setRowCount(int count);

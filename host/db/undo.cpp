@@ -97,23 +97,10 @@ void UndoHistory::finishStep() {
 
 // ---- keeping
 
-ChangeRecord* UndoHistory::recording() {
-    if (!m_transactions.empty()) return &m_transactions.back()->changes();
-    if (m_told != nullptr) return m_told;
-    if (m_step) [[likely]]
-        return &m_step->changes;
-    return recordingOutsideSteps();
-}
-
-[[gnu::noinline]] ChangeRecord* UndoHistory::recordingOutsideSteps() {
+ChangeRecord* UndoHistory::recordingOutsideSteps() {
     m_changedOutsideSteps = true;
     m_redo.clear();
     return m_undo.empty() ? nullptr : &m_undo.back().changes;
-}
-
-void UndoHistory::keep(KdDbObject& object) {
-    ChangeRecord* record = recording();
-    if (record != nullptr && KdDbObjectAccess::openRecord(object).keptIn != record->number()) record->keep(object);
 }
 
 void UndoHistory::keepMade(KdDbObject& object) {
@@ -134,12 +121,6 @@ void UndoHistory::noteSaved() {
 bool UndoHistory::isChangedSinceSave() const {
     const bool isChanging = m_step && !m_step->changes.isEmpty();
     return isChanging || m_changedOutsideSteps || numberOfLastStep() != m_savedStep;
-}
-
-void keepForUndo(KdDbObject& object) {
-    KdDbDatabase* database = object.database();
-    if (database == nullptr) return;
-    if (UndoHistory* history = KdDbDatabaseAccess::contents(*database).undo.get()) history->keep(object);
 }
 
 namespace {

@@ -9,8 +9,8 @@
 //
 // There is no limit on the number of steps: all of them are kept until the drawing is closed. A step costs what it
 // changed, since rows that it left alone stay shared with the states around it: about 3 KB for a row inserted into
-// a table of 10,000 rows by 8 columns, 24 KB into one of 100,000 rows, and 29 bytes a cell for a property of every
-// cell, 3 MB for 100,000 of them (`bench/undo` measures it). A thousand steps of editing by hand are a few megabytes.
+// a table of 10,000 rows by 8 columns, 24 KB into one of 100,000 rows, and 10 bytes a cell for a property of every
+// cell, 1 MB for 100,000 of them (`bench/undo` measures it). A thousand steps of editing by hand are a few megabytes.
 #pragma once
 
 #include <memory>
@@ -71,7 +71,10 @@ public:
     bool isChangedSinceSave() const;
 
     /// The object is about to change. Called at each write: nothing is done for one that is kept already.
-    void keep(KdDbObject& object);
+    void keep(KdDbObject& object) {
+        ChangeRecord* record = recording();
+        if (record != nullptr && KdDbObjectAccess::openRecord(object).keptIn != record->number()) record->keep(object);
+    }
     void keepMade(KdDbObject& object);
     void keepSettings();
 
@@ -99,7 +102,13 @@ private:
     void beginStep(const Frame& frame);
     void finishStep();
     /// Null for changes that are older than every step.
-    ChangeRecord* recording();
+    ChangeRecord* recording() {
+        if (!m_transactions.empty()) return &m_transactions.back()->changes();
+        if (m_told != nullptr) return m_told;
+        if (m_step) [[likely]]
+            return &m_step->changes;
+        return recordingOutsideSteps();
+    }
     ChangeRecord* recordingOutsideSteps();
     Kdad::ErrorStatus take(Steps& from, Steps& to);
     static std::wstring titleOfLast(const Steps& steps);
@@ -124,7 +133,11 @@ inline std::shared_ptr<UndoHistory> undoHistory(KdDbDatabase& database) {
 }
 
 /// The object is about to change; called at each write.
-void keepForUndo(KdDbObject& object);
+inline void keepForUndo(KdDbObject& object) {
+    KdDbDatabase* const database = KdDbObjectAccess::openRecord(object).database;
+    if (database == nullptr) return;
+    if (UndoHistory* history = KdDbDatabaseAccess::contents(*database).undo.get()) history->keep(object);
+}
 
 /// Ways to a drawing's settings for those who change them.
 CurrentSettings& currentForWrite(KdDbDatabase& database);

@@ -123,10 +123,11 @@ private:
         for (std::size_t row = 0; row < m_heights.size(); ++row) {
             TableRow& made = m_loaded.rows[row];
             made.height = m_heights[row];
-            made.resize(m_widths.size());
+            made.looks = {m_widths.size(), {}};
+            made.contents = {m_widths.size(), {}};
             for (std::size_t column = 0; column < m_widths.size(); ++column) {
                 require(m_at != m_tags.last && m_at->code == kCellBegin, "a table has fewer cells than it counts");
-                cell(made.looks[column], made.writeContent(column));
+                cell(made.writeLook(column), made.writeContent(column));
             }
         }
     }
@@ -139,7 +140,6 @@ private:
 
     /// What is read of a cell before its value.
     struct ReadCell {
-        int type = KdDb::kTextCell;
         Span span{1, 1, false};
         CellObjects objects;
         std::wstring text;
@@ -152,19 +152,18 @@ private:
         while (m_at != m_tags.last && (m_at == first || m_at->code != kCellBegin) && m_at->code != kValueBegin) {
             take(read, m_at++);
         }
-        content.type = static_cast<std::uint8_t>(read.type);
         if (read.formats != nullptr) look.overrides = overrides(read.formats);
         if (m_at != m_tags.last && m_at->code == kValueBegin) value(look, read.text);
         if (read.objects.field.isNull()) content.text = read.text;
         std::erase_if(read.objects.attributes, [](const BlockAttribute& each) { return each.definition.isNull(); });
-        if (read.objects != CellObjects()) content.objects = CopyOnWrite<CellObjects>(read.objects);
+        content.setObjects(read.objects);
         m_spans.push_back(read.span);
     }
 
     void take(ReadCell& read, TagIterator tag) {
         switch (tag->code) {
             case kCellBegin:
-                read.type = whole(*tag, KdDb::kTextCell, KdDb::kMultipleContentCell);
+                read.objects.type = static_cast<std::uint8_t>(whole(*tag, KdDb::kTextCell, KdDb::kMultipleContentCell));
                 break;
             case 173:
                 read.span.covered = whole(*tag, 0, 1) != 0;
@@ -296,7 +295,7 @@ private:
             const std::uint16_t style =
                 usualRowStyle(static_cast<int>(row), m_state.titleSuppressed, m_state.headerSuppressed);
             m_loaded.rows[row].style = style;
-            for (CellLook& look : m_loaded.rows[row].looks) look.style = style;
+            for (CellLook& look : m_loaded.rows[row].looks.write()) look.style = style;
         }
         m_whole.giveTo(m_loaded.rows);
         const TagSpan record = extrasOf(m_context, m_object);
@@ -316,8 +315,9 @@ private:
         for (int row = 0; row < count; ++row) {
             TableRow& made = m_loaded.rows[static_cast<std::size_t>(row)];
             made.style = places[made.style];
-            for (CellLook& look : made.looks) look.style = places[look.style];
+            for (CellLook& look : made.looks.write()) look.style = places[look.style];
             m_state.rows.write(row) = std::move(made);
+            m_state.rows.shareLooks(row);
         }
         m_state.touchLayout();
         if (m_hasFields) m_context.tablesWithFields.push_back(&m_table);

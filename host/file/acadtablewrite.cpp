@@ -108,7 +108,7 @@ private:
         const CellLook& look = m_state.look(row, column);
         const CellContent& content = m_state.content(row, column);
         const MergeLink& merge = m_state.mergeLink(row, column);
-        const bool isBlock = content.type == KdDb::kBlockCell;
+        const bool isBlock = content.type() == KdDb::kBlockCell;
         const bool isOwner = look.isMerged && !look.isCovered;
         m_out.integer(171, isBlock ? 2 : 1);
         m_out.integer(172, 0);

@@ -117,7 +117,7 @@ private:
         const double horizontal = m_table.margin(row, column, KdDb::kCellMarginLeft);
         const double vertical = m_table.margin(row, column, KdDb::kCellMarginTop);
         const Box free{box.left + horizontal, box.right - horizontal, box.bottom + vertical, box.top - vertical};
-        if (cell.type == KdDb::kBlockCell) return insertion(cell, row, column, free);
+        if (cell.type() == KdDb::kBlockCell) return insertion(cell, row, column, free);
         const wchar_t* contents = shownText(m_table, cell);
         if (contents != nullptr && *contents != L'\0') text(contents, row, column, free);
     }

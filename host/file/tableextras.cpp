@@ -36,11 +36,12 @@ void writeRows(SaveContext& context, const TableState& table, std::map<std::uint
 
 /// Content that is more than a text, a field or a block.
 bool isPlainContent(const CellContent& cell) {
-    if (!cell.objects) return cell.type == KdDb::kTextCell;
+    if (!cell.objects) return true;
     const CellObjects& objects = *cell.objects;
-    if (cell.type == KdDb::kBlockCell) return cell.text.empty() && objects.field.isNull();
-    const bool onlyField = objects == CellObjects{objects.field, {}, 1.0, 0.0, false, {}};
-    return cell.type == KdDb::kTextCell && onlyField && (objects.field.isNull() || cell.text.empty());
+    if (objects.type == KdDb::kBlockCell) return cell.text.empty() && objects.field.isNull();
+    CellObjects onlyField;
+    onlyField.field = objects.field;
+    return objects == onlyField && (objects.field.isNull() || cell.text.empty());
 }
 
 /// Whether the standard codes tell the overrides to the last bit.
@@ -60,7 +61,7 @@ bool isStandardFormat(const CellLook& cell) {
 std::vector<const KdDbField*> formulasAsWritten(const TableState& table) {
     std::vector<const KdDbField*> formulas;
     for (int row = 0; row < table.rowCount(); ++row) {
-        for (const CellContent& cell : *table.rows[row].contents) {
+        for (const CellContent& cell : table.rows[row].contents) {
             forEachFieldIn(cell.field(), [&](const KdDbField& field) {
                 if (stateOf<KdDbFieldState>(field).asWritten != nullptr) formulas.push_back(&field);
             });
@@ -112,8 +113,8 @@ int wordsOf(const TableRow& row, std::size_t column) {
 }
 
 void writeContent(SaveContext& context, const CellContent& cell) {
-    const CellObjects objects = cell.objects ? *cell.objects : CellObjects();
-    context.out.integer(90, cell.type);
+    const CellObjects objects = cell.ownObjects();
+    context.out.integer(90, objects.type);
     context.out.longText(2, 1, cell.text);
     context.out.handle(330, context.handleOf(objects.block));
     context.out.real(40, objects.blockScale);
@@ -122,17 +123,14 @@ void writeContent(SaveContext& context, const CellContent& cell) {
 }
 
 void readContent(LoadContext& context, ExtrasReader& reader, CellContent& cell) {
-    cell.type = static_cast<std::uint8_t>(reader.index(90, KdDb::kMultipleContentCell + 1));
+    CellObjects objects = cell.ownObjects();
+    objects.type = static_cast<std::uint8_t>(reader.index(90, KdDb::kMultipleContentCell + 1));
     cell.text = reader.longText(2, 1);
-    CellObjects objects;
-    objects.field = cell.field();
-    if (cell.objects) objects.attributes = cell.objects->attributes;
     objects.block = reader.pointer(330, context);
     objects.blockScale = reader.real(40);
     objects.blockRotation = reader.real(40);
     objects.autoFit = reader.index(90, 2) != 0;
-    cell.objects = {};
-    if (objects != CellObjects()) cell.objects.write() = objects;
+    cell.setObjects(objects);
 }
 
 using Formats = std::vector<CopyOnWrite<FormatOverrides>>;
@@ -164,7 +162,7 @@ void readCell(LoadContext& context, ExtrasReader& reader, const Formats& formats
     CellLook otherLook;
     CellContent otherContent;
     TableRow* line = holds ? &table.rows[static_cast<std::size_t>(row)] : nullptr;
-    CellLook& look = holds ? line->looks[static_cast<std::size_t>(column)] : otherLook;
+    CellLook& look = holds ? line->writeLook(static_cast<std::size_t>(column)) : otherLook;
     CellContent& content = holds ? line->writeContent(static_cast<std::size_t>(column)) : otherContent;
     if ((words & kStyle) != 0) look.style = static_cast<std::uint16_t>(reader.index(90, table.styles.size()));
     if ((words & kLocks) != 0) look.state = static_cast<std::uint8_t>(reader.index(90, 256));
@@ -300,7 +298,7 @@ void readTableExtras(LoadContext& context, TagSpan tags, const TablePrints& prin
             const auto behind = row + static_cast<std::size_t>(rows.index(90, table.rows.size() - row + 1));
             for (; row < behind; ++row) {
                 table.rows[row].style = static_cast<std::uint16_t>(style);
-                for (CellLook& look : table.rows[row].looks) look.style = static_cast<std::uint16_t>(style);
+                for (CellLook& look : table.rows[row].looks.write()) look.style = static_cast<std::uint16_t>(style);
             }
         }
         require(row == table.rows.size(), "the styles of rows are not those of the table");

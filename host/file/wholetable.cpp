@@ -111,7 +111,7 @@ void WholeTable::giveLooks(TableRow& row) {
     if (looks.own == 0) return;
     CopyOnWrite<FormatOverrides>& shared = m_sharedLooks[row.style];
     if (!shared) shared = CopyOnWrite<FormatOverrides>(looks);
-    for (CellLook& cell : row.looks) give(cell, shared);
+    for (CellLook& cell : row.looks.write()) give(cell, shared);
 }
 
 /// Outer edges lie where rows of a kind begin and end, and at the table's sides.
@@ -120,7 +120,7 @@ void WholeTable::giveEdges(std::vector<TableRow>& rows, std::size_t row) {
     if (m_edges[kind].own == 0) return;
     const bool isFirst = row == 0 || rows[row - 1].style != kind;
     const bool isLast = row + 1 == rows.size() || rows[row + 1].style != kind;
-    LookList& cells = rows[row].looks;
+    const std::span<CellLook> cells = rows[row].looks.write();
     for (std::size_t column = 0; column < cells.size(); ++column) {
         const bool isOuter[] = {isFirst, isLast, column == 0, column + 1 == cells.size()};
         unsigned outer = 0;

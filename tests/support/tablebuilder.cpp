@@ -68,7 +68,7 @@ void describeCell(const KdDbTable& table, int row, int column, std::ostream& out
     const kdhost::CellLook& look = state.look(row, column);
     const kdhost::CellContent& cell = state.content(row, column);
     out << nameOf(row, column) << ' ' << narrow(state.styles.name(look.style).c_str());
-    if (cell.type != KdDb::kTextCell) out << " type=" << int(cell.type);
+    if (cell.type() != KdDb::kTextCell) out << " type=" << int(cell.type());
     if (!cell.text.empty()) out << " \"" << narrow(cell.text.c_str()) << '"';
     if (!cell.field().isNull()) out << " field=\"" << narrow(table.textString(row, column)) << '"';
     if (!cell.block().isNull()) {

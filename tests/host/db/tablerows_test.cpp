@@ -5,9 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
+
+#include "host/db/tablestate.h"
 
 namespace kdtest {
 namespace {
@@ -18,7 +22,7 @@ using kdhost::TableRows;
 TableRow rowOf(int number) {
     TableRow row;
     row.height = number;
-    row.resize(1);
+    row.insertCells(0, 1, {});
     return row;
 }
 
@@ -104,6 +108,124 @@ TEST(TableRows, Lose_what_was_worked_out_about_a_row_by_every_write_but_that_of_
     EXPECT_EQ(rows[2].measuredFor(9).minimumHeight, 4.0);
 }
 
+TableRow rowOfCells(int count) {
+    TableRow row;
+    row.insertCells(0, count, {});
+    return row;
+}
+
+void styleCells(TableRows& rows, int row, int count, std::uint16_t style) {
+    for (int column = 0; column < count; ++column) rows.writeLook(row, column).style = style;
+}
+
+TEST(TableRows, Share_the_looks_of_rows_that_were_written_alike_and_of_no_other) {
+    TableRows rows;
+    for (int row = 0; row < 20; ++row) rows.insert(row, 1, rowOfCells(6));
+    EXPECT_FALSE(rows[1].looks.shares(rows[2].looks)) << "each was made for itself";
+    for (int row = 0; row < 20; ++row) styleCells(rows, row, 6, row == 9 ? 4 : 3);
+    for (int row = 1; row < 19; ++row) {
+        EXPECT_EQ(rows[row].looks.shares(rows[row - 1].looks), row != 9 && row != 10) << row;
+    }
+    const TableRows before = rows;
+    rows.writeLook(5, 2).style = 8;
+    for (int row = 0; row < 20; ++row) {
+        for (int column = 0; column < 6; ++column) {
+            EXPECT_EQ(rows.look(row, column).style, row == 5 && column == 2 ? 8 : row == 9 ? 4 : 3);
+            EXPECT_EQ(before.look(row, column).style, row == 9 ? 4 : 3);
+        }
+    }
+    rows.writeLook(5, 2).style = 3;
+    rows.shareLooks(5);
+    EXPECT_TRUE(rows[5].looks.shares(rows[4].looks)) << "when asked to";
+}
+
+// A walk down each column writes a cell of every row at a time: comparing whole rows each time would cost it the square
+// of the width.
+TEST(TableRows, Compare_no_row_of_which_little_was_written) {
+    TableRows rows;
+    rows.insert(0, 20, rowOfCells(6));
+    for (int column = 0; column < 6; ++column) {
+        for (int row = 0; row < 20; ++row) rows.writeLook(row, column).style = 3;
+    }
+    EXPECT_FALSE(rows[5].looks.shares(rows[6].looks));
+    EXPECT_TRUE(rows[5].looks == rows[6].looks);
+}
+
+TEST(TableRows, Hold_the_looks_that_were_written_in_whatever_order_while_copies_stand) {
+    constexpr int kRows = 250;
+    constexpr int kColumns = 5;
+    using Model = std::vector<std::array<int, kColumns>>;
+    std::mt19937 random(19);
+    const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
+    TableRows rows;
+    rows.insert(0, kRows, rowOfCells(kColumns));
+    Model model(kRows);
+    std::vector<std::pair<TableRows, Model>> copies;
+    const auto same = [&](const TableRows& held, const Model& expected) {
+        for (int row = 0; row < kRows; ++row) {
+            for (int column = 0; column < kColumns; ++column) {
+                if (held.look(row, column).style !=
+                    expected[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)])
+                    return false;
+            }
+        }
+        return true;
+    };
+    for (int turn = 0; turn < 300; ++turn) {
+        const int first = below(kRows);
+        const int behind = std::min(kRows, first + 1 + below(40));
+        const auto style = static_cast<std::uint16_t>(below(3));
+        const bool down = below(4) == 0;
+        for (int row = down ? behind - 1 : first; row >= first && row < behind; row += down ? -1 : 1) {
+            for (int column = below(3) == 0 ? 1 : 0; column < kColumns; ++column) {
+                rows.writeLook(row, column).style = style;
+                model[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = style;
+                if (below(50) == 0) rows.look(below(kRows), 0);  // a look elsewhere
+            }
+        }
+        if (turn % 20 == 0) copies.emplace_back(rows, model);
+        ASSERT_TRUE(same(rows, model)) << turn;
+    }
+    for (const auto& [held, expected] : copies) EXPECT_TRUE(same(held, expected));
+}
+
+TEST(PendingGrowth, Gives_back_the_cells_in_the_order_of_writing_and_keeps_a_walk_by_rows_as_one_block) {
+    using kdhost::PendingGrowth;
+    using Noted = std::vector<std::tuple<int, int, PendingGrowth::For>>;
+    const auto noted = [](const PendingGrowth& pending) {
+        Noted all;
+        for (const PendingGrowth::Block& block : pending.blocks) {
+            for (int row = block.top; row < block.bottom; ++row) {
+                for (int column = block.left; column < block.right; ++column) all.emplace_back(row, column, block.what);
+            }
+        }
+        return all;
+    };
+    PendingGrowth walk;
+    for (int row = 3; row < 50; ++row) {
+        for (int column = 2; column < 7; ++column) walk.note({row, column}, PendingGrowth::For::Content);
+    }
+    ASSERT_EQ(walk.blocks.size(), 1U);
+    EXPECT_EQ(noted(walk).size(), 47U * 5U);
+    EXPECT_EQ(walk.furthest, (PendingGrowth::Place{49, 6}));
+
+    std::mt19937 random(23);
+    for (int turn = 0; turn < 300; ++turn) {
+        PendingGrowth pending;
+        Noted expected;
+        const int columns = 1 + static_cast<int>(random() % 4);
+        for (int row = 0; row < 12; ++row) {
+            for (int column = 0; column < columns; ++column) {
+                if (random() % 8 == 0) continue;
+                const auto what = random() % 9 == 0 ? PendingGrowth::For::Text : PendingGrowth::For::Content;
+                pending.note({row, column}, what);
+                expected.emplace_back(row, column, what);
+            }
+        }
+        ASSERT_EQ(noted(pending), expected) << turn;
+    }
+}
+
 TEST(TableRow, Forgets_what_it_was_measured_for_when_asked_for_another_layout) {
     TableRow row = rowOf(1);
     row.measuredFor(9).minimumHeight = 4.0;
@@ -127,12 +249,13 @@ std::vector<KnownCell> cellsOf(const TableRow& row) {
     for (std::size_t column = 0; column < row.size(); ++column) {
         const bool merged = row.looks[column].isMerged;
         all.push_back({row.looks[column].style, std::wstring(row.content(column).text.view()),
-                       merged ? (*row.links)[column].columns : 0});
+                       merged ? row.links[column].columns : 0});
     }
     return all;
 }
 
-// Looks of up to eight cells lie in the row itself: rows cross that width both ways, while copies of them stand.
+// What narrow rows have lies in the pool of nodes, what wide ones have outside of it: rows cross that width both ways,
+// while copies of them stand.
 TEST(TableRow, Keeps_its_cells_through_any_changes_of_its_width_and_leaves_its_copies_alone) {
     std::mt19937 random(41);
     const auto below = [&](std::size_t bound) { return static_cast<int>(random() % bound); };
@@ -141,7 +264,7 @@ TEST(TableRow, Keeps_its_cells_through_any_changes_of_its_width_and_leaves_its_c
         std::vector<KnownCell> expected;
     };
     Stand now;
-    now.row.resize(3);
+    now.row.insertCells(0, 3, {});
     now.expected.resize(3);
     std::vector<Stand> kept;
     int crossings = 0;
