@@ -38,13 +38,16 @@ constexpr bool kKeepsNodes = true;
 /// Larger ones aren't worth the pool's roundings, and among its own ones it would look for them one by one.
 constexpr std::size_t kLargestInPool = 128;
 
-std::pmr::memory_resource& resourceFor(std::size_t size) {
-    // The pool's pieces of the heap double up to this bound. It looks through full ones for each node, so that there
-    // had better be few.
+std::pmr::memory_resource& pool() {
+    // Its pieces of the heap double up to this bound. It looks through full ones for each node, so that there had
+    // better be few.
     static constexpr std::pmr::pool_options kFewPieces{1 << 20, kLargestInPool};
-    static auto* const pool = new std::pmr::unsynchronized_pool_resource(kFewPieces, &heap());
-    if (kKeepsNodes && size <= kLargestInPool) return *pool;
-    return heap();
+    static auto* const kept = new std::pmr::unsynchronized_pool_resource(kFewPieces, &heap());
+    return *kept;
+}
+
+std::pmr::memory_resource& resourceFor(std::size_t size) {
+    return kKeepsNodes && size <= kLargestInPool ? pool() : heap();
 }
 
 /// The node freed last, which the next one of its size takes: a walk often makes one only to find that it isn't needed.
