@@ -2,7 +2,8 @@
 
 #include "host/db/tablecow.h"
 
-#include <memory_resource>
+#include <array>
+#include <new>
 #include <utility>
 
 namespace kdhost {
@@ -10,66 +11,64 @@ namespace {
 
 NodeMemory memory;
 
-/// The heap, counted.
-class Heap : public std::pmr::memory_resource {
-    void* do_allocate(std::size_t size, std::size_t alignment) override {
-        memory.taken += size;
-        return std::pmr::new_delete_resource()->allocate(size, alignment);
-    }
-    void do_deallocate(void* block, std::size_t size, std::size_t alignment) override {
-        memory.taken -= size;
-        std::pmr::new_delete_resource()->deallocate(block, size, alignment);
-    }
-    bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override { return this == &other; }
-};
-
-// Never freed: there are values that live as long as the program and go after whatever else does.
-Heap& heap() {
-    static auto* const kept = new Heap();
-    return *kept;
+void* takeFromHeap(std::size_t size) {
+    void* const taken = ::operator new(size);
+    memory.taken += size;
+    return taken;
 }
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr bool kKeepsNodes = false;  // the sanitizer is to see each node by itself
+constexpr std::size_t kLargestKept = 0;  // the sanitizer is to see each node by itself
 #else
-constexpr bool kKeepsNodes = true;
+constexpr std::size_t kLargestKept = 128;  // what is larger isn't worth the rounding
 #endif
+constexpr std::size_t kStep = 16;
+constexpr std::size_t kPiece = 64 * 1024;
 
-/// Larger ones aren't worth the pool's roundings, and among its own ones it would look for them one by one.
-constexpr std::size_t kLargestInPool = 128;
+/// The nodes of one size: a list of free ones, the one freed last taken first, and a piece of the heap that isn't cut
+/// yet. Taking and giving back are a few instructions each, however many there are; the pools of the library look
+/// through their pieces. Nothing goes back to the heap: there are values that live as long as the program.
+class Shelf {
+public:
+    void* take(std::size_t size) {
+        if (m_free != nullptr) return std::exchange(m_free, m_free->next);
+        if (m_left < size) {
+            m_uncut = static_cast<char*>(takeFromHeap(kPiece));
+            m_left = kPiece;
+        }
+        m_left -= size;
+        return std::exchange(m_uncut, m_uncut + size);
+    }
+    void giveBack(void* node) { m_free = new (node) Free{m_free}; }
 
-std::pmr::memory_resource& pool() {
-    // Its pieces of the heap double up to this bound. It looks through full ones for each node, so that there had
-    // better be few.
-    static constexpr std::pmr::pool_options kFewPieces{1 << 20, kLargestInPool};
-    static auto* const kept = new std::pmr::unsynchronized_pool_resource(kFewPieces, &heap());
-    return *kept;
-}
+private:
+    struct Free {
+        Free* next;
+    };
+    Free* m_free = nullptr;
+    char* m_uncut = nullptr;
+    std::size_t m_left = 0;
+};
 
-std::pmr::memory_resource& resourceFor(std::size_t size) {
-    return kKeepsNodes && size <= kLargestInPool ? pool() : heap();
-}
-
-/// The node freed last, which the next one of its size takes: a walk often makes one only to find that it isn't needed.
-struct Spare {
-    void* node = nullptr;
-    std::size_t size = 0;
-} spare;
+std::array<Shelf, kLargestKept / kStep + 1> shelves;
 
 }  // namespace
 
 void* allocateNode(std::size_t size) {
-    void* const node = spare.size == size ? std::exchange(spare, {}).node : resourceFor(size).allocate(size);
+    const std::size_t place = (size + kStep - 1) / kStep;
+    void* const node = place < shelves.size() ? shelves[place].take(place * kStep) : takeFromHeap(size);
     memory.inUse += size;
     return node;
 }
 
 void freeNode(void* node, std::size_t size) {
     memory.inUse -= size;
-    if (kKeepsNodes && spare.node == nullptr) {
-        spare = {node, size};
+    const std::size_t place = (size + kStep - 1) / kStep;
+    if (place < shelves.size()) {
+        shelves[place].giveBack(node);
     } else {
-        resourceFor(size).deallocate(node, size);
+        ::operator delete(node);
+        memory.taken -= size;
     }
 }
 
