@@ -254,8 +254,8 @@ std::vector<KnownCell> cellsOf(const TableRow& row) {
     return all;
 }
 
-// What narrow rows have lies in the pool of nodes, what wide ones have outside of it: rows cross that width both ways,
-// while copies of them stand.
+// What narrow rows have lies on the shelves of small nodes, what wide ones have doesn't: rows cross that width both
+// ways, while copies of them stand.
 TEST(TableRow, Keeps_its_cells_through_any_changes_of_its_width_and_leaves_its_copies_alone) {
     std::mt19937 random(41);
     const auto below = [&](std::size_t bound) { return static_cast<int>(random() % bound); };
