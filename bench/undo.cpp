@@ -9,7 +9,6 @@
 #include <memory>
 
 #include "bench/peerratio.h"
-#include "host/db/tablecow.h"
 #include "host/db/undo.h"
 #include "kd/db/symboltable.h"
 #include "kd/db/table.h"
@@ -67,9 +66,7 @@ void alignAll(KdDbTable& table) {
 
 double bytesInUse() {
     const struct mallinfo2 info = mallinfo2();
-    // What was taken for shared values and isn't in use is free for the next ones.
-    const kdhost::NodeMemory nodes = kdhost::nodeMemory();
-    return static_cast<double>(info.uordblks + info.hblkhd - nodes.taken + nodes.inUse);
+    return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
 /// The direction that is measured, and the one that leads back.

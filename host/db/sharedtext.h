@@ -6,34 +6,23 @@
 #include <limits>
 #include <new>
 #include <string_view>
-#include <utility>
+
+#include "host/db/sharednode.h"
 
 namespace kdhost {
 
 /// As small as a pointer, and as cheap to copy: a step of undo keeps copies of whole rows. An empty text holds
-/// nothing; any other one lies in one piece of memory with the count of its holders. A database belongs to one thread,
-/// so that the count is a plain number.
+/// nothing; any other one lies in one piece of memory with the count of its holders.
 class SharedText {
 public:
     SharedText() = default;
-    SharedText(const SharedText& other) noexcept : m_node(other.m_node) {
-        if (m_node != nullptr) ++m_node->holders;
-    }
-    SharedText(SharedText&& other) noexcept : m_node(std::exchange(other.m_node, nullptr)) {}
-    SharedText& operator=(SharedText other) noexcept {
-        std::swap(m_node, other.m_node);
-        return *this;
-    }
     SharedText& operator=(std::wstring_view text) { return *this = SharedText(text); }
-    ~SharedText() {
-        if (m_node != nullptr && --m_node->holders == 0) ::operator delete(m_node);
-    }
 
-    std::wstring_view view() const { return {c_str(), m_node == nullptr ? 0 : m_node->length}; }
+    std::wstring_view view() const { return {c_str(), m_node ? m_node->length : 0}; }
     operator std::wstring_view() const { return view(); }
     /// Ends with a null; valid while any holder keeps this text.
-    const wchar_t* c_str() const { return m_node == nullptr ? L"" : m_node->characters(); }
-    bool empty() const { return m_node == nullptr; }
+    const wchar_t* c_str() const { return m_node ? m_node->characters() : L""; }
+    bool empty() const { return !m_node; }
     void clear() { *this = SharedText(); }
 
     friend bool operator==(const SharedText& a, const SharedText& b) {
@@ -47,18 +36,20 @@ private:
         std::uint32_t length;
 
         wchar_t* characters() { return reinterpret_cast<wchar_t*>(this + 1); }
+
+        static void destroy(Node* node) { ::operator delete(node); }
     };
 
     explicit SharedText(std::wstring_view text) {
         if (text.empty()) return;
         if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
         void* const memory = ::operator new(sizeof(Node) + (text.size() + 1) * sizeof(wchar_t));
-        m_node = new (memory) Node{1, static_cast<std::uint32_t>(text.size())};
+        m_node = NodeHolder(new (memory) Node{1, static_cast<std::uint32_t>(text.size())});
         std::wmemcpy(m_node->characters(), text.data(), text.size());
         m_node->characters()[text.size()] = L'\0';
     }
 
-    Node* m_node = nullptr;
+    NodeHolder<Node> m_node;
 };
 
 }  // namespace kdhost

@@ -93,11 +93,8 @@ template <auto find, class Read>
 
 /// What formatCell() finds, where that is the cell itself and near; else null.
 [[gnu::always_inline]] inline const CellLook* nearLook(const TableState& state, int row, int column) {
-    const TableRow* near = state.nearRow(row, column);
-    if (near == nullptr) [[unlikely]]
-        return nullptr;
-    const CellLook& look = near->looks[static_cast<std::size_t>(column)];
-    return look.isCovered ? nullptr : &look;
+    const CellLook* look = state.nearLook(row, column);
+    return look == nullptr || look->isCovered ? nullptr : look;
 }
 
 /// What `read(look)` gives for the cell that formatCell() finds.
@@ -111,11 +108,10 @@ template <class Read>
 /// What `read(content)` gives for the one that shownContent() finds.
 template <class Read>
 [[gnu::always_inline]] inline decltype(auto) readShownContent(const TableState& state, int row, int column, Read read) {
-    const TableRow* near = state.nearRow(row, column);
-    if (near == nullptr) [[unlikely]]
+    const CellLook* look = state.nearLook(row, column);
+    if (look == nullptr) [[unlikely]]
         return readFar<shownContent>(state, row, column, read);
-    const auto place = static_cast<std::size_t>(column);
-    return read(near->looks[place].isCovered ? nullptr : &near->content(place));
+    return read(look->isCovered ? nullptr : &state.rows.nearBody(row).content(static_cast<std::size_t>(column)));
 }
 
 inline constexpr unsigned kContentLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateContentReadOnly;

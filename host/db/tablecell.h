@@ -4,7 +4,7 @@
 // cells at a time, so that looks are small and lie side by side, and rows that look alike mostly share them; contents
 // are shared between states of a row until one of them is written. What a cell rarely has (overrides of its format, a
 // block, a field) lies apart, and cells formatted alike share one record of overrides. Places in merges stand beside
-// the looks, in rows that have merges.
+// the contents, in rows that have merges.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "host/db/cellformat.h"
+#include "host/db/copyonwrite.h"
 #include "host/db/sharedarray.h"
 #include "host/db/sharedtext.h"
-#include "host/db/tablecow.h"
 #include "kd/db/cellrange.h"
 
 namespace kdhost {
@@ -111,39 +111,61 @@ struct CellContent {
     void clear() { *this = {}; }
 };
 
-struct TableRow {
+/// The looks of a row's cells; rows that look alike mostly share them.
+using RowLooks = SharedArray<CellLook>;
+
+/// What a row has beside the looks of its cells.
+struct RowBody {
+    double height = 0.0;
+    std::uint16_t style = 0;            ///< of the row itself; new columns begin with it
+    SharedArray<CellContent> contents;  ///< as many as looks
+    SharedArray<MergeLink> links;       ///< of the cells; none while no cell of the row was merged
+
+    const CellContent& content(std::size_t column) const { return contents[column]; }
+    CellContent& writeContent(std::size_t column) { return contents.write()[column]; }
+
+    /// Empty ones, in no merge.
+    void insertContents(std::size_t at, std::size_t count) {
+        contents.insert(at, count, {});
+        if (!links.empty()) links.insert(at, count, {});
+    }
+    void eraseContents(std::size_t first, std::size_t behind) {
+        contents.erase(first, behind);
+        if (!links.empty()) links.erase(first, behind);
+    }
+};
+
+/// What was last worked out of a row's own cells, and for which layout of the table.
+struct RowMeasures {
     static constexpr double kNotMeasured = -1.0;
 
-    double height = 0.0;
-    // What was last worked out of the row's own cells, and for which layout of the table; 0 for none.
-    mutable std::uint64_t measuredLayout = 0;
-    mutable double minimumHeight = kNotMeasured;  ///< that the cells allow
-    mutable bool fits = false;                    ///< they are known to fit into the columns
-    std::uint16_t style = 0;                      ///< of the row itself; new columns begin with it
-    SharedArray<CellLook> looks;                  ///< rows that look alike mostly share them
-    SharedArray<CellContent> contents;            ///< as many as looks
-    SharedArray<MergeLink> links;                 ///< of the cells; none while no cell of the row was merged
+    double minimumHeight = kNotMeasured;  ///< that the cells allow
+    std::uint64_t layout : 63 = 0;        ///< 0 for none
+    std::uint64_t fits : 1 = 0;           ///< the cells are known to fit into the columns
 
-    /// The row as measured for that layout; what is known of another one is forgotten.
-    const TableRow& measuredFor(std::uint64_t layout) const {
-        if (measuredLayout != layout) forgetMeasures();
-        measuredLayout = layout;
+    void forget() { layout = 0; }
+    /// As measured for that layout, which isn't 0; what is known of another one is forgotten.
+    RowMeasures& of(std::uint64_t wanted) {
+        constexpr std::uint64_t kLargestLayout = ~std::uint64_t{0} >> 1;
+        if (layout != wanted) *this = {kNotMeasured, wanted & kLargestLayout, 0};
         return *this;
     }
-    void forgetMeasures() const {
-        measuredLayout = 0;
-        minimumHeight = kNotMeasured;
-        fits = false;
-    }
+};
+
+/// What walks over the formats of many rows look at.
+struct RowFront {
+    RowLooks looks;
+    /// They follow from the row and the layout, so that they may be worked out under const, and in a row that several
+    /// states share.
+    mutable RowMeasures measures;
+};
+
+/// A whole row.
+struct TableRow : RowBody {
+    RowLooks looks;
 
     std::size_t size() const { return looks.size(); }
-    const CellContent& content(std::size_t column) const { return contents[column]; }
     CellLook& writeLook(std::size_t column) { return looks.write()[column]; }
-    CellContent& writeContent(std::size_t column) { return contents.write()[column]; }
-    /// Shares the other row's looks when they are the same.
-    void shareLooks(const TableRow& other) {
-        if (looks == other.looks) looks = other.looks;
-    }
 
     void setLink(int column, const MergeLink& link) {
         const auto place = static_cast<std::size_t>(column);
@@ -153,21 +175,6 @@ struct TableRow {
         if (links.empty() && !link.merged()) return;
         if (links.empty()) links = SharedArray<MergeLink>(size(), {});
         links.write()[place] = link;
-    }
-    /// New cells hold nothing.
-    void insertCells(int at, int count, const CellLook& look) {
-        const auto place = static_cast<std::size_t>(at);
-        const auto added = static_cast<std::size_t>(count);
-        looks.insert(place, added, look);
-        contents.insert(place, added, {});
-        if (!links.empty()) links.insert(place, added, {});
-    }
-    void eraseCells(int first, int behind) {
-        const auto from = static_cast<std::size_t>(first);
-        const auto rest = static_cast<std::size_t>(behind);
-        looks.erase(from, rest);
-        contents.erase(from, rest);
-        if (!links.empty()) links.erase(from, rest);
     }
 };
 

@@ -175,9 +175,9 @@ double Measure::heightOf(int row, int column) {
 }
 
 double Measure::rowMinimum(int row) {
-    const TableRow& line = m_state.rows[row];
     const std::uint64_t stamp = m_state.layoutStamp;
-    if (line.measuredFor(stamp).minimumHeight != TableRow::kNotMeasured) return line.minimumHeight;
+    const double known = m_state.rows.measures(row, stamp).minimumHeight;
+    if (known != RowMeasures::kNotMeasured) return known;
     double minimum = 0.0;
     bool alone = true;  // the result depends on the row's own cells only
     for (int column = 0; column < m_state.columnCount(); ++column) {
@@ -192,7 +192,7 @@ double Measure::rowMinimum(int row) {
             minimum = std::max(minimum, heightOf(row, column));
         }
     }
-    if (alone) line.measuredFor(stamp).minimumHeight = minimum;
+    if (alone) m_state.rows.measures(row, stamp).minimumHeight = minimum;
     return minimum;
 }
 
@@ -224,16 +224,15 @@ double Measure::columnMinimum(int column) {
 }
 
 bool Measure::fits(int row) {
-    const TableRow& line = m_state.rows[row];
     const std::uint64_t stamp = m_state.layoutStamp;
-    if (line.measuredFor(stamp).fits) return true;
+    if (m_state.rows.measures(row, stamp).fits) return true;
     bool alone = true;  // the result depends on the row's own cells only
     for (int column = 0; column < m_state.columnCount(); ++column) {
         if (widthNeeded(row, column) > m_state.columnWidths[static_cast<std::size_t>(column)]) return false;
         const CellContent& cell = m_state.content(row, column);
         if (!cell.field().isNull() || !cell.block().isNull()) alone = false;
     }
-    if (alone) line.measuredFor(stamp).fits = true;
+    if (alone) m_state.rows.measures(row, stamp).fits = true;
     return true;
 }
 
@@ -316,8 +315,8 @@ void growAllRows(const KdDbTable& table, const TableState& state) {
     Measure measure(table);
     state.rows.visitUnsettled(state.layoutStamp, [&](int row) {
         growRow(state, row, measure.rowMinimum(row));
-        const TableRow& line = state.rows[row].measuredFor(state.layoutStamp);
-        return line.minimumHeight != TableRow::kNotMeasured && line.fits;
+        const RowMeasures& known = state.rows.measures(row, state.layoutStamp);
+        return known.minimumHeight != RowMeasures::kNotMeasured && known.fits;
     });
 }
 

@@ -48,10 +48,11 @@ void TableState::link(const KdCellRange& range) {
     const int width = range.m_rightColumn - range.m_leftColumn + 1;
     const bool single = height == 1 && width == 1;
     for (int row = 0; row < height; ++row) {
-        TableRow& line = rows.write(range.m_topRow + row);
-        for (int column = 0; column < width; ++column) {
-            line.setLink(range.m_leftColumn + column, single ? MergeLink{} : MergeLink{row, column, height, width});
-        }
+        rows.changeRow(range.m_topRow + row, [&](TableRow& line) {
+            for (int column = 0; column < width; ++column) {
+                line.setLink(range.m_leftColumn + column, single ? MergeLink{} : MergeLink{row, column, height, width});
+            }
+        });
     }
 }
 
@@ -61,10 +62,9 @@ void TableState::relink(const std::vector<KdCellRange>& merges) {
 
 void TableState::merge(const KdCellRange& range) {
     for (int row = range.m_topRow; row <= range.m_bottomRow; ++row) {
-        TableRow& line = rows.write(row);
         for (int column = range.m_leftColumn; column <= range.m_rightColumn; ++column) {
             const bool owner = row == range.m_topRow && column == range.m_leftColumn;
-            if (!owner) line.writeContent(static_cast<std::size_t>(column)).clear();
+            if (!owner) rows.writeContent(row, column).clear();
         }
     }
     link(range);
@@ -73,10 +73,9 @@ void TableState::merge(const KdCellRange& range) {
 
 void TableState::unmerge(const KdCellRange& merge) {
     for (int row = merge.m_topRow; row <= merge.m_bottomRow; ++row) {
-        TableRow& line = rows.write(row);
-        for (int column = merge.m_leftColumn; column <= merge.m_rightColumn; ++column) {
-            line.setLink(column, {});
-        }
+        rows.changeRow(row, [&](TableRow& line) {
+            for (int column = merge.m_leftColumn; column <= merge.m_rightColumn; ++column) line.setLink(column, {});
+        });
     }
     touchGeometry();
 }
@@ -99,7 +98,7 @@ void TableState::assertValid() const {
     constexpr unsigned kChangesBetweenLooks = 64;
     if (rowCount() * columnCount() > kLargeTable && ++m_changes % kChangesBetweenLooks != 0) return;
     for (int row = 0; row < rowCount(); ++row) {
-        require(rows[row].size() == columnWidths.size() && rows[row].contents.size() == columnWidths.size(),
+        require(rows.looks(row).size() == columnWidths.size() && rows[row].contents.size() == columnWidths.size(),
                 "a row's length differs from the number of columns");
         for (int column = 0; column < columnCount(); ++column) {
             const MergeLink& merge = mergeLink(row, column);

@@ -183,13 +183,14 @@ void scaleSizes(TableState& state, OverrideMemo& memo, double factor) {
     for (double& width : state.columnWidths) width *= factor;
     for (int row = 0; row < state.rowCount(); ++row) {
         state.rows.setHeight(row, state.rows[row].height * factor);
-        TableRow& line = state.rows.write(row);
-        for (std::size_t column = 0; column < line.size(); ++column) {
-            CellLook& look = line.writeLook(column);
+        for (int column = 0; column < state.columnCount(); ++column) {
+            CellLook& look = state.rows.writeLook(row, column);
             for (const auto& size : {property::textHeight, property::marginHorz, property::marginVert}) {
                 memo.set(look, Override{size, effective(state, &look, size) * factor});
             }
-            if (line.content(column).objects) line.writeContent(column).objects.write().blockScale *= factor;
+            if (state.content(row, column).objects) {
+                state.rows.writeContent(row, column).objects.write().blockScale *= factor;
+            }
         }
     }
     state.touchLayout();

@@ -3,7 +3,6 @@
 #include "host/db/tablerows.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace kdhost {
 namespace {
@@ -20,110 +19,113 @@ auto at(List& list, std::size_t place) {
     return list.begin() + static_cast<std::ptrdiff_t>(place);
 }
 
+void shareIfAlike(RowLooks& looks, const RowLooks& above) {
+    if (looks == above) looks = above;
+}
+
 }  // namespace
 
-std::size_t TableRows::blockOf(int row) const {
-    const List& all = *m_list;
-    const auto behind = std::upper_bound(all.firstRows.begin(), all.firstRows.end(), row);
-    const auto block = static_cast<std::size_t>(behind - all.firstRows.begin()) - 1;
-    m_near = {all.blocks[block]->data(), static_cast<unsigned>(all.blocks[block]->size()), all.firstRows[block], block};
-    return block;
+void TableRows::toBlockOf(int row) const {
+    const auto behind = std::upper_bound(m_blocks->begin(), m_blocks->end(), row,
+                                         [](int wanted, const Block& block) { return wanted < block.first; });
+    beNear(static_cast<std::size_t>(behind - m_blocks->begin()) - 1);
+}
+
+void TableRows::beNear(std::size_t place) const {
+    const Block& block = (*m_blocks)[place];
+    const RowBlock& rows = *block.rows;
+    m_near = {rows.fronts.begin(), rows.bodies.begin(), static_cast<unsigned>(rows.size()), block.first, place};
 }
 
 // A row most of whose looks were written mostly looks like the one above then, which was written before. For fewer
 // cells looking at the whole row isn't worth it.
 void TableRows::leaveOwn() {
-    const unsigned place = static_cast<unsigned>(m_ownRow - m_near.first);
-    if (m_ownRow == kNoRow || place == 0 || place >= m_near.count) return;
-    if (m_looksWritten >= m_own->size() / 2) m_own->shareLooks(*m_near.rows[place - 1]);
+    const unsigned place = static_cast<unsigned>(m_own.row - m_near.first);
+    if (m_own.row == kNoRow || place == 0 || place >= m_near.count) return;
+    RowLooks& looks = m_own.front->looks;
+    if (m_looksWritten >= looks.size() / 2) shareIfAlike(looks, m_near.fronts[place - 1].looks);
 }
 
 void TableRows::shareLooks(int row) {
-    if (row > 0 && !(*this)[row].looks.shares((*this)[row - 1].looks)) write(row).shareLooks((*this)[row - 1]);
+    if (row == 0 || looks(row).shares(looks(row - 1))) return;
+    const RowLooks above = looks(row - 1);
+    if (row != m_own.row) makeOwn(row);
+    shareIfAlike(m_own.front->looks, above);
 }
 
 void TableRows::makeOwn(int row) {
     leaveOwn();
     m_looksWritten = 0;
-    if (static_cast<unsigned>(row - m_near.first) >= m_near.count) blockOf(row);
-    List& all = m_list.write();
-    Block& rows = all.blocks[m_near.block].write();
-    all.settled[m_near.block] = 0;
-    m_near.rows = rows.data();
-    m_own = &rows[static_cast<std::size_t>(row - m_near.first)].write();
-    m_ownRow = row;
+    const auto place = static_cast<std::size_t>(row - nearTo(row).first);
+    Block& block = m_blocks.write()[m_near.block];
+    RowFront& front = block.rows.write().fronts.write()[place];
+    block.settled = 0;
+    beNear(m_near.block);
+    m_own = {row, &front, nullptr};
 }
 
-void TableRows::insert(int where, int count, TableRow row) {
+void TableRows::makeBodyOwn(int row) {
+    if (row != m_own.row) makeOwn(row);
+    const auto place = static_cast<std::size_t>(row - nearTo(row).first);
+    m_own.body = &m_blocks.write()[m_near.block].rows.write().bodies.write()[place];
+    beNear(m_near.block);
+}
+
+void TableRows::insert(int where, int count, const TableRow& row) {
     if (count <= 0) return;
-    const Row made(std::move(row));
     const auto added = static_cast<std::size_t>(count);
-    const std::size_t block = m_count == 0 ? 0 : blockOf(std::min(where, m_count - 1));
-    const auto place = static_cast<std::size_t>(where - m_near.first);
-    List& all = m_list.write();
+    RowBlock rows;
     if (m_count == 0) {
-        replaceBlocks(all, 0, 0, Block(added, made));
-    } else if (all.blocks[block]->size() + added <= kLargestBlock) {
-        Block& rows = all.blocks[block].write();
-        all.settled[block] = 0;
-        rows.insert(at(rows, place), added, made);
-        countFrom(all, block + 1);
+        rows.insert(0, added, row);
+        replaceBlocks(0, 0, std::move(rows));
     } else {
-        Block rows = *all.blocks[block];
-        rows.insert(at(rows, place), added, made);
-        replaceBlocks(all, block, 1, rows);
+        const Near near = nearTo(std::min(where, m_count - 1));
+        rows = *(*m_blocks)[near.block].rows;
+        rows.insert(static_cast<std::size_t>(where - near.first), added, row);
+        replaceBlocks(near.block, 1, std::move(rows));
     }
     m_count += count;
-    forgetPlaces();
 }
 
 void TableRows::erase(int first, int count) {
     if (count <= 0) return;
     const int behind = first + count;
-    const std::size_t from = blockOf(first);
-    const auto head = static_cast<std::size_t>(first - m_near.first);
-    const std::size_t last = blockOf(behind - 1);
-    const auto tail = static_cast<std::size_t>(behind - m_near.first);
-    List& all = m_list.write();
-    if (from == last && m_near.count - static_cast<std::size_t>(count) > kSmallBlocks) {
-        Block& rows = all.blocks[from].write();
-        all.settled[from] = 0;
-        rows.erase(at(rows, head), at(rows, tail));
-        countFrom(all, from + 1);
-    } else {
-        // What is left at both ends, and the next block if that is small, make new blocks.
-        Block rows(all.blocks[from]->begin(), at(*all.blocks[from], head));
-        rows.insert(rows.end(), at(*all.blocks[last], tail), all.blocks[last]->end());
-        std::size_t replaced = last - from + 1;
-        if (last + 1 < all.blocks.size() && rows.size() + all.blocks[last + 1]->size() <= kSmallBlocks) {
-            rows.insert(rows.end(), all.blocks[last + 1]->begin(), all.blocks[last + 1]->end());
-            ++replaced;
-        }
-        replaceBlocks(all, from, replaced, rows);
+    const Near from = nearTo(first);
+    const Near last = nearTo(behind - 1);
+    const Blocks& all = *m_blocks;
+    const auto head = static_cast<std::size_t>(first - from.first);
+    const auto tail = static_cast<std::size_t>(behind - last.first);
+    // What is left at both ends, and the next block if that is small, make a new one.
+    RowBlock rows = RowBlock::joined(*all[from.block].rows, 0, head, *all[last.block].rows, tail, last.count);
+    std::size_t next = last.block + 1;
+    if (next < all.size() && rows.size() + all[next].rows->size() <= kSmallBlocks) {
+        rows = RowBlock::joined(rows, 0, rows.size(), *all[next].rows, 0, all[next].rows->size());
+        ++next;
     }
+    replaceBlocks(from.block, next - from.block, std::move(rows));
     m_count -= count;
+}
+
+void TableRows::replaceBlocks(std::size_t place, std::size_t count, RowBlock rows) {
+    Blocks made;
+    if (rows.size() > kLargestBlock) {
+        for (std::size_t first = 0; first < rows.size(); first += kNewBlock) {
+            made.push_back({CopyOnWrite(rows.part(first, std::min(rows.size(), first + kNewBlock)))});
+        }
+    } else if (rows.size() != 0) {
+        made.push_back({CopyOnWrite(std::move(rows))});
+    }
+    Blocks& all = m_blocks.write();
+    const std::size_t common = std::min(count, made.size());
+    std::move(made.begin(), at(made, common), at(all, place));
+    all.erase(at(all, place + common), at(all, place + count));
+    all.insert(at(all, place + common), at(made, common), made.end());
+    int first = place == 0 ? 0 : all[place - 1].behind();
+    for (; place < all.size(); ++place) {
+        all[place].first = first;
+        first = all[place].behind();
+    }
     forgetPlaces();
-}
-
-void TableRows::replaceBlocks(List& list, std::size_t place, std::size_t count, const Block& rows) {
-    std::vector<CopyOnWrite<Block>> made;
-    for (std::size_t first = 0; first < rows.size(); first += kNewBlock) {
-        const std::size_t behind = std::min(rows.size(), first + kNewBlock);
-        made.emplace_back(Block(at(rows, first), at(rows, behind)));
-    }
-    list.blocks.erase(at(list.blocks, place), at(list.blocks, place + count));
-    list.blocks.insert(at(list.blocks, place), made.begin(), made.end());
-    list.settled.erase(at(list.settled, place), at(list.settled, place + count));
-    list.settled.insert(at(list.settled, place), made.size(), 0);
-    countFrom(list, place);
-}
-
-void TableRows::countFrom(List& list, std::size_t block) {
-    list.firstRows.resize(list.blocks.size());
-    for (; block < list.blocks.size(); ++block) {
-        list.firstRows[block] =
-            block == 0 ? 0 : list.firstRows[block - 1] + static_cast<int>(list.blocks[block - 1]->size());
-    }
 }
 
 }  // namespace kdhost

@@ -17,13 +17,13 @@ CellLook pattern(const CellLook& source) {
 }
 
 /// The row as a pattern for new ones: its looks, none of its content, locks or merges.
-TableRow pattern(const TableRow& source) {
+TableRow pattern(const RowBody& source, const RowLooks& looks) {
     TableRow row;
     row.height = source.height;
     row.style = source.style;
-    row.looks = source.looks;
+    row.looks = looks;
     for (CellLook& look : row.looks.write()) look = pattern(look);
-    row.contents = {source.size(), {}};
+    row.contents = {looks.size(), {}};
     return row;
 }
 
@@ -31,6 +31,26 @@ CellLook styledCell(std::uint16_t style) {
     CellLook look;
     look.style = style;
     return look;
+}
+
+/// Changes each row: its looks by `changeLooks(looks, style of the row)`, and `changeBody(body)`. Rows that shared
+/// their looks go on sharing them.
+template <class ChangeLooks, class ChangeBody>
+void changeLines(TableRows& rows, ChangeLooks changeLooks, ChangeBody changeBody) {
+    RowLooks before;
+    RowLooks after;
+    std::uint16_t style = 0;
+    for (int row = 0; row < rows.size(); ++row) {
+        const bool known = row > 0 && rows.looks(row).shares(before) && rows[row].style == style;
+        if (!known) {
+            before = after = rows.looks(row);
+            style = rows[row].style;
+            changeLooks(after, style);
+        }
+        rows.setLooks(row, after);
+        if (!known) rows.shareLooks(row);
+        changeBody(rows.write(row));
+    }
 }
 
 /// Where a span of a merge stands after `count` places went from `first` on; empty (last before first) when
@@ -126,7 +146,7 @@ void TableState::insertRows(int at, int inheritFrom, int count) {
     std::vector<KdCellRange> split;
     if (at < rowCount()) split = mergesIn({at, 0, at, columnCount() - 1});
     std::erase_if(split, [&](const KdCellRange& merge) { return merge.m_topRow == at; });
-    rows.insert(at, count, pattern(rows[inheritFrom]));
+    rows.insert(at, count, pattern(rows[inheritFrom], rows.looks(inheritFrom)));
     for (KdCellRange& merge : split) merge.m_bottomRow += count;
     relink(split);
     touchGeometry();
@@ -138,12 +158,15 @@ void TableState::insertColumns(int at, int inheritFrom, int count) {
     if (at < columnCount() && rowCount() > 0) split = mergesIn({0, at, rowCount() - 1, at});
     std::erase_if(split, [&](const KdCellRange& merge) { return merge.m_leftColumn == at; });
     const double width = inherit ? columnWidths[static_cast<std::size_t>(inheritFrom)] : kDefaultColumnWidth;
-    for (int row = 0; row < rowCount(); ++row) {
-        TableRow& line = rows.write(row);
-        const auto source = static_cast<std::size_t>(inheritFrom);
-        line.insertCells(at, count, inherit ? pattern(line.looks[source]) : styledCell(line.style));
-        rows.shareLooks(row);
-    }
+    const auto place = static_cast<std::size_t>(at);
+    const auto added = static_cast<std::size_t>(count);
+    changeLines(
+        rows,
+        [&](RowLooks& looks, std::uint16_t style) {
+            const auto source = static_cast<std::size_t>(inheritFrom);
+            looks.insert(place, added, inherit ? pattern(looks[source]) : styledCell(style));
+        },
+        [&](RowBody& body) { body.insertContents(place, added); });
     columnWidths.insert(columnWidths.begin() + at, static_cast<std::size_t>(count), width);
     m_columnCount += count;
     for (KdCellRange& merge : split) merge.m_rightColumn += count;
@@ -196,10 +219,11 @@ void TableState::eraseColumns(int first, int count) {
         if (merge.m_leftColumn < first || merge.m_rightColumn < behind) continue;
         copyCell(merge.m_topRow, merge.m_leftColumn, merge.m_topRow, behind);
     }
-    for (int row = 0; row < rowCount(); ++row) {
-        rows.write(row).eraseCells(first, behind);
-        rows.shareLooks(row);
-    }
+    const auto from = static_cast<std::size_t>(first);
+    const auto rest = static_cast<std::size_t>(behind);
+    changeLines(
+        rows, [&](RowLooks& looks, std::uint16_t) { looks.erase(from, rest); },
+        [&](RowBody& body) { body.eraseContents(from, rest); });
     columnWidths.erase(columnWidths.begin() + first, columnWidths.begin() + behind);
     m_columnCount -= count;
     for (KdCellRange& merge : cut) {

@@ -91,17 +91,19 @@ struct TableState : KdDbBlockReferenceState {
 
     const CellLook& look(int row, int column) const { return rows.look(row, column); }
     const CellContent& content(int row, int column) const { return rows.content(row, column); }
-    /// The row of the cell where it is near the last one that was looked at; else, and outside the table, null.
-    const TableRow* nearRow(int row, int column) const {
-        return static_cast<unsigned>(column) < static_cast<unsigned>(m_columnCount) ? rows.nearRow(row) : nullptr;
+    /// The cell's look where its row is near the last one that was looked at; else, and outside the table, null.
+    const CellLook* nearLook(int row, int column) const {
+        if (static_cast<unsigned>(column) >= static_cast<unsigned>(m_columnCount)) [[unlikely]]
+            return nullptr;
+        const RowLooks* near = rows.nearLooks(row);
+        return near == nullptr ? nullptr : &(*near)[static_cast<std::size_t>(column)];
     }
     /// The look of the cell's owner in its merge, else of the cell itself.
     const CellLook& ownerLook(int row, int column) const {
-        const TableRow& line = rows[row];
-        const auto place = static_cast<std::size_t>(column);
-        if (!line.looks[place].isCovered) [[likely]]
-            return line.looks[place];
-        const MergeLink& link = line.links[place];
+        const CellLook& own = look(row, column);
+        if (!own.isCovered) [[likely]]
+            return own;
+        const MergeLink& link = rows[row].links[static_cast<std::size_t>(column)];
         return look(row - link.up, column - link.left);
     }
     /// The cell's place in its merge.

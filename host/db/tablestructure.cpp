@@ -116,8 +116,8 @@ void KdDbTable::unmergeCells(int top, int bottom, int left, int right) {
 
 bool KdDbTable::isMergedCell(int row, int column, int* top, int* bottom, int* left, int* right) const {
     const TableState& state = tableState(*this);
-    const TableRow* near = state.nearRow(row, column);
-    if (near != nullptr && !near->looks[static_cast<std::size_t>(column)].isMerged) [[likely]]
+    const CellLook* near = state.nearLook(row, column);
+    if (near != nullptr && !near->isMerged) [[likely]]
         return false;
     return tellMerge(state, row, column, {top, bottom, left, right});
 }

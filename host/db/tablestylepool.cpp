@@ -9,7 +9,7 @@
 namespace kdhost {
 
 CellStylePool::CellStylePool() {
-    for (const wchar_t* name : {kTitleStyle, kHeaderStyle, kDataStyle}) m_entries.push_back({name, 0, nullptr});
+    for (const wchar_t* name : {kTitleStyle, kHeaderStyle, kDataStyle}) m_entries.write().push_back({name, 0, nullptr});
 }
 
 const TableStyleState& CellStylePool::style() const {
@@ -40,7 +40,7 @@ void CellStylePool::bindAll(const TableStyleState& current) const {
     m_boundAt = m_foundAt;
     if (current.revision == m_revision && m_boundTo == m_tableStyle) return;
     m_records.clear();
-    for (Entry& entry : m_entries) {
+    for (Entry& entry : m_entries.write()) {
         if (m_boundTo != m_tableStyle) entry.index = 0;
         bind(entry, current);
         m_records.push_back(entry.record.get());
@@ -64,13 +64,14 @@ void CellStylePool::mapTableStyle(const IdMapper& map) {
 }
 
 std::uint16_t CellStylePool::placeOfOther(std::wstring_view name) {
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        if (sameName(m_entries[i].name, name)) return m_lastPlace = static_cast<std::uint16_t>(i);
+    for (std::size_t i = 0; i < m_entries->size(); ++i) {
+        if (sameName((*m_entries)[i].name, name)) return m_lastPlace = static_cast<std::uint16_t>(i);
     }
-    m_entries.push_back({std::wstring(name), 0, nullptr});
-    bind(m_entries.back(), style());
-    m_records.push_back(m_entries.back().record.get());
-    return static_cast<std::uint16_t>(m_entries.size() - 1);
+    std::vector<Entry>& entries = m_entries.write();
+    entries.push_back({std::wstring(name), 0, nullptr});
+    bind(entries.back(), style());
+    m_records.push_back(entries.back().record.get());
+    return static_cast<std::uint16_t>(entries.size() - 1);
 }
 
 }  // namespace kdhost

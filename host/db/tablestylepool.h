@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/db/copyonwrite.h"
 #include "host/db/opening.h"
 #include "host/db/tablestylestate.h"
 
@@ -33,7 +34,7 @@ public:
     std::uint16_t place(const wchar_t* name) {
         refresh();
         // Cell after cell is given one style, by a name too short to call anything for.
-        const wchar_t* last = m_entries[m_lastPlace].name.c_str();
+        const wchar_t* last = (*m_entries)[m_lastPlace].name.c_str();
         for (std::size_t i = 0; last[i] == name[i]; ++i) {
             if (name[i] == L'\0') return m_lastPlace;
         }
@@ -52,10 +53,10 @@ public:
     }
     /// As the last look at the table style found it: for long walks that look once.
     const CellStyleRecord& lastRecord(std::uint16_t place) const { return *m_records[place]; }
-    const std::wstring& lastName(std::uint16_t place) const { return m_entries[place].name; }
+    const std::wstring& lastName(std::uint16_t place) const { return (*m_entries)[place].name; }
     const std::wstring& name(std::uint16_t place) const {
         refresh();
-        return m_entries[place].name;
+        return (*m_entries)[place].name;
     }
 
     /// The flow direction of the table style.
@@ -91,7 +92,7 @@ private:
     KdDbObjectId m_tableStyle;
     std::uint16_t m_lastPlace = 0;  ///< that was asked for by name: cell after cell is given one style
     // What the entries say of the style is remembered, not held: it follows the style under const too.
-    mutable std::vector<Entry> m_entries;
+    mutable CopyOnWrite<std::vector<Entry>> m_entries;
     mutable std::vector<const CellStyleRecord*> m_records;  ///< of the entries
     mutable const KdDbObject* m_styleObject = nullptr;      ///< of the table style, good at `m_foundAt`
     mutable std::uint64_t m_foundAt = kNever;               ///< also while the style isn't in memory

@@ -73,8 +73,8 @@ private:
     void look(Sheet& sheet);
     void lookAtAll(Sheet& sheet, const TableState& state);
     void lookAtRow(Sheet& sheet, const TableState& state, int row);
-    void lookAtCell(Sheet& sheet, const TableRow& line, int row, int column);
-    Slot slotOf(const TableRow& line, int column);
+    void lookAtCell(Sheet& sheet, const TableState& state, int row, int column);
+    Slot slotOf(const TableState& state, int row, int column);
     bool isFormula(int cellField) const { return m_cellFields[static_cast<std::size_t>(cellField)].isFormula; }
     void fieldCame(Sheet& sheet, int cellField, int row, int column);
     void fieldWent(Sheet& sheet, int cellField, int row, int column);

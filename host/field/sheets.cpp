@@ -11,15 +11,15 @@ namespace kdhost::field {
 namespace {
 
 /// Whether formulas see the same in both; what only formats a text counts for cells whose text has several parts.
-bool looksTheSame(const TableRow& one, const TableRow& other, std::size_t column) {
-    const CellLook& a = one.looks[column];
-    const CellLook& b = other.looks[column];
+bool looksTheSame(const TableRows& before, const TableRows& now, int row, int column) {
+    const CellLook& a = before.look(row, column);
+    const CellLook& b = now.look(row, column);
     if (a.isCovered != b.isCovered) return false;
-    const CellContent& held = one.content(column);
+    const CellContent& held = before.content(row, column);
+    const CellContent& holds = now.content(row, column);
     const bool hasField = !held.field().isNull();
     if (hasField && (!a.overrides.shares(b.overrides) || a.style != b.style)) return false;
-    if (one.contents.shares(other.contents)) return true;
-    return held.text == other.content(column).text && held.field() == other.content(column).field();
+    return &held == &holds || (held.text == holds.text && held.field() == holds.field());
 }
 
 const KdDbTable* tableOf(const Sheet& sheet) {
@@ -69,23 +69,21 @@ void Engine::lookAtAll(Sheet& sheet, const TableState& state) {
                       std::vector<Slot>(static_cast<std::size_t>(sheet.columns)));
     for (int row = 0; row < state.rowCount(); ++row) {
         for (int column = 0; column < sheet.columns; ++column) {
-            lookAtCell(sheet, state.rows[row], row, column);
+            lookAtCell(sheet, state, row, column);
         }
     }
     markReaders(sheet);
 }
 
 void Engine::lookAtRow(Sheet& sheet, const TableState& state, int row) {
-    const TableRow& before = sheet.seen[row];
-    const TableRow& now = state.rows[row];
-    for (std::size_t column = 0; column < now.size(); ++column) {
-        if (column < before.size() && looksTheSame(before, now, column)) continue;
-        lookAtCell(sheet, now, row, static_cast<int>(column));
+    const bool isNew = sheet.seen.looks(row).empty();
+    for (int column = 0; column < sheet.columns; ++column) {
+        if (isNew || !looksTheSame(sheet.seen, state.rows, row, column)) lookAtCell(sheet, state, row, column);
     }
 }
 
-void Engine::lookAtCell(Sheet& sheet, const TableRow& line, int row, int column) {
-    const Slot now = slotOf(line, column);
+void Engine::lookAtCell(Sheet& sheet, const TableState& state, int row, int column) {
+    const Slot now = slotOf(state, row, column);
     Slot& slot = sheet.at(row, column);
     // Of texts, and of fields of several parts, a slot says no more than that there is one.
     const bool saysAll = now.kind != SlotKind::text && (now.kind != SlotKind::field || isFormula(now.cellField));
@@ -98,10 +96,9 @@ void Engine::lookAtCell(Sheet& sheet, const TableRow& line, int row, int column)
     cellChanged({&sheet, row, column});
 }
 
-Slot Engine::slotOf(const TableRow& line, int column) {
-    const auto place = static_cast<std::size_t>(column);
-    if (line.looks[place].isCovered) return {};
-    const CellContent& cell = line.content(place);
+Slot Engine::slotOf(const TableState& state, int row, int column) {
+    if (state.look(row, column).isCovered) return {};
+    const CellContent& cell = state.content(row, column);
     if (!cell.field().isNull()) return {SlotKind::field, cellFieldOf(cell.field()), 0.0};
     if (cell.text.empty()) return {};
     const Value value = valueOfText(cell.text.c_str());
@@ -204,8 +201,8 @@ void Engine::shiftCells(Sheet& sheet, const TableState& state, const StructureCh
     sheet.seen = state.rows;
     // Contents that moved on stand in the first column behind those that went.
     for (int row = 0; change.count < 0 && change.at < sheet.columns && row < sheet.rowCount(); ++row) {
-        if (sheet.at(row, change.at) != slotOf(state.rows[row], change.at)) {
-            lookAtCell(sheet, state.rows[row], row, change.at);
+        if (sheet.at(row, change.at) != slotOf(state, row, change.at)) {
+            lookAtCell(sheet, state, row, change.at);
         }
     }
 }

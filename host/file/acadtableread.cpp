@@ -316,7 +316,7 @@ private:
             TableRow& made = m_loaded.rows[static_cast<std::size_t>(row)];
             made.style = places[made.style];
             for (CellLook& look : made.looks.write()) look.style = places[look.style];
-            m_state.rows.write(row) = std::move(made);
+            m_state.rows.changeRow(row, [&](TableRow& given) { given = std::move(made); });
             m_state.rows.shareLooks(row);
         }
         m_state.touchLayout();

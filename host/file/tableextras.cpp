@@ -106,10 +106,10 @@ void readFormulas(LoadContext& context, ExtrasReader& reader) {
     }
 }
 
-int wordsOf(const TableRow& row, std::size_t column) {
-    const CellLook& look = row.looks[column];
-    return (look.style != row.style ? kStyle : 0) | (look.state != KdDb::kCellStateNone ? kLocks : 0) |
-           (isStandardFormat(look) ? 0 : kFormat) | (isPlainContent(row.content(column)) ? 0 : kContent);
+int wordsOf(const TableState& table, int row, int column) {
+    const CellLook& look = table.look(row, column);
+    return (look.style != table.rows[row].style ? kStyle : 0) | (look.state != KdDb::kCellStateNone ? kLocks : 0) |
+           (isStandardFormat(look) ? 0 : kFormat) | (isPlainContent(table.content(row, column)) ? 0 : kContent);
 }
 
 void writeContent(SaveContext& context, const CellContent& cell) {
@@ -218,10 +218,9 @@ FormatBits standardProperties() {
 
 bool needsExtras(const TableState& table) {
     for (int row = 0; row < table.rowCount(); ++row) {
-        const TableRow& each = table.rows[row];
-        if (each.style != usualRowStyle(row, table.titleSuppressed, table.headerSuppressed)) return true;
-        for (std::size_t column = 0; column < each.size(); ++column) {
-            if (wordsOf(each, column) != 0) return true;
+        if (table.rows[row].style != usualRowStyle(row, table.titleSuppressed, table.headerSuppressed)) return true;
+        for (int column = 0; column < table.columnCount(); ++column) {
+            if (wordsOf(table, row, column) != 0) return true;
         }
     }
     return !formulasAsWritten(table).empty();
@@ -238,10 +237,9 @@ void writeTableExtras(SaveContext& context, const TableState& table, const Table
     std::vector<const FormatOverrides*> formatList;
     int count = 0;
     for (int row = 0; row < table.rowCount(); ++row) {
-        const TableRow& line = table.rows[row];
-        for (std::size_t column = 0; column < line.size(); ++column) {
-            const CellLook& look = line.looks[column];
-            const int words = wordsOf(line, column);
+        for (int column = 0; column < table.columnCount(); ++column) {
+            const CellLook& look = table.look(row, column);
+            const int words = wordsOf(table, row, column);
             count += words == 0 ? 0 : 1;
             if ((words & kStyle) != 0) styles.try_emplace(look.style, static_cast<int>(styles.size()));
             const bool isNew = (words & kFormat) != 0 &&
@@ -266,7 +264,7 @@ void writeTableExtras(SaveContext& context, const TableState& table, const Table
     for (int row = 0; row < table.rowCount(); ++row) {
         for (int column = 0; column < table.columnCount(); ++column, ++at) {
             const CellLook& look = table.look(row, column);
-            const int words = wordsOf(table.rows[row], static_cast<std::size_t>(column));
+            const int words = wordsOf(table, row, column);
             if (words == 0) continue;
             out.integer(90, row);
             out.integer(90, column);

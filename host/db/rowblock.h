@@ -1,0 +1,28 @@
+// A block of rows, as tables keep them.
+#pragma once
+
+#include <cstddef>
+
+#include "host/db/tablecell.h"
+
+namespace kdhost {
+
+/// Rows side by side, their parts apart: whoever asks for formats row after row runs through the fronts alone, and a
+/// state in which only formats differ shares the bodies with the one before.
+struct RowBlock {
+    SharedArray<RowFront> fronts;
+    SharedArray<RowBody> bodies;  ///< as many as fronts
+
+    std::size_t size() const { return fronts.size(); }
+    /// Whether the row is the same as one of another block by sharing.
+    bool sharesRow(std::size_t place, const RowBlock& other, std::size_t otherPlace) const;
+
+    /// Inserts copies of one row; they share its cells until written.
+    void insert(std::size_t at, std::size_t count, const TableRow& row);
+    /// The rows from `first` up to `behind`, then those of the other block from its `otherFirst` up to `otherBehind`.
+    static RowBlock joined(const RowBlock& block, std::size_t first, std::size_t behind, const RowBlock& other,
+                           std::size_t otherFirst, std::size_t otherBehind);
+    RowBlock part(std::size_t first, std::size_t behind) const { return joined(*this, first, behind, {}, 0, 0); }
+};
+
+}  // namespace kdhost
