@@ -56,7 +56,8 @@ private:
     bool m_odd = false;
 };
 
-/// Sets one of two values, neither of which the cells have: each run changes every cell.
+/// Formats set one of two values, neither of which the cells have: each run changes every cell. What inserts or deletes
+/// is told a value too, and passes over it.
 using Edit = int (*)(KdDbObjectId table, bool odd);
 
 struct MeasuredEdit {

@@ -3,14 +3,6 @@
 #include "host/db/rowblock.h"
 
 namespace kdhost {
-namespace {
-
-template <class T>
-std::span<const T> part(const SharedArray<T>& all, std::size_t first, std::size_t behind) {
-    return {all.begin() + first, behind - first};
-}
-
-}  // namespace
 
 bool RowBlock::sharesRow(std::size_t place, const RowBlock& other, std::size_t otherPlace) const {
     if (!fronts[place].looks.shares(other.fronts[otherPlace].looks)) return false;
@@ -24,13 +16,15 @@ void RowBlock::insert(std::size_t at, std::size_t count, const TableRow& row) {
     bodies.insert(at, count, row);
 }
 
-RowBlock RowBlock::joined(const RowBlock& block, std::size_t first, std::size_t behind, const RowBlock& other,
-                          std::size_t otherFirst, std::size_t otherBehind) {
-    const auto join = [&](const auto& a, const auto& b) {
-        return std::decay_t<decltype(a)>::joined(
-            {kdhost::part(a, first, behind), kdhost::part(b, otherFirst, otherBehind)});
+RowBlock RowBlock::joined(const Part& upper, const Part& lower) {
+    const auto join = [&](auto RowBlock::*elements) {
+        using Elements = std::remove_reference_t<decltype(upper.block.*elements)>;
+        const auto of = [&](const Part& part) {
+            return std::span((part.block.*elements).begin() + part.first, part.behind - part.first);
+        };
+        return Elements::joined({of(upper), of(lower)});
     };
-    return {join(block.fronts, other.fronts), join(block.bodies, other.bodies)};
+    return {join(&RowBlock::fronts), join(&RowBlock::bodies)};
 }
 
 }  // namespace kdhost

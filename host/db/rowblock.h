@@ -19,10 +19,14 @@ struct RowBlock {
 
     /// Inserts copies of one row; they share its cells until written.
     void insert(std::size_t at, std::size_t count, const TableRow& row);
-    /// The rows from `first` up to `behind`, then those of the other block from its `otherFirst` up to `otherBehind`.
-    static RowBlock joined(const RowBlock& block, std::size_t first, std::size_t behind, const RowBlock& other,
-                           std::size_t otherFirst, std::size_t otherBehind);
-    RowBlock part(std::size_t first, std::size_t behind) const { return joined(*this, first, behind, {}, 0, 0); }
+    /// Rows of a block, from `first` up to `behind`.
+    struct Part {
+        const RowBlock& block;
+        std::size_t first;
+        std::size_t behind;
+    };
+    /// The rows of both.
+    static RowBlock joined(const Part& upper, const Part& lower);
 };
 
 }  // namespace kdhost

@@ -96,10 +96,10 @@ void TableRows::erase(int first, int count) {
     const auto head = static_cast<std::size_t>(first - from.first);
     const auto tail = static_cast<std::size_t>(behind - last.first);
     // What is left at both ends, and the next block if that is small, make a new one.
-    RowBlock rows = RowBlock::joined(*all[from.block].rows, 0, head, *all[last.block].rows, tail, last.count);
+    RowBlock rows = RowBlock::joined({*all[from.block].rows, 0, head}, {*all[last.block].rows, tail, last.count});
     std::size_t next = last.block + 1;
     if (next < all.size() && rows.size() + all[next].rows->size() <= kSmallBlocks) {
-        rows = RowBlock::joined(rows, 0, rows.size(), *all[next].rows, 0, all[next].rows->size());
+        rows = RowBlock::joined({rows, 0, rows.size()}, {*all[next].rows, 0, all[next].rows->size()});
         ++next;
     }
     replaceBlocks(from.block, next - from.block, std::move(rows));
@@ -110,7 +110,8 @@ void TableRows::replaceBlocks(std::size_t place, std::size_t count, RowBlock row
     Blocks made;
     if (rows.size() > kLargestBlock) {
         for (std::size_t first = 0; first < rows.size(); first += kNewBlock) {
-            made.push_back({CopyOnWrite(rows.part(first, std::min(rows.size(), first + kNewBlock)))});
+            const std::size_t behind = std::min(rows.size(), first + kNewBlock);
+            made.push_back({CopyOnWrite(RowBlock::joined({rows, first, behind}, {rows, behind, behind}))});
         }
     } else if (rows.size() != 0) {
         made.push_back({CopyOnWrite(std::move(rows))});

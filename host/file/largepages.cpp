@@ -10,7 +10,7 @@ namespace kdhost::file {
 namespace {
 
 constexpr std::uintptr_t kSmallPage = 4096;
-constexpr std::size_t kWorthIt = std::size_t{8} << 20;
+constexpr std::size_t kWorthIt = std::size_t{4} << 20;
 
 }  // namespace
 
