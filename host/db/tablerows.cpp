@@ -19,10 +19,6 @@ auto at(List& list, std::size_t place) {
     return list.begin() + static_cast<std::ptrdiff_t>(place);
 }
 
-void shareIfAlike(RowLooks& looks, const RowLooks& above) {
-    if (looks == above) looks = above;
-}
-
 }  // namespace
 
 void TableRows::toBlockOf(int row) const {
@@ -43,14 +39,15 @@ void TableRows::leaveOwn() {
     const unsigned place = static_cast<unsigned>(m_own.row - m_near.first);
     if (m_own.row == kNoRow || place == 0 || place >= m_near.count) return;
     RowLooks& looks = m_own.front->looks;
-    if (m_looksWritten >= looks.size() / 2) shareIfAlike(looks, m_near.fronts[place - 1].looks);
+    const RowLooks& above = m_near.fronts[place - 1].looks;
+    if (m_looksWritten >= looks.size() / 2 && looks == above) looks = above;
 }
 
 void TableRows::shareLooks(int row) {
-    if (row == 0 || looks(row).shares(looks(row - 1))) return;
+    if (row == 0) return;
     const RowLooks above = looks(row - 1);
-    if (row != m_own.row) makeOwn(row);
-    shareIfAlike(m_own.front->looks, above);
+    const RowLooks& own = looks(row);
+    if (!own.shares(above) && own == above) setLooks(row, above);
 }
 
 void TableRows::makeOwn(int row) {
