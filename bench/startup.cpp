@@ -1,6 +1,6 @@
 // From the start of the program to its first prompt, and to the end that it is asked for there. The peer is an empty
-// program with one window, which shows it and ends. On a display, as people start the program, and offscreen, where no
-// server takes its time.
+// program with one window, which shows it and ends. On a display, as people start the program; offscreen, where no
+// server takes its time, without a goal; and headless.
 
 #include <QTemporaryDir>
 #include <cstdlib>
@@ -45,9 +45,8 @@ int main(int argc, char** argv) {
     measure("startToFirstPromptHeadless", kOffscreen, "kdhost --headless --script " + script);
     // Names of figures in wall-clock time end so.
     kdbench::WallClockReporter reporter("emptyWindow/real_time", 1.25, 1.1);
-    for (const char* name : {"startToFirstPromptOffscreen/real_time", "startToFirstPromptHeadless/real_time"}) {
-        reporter.setGoal(name, {"emptyWindowOffscreen/real_time", 1.25, 1.1});
-    }
+    reporter.setGoal("startToFirstPromptOffscreen/real_time", {"emptyWindowOffscreen/real_time"});
+    reporter.setGoal("startToFirstPromptHeadless/real_time", {"emptyWindowOffscreen/real_time", 1.25, 1.1});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }

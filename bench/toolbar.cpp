@@ -1,6 +1,6 @@
 // How fast the toolbar follows its table: the state alone beside the enabling of as many bare actions, and the whole
-// update of 100,000 selected cells beside one painting of the toolbar: on a display, as people see it, and offscreen,
-// into a picture.
+// update of 100,000 selected cells beside one painting of the toolbar: on a display, as people see it, and, without a
+// goal, offscreen, into a picture.
 
 #include <benchmark/benchmark.h>
 
@@ -122,7 +122,7 @@ int main(int argc, char** argv) {
 
     kdbench::PeerRatioReporter reporter("peer_enabling_actions", 2.0, 1.2, kRows * kColumns);
     reporter.setGoal("whole_update", {"peer_painting_the_toolbar", 10.0, 3.0});
-    reporter.setGoal("whole_update_offscreen", {"peer_painting_offscreen", 10.0, 3.0});
+    reporter.setGoal("whole_update_offscreen", {"peer_painting_offscreen"});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     showTableToolBar(KdDbObjectId::kNull, false);
     return 0;

@@ -5,14 +5,15 @@
 namespace kdhost {
 
 bool RowBlock::sharesRow(std::size_t place, const RowBlock& other, std::size_t otherPlace) const {
-    if (!fronts[place].looks.shares(other.fronts[otherPlace].looks)) return false;
+    if (!looks[place].shares(other.looks[otherPlace])) return false;
     const RowBody& a = bodies[place];
     const RowBody& b = other.bodies[otherPlace];
     return a.contents.shares(b.contents) && a.links.shares(b.links) && a.style == b.style && a.height == b.height;
 }
 
 void RowBlock::insert(std::size_t at, std::size_t count, const TableRow& row) {
-    fronts.insert(at, count, {row.looks, {}});
+    looks.insert(at, count, row.looks);
+    measures.insert(at, count, {});
     bodies.insert(at, count, row);
 }
 
@@ -24,7 +25,7 @@ RowBlock RowBlock::joined(const Part& upper, const Part& lower) {
         };
         return Elements::joined({of(upper), of(lower)});
     };
-    return {join(&RowBlock::fronts), join(&RowBlock::bodies)};
+    return {join(&RowBlock::looks), join(&RowBlock::measures), join(&RowBlock::bodies)};
 }
 
 }  // namespace kdhost

@@ -7,13 +7,14 @@
 
 namespace kdhost {
 
-/// Rows side by side, their parts apart: whoever asks for formats row after row runs through the fronts alone, and a
-/// state in which only formats differ shares the bodies with the one before.
+/// Rows side by side, their parts apart: whoever asks for formats row after row runs through little memory, and a state
+/// in which only formats differ shares the bodies with the one before.
 struct RowBlock {
-    SharedArray<RowFront> fronts;
-    SharedArray<RowBody> bodies;  ///< as many as fronts
+    SharedArray<RowLooks> looks;
+    SharedArray<RowMeasures> measures;  ///< as many as looks
+    SharedArray<RowBody> bodies;        ///< as many as looks
 
-    std::size_t size() const { return fronts.size(); }
+    std::size_t size() const { return looks.size(); }
     /// Whether the row is the same as one of another block by sharing.
     bool sharesRow(std::size_t place, const RowBlock& other, std::size_t otherPlace) const;
 

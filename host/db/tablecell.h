@@ -135,29 +135,25 @@ struct RowBody {
     }
 };
 
-/// What was last worked out of a row's own cells, and for which layout of the table.
+/// What was last worked out of a row's own cells, and for which layout of the table. It follows from them, so that it
+/// may be worked out under const, and of a row that several states share.
 struct RowMeasures {
     static constexpr double kNotMeasured = -1.0;
 
-    double minimumHeight = kNotMeasured;  ///< that the cells allow
-    std::uint64_t layout : 63 = 0;        ///< 0 for none
-    std::uint64_t fits : 1 = 0;           ///< the cells are known to fit into the columns
+    mutable double minimumHeight = kNotMeasured;  ///< that the cells allow
+    mutable std::uint64_t layout : 63 = 0;        ///< 0 for none
+    mutable std::uint64_t fits : 1 = 0;           ///< the cells are known to fit into the columns
 
-    void forget() { layout = 0; }
+    void forget() const { layout = 0; }
     /// As measured for that layout, which isn't 0; what is known of another one is forgotten.
-    RowMeasures& of(std::uint64_t wanted) {
+    const RowMeasures& of(std::uint64_t wanted) const {
+        if (layout == wanted) return *this;
         constexpr std::uint64_t kLargestLayout = ~std::uint64_t{0} >> 1;
-        if (layout != wanted) *this = {kNotMeasured, wanted & kLargestLayout, 0};
+        minimumHeight = kNotMeasured;
+        layout = wanted & kLargestLayout;
+        fits = 0;
         return *this;
     }
-};
-
-/// What walks over the formats of many rows look at.
-struct RowFront {
-    RowLooks looks;
-    /// They follow from the row and the layout, so that they may be worked out under const, and in a row that several
-    /// states share.
-    mutable RowMeasures measures;
 };
 
 /// A whole row.

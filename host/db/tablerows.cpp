@@ -22,25 +22,37 @@ auto at(List& list, std::size_t place) {
 }  // namespace
 
 void TableRows::toBlockOf(int row) const {
-    const auto behind = std::upper_bound(m_blocks->begin(), m_blocks->end(), row,
-                                         [](int wanted, const Block& block) { return wanted < block.first; });
-    beNear(static_cast<std::size_t>(behind - m_blocks->begin()) - 1);
+    const Blocks& all = *m_blocks;
+    std::size_t place = m_near.block + 1;
+    // Mostly a walk goes on.
+    const bool isNext = m_near.count != 0 && place < all.size() && all[place].first <= row && row < all[place].behind();
+    if (!isNext) {
+        const auto behind = std::upper_bound(all.begin(), all.end(), row,
+                                             [](int wanted, const Block& block) { return wanted < block.first; });
+        place = static_cast<std::size_t>(behind - all.begin()) - 1;
+    }
+    beNear(place);
+    // The next blocks lie anywhere in memory: what a walk will find in them is fetched meanwhile.
+    if (place + 2 < all.size()) __builtin_prefetch(all[place + 2].rows.get());
+    if (place + 1 < all.size()) __builtin_prefetch(all[place + 1].rows->looks.begin());
 }
 
 void TableRows::beNear(std::size_t place) const {
     const Block& block = (*m_blocks)[place];
     const RowBlock& rows = *block.rows;
-    m_near = {rows.fronts.begin(), rows.bodies.begin(), static_cast<unsigned>(rows.size()), block.first, place};
+    m_near = {rows.looks.begin(),  rows.measures.begin(),
+              rows.bodies.begin(), static_cast<unsigned>(rows.size()),
+              block.first,         place};
 }
 
 // A row most of whose looks were written mostly looks like the one above then, which was written before. For fewer
 // cells looking at the whole row isn't worth it.
 void TableRows::leaveOwn() {
     const unsigned place = static_cast<unsigned>(m_own.row - m_near.first);
-    if (m_own.row == kNoRow || place == 0 || place >= m_near.count) return;
-    RowLooks& looks = m_own.front->looks;
-    const RowLooks& above = m_near.fronts[place - 1].looks;
-    if (m_looksWritten >= looks.size() / 2 && looks == above) looks = above;
+    if (m_own.row <= 0 || place >= m_near.count || m_looksWritten < m_own.looks->size() / 2) return;
+    const RowLooks& above =
+        place == 0 ? *((*m_blocks)[m_near.block - 1].rows->looks.end() - 1) : m_near.looks[place - 1];
+    if (*m_own.looks == above) *m_own.looks = above;
 }
 
 void TableRows::shareLooks(int row) {
@@ -55,10 +67,11 @@ void TableRows::makeOwn(int row) {
     m_looksWritten = 0;
     const auto place = static_cast<std::size_t>(row - nearTo(row).first);
     Block& block = m_blocks.write()[m_near.block];
-    RowFront& front = block.rows.write().fronts.write()[place];
+    RowBlock& rows = block.rows.write();
+    rows.measures.write();
+    m_own = {row, &rows.looks.write()[place], rows.measures.begin() + place, nullptr};
     block.settled = 0;
     beNear(m_near.block);
-    m_own = {row, &front, nullptr};
 }
 
 void TableRows::makeBodyOwn(int row) {

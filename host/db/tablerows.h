@@ -34,10 +34,10 @@ public:
 
     int size() const { return m_count; }
     const RowBody& operator[](int row) const { return nearTo(row).bodies[row - m_near.first]; }
-    const RowLooks& looks(int row) const { return nearTo(row).fronts[row - m_near.first].looks; }
+    const RowLooks& looks(int row) const { return nearTo(row).looks[row - m_near.first]; }
     /// What is known of the row under that layout, to be told what is found out.
-    RowMeasures& measures(int row, std::uint64_t layout) const {
-        return nearTo(row).fronts[row - m_near.first].measures.of(layout);
+    const RowMeasures& measures(int row, std::uint64_t layout) const {
+        return nearTo(row).measures[row - m_near.first].of(layout);
     }
     const CellLook& look(int row, int column) const { return looks(row)[static_cast<std::size_t>(column)]; }
     const CellContent& content(int row, int column) const {
@@ -46,7 +46,7 @@ public:
     /// The looks of a row that stands in the block looked at last, else null.
     const RowLooks* nearLooks(int row) const {
         const unsigned place = static_cast<unsigned>(row - m_near.first);
-        return place < m_near.count ? &m_near.fronts[place].looks : nullptr;
+        return place < m_near.count ? &m_near.looks[place] : nullptr;
     }
     /// The body of a row for which there are near looks.
     const RowBody& nearBody(int row) const { return m_near.bodies[row - m_near.first]; }
@@ -58,30 +58,30 @@ public:
     CellLook& writeLook(int row, int column) {
         if (row != m_own.row) [[unlikely]]
             makeOwn(row);
-        m_own.front->measures.forget();
+        m_own.measures->forget();
         ++m_looksWritten;
-        return m_own.front->looks.write()[static_cast<std::size_t>(column)];
+        return m_own.looks->write()[static_cast<std::size_t>(column)];
     }
     void setLooks(int row, const RowLooks& looks) {
         if (row != m_own.row) [[unlikely]]
             makeOwn(row);
-        m_own.front->measures.forget();
-        m_own.front->looks = looks;
+        m_own.measures->forget();
+        *m_own.looks = looks;
     }
     CellContent& writeContent(int row, int column) { return write(row).writeContent(static_cast<std::size_t>(column)); }
     RowBody& write(int row) {
         if (row != m_own.row || m_own.body == nullptr) [[unlikely]]
             makeBodyOwn(row);
-        m_own.front->measures.forget();
+        m_own.measures->forget();
         return *m_own.body;
     }
     /// Calls `change(whole)` with a copy of the row, which it becomes then.
     template <class Change>
     void changeRow(int row, Change&& change) {
         RowBody& body = write(row);
-        TableRow whole{body, m_own.front->looks};
+        TableRow whole{body, *m_own.looks};
         change(whole);
-        m_own.front->looks = std::move(whole.looks);
+        *m_own.looks = std::move(whole.looks);
         body = std::move(whole);
     }
     /// A height is no part of what the row's own text asks for.
@@ -143,7 +143,8 @@ private:
     static constexpr int kNoRow = -1;
     /// The block looked at last. Walks go row by row, so that the next look mostly goes there too.
     struct Near {
-        const RowFront* fronts = nullptr;
+        const RowLooks* looks = nullptr;
+        const RowMeasures* measures = nullptr;
         const RowBody* bodies = nullptr;
         unsigned count = 0;
         int first = 0;
@@ -152,7 +153,8 @@ private:
     /// The row written last, while nobody shares its block: walks write cell after cell of a row.
     struct Own {
         int row = kNoRow;
-        RowFront* front = nullptr;
+        RowLooks* looks = nullptr;
+        const RowMeasures* measures = nullptr;
         RowBody* body = nullptr;  ///< null until something in it is written
     };
 

@@ -150,6 +150,13 @@ TEST(TableRows, Share_the_looks_of_rows_that_were_written_alike_and_of_no_other)
     EXPECT_TRUE(rows.looks(5).shares(rows.looks(4))) << "when asked to";
 }
 
+TEST(TableRows, Share_looks_from_block_to_block) {
+    TableRows rows;
+    for (int row = 0; row < 500; ++row) rows.insert(row, 1, rowOfCells(6));
+    for (int row = 0; row < 500; ++row) styleCells(rows, row, 6, 3);
+    for (int row = 1; row < 499; ++row) EXPECT_TRUE(rows.looks(row).shares(rows.looks(0))) << row;
+}
+
 // A walk down each column writes a cell of every row at a time: comparing whole rows each time would cost it the square
 // of the width.
 TEST(TableRows, Compare_no_row_of_which_little_was_written) {
