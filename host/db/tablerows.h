@@ -112,14 +112,14 @@ public:
     /// until something in it is written, if all of these calls gave true.
     template <class Visit>
     void visitUnsettled(std::uint64_t stamp, Visit&& visit) {
-        if (m_count == 0) return;
-        for (const Block& block : *m_blocks) {
-            if (block.settled == stamp) continue;
+        for (std::size_t place = 0; m_count != 0 && place < m_blocks->size(); ++place) {
+            if ((*m_blocks)[place].settled == stamp) continue;
+            const int behind = (*m_blocks)[place].behind();
             bool all = true;
-            for (int row = block.first; row < block.behind(); ++row) all = visit(row) && all;
+            for (int row = (*m_blocks)[place].first; row < behind; ++row) all = visit(row) && all;
             if (!all) continue;
-            block.settled = stamp;
-            m_own = {};  // its next write is to be noticed
+            (*m_blocks)[place].settled = stamp;  // of a list of its own, where a visit has written
+            m_own = {};                          // its next write is to be noticed
         }
     }
 

@@ -114,6 +114,28 @@ TEST(TableRows, That_one_state_writes_again_stay_as_they_were_in_the_copy_made_b
     EXPECT_EQ(rows[150].height, -5.0);
 }
 
+// A walk that lets rows grow writes to the blocks it walks over, which an older state may share.
+TEST(TableRows, Settle_in_the_state_that_settles_alone_when_rows_are_written_meanwhile) {
+    TableRows rows = numbered(300);
+    TableRows before = rows;
+    const auto unsettled = [](TableRows& state) {
+        int count = 0;
+        state.visitUnsettled(9, [&](int) { return ++count != 0; });
+        return count;
+    };
+    rows.visitUnsettled(9, [&](int row) {
+        rows.setHeight(row, 1000.0 + row);
+        return true;
+    });
+    EXPECT_EQ(rows[299].height, 1299.0);
+    EXPECT_EQ(unsettled(rows), 0);
+    EXPECT_EQ(before[299].height, 299.0);
+    EXPECT_EQ(unsettled(before), 300);
+    EXPECT_EQ(unsettled(before), 0);
+    rows.writeLook(150, 0).style = 3;
+    EXPECT_GT(unsettled(rows), 0);
+}
+
 TEST(TableRows, Lose_what_was_worked_out_about_a_row_by_every_write_but_that_of_its_height) {
     TableRows rows = numbered(3);
     for (int row = 0; row < 3; ++row) rows.measures(row, 9).minimumHeight = 4.0;
