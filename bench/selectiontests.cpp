@@ -1,9 +1,12 @@
-// The tests of a selection in their worst cases, on tables of 100,000 cells that are all selected: no cell
-// decides before the last. The peer is one scan of the flags of an item model of as many items.
+// The tests of a selection in their worst cases, on tables of 100,000 and of 1,000,000 cells that are all selected: no
+// cell decides before the last. The peer is one scan of the flags of an item model of 100,000 items.
 
 #include <benchmark/benchmark.h>
 
+#include <map>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "bench/itempeers.h"
 #include "bench/peerratio.h"
@@ -15,7 +18,6 @@ namespace {
 
 constexpr int rows = 12'500;
 constexpr int columns = 8;
-constexpr CVqTableCellRange whole{0, 0, rows - 1, columns - 1};
 constexpr int bothLocks = KdDb::kCellStateContentLocked | KdDb::kCellStateFormatLocked;
 
 /// In the style of a drawing, as tables of a drawing are.
@@ -31,58 +33,62 @@ std::unique_ptr<KdDbTable> makeTable(int rowCount, int columnCount) {
     return table;
 }
 
+using Table = std::unique_ptr<KdDbTable>;
+
 /// Nothing merged, locked or filled.
-KdDbTable& plainTable() {
-    static const std::unique_ptr<KdDbTable> table = makeTable(rows, columns);
-    return *table;
+Table plainTable(int rowCount) {
+    return makeTable(rowCount, columns);
 }
 
 /// Every cell locked.
-KdDbTable& lockedTable() {
-    static const std::unique_ptr<KdDbTable> table = [] {
-        auto made = makeTable(rows, columns);
-        for (int row = 0; row < rows; ++row) {
-            for (int column = 0; column < columns; ++column) {
-                made->setCellState(row, column, static_cast<KdDb::CellState>(bothLocks));
-            }
+Table lockedTable(int rowCount) {
+    auto made = makeTable(rowCount, columns);
+    for (int row = 0; row < rowCount; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            made->setCellState(row, column, static_cast<KdDb::CellState>(bothLocks));
         }
-        return made;
-    }();
-    return *table;
+    }
+    return made;
 }
 
-/// Every two cells of a row merged, and locked in all tables but the one of mergedTable(false).
-KdDbTable& mergedTable(bool locked) {
-    const auto make = [](bool lock) {
-        auto made = makeTable(rows, columns);
-        for (int row = 0; row < rows; ++row) {
-            for (int column = 0; column + 1 < columns; column += 2) {
-                made->mergeCells(row, row, column, column + 1);
-                if (lock) made->setCellState(row, column, static_cast<KdDb::CellState>(bothLocks));
-            }
+/// Every two cells of a row merged.
+template <bool locked>
+Table mergedTable(int rowCount) {
+    auto made = makeTable(rowCount, columns);
+    for (int row = 0; row < rowCount; ++row) {
+        for (int column = 0; column + 1 < columns; column += 2) {
+            made->mergeCells(row, row, column, column + 1);
+            if (locked) made->setCellState(row, column, static_cast<KdDb::CellState>(bothLocks));
         }
-        return made;
-    };
-    static const std::unique_ptr<KdDbTable> open = make(false);
-    static const std::unique_ptr<KdDbTable> shut = make(true);
-    return locked ? *shut : *open;
+    }
+    return made;
 }
 
-/// One row of 100,000 cells.
-KdDbTable& rowTable() {
-    static const std::unique_ptr<KdDbTable> table = makeTable(1, rows * columns);
-    return *table;
+/// One row of as many cells.
+Table rowTable(int rowCount) {
+    return makeTable(1, rowCount * columns);
 }
 
 /// Merges in two columns, each overlapping the next by a row, so that a range grows over them row by row.
-KdDbTable& zippedTable() {
-    static const std::unique_ptr<KdDbTable> table = [] {
-        auto made = makeTable(rows, columns);
-        for (int row = 0; row + 1 < rows; row += 2) made->mergeCells(row, row + 1, 0, 0);
-        for (int row = 1; row + 1 < rows; row += 2) made->mergeCells(row, row + 1, 1, 1);
-        return made;
-    }();
+Table zippedTable(int rowCount) {
+    auto made = makeTable(rowCount, columns);
+    for (int row = 0; row + 1 < rowCount; row += 2) made->mergeCells(row, row + 1, 0, 0);
+    for (int row = 1; row + 1 < rowCount; row += 2) made->mergeCells(row, row + 1, 1, 1);
+    return made;
+}
+
+using Make = Table (*)(int rowCount);
+
+/// The table is made when it is asked for first.
+KdDbTable& kept(Make make, int rowCount) {
+    static std::map<std::pair<Make, int>, Table> tables;
+    Table& table = tables[{make, rowCount}];
+    if (table == nullptr) table = make(rowCount);
     return *table;
+}
+
+CVqTableCellRange wholeOf(const KdDbTable& table) {
+    return {0, 0, table.numRows() - 1, table.numColumns() - 1};
 }
 
 void scanOfItemFlags(benchmark::State& state) {
@@ -93,52 +99,59 @@ BENCHMARK(scanOfItemFlags)->Unit(benchmark::kMicrosecond);
 using RangeTest = bool (*)(const KdDbTable*, const CVqTableCellRange&);
 using SelectionTest = bool (*)(const KdDbTable*);
 
-void measure(const char* name, KdDbTable& table, RangeTest test, bool expected) {
-    benchmark::RegisterBenchmark(name, [&table, test, expected](benchmark::State& state) {
-        for (auto _ : state) {
-            if (test(&table, whole) != expected) state.SkipWithError("another answer than the worst case's");
-        }
-    })->Unit(benchmark::kMicrosecond);
+bool ask(RangeTest test, const KdDbTable& table) {
+    return test(&table, wholeOf(table));
+}
+bool ask(SelectionTest test, const KdDbTable& table) {
+    return test(&table);
 }
 
-void measure(const char* name, KdDbTable& table, SelectionTest test, bool expected) {
-    benchmark::RegisterBenchmark(name, [&table, test, expected](benchmark::State& state) {
-        for (auto _ : state) {
-            if (test(&table) != expected) state.SkipWithError("another answer than the worst case's");
-        }
-    })->Unit(benchmark::kMicrosecond);
+/// Beside the peer, and beside itself on ten times the cells.
+template <class Test>
+void measure(const std::string& name, Make make, Test test, bool expected) {
+    const auto registerOn = [=](const std::string& sizedName, int rowCount) {
+        benchmark::RegisterBenchmark(sizedName.c_str(), [=](benchmark::State& state) {
+            const KdDbTable& table = kept(make, rowCount);
+            for (auto _ : state) {
+                if (ask(test, table) != expected) state.SkipWithError("another answer than the worst case's");
+            }
+        })->Unit(benchmark::kMicrosecond);
+    };
+    registerOn(name, rows);
+    registerOn(name + kdbench::tenTimesTheCells, 10 * rows);
 }
 
 void registerRangeTests() {
     using Common = CVqTableCommon;
-    measure("IsMergeAndSelectEqual", plainTable(), Common::IsMergeAndSelectEqual, false);
-    measure("IsOnlyCanInsertBlock", plainTable(), Common::IsOnlyCanInsertBlock, true);
-    measure("IsCanMergeCell", plainTable(), Common::IsCanMergeCell, true);
-    measure("IsCanUnmergeCell", plainTable(), Common::IsCanUnmergeCell, false);
-    measure("IsCanUnmergeCell_locked_merges", mergedTable(true), Common::IsCanUnmergeCell, false);
-    measure("IsMergeContentNoFirst", plainTable(), Common::IsMergeContentNoFirst, false);
-    measure("IsCellRangeAllContentLocked", lockedTable(), Common::IsCellRangeAllContentLocked, true);
-    measure("IsCellRangeHasContentLocked", plainTable(), Common::IsCellRangeHasContentLocked, false);
-    measure("IsCellRangeHasContentLocked_merges", mergedTable(false), Common::IsCellRangeHasContentLocked, false);
-    measure("IsCellRangeAllFormatLocked", lockedTable(), Common::IsCellRangeAllFormatLocked, true);
-    measure("IsIdenticalCellStyle", plainTable(), Common::IsIdenticalCellStyle, true);
-    measure("IsIdenticalAlignment", plainTable(), Common::IsIdenticalAlignment, true);
-    measure("IsIdenticalLocking", plainTable(), Common::IsIdenticalLocking, true);
-    measure("IsIdenticalDataFormat", plainTable(), Common::IsIdenticalDataFormat, true);
-    measure("IsIdenticalDataFormat_merges", mergedTable(false), Common::IsIdenticalDataFormat, true);
+    measure<RangeTest>("IsMergeAndSelectEqual", plainTable, Common::IsMergeAndSelectEqual, false);
+    measure<RangeTest>("IsOnlyCanInsertBlock", plainTable, Common::IsOnlyCanInsertBlock, true);
+    measure<RangeTest>("IsCanMergeCell", plainTable, Common::IsCanMergeCell, true);
+    measure<RangeTest>("IsCanUnmergeCell", plainTable, Common::IsCanUnmergeCell, false);
+    measure<RangeTest>("IsCanUnmergeCell_locked_merges", mergedTable<true>, Common::IsCanUnmergeCell, false);
+    measure<RangeTest>("IsMergeContentNoFirst", plainTable, Common::IsMergeContentNoFirst, false);
+    measure<RangeTest>("IsCellRangeAllContentLocked", lockedTable, Common::IsCellRangeAllContentLocked, true);
+    measure<RangeTest>("IsCellRangeHasContentLocked", plainTable, Common::IsCellRangeHasContentLocked, false);
+    measure<RangeTest>("IsCellRangeHasContentLocked_merges", mergedTable<false>, Common::IsCellRangeHasContentLocked,
+                       false);
+    measure<RangeTest>("IsCellRangeAllFormatLocked", lockedTable, Common::IsCellRangeAllFormatLocked, true);
+    measure<RangeTest>("IsIdenticalCellStyle", plainTable, Common::IsIdenticalCellStyle, true);
+    measure<RangeTest>("IsIdenticalAlignment", plainTable, Common::IsIdenticalAlignment, true);
+    measure<RangeTest>("IsIdenticalLocking", plainTable, Common::IsIdenticalLocking, true);
+    measure<RangeTest>("IsIdenticalDataFormat", plainTable, Common::IsIdenticalDataFormat, true);
+    measure<RangeTest>("IsIdenticalDataFormat_merges", mergedTable<false>, Common::IsIdenticalDataFormat, true);
 }
 
 void registerSelectionTests() {
     using Common = CVqTableCommon;
-    measure("CanMergeCells", plainTable(), Common::CanMergeCells, true);
-    measure("CanUnMergeCells", plainTable(), Common::CanUnMergeCells, false);
+    measure<SelectionTest>("CanMergeCells", plainTable, Common::CanMergeCells, true);
+    measure<SelectionTest>("CanUnMergeCells", plainTable, Common::CanUnMergeCells, false);
     const SelectionTest mayEdit = [](const KdDbTable* table) {
         bool content = false;
         bool format = false;
         Common::GetReadOnlyState(table, content, format);
         return content || format;
     };
-    measure("GetReadOnlyState", lockedTable(), mayEdit, false);
+    measure<SelectionTest>("GetReadOnlyState", lockedTable, mayEdit, false);
 }
 
 void registerOthers() {
@@ -146,16 +159,16 @@ void registerOthers() {
     const RangeTest rowText = [](const KdDbTable* table, const CVqTableCellRange&) {
         return Common::IsRowHasText(table, 0);
     };
-    measure("IsRowHasText", rowTable(), rowText, true);
+    measure<RangeTest>("IsRowHasText", rowTable, rowText, true);
     const RangeTest mergeable = [](const KdDbTable* table, const CVqTableCellRange&) {
         return Common::IsMergeable(table, {0, 0, 0, 0});
     };
-    measure("IsMergeable", rowTable(), mergeable, true);
+    measure<RangeTest>("IsMergeable", rowTable, mergeable, true);
     const RangeTest growth = [](const KdDbTable* table, const CVqTableCellRange&) {
         const CVqTableCellRange start{0, 0, 0, columns - 1};
-        return Common::SearchMaxCellRange(const_cast<KdDbTable*>(table), 0, 1, start) == whole;
+        return Common::SearchMaxCellRange(const_cast<KdDbTable*>(table), 0, 1, start) == wholeOf(*table);
     };
-    measure("SearchMaxCellRange_row_by_row", zippedTable(), growth, true);
+    measure<RangeTest>("SearchMaxCellRange_row_by_row", zippedTable, growth, true);
 }
 
 }  // namespace
