@@ -179,6 +179,27 @@ TEST(TableRows, Share_looks_from_block_to_block) {
     for (int row = 1; row < 499; ++row) EXPECT_TRUE(rows.looks(row).shares(rows.looks(0))) << row;
 }
 
+// Cells of rows of different styles may look the same; what is new in a row begins with the row's own style.
+TEST(TableRows, That_share_their_looks_get_new_columns_each_in_its_own_style) {
+    using kdhost::CellStylePool;
+    kdhost::TableState state;
+    state.setColumnCount(3);
+    state.setRowCount(4);
+    for (int row = 0; row < 4; ++row) {
+        styleCells(state.rows, row, 3, CellStylePool::kData);
+        state.rows.shareLooks(row);
+    }
+    ASSERT_TRUE(state.rows.looks(0).shares(state.rows.looks(3)));
+    state.insertColumns(3, -1, 2);
+    for (int column = 3; column < 5; ++column) {
+        EXPECT_EQ(state.look(0, column).style, CellStylePool::kTitle);
+        EXPECT_EQ(state.look(1, column).style, CellStylePool::kHeader);
+        EXPECT_EQ(state.look(2, column).style, CellStylePool::kData);
+    }
+    EXPECT_EQ(state.look(0, 2).style, CellStylePool::kData);
+    EXPECT_TRUE(state.rows.looks(2).shares(state.rows.looks(3))) << "alike as before";
+}
+
 // A walk down each column writes a cell of every row at a time: comparing whole rows each time would cost it the square
 // of the width.
 TEST(TableRows, Compare_no_row_of_which_little_was_written) {
